@@ -1,0 +1,46 @@
+# Settings every target shares, and the three ways this project makes one.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+# The build tree has the shape of the installed one, so that programs find their package the same way in both.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/kestro)
+set(KESTRO_SHARE_DIR ${CMAKE_BINARY_DIR}/share/kestro)
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+set(CMAKE_INSTALL_RPATH $ORIGIN $ORIGIN/../lib/kestro $ORIGIN/../../..)
+
+option(BUILD_TESTING "Build the tests" ON)
+set(KESTRO_SANITIZE "" CACHE STRING "Sanitizers for every target, as -fsanitize= takes them")
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+if(KESTRO_SANITIZE)
+    add_compile_options(-fsanitize=${KESTRO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${KESTRO_SANITIZE})
+endif()
+
+# kestro_library(NAME SOURCES a.cpp … [LINK lib …] [LINK_PRIVATE lib …])
+# One shared library per folder of src/: a host and a saver bundle in one process then share one copy of each.
+function(kestro_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;LINK_PRIVATE" ${ARGN})
+    add_library(${name} SHARED ${ARG_SOURCES})
+    set_target_properties(${name} PROPERTIES OUTPUT_NAME kestro-${name})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE ${ARG_LINK_PRIVATE})
+    install(TARGETS ${name} LIBRARY DESTINATION lib/kestro)
+endfunction()
+
+# kestro_test(NAME SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE …])
+# One test program per folder of tests/; each of its tests is one ctest entry.
+function(kestro_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest GTest::gtest_main)
+    gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST
+        PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;${ARG_ENVIRONMENT}")
+endfunction()

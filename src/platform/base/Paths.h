@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+namespace kestro {
+
+// Where things are on this machine. Paths are absolute, without a slash at the end. Main thread.
+
+/// The user's home folder, or KESTRO_HOME where that is set and not empty.
+[[nodiscard]] QString homeFolder();
+
+/// The folder that the package is installed in (the build tree has the same shape): the one two above the folder
+/// that holds this library.
+[[nodiscard]] QString packagePrefix();
+
+/// Where an absolute path of the desktop lies here: `path` itself if something exists there, else the same path
+/// below the package's platform root (`<prefix>/share/kestro/root`). KESTRO_ROOT, where set, stands for both: the
+/// answer is then always below it. What is answered need not exist.
+[[nodiscard]] QString platformPath(const QString& path);
+
+/// A folder for scratch files that only this user can enter (mode 0700, ours), made when first asked for.
+/// Empty when none can be made.
+[[nodiscard]] QString temporaryFolder();
+
+} // namespace kestro

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+
+#include <QImage>
+
+namespace kestro {
+
+/// Pixels to draw into: 32 bits a pixel, blue first, the fourth byte ignored. Rows run downwards from the top.
+struct PixelTarget {
+    unsigned char* pixels = nullptr; ///< the top left pixel
+    int width = 0;                   ///< pixels, even
+    int height = 0;                  ///< pixels
+    int stride = 0;                  ///< bytes from one row to the next
+};
+
+/// Moving content that a view shows: a movie, a web page, a hosted saver. The compositor draws it straight at the
+/// view's rectangle, over the backing store, so that a frame costs one pass over its pixels. Owned by whoever
+/// makes the content; must outlive the view that shows it, or be taken from it first. Main thread.
+class Layer {
+public:
+    virtual ~Layer() = default;
+
+    /// Whether there is a picture to draw. Until then what stood there before keeps standing.
+    [[nodiscard]] virtual bool hasPicture() const = 0;
+
+    /// Draws the newest picture, stretched over the whole target, opaque. Answers false, with the target untouched,
+    /// when there is none. Calling it again without a new picture draws the same one.
+    virtual bool render(const PixelTarget& target) = 0;
+
+    /// Called, on the main thread, each time there is a new picture; nothing clears it. One at a time.
+    void setPictureHandler(std::function<void()> handler) { m_onPicture = std::move(handler); }
+
+protected:
+    /// For the content: tells that there is a new picture. Main thread.
+    void announcePicture() const
+    {
+        if (m_onPicture) m_onPicture();
+    }
+
+private:
+    std::function<void()> m_onPicture;
+};
+
+} // namespace kestro

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/display/Geometry.h"
+
+namespace kestro {
+
+class Compositor;
+class Desktop;
+class Surface;
+class Window;
+
+/// One monitor (or the window or image that stands for one): its place on the desk, the windows on it from bottom to
+/// top, and the surface they are composited into. Owned by its desktop. Main thread.
+class Screen final {
+public:
+    Screen(Desktop& desktop, const Rect& frame, std::unique_ptr<Surface> surface);
+    ~Screen();
+
+    [[nodiscard]] Desktop& desktop() const { return m_desktop; }
+    /// In global coordinates: points, the first screen's lower left corner is (0, 0).
+    [[nodiscard]] Rect frame() const { return m_frame; }
+    void setFrame(const Rect& frame);
+    [[nodiscard]] Surface& surface() const { return *m_surface; }
+
+    /// Windows that are shown, bottom to top: by level, then by order.
+    [[nodiscard]] const std::vector<Window*>& windows() const { return m_windows; }
+
+    /// Draws every view marked for display, composes what changed, and shows it. Nothing when nothing changed. Runs by
+    /// itself once an event loop turn after a change; called directly by who must not wait.
+    void update();
+
+private:
+    friend class Window;
+
+    Desktop& m_desktop;
+    Rect m_frame;
+    std::unique_ptr<Surface> m_surface;
+    std::unique_ptr<Compositor> m_compositor;
+    std::vector<Window*> m_windows;
+};
+
+} // namespace kestro

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+
+#include <QImage>
+#include <QPoint>
+#include <QRegion>
+
+namespace kestro {
+
+/// What a person did at a surface. Positions are points from its top left corner.
+struct InputEvent {
+    enum class Kind { Key, Button, Motion, CloseRequest };
+    Kind kind;
+    QPointF position;
+};
+
+/// Where one screen's composed picture goes: a native window over a monitor, a window that was handed over, or an image
+/// in memory. It owns the pixels that are composed into. Owned by its screen. Main thread.
+class Surface {
+public:
+    virtual ~Surface() = default;
+
+    /// The pixels to compose into, RGB32, rows aligned to 64 bytes; what was composed before is still there. Below its
+    /// last row lie at least `guardRows` further rows of the same stride that may be written and are never shown.
+    [[nodiscard]] virtual QImage& canvas() = 0;
+    static constexpr int guardRows = 8;
+
+    /// Shows the part `changed` (pixels from the top left) of the canvas.
+    virtual void present(const QRegion& changed) = 0;
+
+    /// Device pixels a point.
+    [[nodiscard]] virtual double pixelRatio() const = 0;
+
+    /// Shows or hides the mouse pointer over the surface.
+    virtual void setCursorHidden(bool hidden) = 0;
+
+    void setInputHandler(std::function<void(const InputEvent&)> handler) { m_onInput = std::move(handler); }
+
+protected:
+    std::function<void(const InputEvent&)> m_onInput;
+};
+
+} // namespace kestro

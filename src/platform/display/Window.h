@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QPointer>
+#include <QRegion>
+#include <QString>
+
+#include "platform/display/Geometry.h"
+
+namespace kestro {
+
+class Screen;
+class View;
+
+/// Heights at which windows lie; a higher one is always above. The numbers are only compared.
+enum class WindowLevel { Normal = 0, ScreenSaver = 1000, Shielding = 2000 };
+
+/// A light window composited into its screen's one native surface. Frames are in global screen coordinates; a window is
+/// shown on its own screen only and cut at that screen's edges. It keeps a backing store of what its views drew.
+/// Owned by its maker; borrows its content view. A window whose screen went away lives on unseen. Main thread.
+class Window {
+public:
+    /// What is told once. `kind` names the window's part in logs and traces.
+    struct Description {
+        Rect contentRect;
+        Screen* screen = nullptr; ///< null: a window without a screen, never seen
+        QString kind;
+    };
+
+    explicit Window(const Description& description);
+    virtual ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    [[nodiscard]] const QString& kind() const { return m_kind; }
+    [[nodiscard]] Screen* screen() const;
+    [[nodiscard]] Rect frame() const { return m_frame; }
+    /// Moves and sizes the window and its backing store; the content view keeps its frame's origin and takes the new
+    /// size. With `display` the views are drawn at once, else before the screen's next picture.
+    virtual void setFrameDisplay(const Rect& frame, bool display);
+    virtual void setFrameOrigin(Point origin);
+
+    void setContentView(View* view);
+    [[nodiscard]] View* contentView() const { return m_contentView; }
+
+    /// 1 is solid, 0 unseen. Of the window as a whole.
+    void setAlphaValue(float alpha);
+    [[nodiscard]] float alphaValue() const { return m_alpha; }
+    void setLevel(WindowLevel level);
+    [[nodiscard]] WindowLevel level() const { return m_level; }
+    /// Whether the whole window hides what is below it.
+    void setOpaque(bool opaque);
+    [[nodiscard]] bool isOpaque() const { return m_opaque; }
+    /// What the backing store is filled with before views draw; transparent unless set.
+    void setBackgroundColor(const QColor& colour);
+    [[nodiscard]] const QColor& backgroundColor() const { return m_background; }
+
+    /// Shows the window above, or below, the others of its level.
+    void orderFront();
+    void orderBack();
+    void makeKeyAndOrderFront() { orderFront(); }
+    /// Takes the window off the screen.
+    void orderOut();
+    [[nodiscard]] bool isVisible() const { return m_visible; }
+    /// Posts WindowWillClose (platform/display/Notifications.h), then orders the window out.
+    void close();
+
+    /// Between the two the window's changes are kept from the screen, then shown together.
+    void disableFlushWindow();
+    void enableFlushWindow();
+    /// Asks for a picture of what was drawn.
+    void flushWindow();
+
+private:
+    friend class View;
+    friend class Compositor;
+
+    QString m_kind;
+    Rect m_frame;
+    View* m_contentView = nullptr;
+    float m_alpha = 1;
+    WindowLevel m_level = WindowLevel::Normal;
+    bool m_opaque = true;
+    bool m_visible = false;
+    QColor m_background = Qt::transparent;
+};
+
+} // namespace kestro

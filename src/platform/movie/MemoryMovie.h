@@ -1,0 +1,97 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <QColor>
+#include <QHash>
+#include <QString>
+
+#include "platform/display/Layer.h"
+#include "platform/movie/MovieLibrary.h"
+#include "platform/movie/QTMovie.h"
+
+namespace kestro {
+
+class Clock;
+
+/// What a made-up movie is like.
+struct MemoryMovieDescription {
+    Size naturalSize{640, 360};
+    double seconds = 10;
+    QColor colour = Qt::red;    ///< every picture of it
+    bool opens = true;          ///< false: refused when opened
+    double loadsAfter = 0;      ///< seconds until size, duration and picture are there; 0 for a local file
+    bool failsLoading = false;  ///< ends in State::Failed instead, after that span
+};
+
+/// A movie without a file: it plays by a clock that is handed in, shows one colour, and keeps all rules of QTMovie.
+/// Its position is worked out when asked for. Main thread, except still().
+class MemoryMovie final : public QTMovie {
+public:
+    MemoryMovie(const QUrl& url, const MemoryMovieDescription& description, const Clock& clock);
+    ~MemoryMovie() override;
+
+    [[nodiscard]] State state() const override;
+    [[nodiscard]] QUrl url() const override { return m_url; }
+    [[nodiscard]] Size naturalSize() const override;
+    [[nodiscard]] MovieTime duration() const override;
+    [[nodiscard]] MovieTime currentTime() const override;
+    void setCurrentTime(MovieTime time) override;
+    [[nodiscard]] float rate() const override;
+    void play() override;
+    void stop() override;
+    void setAttribute(MovieAttribute attribute, bool on) override;
+    [[nodiscard]] bool attribute(MovieAttribute attribute) const override;
+    void setMuted(bool muted) override { m_muted = muted; }
+    [[nodiscard]] bool isMuted() const override { return m_muted; }
+    void setVolume(float volume) override { m_volume = volume; }
+    [[nodiscard]] float volume() const override { return m_volume; }
+    [[nodiscard]] Layer& layer() override;
+    void setStillSize(int width, int height) override;
+    [[nodiscard]] Picture still(MovieTime time) override;
+
+private:
+    class ColourLayer;
+
+    QUrl m_url;
+    MemoryMovieDescription m_description;
+    const Clock& m_clock;
+    std::unique_ptr<ColourLayer> m_layer;
+    double m_openedAt = 0;
+    double m_playedAt = 0;  ///< clock time when play last began
+    double m_heldTime = 0;  ///< seconds into the movie (and its turns) when it last stood
+    bool m_running = false;
+    bool m_loops = false;
+    bool m_backAndForth = false;
+    bool m_muted = false;
+    float m_volume = 1;
+    int m_stillWidth = 0;
+    int m_stillHeight = 0;
+};
+
+/// Opens movies that tests described beforehand, by their absolute URL string; any other URL is refused. Remembers
+/// what was opened, in order.
+class MemoryMovieLibrary final : public MovieLibrary {
+public:
+    explicit MemoryMovieLibrary(const Clock& clock)
+        : m_clock(clock)
+    {
+    }
+
+    void describe(const QString& absoluteUrl, const MemoryMovieDescription& description);
+    [[nodiscard]] std::shared_ptr<QTMovie> movieWithURL(const QUrl& url) override;
+
+    /// Absolute URL strings of every try, refused ones included.
+    [[nodiscard]] const std::vector<QString>& tried() const { return m_tried; }
+    /// The movies that are still alive, oldest first.
+    [[nodiscard]] std::vector<std::shared_ptr<MemoryMovie>> alive() const;
+
+private:
+    const Clock& m_clock;
+    QHash<QString, MemoryMovieDescription> m_described;
+    std::vector<QString> m_tried;
+    std::vector<std::weak_ptr<MemoryMovie>> m_opened;
+};
+
+} // namespace kestro

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+
+#include <QUrl>
+
+#include "platform/display/Geometry.h"
+#include "platform/display/Picture.h"
+#include "platform/movie/MovieTime.h"
+
+namespace kestro {
+
+class Layer;
+
+/// What a movie does at its end. The two are set apart; where both are set, back and forth wins.
+enum class MovieAttribute { Loops, LoopsBackAndForth };
+
+/// One movie, opened from a URL. A local one was found good when it was opened; a remote one may still be loading: its
+/// natural size and duration are zero until they are known. Nothing plays until play(). What it costs to play
+/// (decoders, threads) is only taken when it is first played, sought or shown, so an opened movie may lie idle, or
+/// serve for stills alone. Shared: the view that shows it, the engine and the capture thread hold it together.
+/// Main thread, except still().
+class QTMovie {
+public:
+    virtual ~QTMovie() = default;
+
+    enum class State {
+        Loading, ///< a remote movie of which nothing is known
+        Loaded,
+        Failed, ///< loading broke off before there was a picture; final
+    };
+    [[nodiscard]] virtual State state() const = 0;
+    [[nodiscard]] virtual QUrl url() const = 0;
+
+    /// Points at one pixel a point, turned upright, pixel aspect applied; zero while unknown.
+    [[nodiscard]] virtual Size naturalSize() const = 0;
+    /// Zero while unknown.
+    [[nodiscard]] virtual MovieTime duration() const = 0;
+    /// Never past the duration where that is known.
+    [[nodiscard]] virtual MovieTime currentTime() const = 0;
+    /// Moves the play position, exactly; cut to 0 … duration.
+    virtual void setCurrentTime(MovieTime time) = 0;
+
+    /// 1 playing, -1 playing backwards, 0 standing: never played, stopped, or at its end.
+    [[nodiscard]] virtual float rate() const = 0;
+    /// Plays on from where it stands; from the beginning when it stands at its end.
+    virtual void play() = 0;
+    virtual void stop() = 0;
+
+    virtual void setAttribute(MovieAttribute attribute, bool on) = 0;
+    [[nodiscard]] virtual bool attribute(MovieAttribute attribute) const = 0;
+
+    virtual void setMuted(bool muted) = 0;
+    [[nodiscard]] virtual bool isMuted() const = 0;
+    /// 0 silent … 1 as recorded.
+    virtual void setVolume(float volume) = 0;
+    [[nodiscard]] virtual float volume() const = 0;
+
+    /// The moving picture; never null, lives as long as the movie.
+    [[nodiscard]] virtual Layer& layer() = 0;
+
+    /// Pixels of the pictures that still() answers; the natural size until set.
+    virtual void setStillSize(int width, int height) = 0;
+    /// The picture at `time` (the last one when past the end), scaled to the still size. A null picture when it
+    /// cannot be had. Any one thread at a time; never disturbs play.
+    [[nodiscard]] virtual Picture still(MovieTime time) = 0;
+};
+
+// The handle functions: times are 32-bit units of the movie's own time scale.
+
+/// The current play position.
+[[nodiscard]] std::int32_t GetMovieTime(const QTMovie& movie);
+/// Moves the play position.
+void SetMovieTimeValue(QTMovie& movie, std::int32_t value);
+/// Length of the movie; 0 while unknown.
+[[nodiscard]] std::int32_t GetMovieDuration(const QTMovie& movie);
+
+/// A rectangle of whole pixels as the handle functions take it.
+struct MovieBox {
+    std::int16_t top = 0;
+    std::int16_t left = 0;
+    std::int16_t bottom = 0;
+    std::int16_t right = 0;
+};
+/// Sets the rectangle that stills of the movie fill.
+void SetMovieBox(QTMovie& movie, MovieBox box);
+/// A still of the movie at that time; a null picture when there is none.
+[[nodiscard]] Picture GetMoviePict(QTMovie& movie, std::int32_t value);
+
+} // namespace kestro

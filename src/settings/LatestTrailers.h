@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QUrl>
+
+namespace kestro {
+
+/// A view that asked for a crawl, as the crawler knows it.
+class TrailerClient {
+public:
+    virtual ~TrailerClient() = default;
+
+    /// Trailers that the user chose for the playlist.
+    virtual void addURLList(const QList<QUrl>& urls) = 0;
+};
+
+/// What the saver knows of the trailer scanner: the newest trailers on record, and a crawl in the background. One per
+/// process. Main thread.
+class LatestTrailers {
+public:
+    virtual ~LatestTrailers() = default;
+
+    /// The newest `count` trailers of frame width `width`, newest first, leaving out the absolute URL strings of
+    /// `excluded`.
+    [[nodiscard]] virtual QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) = 0;
+    /// Refreshes the record in the background, for later; answers at once.
+    virtual void scanLatest(TrailerClient& client) = 0;
+    /// Ends a crawl in the background; nothing when none runs.
+    virtual void stopThreading() = 0;
+};
+
+} // namespace kestro

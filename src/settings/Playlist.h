@@ -1,0 +1,67 @@
+#pragma once
+
+#include <optional>
+
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QUrl>
+
+namespace kestro {
+
+class LatestTrailers;
+class Settings;
+class TrailerClient;
+
+/// Movies that other software installs, used for the default playlist.
+extern const QString idvdFishMoviePath;
+extern const QString defalutMovieURL;
+extern const QString defalutMovieURL_104;
+
+/// What a view plays: the stored list ("FileList"), as it is edited, and expanded to what can be played. One per view.
+/// Main thread.
+class Playlist final {
+public:
+    /// `trailers` serves automatic entries; `client` is the view on whose behalf a crawl is asked for. With `isPreview`
+    /// no crawl is ever started.
+    Playlist(Settings& settings, LatestTrailers& trailers, TrailerClient& client, bool isPreview);
+
+    /// The stored list as URLs, by the rules of its version; with `expand` each automatic entry is replaced by the
+    /// trailers it stands for now, and the first one starts a crawl in the background. A stored string that is no URL
+    /// is left out.
+    [[nodiscard]] QList<QUrl> movieFileList(bool expand);
+    /// The list that is edited.
+    [[nodiscard]] QList<QUrl> plistFileList() { return movieFileList(false); }
+    /// The list that is played; kept until dropFileList().
+    [[nodiscard]] const QList<QUrl>& fileList();
+    /// Forgets the kept list, so that the next fileList() is built anew.
+    void dropFileList() { m_urlList.reset(); }
+
+    /// Whether anything in fileList() can be played: a file that is there, or anything that is no file. Points curIdx()
+    /// at the first such entry; leaves it alone when there is none.
+    [[nodiscard]] bool isMovieExists();
+
+    /// Sequential order: index in fileList() of the next entry to try. Random order: of the entry now playing. -1 at
+    /// first.
+    [[nodiscard]] int curIdx() const { return m_curIdx; }
+    void setCurIdx(int index) { m_curIdx = index; }
+
+    /// Whether this view has asked for a crawl, which it does at most once.
+    [[nodiscard]] bool hasAutoTrailers() const { return m_hasAutoTrailers; }
+
+    /// Absolute URL strings of entries that could not be opened; trailers among them are not expanded again.
+    [[nodiscard]] const QSet<QString>& failedURLList() const { return m_failedURLList; }
+    void addFailedURL(const QUrl& url);
+
+private:
+    Settings& m_settings;
+    LatestTrailers& m_trailers;
+    TrailerClient& m_client;
+    bool m_isPreview;
+    std::optional<QList<QUrl>> m_urlList;
+    QSet<QString> m_failedURLList;
+    int m_curIdx = -1;
+    bool m_hasAutoTrailers = false;
+};
+
+} // namespace kestro

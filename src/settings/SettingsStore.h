@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+
+#include <QString>
+#include <QVariant>
+
+namespace kestro {
+
+/// The two settings files of one user, each read once, when first asked for, and kept. Shared by every view of a
+/// process. Main thread.
+class SettingsStore final {
+public:
+    /// The files lie below `homeFolder`, in /Library/Preferences.
+    explicit SettingsStore(QString homeFolder);
+
+    /// The options ("Kestro.plist"): an empty dictionary when the file is missing or cannot be read.
+    [[nodiscard]] QVariantMap& plist();
+    /// The resume keys ("Kestro.def.plist"), by the same rule.
+    [[nodiscard]] QVariantMap& defaultsPlist();
+
+    /// Sets a resume key and writes that file whole; answers whether it was written. The key stays set in memory
+    /// either way.
+    bool setDefaultsForKey(const QVariant& value, const QString& key);
+    /// The value of a resume key, nothing when it has none.
+    [[nodiscard]] std::optional<QVariant> defaultsForKey(const QString& key);
+    /// Removes a resume key and writes that file whole; answers whether it was written.
+    bool removeDefaultsForKey(const QString& key);
+
+    [[nodiscard]] QString plistPath() const;
+    [[nodiscard]] QString defaultsPlistPath() const;
+
+private:
+    QString m_homeFolder;
+    std::optional<QVariantMap> m_plist;
+    std::optional<QVariantMap> m_defaultsPlist;
+};
+
+} // namespace kestro
