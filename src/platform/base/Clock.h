@@ -2,8 +2,8 @@
 
 namespace kestro {
 
-/// Tells the time to whatever measures spans of it. Passed in wherever time matters, so that tests can turn it
-/// by hand. Main thread.
+/// Tells the time to whatever measures spans of it. Passed in wherever time matters, so that tests can turn
+/// it by hand. Main thread.
 class Clock {
 public:
     virtual ~Clock() = default;

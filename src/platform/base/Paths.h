@@ -9,13 +9,13 @@ namespace kestro {
 /// The user's home folder, or KESTRO_HOME where that is set and not empty.
 [[nodiscard]] QString homeFolder();
 
-/// The folder that the package is installed in (the build tree has the same shape): the one two above the folder
-/// that holds this library.
+/// The folder that the package is installed in (the build tree has the same shape): the one two above the
+/// folder that holds this library.
 [[nodiscard]] QString packagePrefix();
 
-/// Where an absolute path of the desktop lies here: `path` itself if something exists there, else the same path
-/// below the package's platform root (`<prefix>/share/kestro/root`). KESTRO_ROOT, where set, stands for both: the
-/// answer is then always below it. What is answered need not exist.
+/// Where an absolute path of the desktop lies here: `path` itself if something exists there, else the same
+/// path below the package's platform root (`<prefix>/share/kestro/root`). KESTRO_ROOT, where set, stands for
+/// both: the answer is then always below it. What is answered need not exist.
 [[nodiscard]] QString platformPath(const QString& path);
 
 /// A folder for scratch files that only this user can enter (mode 0700, ours), made when first asked for.

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QString>
+
 #include <cassert>
 #include <utility>
 #include <variant>
-
-#include <QString>
 
 namespace kestro {
 
@@ -13,8 +13,8 @@ struct Error {
     QString message;
 };
 
-/// A value, or the reason why there is none. For operations whose caller can tell the user why; where absence says
-/// it all, std::optional is used instead.
+/// A value, or the reason why there is none. For operations whose caller can tell the user why; where absence
+/// says it all, std::optional is used instead.
 template <typename T>
 class [[nodiscard]] Result {
 public:
