@@ -1,0 +1,103 @@
+"""An include in src/ points into its own folder or to what stands below it; a foreign library is known to one folder."""
+
+import posixpath
+import re
+
+import lint
+
+PLATFORM = {
+    "platform/base": set(),
+    "platform/plist": {"platform/base"},
+    "platform/network": {"platform/base"},
+    "platform/display": {"platform/base"},
+    "platform/movie": {"platform/base", "platform/display"},
+    "platform/web": {"platform/base", "platform/display"},
+    "platform/saver": {"platform/base", "platform/plist", "platform/display"},
+}
+BELOW_ENGINE = set(PLATFORM) | {"settings", "presentation"}
+ALLOWED = PLATFORM | {
+    "settings": {"platform/base", "platform/plist", "platform/display"},
+    "presentation": set(PLATFORM),
+    "trailers": BELOW_ENGINE,
+    "config_ui": BELOW_ENGINE,
+    "engine": BELOW_ENGINE,
+    "host": BELOW_ENGINE | {"engine", "trailers", "config_ui"},
+}
+
+# The headers of each foreign library, and the one folder that may include them.
+FOREIGN = [
+    (r"plist/", "platform/plist"),
+    (r"curl/", "platform/network"),
+    (r"xcb/|X11/|GL/|GLES\d/|EGL/|vulkan/|wayland-", "platform/display"),
+    (r"Q(Svg|BackingStore|OpenGL|RasterWindow|Window\b|Screen\b)|qpa/|QtGui/(private|qpa)/", "platform/display"),
+    (r"mpv/|libav|libsw", "platform/movie"),
+    (r"QtWebEngine|QWebEngine|QtQuick|QQuick|QQml|QtQml", "platform/web"),
+]
+# Other headers in angle brackets that lie in folders: those of the system and of Qt.
+KNOWN_FOLDERS = r"(sys|linux|arpa|netinet|net|bits|Qt[A-Z]\w*)/"
+
+INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>)', re.M)
+
+
+def folder_of(path):
+    """The folder of the table that a path relative to src/ lies in; None for one outside all of them."""
+    return next((folder for folder in ALLOWED if path.startswith(folder + "/")), None)
+
+
+def check_own(own, path, included):
+    below = folder_of(included)
+    if ".." in included.split("/"):
+        return f'"{included}" climbs out of its folder: name it from src/'
+    if below is None:
+        beside = posixpath.join(posixpath.dirname(path.removeprefix("src/")), included)
+        return None if folder_of(beside) == own else f'"{included}" is in no folder of ours'
+    if below != own and below not in ALLOWED[own]:
+        return f'{own} may not include "{included}"'
+    return None
+
+
+def check_foreign(own, header):
+    for pattern, owner in FOREIGN:
+        if re.match(pattern, header):
+            return None if own == owner else f"<{header}> is for {owner} only"
+    if "/" in header and not re.match(KNOWN_FOLDERS, header):
+        return f"<{header}> is of a library that has no folder: add it to FOREIGN"
+    return None
+
+
+def check(path, text):
+    own = folder_of(path.removeprefix("src/"))
+    if own is None:
+        return [(1, "lies in no folder of the table: add the folder to ALLOWED")]
+    code = lint.blank(text, strings=False)
+    findings = []
+    for match in INCLUDE.finditer(code):
+        quoted, angled = match.groups()
+        fault = check_own(own, path, quoted) if quoted else check_foreign(own, angled)
+        if fault:
+            findings.append((lint.line_of(code, match.start()), fault))
+    return findings
+
+
+SAMPLES = [
+    ("src/engine/MySaver.cpp", '#include "engine/MySaver.h"\n#include "settings/Settings.h"\n#include <QUrl>', 0),
+    ("src/engine/MySaver.cpp", '#include "host/Program.h"', 1),
+    ("src/settings/Settings.h", '#include "engine/MySaver.h"', 1),
+    ("src/trailers/TrailerList.h", '#include "engine/TraceSource.h"', 1),
+    ("src/config_ui/ConfigSheet.cpp", '#  include "engine/MySaver.h"', 1),
+    ("src/platform/base/Log.cpp", '#include "platform/plist/PropertyList.h"', 1),
+    ("src/platform/movie/MpvMovie.cpp", "#include <mpv/client.h>\n#include <libavcodec/avcodec.h>", 0),
+    ("src/engine/MySaver.cpp", "#include <mpv/client.h>", 1),
+    ("src/host/main.cpp", "#include <xcb/xcb.h>", 1),
+    ("src/host/main.cpp", "#include <QSvgRenderer>", 1),
+    ("src/settings/SettingsStore.cpp", "#include <plist/plist.h>", 1),
+    ("src/settings/SettingsStore.cpp", "#include <boost/any.hpp>", 1),
+    ("src/platform/saver/SaverBundle.cpp", "#include <sys/stat.h>\n#include <QtPlugin>\n#include <QtGlobal>", 0),
+    ("src/engine/MySaver.cpp", '// #include "host/Program.h"', 0),
+    ("src/engine/MySaver.cpp", '#include "../host/Program.h"', 1),
+    ("src/engine/MySaver.cpp", '#include "MySaver.h"', 0),
+    ("src/attic/Old.h", "", 1),
+]
+
+if __name__ == "__main__":
+    lint.main(check, SAMPLES, lambda root: lint.files(root, lint.CPP, "src"))
