@@ -1,11 +1,11 @@
 #pragma once
 
-#include <memory>
-#include <optional>
+#include "platform/display/Geometry.h"
 
 #include <QString>
 
-#include "platform/display/Geometry.h"
+#include <memory>
+#include <optional>
 
 namespace kestro {
 
@@ -34,12 +34,12 @@ private:
     QString m_name;
 };
 
-/// A saver bundle: a folder with Contents/Info.plist ("NSPrincipalClass", "CFBundleExecutable"), the shared library
-/// Contents/Linux/<executable>, and Contents/Resources. Loading runs the library's code. Main thread.
+/// A saver bundle: a folder with Contents/Info.plist ("NSPrincipalClass", "CFBundleExecutable"), the shared
+/// library Contents/Linux/<executable>, and Contents/Resources. Loading runs the library's code. Main thread.
 class SaverBundle final {
 public:
-    /// Loads the bundle at `path`; nothing, with a log line that says why, when it is none or its library cannot be
-    /// loaded. A second load of one bundle in a process answers the same library.
+    /// Loads the bundle at `path`; nothing, with a log line that says why, when it is none or its library
+    /// cannot be loaded. A second load of one bundle in a process answers the same library.
     [[nodiscard]] static std::optional<SaverBundle> load(const QString& path);
 
     [[nodiscard]] const QString& path() const { return m_path; }

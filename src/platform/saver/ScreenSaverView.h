@@ -4,8 +4,8 @@
 
 namespace kestro {
 
-/// The base of every screen saver: a view that a host creates, starts, ticks at the interval that the view asks for,
-/// and stops. Main thread.
+/// The base of every screen saver: a view that a host creates, starts, ticks at the interval that the view
+/// asks for, and stops. Main thread.
 class ScreenSaverView : public View {
 public:
     ScreenSaverView(const Rect& frame, bool isPreview);
