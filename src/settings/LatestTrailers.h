@@ -7,23 +7,20 @@
 
 namespace kestro {
 
-/// A view that asked for a crawl, as the crawler knows it.
+/// A view on whose behalf a crawl runs, as the crawler knows it.
 class TrailerClient {
 public:
     virtual ~TrailerClient() = default;
-
-    /// Trailers that the user chose for the playlist.
-    virtual void addURLList(const QList<QUrl>& urls) = 0;
 };
 
-/// What the saver knows of the trailer scanner: the newest trailers on record, and a crawl in the background. One per
-/// process. Main thread.
+/// What the saver knows of the trailer scanner: the newest trailers on record, and a crawl in the background.
+/// One per process. Main thread.
 class LatestTrailers {
 public:
     virtual ~LatestTrailers() = default;
 
-    /// The newest `count` trailers of frame width `width`, newest first, leaving out the absolute URL strings of
-    /// `excluded`.
+    /// The newest `count` trailers of frame width `width`, newest first, leaving out the URLs whose
+    /// absoluteString() is in `excluded`.
     [[nodiscard]] virtual QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) = 0;
     /// Refreshes the record in the background, for later; answers at once.
     virtual void scanLatest(TrailerClient& client) = 0;

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/display/Picture.h"
+
+#include <QObject>
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace kestro {
+
+class Painter;
+class QTMovie;
+
+/// The stills that a moving movie window leaves behind on the saver's surface: at most five, newest first,
+/// each a little fainter at every drawing. Stills are taken on a thread of their own, one at a time. Owned by
+/// the engine. Main thread, except the capture.
+class AfterImageTrail final {
+public:
+    /// A still to take: of `copy` (null: none can be had), at movie time `time`, to lie at `place` in the
+    /// saver view.
+    struct Capture {
+        std::shared_ptr<QTMovie> copy;
+        std::int32_t time = 0;
+        Point place;
+    };
+
+    /// `changed` is called on the main thread when a still came to the trail.
+    explicit AfterImageTrail(std::function<void()> changed);
+    /// Waits for a capture under way.
+    ~AfterImageTrail();
+
+    /// Takes the still on the capture thread, once the one before is taken.
+    void queueImageThread(const Capture& capture);
+    /// Takes the still here and now; answers whether one came to the trail. `changed` is not called.
+    bool queueImageNoThread(const Capture& capture);
+    /// Returns once no still is being taken.
+    void waitForCapture() const;
+
+    /// Draws every still, oldest first, and ages it; without a background saver each on black of its size.
+    void draw(Painter& painter, bool overBackground);
+
+    [[nodiscard]] int count() const;
+    /// Opacity of the next drawing of each still, newest first.
+    [[nodiscard]] std::vector<float> shades() const;
+
+private:
+    struct Record {
+        Picture image;
+        Point pos; ///< lower left corner, in the saver view
+        float shade = 1.0F;
+    };
+
+    void queueImage(const Capture& capture);
+    void dropOldest();
+
+    std::function<void()> m_changed;
+    QObject m_mainThread; ///< receives what the capture thread has to say
+    mutable std::mutex m_dictLock;
+    std::list<Record> m_imgList; ///< newest first
+    std::atomic<bool> m_onThread = false;
+    std::thread m_thread;
+};
+
+/// A still of `copy` at `time`, as it comes; a null picture, with a log line, when there is none. Any thread.
+[[nodiscard]] Picture movieImage(QTMovie* copy, std::int32_t time);
+
+} // namespace kestro

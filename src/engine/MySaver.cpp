@@ -1,0 +1,270 @@
+#include "engine/MySaver.h"
+
+#include "engine/MovieStage.h"
+#include "platform/base/Clock.h"
+#include "platform/base/Log.h"
+#include "platform/base/StoredValue.h"
+#include "platform/display/Cursor.h"
+#include "platform/display/Desktop.h"
+#include "platform/display/Screen.h"
+#include "platform/display/Timer.h"
+#include "platform/movie/QTMovie.h"
+#include "presentation/MovieFrame.h"
+#include "settings/MovieURL.h"
+#include "settings/SettingsStore.h"
+
+#include <utility>
+
+namespace kestro {
+
+namespace {
+
+constexpr double movieInterval = 0.05; ///< seconds between two ticks while a movie plays
+constexpr double signInterval = 0.1;   ///< … while the sign picture shows
+
+std::unique_ptr<MovieStage> makeStage(bool windowMode, View& saver, const MovieFramePlatform& platform)
+{
+    if (windowMode) return std::make_unique<WindowStage>(saver, platform);
+    return std::make_unique<ViewStage>(saver, platform);
+}
+
+} // namespace
+
+std::shared_ptr<ScreenSaverView> MySaver::initWithFrameIsPreview(const Rect& frame, bool isPreview,
+                                                                 const SaverServices& services)
+{
+    return std::make_shared<MySaver>(frame, isPreview, services);
+}
+
+MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& services)
+    : ScreenSaverView(frame, isPreview)
+    , m_services(services)
+    , m_settings(services.store, {isPreview, false})
+    , m_playlist(m_settings, services.trailers, *this, isPreview)
+    , m_sequencer(
+          {m_settings, m_playlist, services.movies, services.desktop.random(), isPreview,
+           services.webEngine != nullptr},
+          [this](double seconds) { m_services.desktop.timers().wait(seconds); },
+          [this] { showSignWhileSearching(); })
+    , m_geometry(*this, m_settings, services.desktop.random())
+    , m_bounce(services.desktop.random())
+    , m_fadeOut(services.desktop.timers())
+    , m_trail([this] { setNeedsDisplay(true); })
+{
+    m_bounce.assignRndValuesWithSign();
+    m_windowMode = !isPreview && m_settings.isBounceMode();
+    m_settings.setWindowMode(m_windowMode);
+    m_stage = makeStage(m_windowMode, *this, {services.desktop, services.webEngine});
+}
+
+MySaver::~MySaver()
+{
+    m_services.trailers.stopThreading();
+}
+
+void MySaver::startAnimation()
+{
+    m_sequencer.resume();
+    if (!m_saverInited) setUp();
+    if (m_sequencer.isStopped()) return;
+    openFadeOut();
+    if (m_movieView) m_movieView->start(this);
+    if (m_settings.isFlyMode() || (isPreview() && m_settings.isBounceMode()))
+        m_flyTime = m_services.desktop.clock().now();
+    ScreenSaverView::startAnimation();
+}
+
+// Once in the life of a saver: the first movie, or the sign that there is none.
+void MySaver::setUp()
+{
+    if (m_playlist.isMovieExists() && makeMovieFrame() && _resetMovie()) {
+        setAnimationTimeInterval(movieInterval);
+        if (!isPreview()) m_services.desktop.cursor().hide();
+    } else {
+        dropMovieFrame();
+        showSign(signForStart());
+    }
+    m_saverInited = true;
+}
+
+bool MySaver::makeMovieFrame()
+{
+    m_movieView = m_stage->createMovieFrame(bounds());
+    if (!m_movieView) return false;
+    if (const auto mode = m_settings.loopMode(m_playlist.fileList().size())) m_movieView->setLoopMode(*mode);
+    m_movieView->showControllerAdjustingSize(false, false);
+    m_stage->addMovieFrame(*m_movieView);
+    return true;
+}
+
+void MySaver::dropMovieFrame()
+{
+    if (!m_movieView) return;
+    m_trail.waitForCapture();
+    m_movieView->setMovie({});
+    m_stage->removeMovieFrame(*m_movieView);
+    m_movieView.reset();
+}
+
+void MySaver::openFadeOut()
+{
+    if (m_windowMode || !m_settings.isDynamicMode() || !hasEffects()) return;
+    auto* screen = window() ? window()->screen() : nullptr;
+    if (!screen) logLine(QStringLiteral("Cannot find curScreen from startAnimation."));
+    m_fadeOut.open(screen);
+}
+
+void MySaver::stopAnimation()
+{
+    m_sequencer.stop();
+    m_fadeOut.stopTimer();
+    storeResumePoint();
+    if (m_windowMode && m_movieView) {
+        m_trail.waitForCapture();
+        m_movieView->setMovie({});
+        m_stage->removeMovieFrame(*m_movieView);
+    }
+    m_fadeOut.close();
+    ScreenSaverView::stopAnimation();
+    m_services.desktop.cursor().unhide();
+}
+
+void MySaver::storeResumePoint()
+{
+    const auto movie = m_movieView ? m_movieView->movie() : nullptr;
+    if (!m_settings.canContinue() || !movie) return;
+    const QUrl url = movie->url();
+    logLine(QStringLiteral("URL = %1").arg(url.toString(QUrl::FullyEncoded)));
+    if (!url.isValid()) return;
+    auto& store = m_services.store;
+    store.setDefaultsForKey(lastPathComponent(url), QStringLiteral("LastMovie"));
+    store.setDefaultsForKey(storedInt(GetMovieTime(*movie)), QStringLiteral("LastPos"));
+}
+
+void MySaver::resetMovie()
+{
+    stopAnimation();
+    m_sequencer.resume();
+    if (m_playlist.isMovieExists() && (m_movieView || makeMovieFrame()) && _resetMovie())
+        setAnimationTimeInterval(movieInterval);
+    else
+        fallBackToSign(m_services.signs.previewImage());
+    startAnimation();
+}
+
+bool MySaver::_resetMovie()
+{
+    m_trail.waitForCapture();
+    m_isPicking = true;
+    const MovieContent content = m_sequencer.newNextMovie(!m_saverInited);
+    m_isPicking = false;
+    if (isEmpty(content) || !m_movieView) return false;
+
+    hideSign();
+    if (m_movieView->movie()) m_movieView->setMovie({});
+    m_stage->removeMovieFrame(*m_movieView);
+    m_movieView->setMovie(content);
+    applySound();
+    resetMovieViewFrame();
+    m_stage->addMovieFrame(*m_movieView);
+    return true;
+}
+
+// Only the first screen ever plays sound.
+void MySaver::applySound()
+{
+    const auto* screen = window() ? window()->screen() : nullptr;
+    const bool mayPlay = screen && screen == m_services.desktop.mainScreen() && !isPreview();
+    m_movieView->setMuted(!mayPlay || !m_settings.isSoundOn());
+}
+
+void MySaver::resetMovieViewFrame()
+{
+    setMovieFrame(m_geometry.placeFor(*m_movieView, m_windowMode));
+    if (m_settings.isDynamicMode()) m_bounce.assignRndValuesWithSign();
+}
+
+void MySaver::setMovieFrame(const Rect& rect)
+{
+    m_stage->setMovieFrame(*m_movieView, rect);
+    const auto& copy = m_sequencer.cacheMovie();
+    if (!m_windowMode || !m_settings.fadeoutEffect() || !copy) return;
+    SetMovieBox(*copy, {0, 0, static_cast<std::int16_t>(rect.size.height),
+                        static_cast<std::int16_t>(rect.size.width)});
+}
+
+void MySaver::setFrame(const Rect& frame)
+{
+    ScreenSaverView::setFrame(frame);
+    m_sign.forgetGround();
+    if (m_movieView) resetMovieViewFrame();
+    if (m_sign.isShown()) placeSign();
+}
+
+void MySaver::showSign(const Picture& sign)
+{
+    m_sign.setSignImage(sign);
+    placeSign();
+    setAnimationTimeInterval(signInterval);
+    setNeedsDisplay(true);
+}
+
+void MySaver::placeSign()
+{
+    m_sign.setImgBounds({m_geometry.randomPositionWithSize(m_sign.size()), m_sign.size()});
+}
+
+void MySaver::hideSign()
+{
+    if (!m_sign.isShown()) return;
+    m_sign.setSignImage({});
+    m_sign.forgetGround();
+    setNeedsDisplay(true);
+}
+
+const Picture& MySaver::signForStart() const
+{
+    return isPreview() ? m_services.signs.previewImage() : m_services.signs.selectImage();
+}
+
+void MySaver::fallBackToSign(const Picture& sign)
+{
+    dropMovieFrame();
+    m_sign.forgetGround();
+    showSign(sign);
+    m_bounce.assignRndValues();
+}
+
+// A search in random order goes on for as long as nothing can be played; where no movie stands, the sign does
+// meanwhile.
+void MySaver::showSignWhileSearching()
+{
+    if (!m_movieView || m_movieView->movie() || m_sign.isShown()) return;
+    m_stage->removeMovieFrame(*m_movieView);
+    showSign(signForStart());
+}
+
+void MySaver::drawRect(Painter& painter, const Rect& rect)
+{
+    if (m_sign.isShown()) return m_sign.draw(painter, bounds(), false);
+    ScreenSaverView::drawRect(painter, rect);
+    if (m_windowMode) m_trail.draw(painter, false);
+}
+
+SaverSnapshot MySaver::snapshot() const
+{
+    SaverSnapshot shot;
+    const Point toScreen{-m_geometry.screenFrame().origin.x, -m_geometry.screenFrame().origin.y};
+    if (const auto movie = m_movieView ? m_movieView->movie() : nullptr) {
+        const Rect frame = m_movieView->frame();
+        shot.movie = {movie->url().toString(QUrl::FullyEncoded), movie->currentTime().timeValue,
+                      movie->rate(), m_windowMode ? frame.movedBy(toScreen) : convertToWindow(frame)};
+    }
+    shot.curIdx = m_playlist.curIdx();
+    shot.trail = m_trail.count();
+    shot.isFading = m_fadeOut.isFading();
+    if (!m_movieView && m_sign.isShown()) shot.sign = m_sign.imgBounds();
+    return shot;
+}
+
+} // namespace kestro

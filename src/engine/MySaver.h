@@ -1,0 +1,123 @@
+#pragma once
+
+#include "engine/AfterImageTrail.h"
+#include "engine/Bounce.h"
+#include "engine/FadeOut.h"
+#include "engine/MovieGeometry.h"
+#include "engine/MovieSequencer.h"
+#include "engine/SignImage.h"
+#include "engine/TraceSource.h"
+#include "platform/saver/ScreenSaverView.h"
+#include "settings/LatestTrailers.h"
+#include "settings/Playlist.h"
+#include "settings/Settings.h"
+
+#include <memory>
+
+namespace kestro {
+
+class Desktop;
+class MovieFrame;
+class MovieLibrary;
+class MovieStage;
+class SettingsStore;
+class WebEngine;
+
+/// What savers of one process share. All of it outlives every saver.
+struct SaverServices {
+    Desktop& desktop;
+    MovieLibrary& movies;
+    SettingsStore& store;
+    LatestTrailers& trailers;
+    SignPictures& signs;
+    WebEngine* webEngine = nullptr; ///< null: web content counts as unplayable
+};
+
+/// The movie screen saver: the view of one screen. It conducts: what plays next, how large and where, how it
+/// moves and what it leaves behind are the concerns of the classes it holds. A host creates it, starts it,
+/// ticks it at its interval and stops it. Main thread.
+class MySaver final : public ScreenSaverView, public TrailerClient, public TraceSource {
+public:
+    /// Makes the saver for one screen and answers the view that the host is to show. Shared by the host and
+    /// by whatever keeps the saver running.
+    [[nodiscard]] static std::shared_ptr<ScreenSaverView>
+    initWithFrameIsPreview(const Rect& frame, bool isPreview, const SaverServices& services);
+
+    MySaver(const Rect& frame, bool isPreview, const SaverServices& services);
+    ~MySaver() override;
+
+    void startAnimation() override;
+    void stopAnimation() override;
+    void animateOneFrame() override;
+    void drawRect(Painter& painter, const Rect& rect) override;
+    [[nodiscard]] bool hasConfigureSheet() const override { return true; }
+    void setFrame(const Rect& frame) override;
+
+    /// Starts anew with the settings as they are now.
+    void resetMovie();
+    /// Puts the next entry into the movie frame; answers false, and changes nothing, when there is none.
+    bool _resetMovie();
+
+    [[nodiscard]] SaverSnapshot snapshot() const override;
+
+    [[nodiscard]] const Settings& settings() const { return m_settings; }
+    /// The movie frame, null while the sign picture shows.
+    [[nodiscard]] MovieFrame* movieView() const { return m_movieView.get(); }
+
+private:
+    // life cycle
+    void setUp();
+    [[nodiscard]] bool makeMovieFrame();
+    void dropMovieFrame();
+    void openFadeOut();
+    void storeResumePoint();
+
+    // the sign picture
+    void showSign(const Picture& sign);
+    void placeSign();
+    void hideSign();
+    void fallBackToSign(const Picture& sign);
+    void showSignWhileSearching();
+    [[nodiscard]] const Picture& signForStart() const;
+
+    // one tick
+    [[nodiscard]] bool handleFailedLoading();
+    void moveMovie();
+    void moveMovieWindow();
+    void flyMovie();
+    [[nodiscard]] bool isTimeToFly();
+    void switchMovie();
+    void moveSign();
+
+    // the movie frame
+    void resetMovieViewFrame();
+    void setMovieFrame(const Rect& rect);
+    void applySound();
+
+    // what is left behind
+    [[nodiscard]] bool hasEffects() const;
+    [[nodiscard]] Point placeInView() const;
+    [[nodiscard]] AfterImageTrail::Capture captureAt(Point place) const;
+    void afterImageEffect();
+    void queueImageNoThread();
+
+    SaverServices m_services;
+    bool m_windowMode = false;
+    Settings m_settings;
+    Playlist m_playlist;
+    MovieSequencer m_sequencer;
+    MovieGeometry m_geometry;
+    Bounce m_bounce;
+    SignImage m_sign;
+    FadeOut m_fadeOut;
+    AfterImageTrail m_trail;
+    std::unique_ptr<MovieStage> m_stage;
+    std::unique_ptr<MovieFrame> m_movieView;
+    double m_flyTime = 0;  ///< clock time of the last re-placement
+    int m_stepCount = 11;  ///< window mode: ticks since the last capture; the first tick takes one
+    int m_failedLoads = 0; ///< movies in a row that failed after they were opened
+    bool m_saverInited = false;
+    bool m_isPicking = false; ///< the next entry is being looked for, further down the stack
+};
+
+} // namespace kestro

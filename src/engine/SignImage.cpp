@@ -1,0 +1,62 @@
+#include "engine/SignImage.h"
+
+#include "platform/base/Log.h"
+#include "platform/display/Painter.h"
+
+#include <QPainter>
+
+namespace kestro {
+
+SignPictures::SignPictures(QString resourcesFolder)
+    : m_resourcesFolder(std::move(resourcesFolder))
+{
+}
+
+Picture SignPictures::load(const QString& name) const
+{
+    const QString path = m_resourcesFolder + u'/' + name;
+    auto picture = loadPicture(path, 2.0);
+    if (!picture) logLine(QStringLiteral("Cannot read the picture %1").arg(path));
+    return picture.value_or(Picture{});
+}
+
+const Picture& SignPictures::selectImage()
+{
+    if (m_select.isNull()) m_select = load(QStringLiteral("select.svg"));
+    return m_select;
+}
+
+const Picture& SignPictures::previewImage()
+{
+    if (!m_preview.isNull()) return m_preview;
+    const Picture sign = load(QStringLiteral("preview.svg"));
+    if (sign.isNull()) return m_preview;
+    m_preview = {QImage(sign.image.size(), QImage::Format_ARGB32_Premultiplied), sign.size};
+    m_preview.image.fill(Qt::black);
+    QPainter(&m_preview.image).drawImage(0, 0, sign.image);
+    return m_preview;
+}
+
+void SignImage::setSignImage(const Picture& image)
+{
+    m_image = image;
+    m_prevImage = image.isNull() ? Picture{} : blankPicture(image.size);
+}
+
+void SignImage::draw(Painter& painter, const Rect& viewBounds, bool overBackground)
+{
+    if (overBackground) return drawOverBackground(painter);
+    if (!m_filled) painter.fill(viewBounds, Qt::black);
+    m_filled = true;
+    painter.draw(m_image, m_imgBounds, Compositing::SourceOver, 1.0);
+}
+
+void SignImage::drawOverBackground(Painter& painter)
+{
+    if (m_prevPt != Point{0, 0})
+        painter.draw(m_prevImage, {m_prevPt, m_prevImage.size}, Compositing::Copy, 0.0);
+    painter.draw(m_image, m_imgBounds, Compositing::SourceOver, 0.5);
+    m_prevPt = m_imgBounds.origin;
+}
+
+} // namespace kestro
