@@ -5,8 +5,8 @@ class QUrl;
 
 namespace kestro {
 
-/// Whether a URL may name a movie: false when its path's extension is, in upper case, one of HTM, HTML, QT, ASP, JSP,
-/// PL, WOA, PHP; true for any other and for none.
+/// Whether a URL may name a movie: false when its path's extension is, in upper case, one of HTM, HTML, QT,
+/// ASP, JSP, PL, WOA, PHP; true for any other and for none.
 [[nodiscard]] bool isValidURL(const QUrl& url);
 
 /// The extension of the URL's path in upper case; empty for none.
@@ -14,5 +14,12 @@ namespace kestro {
 
 /// The last component of the URL's path, percent escapes decoded; empty when it has none.
 [[nodiscard]] QString lastPathComponent(const QUrl& url);
+
+/// Whether a playlist entry stands for the newest trailers: auto://LatestTrailers/N/W.
+[[nodiscard]] bool isAutomaticEntry(const QUrl& url);
+
+/// The URL as absolute text, fully encoded, as it is stored and shown. QUrl keeps host names in lower case;
+/// an automatic entry gets its "LatestTrailers" back.
+[[nodiscard]] QString absoluteString(const QUrl& url);
 
 } // namespace kestro

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <optional>
-
 #include <QList>
 #include <QSet>
 #include <QString>
 #include <QUrl>
+#include <QVariant>
+
+#include <optional>
 
 namespace kestro {
 
@@ -18,17 +19,17 @@ extern const QString idvdFishMoviePath;
 extern const QString defalutMovieURL;
 extern const QString defalutMovieURL_104;
 
-/// What a view plays: the stored list ("FileList"), as it is edited, and expanded to what can be played. One per view.
-/// Main thread.
+/// What a view plays: the stored list ("FileList"), as it is edited, and expanded to what can be played. One
+/// per view. Main thread.
 class Playlist final {
 public:
-    /// `trailers` serves automatic entries; `client` is the view on whose behalf a crawl is asked for. With `isPreview`
-    /// no crawl is ever started.
+    /// `trailers` serves automatic entries; `client` is the view on whose behalf a crawl is asked for. With
+    /// `isPreview` no crawl is ever started.
     Playlist(Settings& settings, LatestTrailers& trailers, TrailerClient& client, bool isPreview);
 
-    /// The stored list as URLs, by the rules of its version; with `expand` each automatic entry is replaced by the
-    /// trailers it stands for now, and the first one starts a crawl in the background. A stored string that is no URL
-    /// is left out.
+    /// The stored list as URLs, by the rules of its version; with `expand` each automatic entry is replaced
+    /// by the trailers it stands for now, and the first one starts a crawl in the background. A stored string
+    /// that is no URL is left out.
     [[nodiscard]] QList<QUrl> movieFileList(bool expand);
     /// The list that is edited.
     [[nodiscard]] QList<QUrl> plistFileList() { return movieFileList(false); }
@@ -37,12 +38,12 @@ public:
     /// Forgets the kept list, so that the next fileList() is built anew.
     void dropFileList() { m_urlList.reset(); }
 
-    /// Whether anything in fileList() can be played: a file that is there, or anything that is no file. Points curIdx()
-    /// at the first such entry; leaves it alone when there is none.
+    /// Whether anything in fileList() can be played: a file that is there, or anything that is no file.
+    /// Points curIdx() at the first such entry; leaves it alone when there is none.
     [[nodiscard]] bool isMovieExists();
 
-    /// Sequential order: index in fileList() of the next entry to try. Random order: of the entry now playing. -1 at
-    /// first.
+    /// Sequential order: index in fileList() of the next entry to try. Random order: of the entry now
+    /// playing. -1 at first.
     [[nodiscard]] int curIdx() const { return m_curIdx; }
     void setCurIdx(int index) { m_curIdx = index; }
 
@@ -54,6 +55,11 @@ public:
     void addFailedURL(const QUrl& url);
 
 private:
+    [[nodiscard]] QList<QUrl> storedPaths(const QVariantList& stored) const;
+    [[nodiscard]] QList<QUrl> storedURLs(const QVariantList& stored, bool expand);
+    [[nodiscard]] QList<QUrl> latestTrailers(const QUrl& entry);
+    void scanOnce();
+
     Settings& m_settings;
     LatestTrailers& m_trailers;
     TrailerClient& m_client;

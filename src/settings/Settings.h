@@ -1,15 +1,15 @@
 #pragma once
 
-#include <optional>
-
 #include <QString>
+
+#include <optional>
 
 namespace kestro {
 
 class SettingsStore;
 
-/// Every option by the rules of its key, of older releases' keys and of absent ones. Nothing is kept: each answer
-/// reads the store. One per view, for the two answers that depend on the view. Main thread.
+/// Every option by the rules of its key, of older releases' keys and of absent ones. Nothing is kept: each
+/// answer reads the store. One per view, for the two answers that depend on the view. Main thread.
 class Settings final {
 public:
     /// How the view runs that asks.
@@ -46,8 +46,9 @@ public:
     [[nodiscard]] bool repostionWhenMovieEnds() const;
     [[nodiscard]] std::optional<QString> backSaver() const;
 
-    /// The loop mode of a movie view that plays a list of `entryCount` entries: 0 unless it is the only one; then 2
-    /// for back and forth, else 1, or nothing (the view keeps what it has) where it is re-placed at its end.
+    /// The loop mode of a movie view that plays a list of `entryCount` entries: 0 unless it is the only one;
+    /// then 2 for back and forth, else 1, or nothing (the view keeps what it has) where it is re-placed at
+    /// its end.
     [[nodiscard]] std::optional<int> loopMode(qsizetype entryCount) const;
 
 private:

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <optional>
-
 #include <QString>
 #include <QVariant>
 
+#include <optional>
+
 namespace kestro {
 
-/// The two settings files of one user, each read once, when first asked for, and kept. Shared by every view of a
-/// process. Main thread.
+/// The two settings files of one user, each read once, when first asked for, and kept. Shared by every view
+/// of a process. Main thread.
 class SettingsStore final {
 public:
     /// The files lie below `homeFolder`, in /Library/Preferences.
@@ -19,8 +19,8 @@ public:
     /// The resume keys ("Kestro.def.plist"), by the same rule.
     [[nodiscard]] QVariantMap& defaultsPlist();
 
-    /// Sets a resume key and writes that file whole; answers whether it was written. The key stays set in memory
-    /// either way.
+    /// Sets a resume key and writes that file whole; answers whether it was written. The key stays set in
+    /// memory either way.
     bool setDefaultsForKey(const QVariant& value, const QString& key);
     /// The value of a resume key, nothing when it has none.
     [[nodiscard]] std::optional<QVariant> defaultsForKey(const QString& key);

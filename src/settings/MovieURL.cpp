@@ -1,0 +1,60 @@
+#include "settings/MovieURL.h"
+
+#include <QString>
+#include <QUrl>
+
+#include <algorithm>
+#include <array>
+
+namespace kestro {
+
+namespace {
+
+// Pages and programs of a web site, and the reference files that point at a movie elsewhere.
+constexpr std::array<QLatin1StringView, 8> noMovieExtensions{
+    QLatin1StringView("HTM"), QLatin1StringView("HTML"), QLatin1StringView("QT"),  QLatin1StringView("ASP"),
+    QLatin1StringView("JSP"), QLatin1StringView("PL"),   QLatin1StringView("WOA"), QLatin1StringView("PHP"),
+};
+
+constexpr QLatin1StringView automaticScheme("auto");
+const QString automaticHost = QStringLiteral("LatestTrailers");
+
+} // namespace
+
+bool isValidURL(const QUrl& url)
+{
+    return std::find(noMovieExtensions.begin(), noMovieExtensions.end(), upperCasePathExtension(url)) ==
+           noMovieExtensions.end();
+}
+
+QString upperCasePathExtension(const QUrl& url)
+{
+    const QString name = lastPathComponent(url);
+    const qsizetype point = name.lastIndexOf(u'.');
+    // A point at the start hides a file; what follows it is the name.
+    return point <= 0 ? QString() : name.sliced(point + 1).toUpper();
+}
+
+QString lastPathComponent(const QUrl& url)
+{
+    const QString decoded = url.path(QUrl::FullyDecoded);
+    QStringView path = decoded;
+    while (path.endsWith(u'/'))
+        path.chop(1);
+    return path.sliced(path.lastIndexOf(u'/') + 1).toString();
+}
+
+bool isAutomaticEntry(const QUrl& url)
+{
+    return url.scheme() == automaticScheme;
+}
+
+QString absoluteString(const QUrl& url)
+{
+    QString text = url.toString(QUrl::FullyEncoded);
+    const QString prefix = automaticScheme + QStringLiteral("://") + automaticHost + u'/';
+    if (text.startsWith(prefix, Qt::CaseInsensitive)) text.replace(0, prefix.size(), prefix);
+    return text;
+}
+
+} // namespace kestro

@@ -1,0 +1,163 @@
+#include "settings/Playlist.h"
+
+#include "platform/base/Paths.h"
+#include "platform/base/StoredValue.h"
+#include "settings/LatestTrailers.h"
+#include "settings/MovieURL.h"
+#include "settings/Settings.h"
+#include "settings/SettingsStore.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace kestro {
+
+const QString idvdFishMoviePath = QStringLiteral(
+    "/Applications/iDVD.app/Contents/Resources/15_Fish_Two.theme/Contents/Resources/BackgroundMovie.PAL.mov");
+const QString defalutMovieURL = QStringLiteral(
+    "/System/Library/PrivateFrameworks/SetupAssistant.framework/Versions/A/Resources/intro.mov");
+const QString defalutMovieURL_104 =
+    QStringLiteral("/System/Library/CoreServices/Setup Assistant.app/Contents/Resources/"
+                   "TransitionSection.bundle/Contents/Resources/intro.mov");
+
+namespace {
+
+// From this version on the stored list holds URLs; before it, paths.
+constexpr int versionWithURLs = 5;
+
+const QString fileListKey = QStringLiteral("FileList");
+const QString defaultAutomaticEntry = QStringLiteral("auto://LatestTrailers/6/480");
+
+bool isInstalled(const QString& path)
+{
+    return QFileInfo::exists(platformPath(path));
+}
+
+QUrl installedFileURL(const QString& path)
+{
+    return QUrl::fromLocalFile(platformPath(path));
+}
+
+QUrl defaultMovie()
+{
+    if (isInstalled(idvdFishMoviePath)) return installedFileURL(idvdFishMoviePath);
+    return installedFileURL(isInstalled(defalutMovieURL) ? defalutMovieURL : defalutMovieURL_104);
+}
+
+QList<QUrl> defaultPlaylist()
+{
+    return {defaultMovie(), QUrl(defaultAutomaticEntry)};
+}
+
+// The older releases' own default, which a machine with a better movie moves away from.
+bool isOldDefault(const QVariantList& stored)
+{
+    return stored.size() == 1 && stored.front().typeId() == QMetaType::QString &&
+           stored.front().toString() == defalutMovieURL;
+}
+
+QString textOf(const QVariant& stored)
+{
+    return stored.typeId() == QMetaType::QString ? stored.toString() : QString();
+}
+
+bool isPlayable(const QUrl& url)
+{
+    if (!url.isLocalFile()) return true;
+    const QString path = url.path(QUrl::FullyDecoded);
+    return !path.isEmpty() && QFileInfo::exists(path);
+}
+
+} // namespace
+
+Playlist::Playlist(Settings& settings, LatestTrailers& trailers, TrailerClient& client, bool isPreview)
+    : m_settings(settings)
+    , m_trailers(trailers)
+    , m_client(client)
+    , m_isPreview(isPreview)
+{
+}
+
+QList<QUrl> Playlist::movieFileList(bool expand)
+{
+    const QVariantMap& plist = m_settings.store().plist();
+    if (!plist.contains(fileListKey)) {
+        const QStringList fresh{absoluteString(defaultMovie()), defaultAutomaticEntry};
+        return storedURLs(QVariant(fresh).toList(), expand);
+    }
+    const QVariant value = plist.value(fileListKey);
+    const bool isList = value.typeId() == QMetaType::QVariantList || value.typeId() == QMetaType::QStringList;
+    const QVariantList stored = isList ? value.toList() : QVariantList();
+    return m_settings.plistVersion() < versionWithURLs ? storedPaths(stored) : storedURLs(stored, expand);
+}
+
+// An older release's empty list never expands: its user has not asked for trailers yet.
+QList<QUrl> Playlist::storedPaths(const QVariantList& stored) const
+{
+    if (stored.isEmpty()) return defaultPlaylist();
+    if (isOldDefault(stored) && isInstalled(idvdFishMoviePath)) return {installedFileURL(idvdFishMoviePath)};
+    QList<QUrl> urls;
+    for (const QVariant& entry : stored) {
+        const QString path = textOf(entry);
+        if (!path.isEmpty()) urls.append(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
+    }
+    return urls;
+}
+
+QList<QUrl> Playlist::storedURLs(const QVariantList& stored, bool expand)
+{
+    QList<QUrl> urls;
+    urls.reserve(stored.size());
+    for (const QVariant& entry : stored) {
+        const QUrl url(textOf(entry));
+        if (!url.isValid() || url.isRelative()) continue;
+        if (expand && isAutomaticEntry(url))
+            urls.append(latestTrailers(url));
+        else
+            urls.append(url);
+    }
+    return urls;
+}
+
+// The path is /N/W; the empty part before its first slash counts as one.
+QList<QUrl> Playlist::latestTrailers(const QUrl& entry)
+{
+    const QStringList parts = entry.path(QUrl::FullyDecoded).split(u'/');
+    const qsizetype last = parts.size() - 1;
+    if (last < 2) return {};
+    QList<QUrl> found =
+        m_trailers.lastTrailers(intValue(parts[last - 1]), intValue(parts[last]), m_failedURLList);
+    scanOnce();
+    return found;
+}
+
+// The scan refreshes the record for a later expansion; this one takes the record as it is.
+void Playlist::scanOnce()
+{
+    if (m_hasAutoTrailers || m_isPreview) return;
+    m_hasAutoTrailers = true;
+    m_trailers.scanLatest(m_client);
+}
+
+const QList<QUrl>& Playlist::fileList()
+{
+    if (!m_urlList) m_urlList = movieFileList(true);
+    return *m_urlList;
+}
+
+bool Playlist::isMovieExists()
+{
+    const QList<QUrl>& urls = fileList();
+    const auto first = std::find_if(urls.begin(), urls.end(), isPlayable);
+    if (first == urls.end()) return false;
+    m_curIdx = static_cast<int>(first - urls.begin());
+    return true;
+}
+
+void Playlist::addFailedURL(const QUrl& url)
+{
+    m_failedURLList.insert(absoluteString(url));
+}
+
+} // namespace kestro

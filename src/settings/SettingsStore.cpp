@@ -1,0 +1,63 @@
+#include "settings/SettingsStore.h"
+
+#include "platform/plist/PropertyList.h"
+
+#include <utility>
+
+namespace kestro {
+
+namespace {
+
+QVariantMap& loadedOnce(std::optional<QVariantMap>& kept, const QString& path)
+{
+    if (!kept) kept = readPropertyListDictionary(path).value_or(QVariantMap());
+    return *kept;
+}
+
+} // namespace
+
+SettingsStore::SettingsStore(QString homeFolder)
+    : m_homeFolder(std::move(homeFolder))
+{
+}
+
+QVariantMap& SettingsStore::plist()
+{
+    return loadedOnce(m_plist, plistPath());
+}
+
+QVariantMap& SettingsStore::defaultsPlist()
+{
+    return loadedOnce(m_defaultsPlist, defaultsPlistPath());
+}
+
+bool SettingsStore::setDefaultsForKey(const QVariant& value, const QString& key)
+{
+    defaultsPlist().insert(key, value);
+    return writePropertyList(defaultsPlistPath(), defaultsPlist());
+}
+
+std::optional<QVariant> SettingsStore::defaultsForKey(const QString& key)
+{
+    const auto found = std::as_const(defaultsPlist()).find(key);
+    if (found == std::as_const(defaultsPlist()).end()) return {};
+    return *found;
+}
+
+bool SettingsStore::removeDefaultsForKey(const QString& key)
+{
+    defaultsPlist().remove(key);
+    return writePropertyList(defaultsPlistPath(), defaultsPlist());
+}
+
+QString SettingsStore::plistPath() const
+{
+    return m_homeFolder + QStringLiteral("/Library/Preferences/Kestro.plist");
+}
+
+QString SettingsStore::defaultsPlistPath() const
+{
+    return m_homeFolder + QStringLiteral("/Library/Preferences/Kestro.def.plist");
+}
+
+} // namespace kestro
