@@ -1,0 +1,48 @@
+#include "platform/base/Clock.h"
+
+#include <gtest/gtest.h>
+
+namespace kestro {
+
+TEST(ManualClock, now_standsStill_untilTurned)
+{
+    ManualClock clock;
+    EXPECT_EQ(clock.now(), 0.0);
+    clock.advance(1.5);
+    EXPECT_EQ(clock.now(), 1.5);
+    clock.advance(0.25);
+    EXPECT_EQ(clock.now(), 1.75);
+}
+
+TEST(SystemClock, now_neverGoesBack_whenReadAgain)
+{
+    const SystemClock clock;
+    double before = clock.now();
+    EXPECT_GE(before, 0.0);
+    for (int reading = 0; reading < 1000; ++reading) {
+        const double after = clock.now();
+        EXPECT_GE(after, before);
+        before = after;
+    }
+}
+
+TEST(SystemClock, now_passes_whenWaitedFor)
+{
+    const SystemClock clock;
+    const double start = clock.now();
+    int readings = 0;
+    while (clock.now() == start && ++readings < 100'000'000) {
+    }
+    EXPECT_GT(clock.now(), start);
+}
+
+TEST(SystemClock, now_hasOneOrigin_whenAskedThroughTwoClocks)
+{
+    const SystemClock first;
+    const SystemClock second;
+    const double before = first.now();
+    EXPECT_GE(second.now(), before);
+    EXPECT_LT(second.now() - before, 60.0);
+}
+
+} // namespace kestro

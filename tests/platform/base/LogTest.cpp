@@ -1,0 +1,112 @@
+#include "platform/base/Log.h"
+
+#include <QStringList>
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace kestro {
+
+TEST(Log, logLine_writesOneLine_whenNoSinkIsSet)
+{
+    testing::internal::CaptureStderr();
+    logLine(QStringLiteral("opened grün.mov"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "opened grün.mov\n");
+}
+
+TEST(Log, logLine_staysOneLine_whenTextHoldsControlCharacters)
+{
+    testing::internal::CaptureStderr();
+    logLine(QStringLiteral("a\nb\rc\x1b[2Jd"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "a b c [2Jd\n");
+}
+
+TEST(Log, logLine_keepsLinesWhole_whenThreadsLogAtOnce)
+{
+    constexpr int linesPerThread = 200;
+    testing::internal::CaptureStderr();
+    std::vector<std::thread> threads;
+    for (const QChar letter : {u'a', u'b', u'c', u'd'}) {
+        threads.emplace_back([letter] {
+            for (int line = 0; line < linesPerThread; ++line)
+                logLine(QString(40, letter));
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+
+    const auto lines =
+        QString::fromStdString(testing::internal::GetCapturedStderr()).split(u'\n', Qt::SkipEmptyParts);
+    EXPECT_EQ(lines.size(), 4 * linesPerThread);
+    for (const QString& line : lines)
+        EXPECT_EQ(line, QString(40, line.front()));
+}
+
+TEST(LogCapture, sink_getsTheLines_whileItLives)
+{
+    QStringList seen;
+    testing::internal::CaptureStderr();
+    {
+        const LogCapture capture([&seen](const QString& line) { seen.append(line); });
+        logLine(QStringLiteral("inside"));
+    }
+    logLine(QStringLiteral("outside"));
+    EXPECT_EQ(seen, QStringList{QStringLiteral("inside")});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "outside\n");
+}
+
+TEST(LogCapture, destructor_givesBackTheSinkBefore_whenNested)
+{
+    QStringList outer;
+    QStringList inner;
+    const LogCapture first([&outer](const QString& line) { outer.append(line); });
+    {
+        const LogCapture second([&inner](const QString& line) { inner.append(line); });
+        logLine(QStringLiteral("one"));
+    }
+    logLine(QStringLiteral("two"));
+    EXPECT_EQ(inner, QStringList{QStringLiteral("one")});
+    EXPECT_EQ(outer, QStringList{QStringLiteral("two")});
+}
+
+TEST(LogCapture, sink_mayLogItself_withoutLockingUp)
+{
+    QStringList seen;
+    const LogCapture capture([&seen](const QString& line) {
+        seen.append(line);
+        if (seen.size() == 1) logLine(QStringLiteral("from the sink"));
+    });
+    logLine(QStringLiteral("first"));
+    EXPECT_EQ(seen, (QStringList{QStringLiteral("first"), QStringLiteral("from the sink")}));
+}
+
+TEST(LogCapture, sink_isLeftAlone_onceTheCaptureIsGone)
+{
+    std::atomic<bool> gone = false;
+    std::atomic<bool> calledAfter = false;
+    std::atomic<bool> stop = false;
+    std::atomic<int> called = 0;
+    testing::internal::CaptureStderr();
+    std::thread logger([&stop] {
+        while (!stop)
+            logLine(QStringLiteral("line"));
+    });
+    {
+        const LogCapture capture([&](const QString&) {
+            calledAfter = calledAfter || gone;
+            ++called;
+        });
+        while (called < 100)
+            std::this_thread::yield();
+    }
+    gone = true;
+    stop = true;
+    logger.join();
+    testing::internal::GetCapturedStderr();
+    EXPECT_FALSE(calledAfter);
+}
+
+} // namespace kestro
