@@ -2,12 +2,14 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QLocale>
 
 #include <cfloat>
 #include <clocale>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <string>
 #include <vector>
 
 namespace kestro {
@@ -31,24 +33,28 @@ std::vector<QVariant> otherObjects()
             QDateTime::fromSecsSinceEpoch(5)};
 }
 
+/// Qt's locale is one with a decimal comma for its life time, and the C library's as well where one is
+/// installed.
 class LocaleWithComma {
 public:
     LocaleWithComma()
         : m_before(std::setlocale(LC_ALL, nullptr))
     {
+        QLocale::setDefault(QLocale(QLocale::German));
         for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "de_DE", "nl_NL.UTF-8"}) {
-            if (std::setlocale(LC_ALL, name) != nullptr) {
-                m_isSet = std::localeconv()->decimal_point[0] == ',';
-                return;
-            }
+            if (std::setlocale(LC_ALL, name) != nullptr) return;
         }
     }
-    ~LocaleWithComma() { std::setlocale(LC_ALL, m_before.c_str()); }
-    [[nodiscard]] bool isSet() const { return m_isSet; }
+    ~LocaleWithComma()
+    {
+        std::setlocale(LC_ALL, m_before.c_str());
+        QLocale::setDefault(QLocale::system());
+    }
+    LocaleWithComma(const LocaleWithComma&) = delete;
+    LocaleWithComma& operator=(const LocaleWithComma&) = delete;
 
 private:
     std::string m_before;
-    bool m_isSet = false;
 };
 
 } // namespace
