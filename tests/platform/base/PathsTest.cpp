@@ -52,7 +52,6 @@ TEST(Paths, homeFolder_isTheAccounts_whenHomeIsNotSet)
     const ScopedEnvironment none("KESTRO_HOME");
     const ScopedEnvironment home("HOME");
     const passwd* account = getpwuid(getuid());
-    if (account == nullptr) GTEST_SKIP() << "this user has no account";
     EXPECT_EQ(homeFolder(), QString::fromLocal8Bit(account->pw_dir));
 }
 

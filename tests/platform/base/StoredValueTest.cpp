@@ -181,7 +181,6 @@ TEST(StoredValue, floatValue_readsNumberAndFlagObjects)
 TEST(StoredValue, floats_useAPoint_whateverTheLocale)
 {
     const LocaleWithComma locale;
-    if (!locale.isSet()) GTEST_SKIP() << "no locale with a decimal comma is installed";
     EXPECT_EQ(floatValue(QStringLiteral("4.5")), 4.5F);
     EXPECT_EQ(floatValue(QStringLiteral("4,5")), 4.0F);
     EXPECT_EQ(storedFloat(4.5), QStringLiteral("4.500000"));
