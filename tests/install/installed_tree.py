@@ -1,0 +1,80 @@
+"""What is installed works wherever it stands, and needs nothing of the build.
+
+usage: installed_tree.py CMAKE BUILD
+"""
+
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+CMAKE, BUILD = sys.argv[1:3]
+MANAGED_VARIABLES = ("KESTRO_HOME", "KESTRO_ROOT", "LD_LIBRARY_PATH", "DISPLAY", "WAYLAND_DISPLAY")
+
+
+class InstalledTree(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.scratch = tempfile.TemporaryDirectory()
+        first = os.path.join(cls.scratch.name, "first")
+        subprocess.run([CMAKE, "--install", BUILD, "--prefix", first], check=True, stdout=subprocess.DEVNULL)
+        # Moved away from where it was installed: nothing in it may depend on that place.
+        cls.prefix = shutil.move(first, os.path.join(cls.scratch.name, "moved"))
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.scratch.cleanup()
+
+    def kestro(self, *words):
+        home = os.path.join(self.scratch.name, "home")
+        os.makedirs(home, exist_ok=True)
+        environment = {name: value for name, value in os.environ.items() if name not in MANAGED_VARIABLES}
+        command = [os.path.join(self.prefix, "bin/kestro"), *words]
+        return subprocess.run(
+            command, env={**environment, "HOME": home}, capture_output=True, text=True, timeout=120, check=False
+        )
+
+    def elf_files(self):
+        for folder, _, names in os.walk(self.prefix):
+            for name in names:
+                path = os.path.join(folder, name)
+                with open(path, "rb") as file:
+                    if file.read(4) == b"\x7fELF":
+                        yield path
+
+    def test_programAndLibraries_findEachOther_whenMoved(self):
+        seen = 0
+        for path in self.elf_files():
+            needed = subprocess.run(["ldd", path], capture_output=True, text=True, check=True).stdout
+            self.assertNotIn("not found", needed, path)
+            for library in re.findall(r"libkestro-\S+ => (\S+)", needed):
+                seen += 1
+                self.assertTrue(os.path.realpath(library).startswith(os.path.realpath(self.prefix)), library)
+        self.assertGreater(seen, 0)
+
+    def test_program_tellsItsVersion_whenInstalled(self):
+        answer = self.kestro("--version")
+        self.assertEqual((answer.returncode, answer.stderr), (0, ""))
+        self.assertRegex(answer.stdout, r"^kestro \d+\.\d+\.\d+\n$")
+
+    def test_saver_playsTheMovieOfThePackage_whenNothingIsConfigured(self):
+        pictures = os.path.join(self.scratch.name, "pictures")
+        trace = os.path.join(self.scratch.name, "trace.jsonl")
+        answer = self.kestro(
+            "render", "--out", pictures, "--seconds", "1", "--every", "0.5", "--size", "320x180", "--trace", trace
+        )
+        self.assertEqual(answer.returncode, 0, answer.stderr)
+        self.assertTrue([name for name in os.listdir(pictures) if name.endswith(".png")])
+        with open(trace, encoding="utf-8") as file:
+            self.assertIn(f"{self.prefix}/share/kestro/root/".replace(" ", "%20"), file.read())
+
+    def test_package_holdsItsDocuments_whenInstalled(self):
+        for path in ("share/man/man1/kestro.1", "share/doc/kestro/README.md", "share/doc/kestro/LICENSE"):
+            self.assertTrue(os.path.isfile(os.path.join(self.prefix, path)), path)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=2)

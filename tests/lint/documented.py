@@ -1,0 +1,87 @@
+"""What a user can set is documented, and what is documented exists: settings keys, environment variables, and the
+commands and options that the program itself lists.
+
+usage: documented.py ROOT KESTRO | documented.py --self-check
+"""
+
+import os
+import re
+import subprocess
+import sys
+
+import lint
+
+DOCUMENTS = ["README.md", "docs/kestro.1"]
+KEY = re.compile(r'QStringLiteral\("([A-Z]\w+)"\)')
+VARIABLE = re.compile(r"\bKESTRO_[A-Z]+\b")
+VARIABLE_READ = re.compile(r'"(KESTRO_[A-Z]+)"')
+COMMAND = re.compile(r"^  kestro ([a-z][-a-z]*)", re.M)
+OPTION = re.compile(r"^ *(--[a-z][-a-z]*)", re.M)
+UNLISTED = {"--help", "--version"}
+
+
+def undocumented(names, documents):
+    """A line for each name that a document (name to text) does not have as a word."""
+    return [
+        f"{document} does not name {name}"
+        for name in sorted(names)
+        for document, text in documents.items()
+        if not re.search(r"(?<![-\w])" + re.escape(name) + r"(?![-\w])", text)
+    ]
+
+
+def settings_keys(root):
+    return set(KEY.findall(lint.read(root, "src/settings/Settings.cpp")))
+
+
+def variables_read(root):
+    return {name for path in lint.files(root, lint.CPP, "src") for name in VARIABLE_READ.findall(lint.read(root, path))}
+
+
+def help_of(kestro, *words):
+    return subprocess.run([kestro, *words, "--help"], capture_output=True, text=True, check=True, timeout=60).stdout
+
+
+def commands_and_options(kestro):
+    overview = help_of(kestro)
+    commands = set(COMMAND.findall(overview))
+    options = set(OPTION.findall(overview))
+    for command in commands:
+        options |= set(OPTION.findall(help_of(kestro, command)))
+    return commands, options - UNLISTED
+
+
+def check_tree(root, kestro):
+    documents = {name: lint.read(root, name).replace("\\-", "-") for name in DOCUMENTS}
+    keys, variables = settings_keys(root), variables_read(root)
+    commands, options = commands_and_options(kestro)
+    print(f"{len(keys)} keys, {len(variables)} variables, {sorted(commands)}, {sorted(options)}")
+    if not (keys and variables and commands and options):
+        print("nothing found where there must be something")
+        return 1
+    # Keys of older releases need not be explained one by one in the manual page.
+    older = {"FlyMode", "Bounce", "FullScreen"}
+    faults = undocumented(keys - older | variables | commands | options, documents)
+    for name, text in documents.items():
+        faults += [f"{name} names {v}, which nothing reads" for v in sorted(set(VARIABLE.findall(text)) - variables)]
+    print("\n".join(faults))
+    return 1 if faults else 0
+
+
+def self_check():
+    documents = {"README.md": "`Scale` and `--out DIR`, `FullScreenMode`"}
+    right = (
+        undocumented({"Scale", "--out"}, documents) == [],
+        len(undocumented({"Interval", "--seconds"}, documents)) == 2,
+        len(undocumented({"FullScreen"}, documents)) == 1,
+        KEY.findall('flag(QStringLiteral("Fadeout"))') == ["Fadeout"],
+        COMMAND.findall("  kestro render  Writes") == ["render"],
+        OPTION.findall("Options:\n  --out DIR  where") == ["--out"],
+        VARIABLE_READ.findall('qgetenv("KESTRO_HOME")') == ["KESTRO_HOME"],
+    )
+    print(f"self-check: {right}")
+    return 0 if all(right) else 1
+
+
+if __name__ == "__main__":
+    sys.exit(self_check() if sys.argv[1:] == ["--self-check"] else check_tree(sys.argv[1], os.path.abspath(sys.argv[2])))
