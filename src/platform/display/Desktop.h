@@ -13,9 +13,9 @@ class Random;
 class Screen;
 class TimerSource;
 
-/// What one process sees of its desktop: the screens, the pointer, timers, notices, time and chance. The real ones are
-/// QtDesktop (a surface per monitor) and ImageDesktop (screens that are images in memory, for tests and pictures).
-/// Owned by the program; outlives every view and window. Main thread.
+/// What one process sees of its desktop: the screens, the pointer, timers, notices, time and chance. The real
+/// ones are QtDesktop (a surface per monitor) and ImageDesktop (screens that are images in memory, for tests
+/// and pictures). Owned by the program; outlives every view and window. Main thread.
 class Desktop {
 public:
     virtual ~Desktop() = default;

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <functional>
-
 #include <QImage>
+
+#include <functional>
 
 namespace kestro {
 
-/// Pixels to draw into: 32 bits a pixel, blue first, the fourth byte ignored. Rows run downwards from the top.
+/// Pixels to draw into: 32 bits a pixel, blue first, the fourth byte ignored. Rows run downwards from the
+/// top.
 struct PixelTarget {
     unsigned char* pixels = nullptr; ///< the top left pixel
     int width = 0;                   ///< pixels, even
@@ -14,9 +15,9 @@ struct PixelTarget {
     int stride = 0;                  ///< bytes from one row to the next
 };
 
-/// Moving content that a view shows: a movie, a web page, a hosted saver. The compositor draws it straight at the
-/// view's rectangle, over the backing store, so that a frame costs one pass over its pixels. Owned by whoever
-/// makes the content; must outlive the view that shows it, or be taken from it first. Main thread.
+/// Moving content that a view shows: a movie, a web page, a hosted saver. The compositor draws it straight at
+/// the view's rectangle, over the backing store, so that a frame costs one pass over its pixels. Owned by
+/// whoever makes the content; must outlive the view that shows it, or be taken from it first. Main thread.
 class Layer {
 public:
     virtual ~Layer() = default;
@@ -24,8 +25,8 @@ public:
     /// Whether there is a picture to draw. Until then what stood there before keeps standing.
     [[nodiscard]] virtual bool hasPicture() const = 0;
 
-    /// Draws the newest picture, stretched over the whole target, opaque. Answers false, with the target untouched,
-    /// when there is none. Calling it again without a new picture draws the same one.
+    /// Draws the newest picture, stretched over the whole target, opaque. Answers false, with the target
+    /// untouched, when there is none. Calling it again without a new picture draws the same one.
     virtual bool render(const PixelTarget& target) = 0;
 
     /// Called, on the main thread, each time there is a new picture; nothing clears it. One at a time.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/display/Identity.h"
+
 #include <functional>
 #include <vector>
 
@@ -24,6 +26,7 @@ public:
 
 private:
     struct Entry {
+        Identity identity;
         const void* observer;
         Notice notice;
         const void* object;

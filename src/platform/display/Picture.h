@@ -1,14 +1,15 @@
 #pragma once
 
-#include <optional>
+#include "platform/display/Geometry.h"
 
 #include <QImage>
 
-#include "platform/display/Geometry.h"
+#include <optional>
 
 namespace kestro {
 
-/// A picture with its size in points; its pixels may be denser. Cheap to copy, the pixels are shared. Any thread.
+/// A picture with its size in points; its pixels may be denser. Cheap to copy, the pixels are shared. Any
+/// thread.
 struct Picture {
     QImage image; ///< ARGB32_Premultiplied or RGB32
     Size size;    ///< points
@@ -19,8 +20,8 @@ struct Picture {
 /// A fully transparent picture.
 [[nodiscard]] Picture blankPicture(Size size);
 
-/// Reads a picture file (SVG, or a pixel format that Qt Gui reads), drawn at `pixelRatio` pixels a point. Its size is
-/// the one the file names. Nothing when it cannot be read.
+/// Reads a picture file (SVG, or a pixel format that Qt Gui reads), drawn at `pixelRatio` pixels a point. Its
+/// size is the one the file names. Nothing when it cannot be read.
 [[nodiscard]] std::optional<Picture> loadPicture(const QString& path, double pixelRatio = 1.0);
 
 } // namespace kestro

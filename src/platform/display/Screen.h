@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/display/Geometry.h"
+
+#include <QObject>
+
 #include <memory>
 #include <vector>
-
-#include "platform/display/Geometry.h"
 
 namespace kestro {
 
@@ -12,8 +14,8 @@ class Desktop;
 class Surface;
 class Window;
 
-/// One monitor (or the window or image that stands for one): its place on the desk, the windows on it from bottom to
-/// top, and the surface they are composited into. Owned by its desktop. Main thread.
+/// One monitor (or the window or image that stands for one): its place on the desk, the windows on it from
+/// bottom to top, and the surface they are composited into. Owned by its desktop. Main thread.
 class Screen final {
 public:
     Screen(Desktop& desktop, const Rect& frame, std::unique_ptr<Surface> surface);
@@ -28,18 +30,31 @@ public:
     /// Windows that are shown, bottom to top: by level, then by order.
     [[nodiscard]] const std::vector<Window*>& windows() const { return m_windows; }
 
-    /// Draws every view marked for display, composes what changed, and shows it. Nothing when nothing changed. Runs by
-    /// itself once an event loop turn after a change; called directly by who must not wait.
+    /// Draws every view marked for display, composes what changed, and shows it. Nothing when nothing
+    /// changed. Runs by itself once an event loop turn after a change; called directly by who must not wait.
     void update();
+
+    /// Has update() run soon; several calls in one turn make one update.
+    void scheduleUpdate();
 
 private:
     friend class Window;
+
+    void attach(Window& window) { m_attached.push_back(&window); }
+    void detach(Window& window);
+    void order(Window& window, bool inFront);
+    void orderOut(Window& window);
+    void drawMarkedViews();
 
     Desktop& m_desktop;
     Rect m_frame;
     std::unique_ptr<Surface> m_surface;
     std::unique_ptr<Compositor> m_compositor;
     std::vector<Window*> m_windows;
+    std::vector<Window*> m_attached; ///< every window of this screen, shown or not
+    QObject m_turn;                  ///< receives the queued call
+    bool m_scheduled = false;
+    bool m_updating = false;
 };
 
 } // namespace kestro

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <functional>
-
 #include <QImage>
 #include <QPoint>
 #include <QRegion>
+#include <QSize>
+
+#include <functional>
 
 namespace kestro {
 
@@ -15,16 +16,21 @@ struct InputEvent {
     QPointF position;
 };
 
-/// Where one screen's composed picture goes: a native window over a monitor, a window that was handed over, or an image
-/// in memory. It owns the pixels that are composed into. Owned by its screen. Main thread.
+/// Where one screen's composed picture goes: a native window over a monitor, a window that was handed over,
+/// or an image in memory. It owns the pixels that are composed into. Owned by its screen. Main thread.
 class Surface {
 public:
     virtual ~Surface() = default;
 
-    /// The pixels to compose into, RGB32, rows aligned to 64 bytes; what was composed before is still there. Below its
-    /// last row lie at least `guardRows` further rows of the same stride that may be written and are never shown.
+    /// The pixels to compose into, RGB32, rows aligned to 64 bytes; what was composed before is still there.
+    /// Below its last row lie at least `guardRows` further rows of the same stride that may be written and
+    /// are never shown.
     [[nodiscard]] virtual QImage& canvas() = 0;
     static constexpr int guardRows = 8;
+
+    /// The size of the canvas, without the wait for the display that asking for the canvas to draw into may
+    /// be.
+    [[nodiscard]] virtual QSize pixelSize() { return canvas().size(); }
 
     /// Shows the part `changed` (pixels from the top left) of the canvas.
     virtual void present(const QRegion& changed) = 0;

@@ -5,7 +5,8 @@
 
 namespace kestro {
 
-/// One running repeating timer; it stops when destroyed. It may be destroyed inside its own action. Main thread.
+/// One running repeating timer; it stops when destroyed. It may be destroyed inside its own action. Main
+/// thread.
 class Timer {
 public:
     virtual ~Timer() = default;
@@ -22,8 +23,8 @@ public:
     /// A timer that runs `action` every `seconds`, first after one such span. Owned by the caller.
     [[nodiscard]] virtual std::unique_ptr<Timer> repeating(double seconds, std::function<void()> action) = 0;
 
-    /// Lets events, timers and pictures through for `seconds`, for an operation that must wait without freezing the
-    /// desktop. Returns early once stopWaiting() was called in it.
+    /// Lets events, timers and pictures through for `seconds`, for an operation that must wait without
+    /// freezing the desktop. Returns early once stopWaiting() was called in it.
     virtual void wait(double seconds) = 0;
     /// Ends every wait() that is under way; nothing when none is.
     virtual void stopWaiting() = 0;

@@ -1,11 +1,13 @@
 #pragma once
 
-#include <optional>
-#include <vector>
+#include "platform/display/Geometry.h"
+#include "platform/display/Identity.h"
 
 #include <QImage>
 
-#include "platform/display/Geometry.h"
+#include <memory>
+#include <optional>
+#include <vector>
 
 namespace kestro {
 
@@ -13,10 +15,10 @@ class Layer;
 class Painter;
 class Window;
 
-/// A rectangle of a window that draws itself and holds other views. Its frame is in its superview's coordinates, its
-/// bounds start at (0, 0). A view is owned by who made it; superviews and windows only borrow it, and a view that
-/// is destroyed takes itself out of both. What it drew stays in the window's backing store until it is drawn again.
-/// Main thread.
+/// A rectangle of a window that draws itself and holds other views. Its frame is in its superview's
+/// coordinates, its bounds start at (0, 0). A view is owned by who made it; superviews and windows only
+/// borrow it, and a view that is destroyed takes itself out of both. What it drew stays in the window's
+/// backing store until it is drawn again. Main thread.
 class View {
 public:
     explicit View(const Rect& frame);
@@ -56,9 +58,9 @@ public:
     [[nodiscard]] Layer* layer() const { return m_layer; }
     void setLayer(Layer* layer);
 
-    /// Keeps the picture that the layers in this view show now standing at its place on the screen, and this view
-    /// undrawn, until a layer in it has a picture again. So one movie takes over from another without a gap,
-    /// even where the view moves in between. Nothing when there is no such picture.
+    /// Keeps the picture that the layers in this view show now standing at its place on the screen, and this
+    /// view undrawn, until a layer in it has a picture again. So one movie takes over from another without a
+    /// gap, even where the view moves in between. Nothing when there is no such picture.
     void holdPicture();
     /// Lets go of a held picture; nothing when there is none.
     void dropHeldPicture();
@@ -67,21 +69,40 @@ public:
     /// A picture that stays where it was shown.
     struct HeldPicture {
         QImage image;    ///< as shown, in device pixels
-        Rect screenRect; ///< where the whole image lies, screen coordinates
-        Rect clip;       ///< the part of it that was visible, screen coordinates
+        Rect screenRect; ///< where the whole image lies, global coordinates
+        Rect clip;       ///< the part of it that was visible, global coordinates
+        Identity identity = 0;
     };
     /// For the compositor.
     [[nodiscard]] const std::optional<HeldPicture>& heldPicture() const { return m_held; }
+    /// For the compositor: names what the layer shows; anew for each layer that is set, and each of its
+    /// pictures.
+    [[nodiscard]] Identity layerIdentity() const { return m_layerIdentity; }
+    [[nodiscard]] Identity pictureIdentity() const { return m_pictureIdentity; }
+    /// For the compositor: the parts marked for display, in the view's coordinates; afterwards none is.
+    [[nodiscard]] std::vector<Rect> takeMarks();
+    /// For the compositor: lets go of a held picture that a layer in this view has a successor for.
+    void releaseOvertakenPicture();
 
 private:
     friend class Window;
+
+    void changeFrame(const Rect& frame);
+    void layerHasNewPicture();
+    [[nodiscard]] bool isLayerReady() const;
+    void scheduleUpdate() const;
 
     Rect m_frame;
     View* m_superview = nullptr;
     Window* m_window = nullptr; ///< set on a content view only
     std::vector<View*> m_subviews;
     Layer* m_layer = nullptr;
+    Identity m_layerIdentity = 0;
+    Identity m_pictureIdentity = 0;
     std::optional<HeldPicture> m_held;
+    std::vector<Rect> m_marks;
+    /// What layers' handlers see this view through: they may outlive it.
+    std::shared_ptr<View*> m_self = std::make_shared<View*>(this);
 };
 
 } // namespace kestro

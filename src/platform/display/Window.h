@@ -1,24 +1,29 @@
 #pragma once
 
+#include "platform/display/Geometry.h"
+#include "platform/display/Identity.h"
+
 #include <QColor>
 #include <QImage>
-#include <QPointer>
-#include <QRegion>
 #include <QString>
 
-#include "platform/display/Geometry.h"
+#include <memory>
+#include <optional>
 
 namespace kestro {
 
+class BackingStore;
+class Desktop;
 class Screen;
 class View;
 
 /// Heights at which windows lie; a higher one is always above. The numbers are only compared.
 enum class WindowLevel { Normal = 0, ScreenSaver = 1000, Shielding = 2000 };
 
-/// A light window composited into its screen's one native surface. Frames are in global screen coordinates; a window is
-/// shown on its own screen only and cut at that screen's edges. It keeps a backing store of what its views drew.
-/// Owned by its maker; borrows its content view. A window whose screen went away lives on unseen. Main thread.
+/// A light window composited into its screen's one native surface. Frames are in global screen coordinates; a
+/// window is shown on its own screen only and cut at that screen's edges. It keeps a backing store of what
+/// its views drew. Owned by its maker; borrows its content view. A window whose screen went away lives on
+/// unseen. Main thread.
 class Window {
 public:
     /// What is told once. `kind` names the window's part in logs and traces.
@@ -34,10 +39,11 @@ public:
     Window& operator=(const Window&) = delete;
 
     [[nodiscard]] const QString& kind() const { return m_kind; }
-    [[nodiscard]] Screen* screen() const;
+    /// Null when it has none, or the one it had went away.
+    [[nodiscard]] Screen* screen() const { return m_screen; }
     [[nodiscard]] Rect frame() const { return m_frame; }
-    /// Moves and sizes the window and its backing store; the content view keeps its frame's origin and takes the new
-    /// size. With `display` the views are drawn at once, else before the screen's next picture.
+    /// Moves and sizes the window and its backing store; the content view keeps its frame's origin and takes
+    /// the new size. With `display` the views are drawn at once, else before the screen's next picture.
     virtual void setFrameDisplay(const Rect& frame, bool display);
     virtual void setFrameOrigin(Point origin);
 
@@ -72,15 +78,36 @@ public:
     /// Asks for a picture of what was drawn.
     void flushWindow();
 
+    // For views and the compositor.
+    [[nodiscard]] Identity identity() const { return m_identity; }
+    [[nodiscard]] BackingStore& store() { return *m_store; }
+    /// What is on the screen of the backing store.
+    [[nodiscard]] const QImage& shownPixels() const;
+    [[nodiscard]] bool isFlushingDisabled() const { return m_flushDisables > 0; }
+    /// Draws every view that is marked for display.
+    void drawMarkedViews();
+    /// A change wants to be seen.
+    void scheduleUpdate();
+    /// For the screen: its density changed, or it goes away.
+    void screenChanged();
+    void screenGone();
+
 private:
-    friend class View;
-    friend class Compositor;
+    void show(bool inFront);
+    void resetStore();
+    [[nodiscard]] double pixelRatio() const;
 
     QString m_kind;
+    Identity m_identity = makeIdentity();
+    Screen* m_screen = nullptr;
+    Desktop* m_desktop = nullptr;
     Rect m_frame;
+    std::unique_ptr<BackingStore> m_store;
+    std::optional<QImage> m_pixelsBeforeDisable;
     View* m_contentView = nullptr;
     float m_alpha = 1;
     WindowLevel m_level = WindowLevel::Normal;
+    int m_flushDisables = 0;
     bool m_opaque = true;
     bool m_visible = false;
     QColor m_background = Qt::transparent;

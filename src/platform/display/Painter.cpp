@@ -1,0 +1,71 @@
+#include "platform/display/Painter.h"
+
+#include "platform/display/PaintRecord.h"
+#include "platform/display/PixelRect.h"
+
+#include <QPainter>
+
+namespace kestro {
+
+Painter::Painter(QPainter& device, Point viewOrigin, float storeHeight, double pixelRatio,
+                 PaintRecord* record)
+    : m_device(device)
+    , m_viewOrigin(viewOrigin)
+    , m_storeHeight(storeHeight)
+    , m_pixelRatio(pixelRatio)
+    , m_record(record)
+{
+}
+
+void Painter::fill(const Rect& rect, const QColor& colour)
+{
+    const QRect pixels = pixelRect(rect);
+    if (m_record) m_record->noteFill(pixels, colour.alpha());
+    m_device.setCompositionMode(QPainter::CompositionMode_Source);
+    m_device.setOpacity(1);
+    m_device.fillRect(pixels, colour);
+    m_device.setCompositionMode(QPainter::CompositionMode_SourceOver);
+}
+
+void Painter::draw(const Picture& picture, const Rect& rect, Compositing compositing, double opacity)
+{
+    const QRect pixels = pixelRect(rect);
+    // The device's own copy mode would mix a faint picture with what is there instead of replacing it.
+    if (compositing == Compositing::Copy) clear(pixels);
+    if (opacity <= 0 || picture.isNull()) return;
+    if (m_record) m_record->noteDrawn(pixels);
+    m_device.setOpacity(qMin(opacity, 1.0));
+    m_device.setRenderHint(QPainter::SmoothPixmapTransform, pixels.size() != picture.image.size());
+    m_device.drawImage(pixels, picture.image, picture.image.rect());
+    m_device.setOpacity(1);
+}
+
+QPainter& Painter::device()
+{
+    if (m_record) m_record->noteAnything();
+    return m_device;
+}
+
+QRectF Painter::deviceRect(const Rect& rect) const
+{
+    const double left = double{m_viewOrigin.x} + rect.origin.x;
+    const double top = double{m_storeHeight} - (double{m_viewOrigin.y} + rect.origin.y + rect.size.height);
+    return {left * m_pixelRatio, top * m_pixelRatio, rect.size.width * m_pixelRatio,
+            rect.size.height * m_pixelRatio};
+}
+
+QRect Painter::pixelRect(const Rect& rect) const
+{
+    return pixelRectOf(deviceRect(rect));
+}
+
+void Painter::clear(const QRect& pixels)
+{
+    if (m_record) m_record->noteFill(pixels, 0);
+    m_device.setCompositionMode(QPainter::CompositionMode_Source);
+    m_device.setOpacity(1);
+    m_device.fillRect(pixels, Qt::transparent);
+    m_device.setCompositionMode(QPainter::CompositionMode_SourceOver);
+}
+
+} // namespace kestro

@@ -1,0 +1,133 @@
+#include "platform/display/SceneBuilder.h"
+
+#include "platform/display/BackingStore.h"
+#include "platform/display/Layer.h"
+#include "platform/display/View.h"
+#include "platform/display/ViewGeometry.h"
+#include "platform/display/Window.h"
+
+namespace kestro {
+
+namespace {
+
+/// The view in `view` that shows the item, if it still does.
+View* findShowing(View* view, const SceneItem& item)
+{
+    if (!view) return nullptr;
+    const auto& held = view->heldPicture();
+    if (item.kind == SceneItem::Kind::Layer && view->layer() && view->layerIdentity() == item.identity)
+        return view;
+    if (item.kind == SceneItem::Kind::Held && held && held->identity == item.identity) return view;
+    for (View* inside : view->subviews())
+        if (View* found = findShowing(inside, item)) return found;
+    return nullptr;
+}
+
+} // namespace
+
+void SceneBuilder::add(Window& window)
+{
+    if (window.isFlushingDisabled()) {
+        addFrozen(window);
+        return;
+    }
+    if (window.alphaValue() <= 0) return;
+    addBacking(window);
+    if (window.contentView()) addViews(window, *window.contentView());
+}
+
+Scene SceneBuilder::finish()
+{
+    m_scene.resolveVisibility(m_mapping.canvasRect());
+    return std::move(m_scene);
+}
+
+void SceneBuilder::addFrozen(Window& window)
+{
+    for (const SceneItem& old : m_before.items) {
+        if (old.windowOf != window.identity()) continue;
+        SceneItem item = old;
+        item.window = &window;
+        item.painted = {};
+        if (item.kind != SceneItem::Kind::Backing) {
+            item.view = findShowing(window.contentView(), item);
+            if (!item.view) continue;
+        }
+        m_scene.items.push_back(std::move(item));
+    }
+}
+
+void SceneBuilder::addBacking(Window& window)
+{
+    SceneItem item;
+    item.identity = window.identity();
+    item.windowOf = window.identity();
+    item.window = &window;
+    item.alpha = window.alphaValue();
+    BackingStore& store = window.store();
+    const QRegion whole = onCanvas(window.frame());
+    const QPoint place = m_mapping.pixelRect(window.frame()).topLeft();
+    item.rect = {place, store.pixelSize()};
+    item.painted = store.takePainted().translated(place);
+    item.area = window.isOpaque() ? whole : store.drawn().translated(place) & whole;
+    item.opaque = window.isOpaque() ? whole : store.opaque().translated(place) & whole;
+    if (!item.area.isEmpty()) m_scene.items.push_back(std::move(item));
+}
+
+void SceneBuilder::addViews(Window& window, View& view)
+{
+    if (view.isHoldingPicture()) {
+        addHeld(window, view);
+        return;
+    }
+    if (view.layer() && view.layer()->hasPicture()) addLayer(window, view);
+    for (View* inside : view.subviews())
+        addViews(window, *inside);
+}
+
+void SceneBuilder::addLayer(Window& window, View& view)
+{
+    SceneItem item;
+    item.kind = SceneItem::Kind::Layer;
+    item.identity = view.layerIdentity();
+    item.windowOf = window.identity();
+    item.window = &window;
+    item.view = &view;
+    item.rect = m_mapping.pixelRect(globalRect(view));
+    item.area = onCanvas(visibleGlobalRect(view));
+    item.opaque = item.area;
+    item.alpha = window.alphaValue();
+    item.revision = view.pictureIdentity();
+    if (!item.area.isEmpty()) m_scene.items.push_back(std::move(item));
+}
+
+void SceneBuilder::addHeld(Window& window, View& view)
+{
+    const View::HeldPicture& held = *view.heldPicture();
+    SceneItem item;
+    item.kind = SceneItem::Kind::Held;
+    item.identity = held.identity;
+    item.windowOf = window.identity();
+    item.window = &window;
+    item.view = &view;
+    item.rect = m_mapping.pixelRect(held.screenRect);
+    item.area = onCanvas(held.clip);
+    if (!held.image.hasAlphaChannel()) item.opaque = item.area;
+    item.alpha = window.alphaValue();
+    if (!item.area.isEmpty()) m_scene.items.push_back(std::move(item));
+}
+
+QRegion SceneBuilder::onCanvas(const Rect& global) const
+{
+    return m_mapping.pixelRect(global) & m_mapping.canvasRect();
+}
+
+Scene makeScene(const std::vector<Window*>& windows, const ScreenMapping& mapping, const Scene& before)
+{
+    SceneBuilder builder(mapping, before);
+    for (Window* window : windows)
+        builder.add(*window);
+    return builder.finish();
+}
+
+} // namespace kestro

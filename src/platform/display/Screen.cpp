@@ -1,0 +1,85 @@
+#include "platform/display/Screen.h"
+
+#include "platform/display/Compositor.h"
+#include "platform/display/Surface.h"
+#include "platform/display/Window.h"
+
+#include <algorithm>
+
+namespace kestro {
+
+Screen::Screen(Desktop& desktop, const Rect& frame, std::unique_ptr<Surface> surface)
+    : m_desktop(desktop)
+    , m_frame(frame)
+    , m_surface(std::move(surface))
+    , m_compositor(std::make_unique<Compositor>(*m_surface))
+{
+    scheduleUpdate();
+}
+
+Screen::~Screen()
+{
+    for (Window* window : m_attached)
+        window->screenGone();
+}
+
+void Screen::setFrame(const Rect& frame)
+{
+    m_frame = frame;
+    m_compositor->invalidate();
+    for (Window* window : m_attached)
+        window->screenChanged();
+    scheduleUpdate();
+}
+
+void Screen::update()
+{
+    m_scheduled = false;
+    if (m_updating) return;
+    m_updating = true;
+    drawMarkedViews();
+    m_compositor->compose(m_windows, m_frame);
+    m_updating = false;
+}
+
+void Screen::scheduleUpdate()
+{
+    if (m_scheduled) return;
+    m_scheduled = true;
+    const auto run = [this] {
+        if (m_scheduled) update();
+    };
+    QMetaObject::invokeMethod(&m_turn, run, Qt::QueuedConnection);
+}
+
+void Screen::drawMarkedViews()
+{
+    // Copied: a view may order windows while it draws.
+    for (Window* window : std::vector(m_windows))
+        if (!window->isFlushingDisabled()) window->drawMarkedViews();
+}
+
+void Screen::detach(Window& window)
+{
+    std::erase(m_attached, &window);
+}
+
+void Screen::order(Window& window, bool inFront)
+{
+    std::erase(m_windows, &window);
+    const auto level = window.level();
+    const auto place =
+        std::find_if(m_windows.begin(), m_windows.end(), [level, inFront](const Window* other) {
+            return inFront ? other->level() > level : other->level() >= level;
+        });
+    m_windows.insert(place, &window);
+    scheduleUpdate();
+}
+
+void Screen::orderOut(Window& window)
+{
+    std::erase(m_windows, &window);
+    scheduleUpdate();
+}
+
+} // namespace kestro
