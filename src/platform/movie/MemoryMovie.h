@@ -1,15 +1,18 @@
 #pragma once
 
-#include <memory>
-#include <vector>
+#include "platform/display/Layer.h"
+#include "platform/movie/MovieLibrary.h"
+#include "platform/movie/Playhead.h"
+#include "platform/movie/QTMovie.h"
 
 #include <QColor>
 #include <QHash>
+#include <QSize>
 #include <QString>
 
-#include "platform/display/Layer.h"
-#include "platform/movie/MovieLibrary.h"
-#include "platform/movie/QTMovie.h"
+#include <atomic>
+#include <memory>
+#include <vector>
 
 namespace kestro {
 
@@ -19,14 +22,14 @@ class Clock;
 struct MemoryMovieDescription {
     Size naturalSize{640, 360};
     double seconds = 10;
-    QColor colour = Qt::red;    ///< every picture of it
-    bool opens = true;          ///< false: refused when opened
-    double loadsAfter = 0;      ///< seconds until size, duration and picture are there; 0 for a local file
-    bool failsLoading = false;  ///< ends in State::Failed instead, after that span
+    QColor colour = Qt::red;   ///< every picture of it
+    bool opens = true;         ///< false: refused when opened
+    double loadsAfter = 0;     ///< seconds until size, duration and picture are there; 0 for a local file
+    bool failsLoading = false; ///< ends in State::Failed instead, after that span
 };
 
-/// A movie without a file: it plays by a clock that is handed in, shows one colour, and keeps all rules of QTMovie.
-/// Its position is worked out when asked for. Main thread, except still().
+/// A movie without a file: it plays by a clock that is handed in, shows one colour, and keeps all rules of
+/// QTMovie. Its position is worked out when asked for. Main thread, except still().
 class MemoryMovie final : public QTMovie {
 public:
     MemoryMovie(const QUrl& url, const MemoryMovieDescription& description, const Clock& clock);
@@ -54,24 +57,29 @@ public:
 private:
     class ColourLayer;
 
+    [[nodiscard]] EndMode endMode() const;
+    [[nodiscard]] double loadedAt() const;
+    [[nodiscard]] double knownSeconds() const;
+    [[nodiscard]] Playhead playhead() const;
+    void settle();
+    void settleAt(const Playhead& playhead);
+
     QUrl m_url;
     MemoryMovieDescription m_description;
     const Clock& m_clock;
     std::unique_ptr<ColourLayer> m_layer;
     double m_openedAt = 0;
-    double m_playedAt = 0;  ///< clock time when play last began
-    double m_heldTime = 0;  ///< seconds into the movie (and its turns) when it last stood
-    bool m_running = false;
+    Playhead m_settled;     ///< where it stood or ran when last touched
+    double m_settledAt = 0; ///< clock time of that
     bool m_loops = false;
     bool m_backAndForth = false;
     bool m_muted = false;
     float m_volume = 1;
-    int m_stillWidth = 0;
-    int m_stillHeight = 0;
+    std::atomic<QSize> m_stillSize{QSize()};
 };
 
-/// Opens movies that tests described beforehand, by their absolute URL string; any other URL is refused. Remembers
-/// what was opened, in order.
+/// Opens movies that tests described beforehand, by their absolute URL string; any other URL is refused.
+/// Remembers what was opened, in order.
 class MemoryMovieLibrary final : public MovieLibrary {
 public:
     explicit MemoryMovieLibrary(const Clock& clock)

@@ -13,8 +13,9 @@ class MovieLibrary {
 public:
     virtual ~MovieLibrary() = default;
 
-    /// Opens the movie at `url` (file, http or https). A local file is looked into and answered, or refused with null,
-    /// at once. A remote movie is answered at once and loads in the background. Null for any other scheme.
+    /// Opens the movie at `url` (file, http or https). A local file is looked into and answered, or refused
+    /// with null, at once. A remote movie is answered at once and loads in the background. Null for any other
+    /// scheme.
     [[nodiscard]] virtual std::shared_ptr<QTMovie> movieWithURL(const QUrl& url) = 0;
 };
 

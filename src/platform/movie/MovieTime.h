@@ -4,7 +4,8 @@
 
 namespace kestro {
 
-/// A time of a movie: whole units, `timeScale` of them a second. A stretch of time is rounded up to whole units.
+/// A time of a movie: whole units, `timeScale` of them a second. A stretch of time is rounded up to whole
+/// units.
 struct MovieTime {
     std::int64_t timeValue = 0;
     std::int32_t timeScale = 600;

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstdint>
-
-#include <QUrl>
-
 #include "platform/display/Geometry.h"
 #include "platform/display/Picture.h"
 #include "platform/movie/MovieTime.h"
+
+#include <QUrl>
+
+#include <cstdint>
 
 namespace kestro {
 
@@ -15,11 +15,11 @@ class Layer;
 /// What a movie does at its end. The two are set apart; where both are set, back and forth wins.
 enum class MovieAttribute { Loops, LoopsBackAndForth };
 
-/// One movie, opened from a URL. A local one was found good when it was opened; a remote one may still be loading: its
-/// natural size and duration are zero until they are known. Nothing plays until play(). What it costs to play
-/// (decoders, threads) is only taken when it is first played, sought or shown, so an opened movie may lie idle, or
-/// serve for stills alone. Shared: the view that shows it, the engine and the capture thread hold it together.
-/// Main thread, except still().
+/// One movie, opened from a URL. A local one was found good when it was opened; a remote one may still be
+/// loading: its natural size and duration are zero until they are known. Nothing plays until play(). What it
+/// costs to play (decoders, threads) is only taken when it is first played, sought or shown, so an opened
+/// movie may lie idle, or serve for stills alone. Shared: the view that shows it, the engine and the capture
+/// thread hold it together. Main thread, except still().
 class QTMovie {
 public:
     virtual ~QTMovie() = default;
@@ -61,8 +61,8 @@ public:
 
     /// Pixels of the pictures that still() answers; the natural size until set.
     virtual void setStillSize(int width, int height) = 0;
-    /// The picture at `time` (the last one when past the end), scaled to the still size. A null picture when it
-    /// cannot be had. Any one thread at a time; never disturbs play.
+    /// The picture at `time` (the last one when past the end), scaled to the still size. A null picture when
+    /// it cannot be had. Any one thread at a time; never disturbs play.
     [[nodiscard]] virtual Picture still(MovieTime time) = 0;
 };
 

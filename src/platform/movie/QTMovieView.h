@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/display/View.h"
+
+#include <memory>
 
 namespace kestro {
 
@@ -19,9 +19,9 @@ public:
     [[nodiscard]] virtual Size sizeForMagnification(float magnification) const = 0;
 };
 
-/// The platform's movie view: shows one movie over its whole bounds. A view of the older generation is also a kind
-/// of NSMovieView; this machine's are of the newer one, so that part is only there when it was handed in.
-/// Main thread.
+/// The platform's movie view: shows one movie over its whole bounds. A view of the older generation is also a
+/// kind of NSMovieView; this machine's are of the newer one, so that part is only there when it was handed
+/// in. Main thread.
 class QTMovieView : public View {
 public:
     /// `older` makes it a view of the older generation; null for one of the newer.

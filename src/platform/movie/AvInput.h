@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/base/Result.h"
+
+#include <QString>
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+
+struct AVFormatContext;
+struct AVStream;
+
+class QUrl;
+
+namespace kestro {
+
+/// Ends what libavformat does when asked to, or when its time is up. Shared by the thread that reads and the
+/// one that ends it.
+class AvInterrupt final {
+public:
+    /// From now on reading may take `span`, then it ends.
+    void allow(std::chrono::milliseconds span);
+    /// Ends what is being read, and whatever is asked for later. Any thread.
+    void interrupt() { m_interrupted = true; }
+    [[nodiscard]] bool isDue() const;
+
+private:
+    std::atomic<bool> m_interrupted{false};
+    std::atomic<std::chrono::steady_clock::time_point> m_deadline{};
+};
+
+/// A movie file or address opened with libavformat, its streams known. Only ever one with a moving picture:
+/// sound alone, cover art, pictures and playlists are refused. One thread at a time.
+class AvInput final {
+public:
+    /// Opens `url` (file, http or https). Nothing outside that scheme is followed. `interrupt` must outlive
+    /// the input.
+    [[nodiscard]] static Result<std::unique_ptr<AvInput>> open(const QUrl& url, AvInterrupt& interrupt);
+    ~AvInput();
+    AvInput(const AvInput&) = delete;
+    AvInput& operator=(const AvInput&) = delete;
+
+    [[nodiscard]] AVFormatContext* context() const { return m_context; }
+    /// The moving picture.
+    [[nodiscard]] AVStream* video() const { return m_video; }
+    /// Seconds that `pts` of the moving picture lies after the movie's start.
+    [[nodiscard]] double secondsOf(std::int64_t pts) const;
+    /// The same backwards: the time stamp that lies `seconds` after the start.
+    [[nodiscard]] std::int64_t ptsAt(double seconds) const;
+
+private:
+    AvInput() = default;
+    [[nodiscard]] QString openStreams(const QUrl& url, AvInterrupt& interrupt);
+    [[nodiscard]] QString chooseVideo();
+
+    AVFormatContext* m_context = nullptr;
+    AVStream* m_video = nullptr;
+};
+
+/// The file name of `url` as libavformat and mpv take it: a path, or the encoded address.
+[[nodiscard]] QByteArray mediaSource(const QUrl& url);
+
+/// The names of the containers that may hold a movie, as libavformat's option takes them.
+[[nodiscard]] QByteArray movieContainers(bool local);
+
+/// The protocols that opening a movie may use, as libavformat's option takes them.
+[[nodiscard]] QByteArray movieProtocols(bool local);
+
+} // namespace kestro

@@ -1,0 +1,59 @@
+#include "platform/movie/MovieFacts.h"
+
+#include "platform/movie/AvFormat.h"
+#include "platform/movie/AvInput.h"
+
+#include <cmath>
+
+namespace kestro {
+
+Size MovieFacts::naturalSize() const
+{
+    double width = codedWidth;
+    double height = codedHeight;
+    if (pixelAspect > 1) width = std::round(width * pixelAspect);
+    if (pixelAspect < 1 && pixelAspect > 0) height = std::round(height / pixelAspect);
+    if (isOnItsSide()) std::swap(width, height);
+    return {static_cast<float>(width), static_cast<float>(height)};
+}
+
+static int clockwiseRotation(const AVStream& stream)
+{
+    std::size_t length = 0;
+    const auto* matrix = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &length);
+    if (!matrix || length < 9 * sizeof(std::int32_t)) return 0;
+    const double counterClockwise = av_display_rotation_get(reinterpret_cast<const std::int32_t*>(matrix));
+    if (!std::isfinite(counterClockwise)) return 0;
+    const int quarters = static_cast<int>(std::lround(-counterClockwise / 90));
+    return ((quarters % 4) + 4) % 4 * 90;
+}
+
+static double aspectOf(AVFormatContext* context, AVStream* stream)
+{
+    const AVRational aspect = av_guess_sample_aspect_ratio(context, stream, nullptr);
+    return aspect.num > 0 && aspect.den > 0 ? av_q2d(aspect) : 1;
+}
+
+static double durationOf(const AVFormatContext& context, const AVStream& stream)
+{
+    if (context.duration != AV_NOPTS_VALUE) return static_cast<double>(context.duration) / AV_TIME_BASE;
+    if (stream.duration == AV_NOPTS_VALUE) return 0;
+    return static_cast<double>(stream.duration) * av_q2d(stream.time_base);
+}
+
+MovieFacts movieFacts(const AvInput& input)
+{
+    AVFormatContext* const context = input.context();
+    AVStream* const stream = input.video();
+    const int sound = av_find_best_stream(context, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
+    return {
+        .codedWidth = stream->codecpar->width,
+        .codedHeight = stream->codecpar->height,
+        .pixelAspect = aspectOf(context, stream),
+        .rotation = clockwiseRotation(*stream),
+        .seconds = durationOf(*context, *stream),
+        .hasSound = sound >= 0,
+    };
+}
+
+} // namespace kestro

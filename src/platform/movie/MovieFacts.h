@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/display/Geometry.h"
+
+namespace kestro {
+
+class AvInput;
+
+/// What is known of a movie without playing it. A value; any thread.
+struct MovieFacts {
+    int codedWidth = 0; ///< pixels, as stored
+    int codedHeight = 0;
+    double pixelAspect = 1; ///< width of a pixel over its height
+    int rotation = 0;       ///< degrees clockwise to turn it upright: 0, 90, 180 or 270
+    double seconds = 0;     ///< duration; 0 when unknown
+    bool hasSound = false;
+
+    /// Whether turning it upright swaps its sides.
+    [[nodiscard]] bool isOnItsSide() const { return rotation % 180 != 0; }
+    /// Points at one pixel a point, upright, pixel aspect applied (the longer of both sides that fit is
+    /// kept).
+    [[nodiscard]] Size naturalSize() const;
+};
+
+/// Reads the facts of an opened movie.
+[[nodiscard]] MovieFacts movieFacts(const AvInput& input);
+
+} // namespace kestro

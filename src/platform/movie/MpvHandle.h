@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <mpv/client.h>
+#include <utility>
+#include <vector>
+
+struct mpv_render_context;
+
+namespace kestro {
+
+struct PixelTarget;
+
+/// One libmpv player with its software renderer. Nothing here waits for mpv's playing thread: what is asked
+/// is answered by events. Owned by MpvPlayer; main thread. Destroying it frees mpv on another thread.
+class MpvHandle final {
+public:
+    using Options = std::vector<std::pair<const char*, QByteArray>>;
+
+    /// Null when mpv cannot be had.
+    [[nodiscard]] static std::unique_ptr<MpvHandle> create(const Options& options);
+    ~MpvHandle();
+    MpvHandle(const MpvHandle&) = delete;
+    MpvHandle& operator=(const MpvHandle&) = delete;
+
+    /// Called on any thread when there are events, or a picture, to look for; may only post.
+    void setNotifier(std::function<void()> notifier);
+
+    /// The next event, MPV_EVENT_NONE when there is none now. Valid until the next call.
+    [[nodiscard]] const mpv_event& nextEvent();
+    /// Whether the renderer has a picture that was not there at the last call.
+    [[nodiscard]] bool takeNewPicture();
+
+    /// The reply event carries `id`.
+    void command(std::uint64_t id, std::initializer_list<const char*> words);
+    void set(const char* property, const QByteArray& value, std::uint64_t id = 0);
+    void observe(std::uint64_t id, const char* property, mpv_format format);
+    void ask(std::uint64_t id, const char* property, mpv_format format);
+    /// mpv itself, for what is not asked often.
+    [[nodiscard]] mpv_handle* raw() const { return m_handle; }
+
+    /// Draws the newest picture, stretched. False when it could not.
+    bool render(const PixelTarget& target);
+    /// Lets mpv go on without drawing the picture that waits.
+    void skipPicture();
+
+private:
+    MpvHandle() = default;
+    [[nodiscard]] bool start(const Options& options);
+
+    mpv_handle* m_handle = nullptr;
+    mpv_render_context* m_renderer = nullptr;
+    std::unique_ptr<std::function<void()>> m_notifier;
+};
+
+} // namespace kestro

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/movie/MovieLibrary.h"
+#include "platform/movie/MpvMovieOptions.h"
+
+namespace kestro {
+
+/// Opens real movies. Why a local file was refused is not told here: MovieProbe answers it. Movies may be let
+/// go of on any thread; they end on the main one. Main thread; a QCoreApplication must be there.
+class MpvMovieLibrary final : public MovieLibrary {
+public:
+    explicit MpvMovieLibrary(const MpvMovieOptions& options = {});
+
+    [[nodiscard]] std::shared_ptr<QTMovie> movieWithURL(const QUrl& url) override;
+
+private:
+    const MpvMovieOptions m_options;
+};
+
+} // namespace kestro

@@ -1,0 +1,110 @@
+#include "platform/movie/MpvOptions.h"
+
+#include "platform/movie/AvInput.h"
+#include "platform/movie/MpvPlayer.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestro {
+
+/// mpv's quoting for a value that holds commas.
+static QByteArray quoted(const QByteArray& value)
+{
+    return '%' + QByteArray::number(value.size()) + '%' + value;
+}
+
+QByteArray rotationFilter(int rotation)
+{
+    switch (rotation) {
+    case 90:
+        return "lavfi=[transpose=clock]";
+    case 180:
+        return "lavfi=[hflip,vflip]";
+    case 270:
+        return "lavfi=[transpose=cclock]";
+    default:
+        return {};
+    }
+}
+
+QByteArray mpvVolume(double volume)
+{
+    // mpv's scale is the cube root of the loudness.
+    return QByteArray::number(100 * std::cbrt(std::clamp(volume, 0.0, 1.0)), 'f', 3);
+}
+
+/// Nothing of the user's mpv, no window, no subtitles, no files beside the movie.
+static MpvHandle::Options plainOptions()
+{
+    return {
+        {"vo", "libmpv"},
+        {"config", "no"},
+        {"load-scripts", "no"},
+        {"ytdl", "no"},
+        {"osc", "no"},
+        {"osd-level", "0"},
+        {"terminal", "no"},
+        {"input-default-bindings", "no"},
+        {"input-vo-keyboard", "no"},
+        {"input-media-keys", "no"},
+        {"idle", "yes"},
+        {"autoload-files", "no"},
+        {"sid", "no"},
+        {"audio-display", "no"},
+        {"hr-seek", "yes"},
+        {"keep-open", "yes"},
+        {"keep-open-pause", "no"},
+        {"hwdec", "no"},
+        {"gpu-hwdec-interop", "no"},
+        {"vd-lavc-threads", "2"},
+        {"pause", "yes"},
+    };
+}
+
+/// The picture upright, stretched over the target, by the cheapest way.
+static MpvHandle::Options pictureOptions()
+{
+    return {
+        {"video-rotate", "no"}, // turning by mpv itself aborts in software
+        {"keepaspect", "no"},         {"sws-allow-zimg", "no"},
+        {"sws-fast", "yes"},          {"sws-scaler", "fast-bilinear"},
+        {"video-timing-offset", "0"}, // pictures come when they are due: drawing them does not wait
+    };
+}
+
+static MpvHandle::Options sourceOptions(bool local, const MpvMovieOptions& options)
+{
+    const QByteArray protocols = "protocol_whitelist=" + quoted(movieProtocols(local));
+    const QByteArray formats = "format_whitelist=" + quoted(movieContainers(local));
+    return {
+        {"demuxer", "lavf"},
+        {"load-unsafe-playlists", "no"},
+        {"access-references", local ? "no" : "yes"},
+        {"demuxer-lavf-o", protocols + ',' + formats},
+        {"stream-lavf-o", protocols},
+        {"network-timeout", QByteArray::number(options.networkTimeout)},
+        {"demuxer-max-bytes", "32MiB"},
+        {"demuxer-max-back-bytes", "16MiB"},
+        {"ao", options.audioOutputs},
+        {"audio-fallback-to-null", "yes"},
+        {"audio-client-name", "kestro"},
+    };
+}
+
+MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
+{
+    MpvHandle::Options options = plainOptions();
+    for (auto&& group : {pictureOptions(), sourceOptions(setup.url.isLocalFile(), setup.options)})
+        options.insert(options.end(), group.begin(), group.end());
+    options.emplace_back("vf", rotationFilter(setup.rotation));
+    options.emplace_back("aid", setup.muted ? "no" : "auto");
+    options.emplace_back("volume", mpvVolume(setup.volume));
+    if (setup.reversible) {
+        options.emplace_back("demuxer-thread", "no"); // with it each turn stands for a second
+        options.emplace_back("cache", "no");
+    }
+    return options;
+}
+
+} // namespace kestro

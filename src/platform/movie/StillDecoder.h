@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/display/Picture.h"
+#include "platform/movie/AvInput.h"
+#include "platform/movie/MovieFacts.h"
+#include "platform/movie/StillScaler.h"
+
+#include <QSize>
+#include <QUrl>
+
+#include <memory>
+#include <mutex>
+
+struct AVCodecContext;
+struct AVFrame;
+struct AVPacket;
+
+namespace kestro {
+
+/// Pictures of one movie at any time of it, with a decoder of its own that is opened for the first of them.
+/// Frames are exact: the one that is showing at that time. Any thread, one at a time (others wait).
+/// Destroying it ends what is being decoded.
+class StillDecoder final {
+public:
+    explicit StillDecoder(QUrl url);
+    ~StillDecoder();
+    StillDecoder(const StillDecoder&) = delete;
+    StillDecoder& operator=(const StillDecoder&) = delete;
+
+    /// Pixels of the pictures; an empty size stands for the natural one.
+    void setSize(QSize size);
+
+    /// The picture `seconds` into the movie, the last one when past its end. Null when it cannot be had.
+    [[nodiscard]] Picture picture(double seconds);
+
+private:
+    struct FreeCodec {
+        void operator()(AVCodecContext* codec) const;
+    };
+    struct FreeFrame {
+        void operator()(AVFrame* frame) const;
+    };
+    struct FreePacket {
+        void operator()(AVPacket* packet) const;
+    };
+    using Frame = std::unique_ptr<AVFrame, FreeFrame>;
+
+    [[nodiscard]] bool isOpen();
+    [[nodiscard]] bool open();
+    [[nodiscard]] bool moveTo(double seconds);
+    [[nodiscard]] bool isForwardCheaper(double seconds) const;
+    [[nodiscard]] bool decodeFrom(double start, double seconds);
+    [[nodiscard]] bool seek(double seconds);
+    void stepTo(double seconds);
+    [[nodiscard]] bool takeNext(double seconds);
+    [[nodiscard]] bool feed(double seconds);
+    [[nodiscard]] bool isEarly(const AVPacket& packet, double seconds) const;
+    [[nodiscard]] double insideMovie(double seconds) const;
+    [[nodiscard]] double secondsOf(const AVFrame& frame) const;
+    [[nodiscard]] QSize pictureSize();
+
+    const QUrl m_url;
+    std::mutex m_mutex;
+    AvInterrupt m_interrupt;
+    std::mutex m_sizeMutex; ///< of the next: the main thread sets it while another decodes
+    QSize m_size;
+    bool m_tried = false;
+    std::unique_ptr<AvInput> m_input;
+    MovieFacts m_facts;
+    std::unique_ptr<AVCodecContext, FreeCodec> m_codec;
+    std::unique_ptr<AVPacket, FreePacket> m_packet;
+    Frame m_current; ///< the frame that is showing at the time asked for last
+    Frame m_next;    ///< the one after it, where it was decoded already
+    bool m_drained = false;
+    StillScaler m_scaler;
+};
+
+} // namespace kestro

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QImage>
+#include <QSize>
+
+struct AVFrame;
+struct SwsContext;
+
+namespace kestro {
+
+/// Makes pictures of decoded frames: scaled, turned upright, opaque. One thread at a time.
+class StillScaler final {
+public:
+    StillScaler() = default;
+    ~StillScaler();
+    StillScaler(const StillScaler&) = delete;
+    StillScaler& operator=(const StillScaler&) = delete;
+
+    /// `frame` turned by `rotation` degrees clockwise and stretched to `size` pixels. A null image when it
+    /// cannot be had.
+    [[nodiscard]] QImage picture(const AVFrame& frame, QSize size, int rotation);
+
+private:
+    [[nodiscard]] QImage scaled(const AVFrame& frame, QSize size);
+
+    SwsContext* m_scaler = nullptr;
+};
+
+} // namespace kestro
