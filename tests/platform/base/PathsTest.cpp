@@ -52,7 +52,8 @@ TEST(Paths, homeFolder_isTheAccounts_whenHomeIsNotSet)
     const ScopedEnvironment none("KESTRO_HOME");
     const ScopedEnvironment home("HOME");
     const passwd* account = getpwuid(getuid());
-    EXPECT_EQ(homeFolder(), QString::fromLocal8Bit(account->pw_dir));
+    const char* expected = account == nullptr ? "/" : account->pw_dir;
+    EXPECT_EQ(homeFolder(), QString::fromLocal8Bit(expected));
 }
 
 TEST(Paths, packagePrefix_isTwoAboveTheLibrarysFolder)

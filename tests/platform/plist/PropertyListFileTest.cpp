@@ -1,0 +1,191 @@
+#include "platform/plist/PropertyListFile.h"
+
+#include "platform/plist/PropertyListTestFiles.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <functional>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace kestro {
+
+namespace {
+
+class PropertyListFile : public testing::Test {
+protected:
+    [[nodiscard]] QString in(const char* name) const { return m_folder.filePath(QString::fromUtf8(name)); }
+
+    // Whether `operation` answers true in a process of its own, so that limits and users end with it.
+    static bool answersTrueInChild(const std::function<bool()>& operation)
+    {
+        const pid_t child = fork();
+        if (child == 0) _exit(operation() ? 0 : 1);
+        int status = -1;
+        return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) &&
+               WEXITSTATUS(status) == 0;
+    }
+
+    static void becomeNobody()
+    {
+        if (geteuid() == 0 && setuid(65534) != 0) _exit(0);
+    }
+
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+TEST_F(PropertyListFile, read_answersTheBytes)
+{
+    putFile(in("a"), QByteArray("x\0y", 3));
+    EXPECT_EQ(readPropertyListFile(in("a")), QByteArray("x\0y", 3));
+    putFile(in("empty"), "");
+    EXPECT_EQ(readPropertyListFile(in("empty")), QByteArray());
+}
+
+TEST_F(PropertyListFile, read_answersNothing_whenItIsNoRegularFile)
+{
+    ASSERT_EQ(mkfifo(QFile::encodeName(in("pipe")).constData(), 0600), 0);
+    EXPECT_FALSE(readPropertyListFile(in("pipe")).has_value());
+    EXPECT_FALSE(readPropertyListFile(in("missing")).has_value());
+    EXPECT_FALSE(readPropertyListFile(m_folder.path()).has_value());
+    EXPECT_FALSE(readPropertyListFile(QStringLiteral("/dev/zero")).has_value());
+    EXPECT_FALSE(readPropertyListFile(QString()).has_value());
+}
+
+TEST_F(PropertyListFile, read_answersNothing_whenItMayNotBeRead)
+{
+    putFile(in("secret"), "x");
+    ASSERT_EQ(chmod(QFile::encodeName(m_folder.path()).constData(), 0755), 0);
+    ASSERT_EQ(chmod(QFile::encodeName(in("secret")).constData(), 0), 0);
+    EXPECT_FALSE(answersTrueInChild([this] {
+        becomeNobody();
+        return readPropertyListFile(in("secret")).has_value();
+    }));
+}
+
+TEST_F(PropertyListFile, read_takesFiles_upTo64MiB)
+{
+    constexpr off_t largest = 64L * 1024 * 1024;
+    putFile(in("large"), "");
+    ASSERT_EQ(truncate(QFile::encodeName(in("large")).constData(), largest), 0);
+    const auto found = readPropertyListFile(in("large"));
+    ASSERT_TRUE(found.has_value());
+    EXPECT_EQ(found->size(), largest);
+    ASSERT_EQ(truncate(QFile::encodeName(in("large")).constData(), largest + 1), 0);
+    EXPECT_FALSE(readPropertyListFile(in("large")).has_value());
+}
+
+TEST_F(PropertyListFile, replace_makesTheFileAndItsFolders)
+{
+    EXPECT_TRUE(replacePropertyListFile(in("a/b/c.plist"), "new"));
+    EXPECT_EQ(bytesOf(in("a/b/c.plist")), "new");
+}
+
+TEST_F(PropertyListFile, replace_keepsTheMode_ofTheFileBefore)
+{
+    putFile(in("a"), "old");
+    ASSERT_EQ(chmod(QFile::encodeName(in("a")).constData(), 0640), 0);
+    EXPECT_TRUE(replacePropertyListFile(in("a"), "new"));
+    struct stat found = {};
+    ASSERT_EQ(stat(QFile::encodeName(in("a")).constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & ALLPERMS, 0640U);
+    EXPECT_EQ(bytesOf(in("a")), "new");
+}
+
+TEST_F(PropertyListFile, replace_leavesNothingBeside)
+{
+    putFile(in("a"), "old");
+    EXPECT_TRUE(replacePropertyListFile(in("a"), "new"));
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(PropertyListFile, replace_writesTheTarget_whenThereIsALink)
+{
+    ASSERT_TRUE(QDir().mkpath(in("dotfiles")));
+    putFile(in("dotfiles/real"), "old");
+    ASSERT_EQ(symlink("dotfiles/real", QFile::encodeName(in("relative")).constData()), 0);
+    ASSERT_TRUE(QFile::link(in("relative"), in("second")));
+    EXPECT_TRUE(replacePropertyListFile(in("second"), "new"));
+    EXPECT_TRUE(QFileInfo(in("second")).isSymLink());
+    EXPECT_TRUE(QFileInfo(in("relative")).isSymLink());
+    EXPECT_FALSE(QFileInfo(in("dotfiles/real")).isSymLink());
+    EXPECT_EQ(bytesOf(in("dotfiles/real")), "new");
+}
+
+TEST_F(PropertyListFile, replace_makesTheTarget_whenALinkPointsAtNothing)
+{
+    ASSERT_TRUE(QFile::link(in("elsewhere/real"), in("link")));
+    EXPECT_TRUE(replacePropertyListFile(in("link"), "new"));
+    EXPECT_TRUE(QFileInfo(in("link")).isSymLink());
+    EXPECT_EQ(bytesOf(in("elsewhere/real")), "new");
+}
+
+TEST_F(PropertyListFile, replace_answersFalse_whenLinksGoInACircle)
+{
+    ASSERT_TRUE(QFile::link(in("b"), in("a")));
+    ASSERT_TRUE(QFile::link(in("a"), in("b")));
+    EXPECT_FALSE(replacePropertyListFile(in("a"), "new"));
+    EXPECT_TRUE(QFileInfo(in("a")).isSymLink());
+}
+
+TEST_F(PropertyListFile, replace_answersFalse_whenItIsNoRegularFile)
+{
+    ASSERT_EQ(mkfifo(QFile::encodeName(in("pipe")).constData(), 0600), 0);
+    EXPECT_FALSE(replacePropertyListFile(in("pipe"), "new"));
+    ASSERT_TRUE(QDir().mkpath(in("folder")));
+    EXPECT_FALSE(replacePropertyListFile(in("folder"), "new"));
+    EXPECT_TRUE(QFileInfo(in("folder")).isDir());
+    EXPECT_FALSE(replacePropertyListFile(QString(), "new"));
+}
+
+TEST_F(PropertyListFile, replace_answersFalse_whenItsFolderCannotBeMade)
+{
+    putFile(in("file"), "old");
+    EXPECT_FALSE(replacePropertyListFile(in("file/below"), "new"));
+    EXPECT_EQ(bytesOf(in("file")), "old");
+}
+
+TEST_F(PropertyListFile, replace_answersFalse_whenItsFolderIsReadOnly)
+{
+    ASSERT_TRUE(QDir().mkpath(in("locked")));
+    putFile(in("locked/file"), "old");
+    ASSERT_EQ(chmod(QFile::encodeName(m_folder.path()).constData(), 0755), 0);
+    ASSERT_EQ(chmod(QFile::encodeName(in("locked/file")).constData(), 0666), 0);
+    ASSERT_EQ(chmod(QFile::encodeName(in("locked")).constData(), 0555), 0);
+    EXPECT_FALSE(answersTrueInChild([this] {
+        becomeNobody();
+        return replacePropertyListFile(in("locked/file"), "new");
+    }));
+    EXPECT_EQ(bytesOf(in("locked/file")), "old");
+    ASSERT_EQ(chmod(QFile::encodeName(in("locked")).constData(), 0755), 0);
+}
+
+TEST_F(PropertyListFile, replace_leavesTheOldFileWhole_whenTheDiskIsFull)
+{
+    putFile(in("file"), "old");
+    const auto writeWithRoomFor = [this](rlim_t room) {
+        return answersTrueInChild([this, room] {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit = {room, room};
+            setrlimit(RLIMIT_FSIZE, &limit);
+            return replacePropertyListFile(in("file"), QByteArray(100'000, 'n'));
+        });
+    };
+    for (const rlim_t room : {0U, 1U, 4096U, 99'999U}) {
+        EXPECT_FALSE(writeWithRoomFor(room)) << room;
+        EXPECT_EQ(bytesOf(in("file")), "old") << room;
+    }
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden),
+              QStringList{QStringLiteral("file")});
+    EXPECT_TRUE(writeWithRoomFor(100'000));
+    EXPECT_EQ(bytesOf(in("file")), QByteArray(100'000, 'n'));
+}
+
+} // namespace kestro
