@@ -52,8 +52,8 @@ bool isAutomaticEntry(const QUrl& url)
 QString absoluteString(const QUrl& url)
 {
     QString text = url.toString(QUrl::FullyEncoded);
-    const QString prefix = automaticScheme + QStringLiteral("://") + automaticHost + u'/';
-    if (text.startsWith(prefix, Qt::CaseInsensitive)) text.replace(0, prefix.size(), prefix);
+    if (isAutomaticEntry(url) && url.host().compare(automaticHost, Qt::CaseInsensitive) == 0)
+        text.replace(text.indexOf(url.host()), automaticHost.size(), automaticHost);
     return text;
 }
 

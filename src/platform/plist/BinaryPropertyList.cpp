@@ -6,6 +6,7 @@
 #include <QTimeZone>
 #include <QtEndian>
 
+#include <algorithm>
 #include <bit>
 
 namespace kestro {
@@ -16,9 +17,17 @@ constexpr QByteArrayView magic = "bplist00";
 constexpr qsizetype trailerSize = 32;
 
 // Objects may be referred to many times, so a few hundred bytes can unfold without bound. Each value counts
-// as many bytes as it takes in memory, about.
+// as many bytes as it takes in memory, about; honest files, where most objects are referred to once, stay
+// within this.
 constexpr qint64 costOfValue = 64;
+constexpr qint64 unfoldedOfAnyFile = 4 * 1024 * 1024;
+constexpr qint64 unfoldedPerByte = costOfValue;
 constexpr qint64 largestUnfolded = 4 * largestPropertyList;
+
+qint64 unfoldedSizeAllowed(qint64 fileSize)
+{
+    return std::min(unfoldedOfAnyFile + fileSize * unfoldedPerByte, largestUnfolded);
+}
 
 // 2001-01-01T00:00:00Z, in seconds since 1970, from which dates are counted.
 constexpr double dateOrigin = 978307200.0;
@@ -38,6 +47,7 @@ class Reader final {
 public:
     explicit Reader(QByteArrayView bytes)
         : m_bytes(bytes)
+        , m_left(unfoldedSizeAllowed(bytes.size()))
     {
     }
 
@@ -230,7 +240,7 @@ private:
     quint64 m_objects = 0;
     quint64 m_top = 0;
     quint64 m_table = 0;
-    qint64 m_left = largestUnfolded;
+    qint64 m_left;
 };
 
 } // namespace

@@ -1,0 +1,106 @@
+#include "settings/MovieURL.h"
+
+#include <QString>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace kestro {
+
+namespace {
+
+struct Case {
+    const char* url;
+    const char* expected;
+};
+
+QUrl urlOf(const char* text)
+{
+    return QUrl(QString::fromUtf8(text));
+}
+
+} // namespace
+
+TEST(MovieURL, isValidURL_isFalse_forWebPagesAndPrograms)
+{
+    for (const char* extension :
+         {"htm", "html", "qt", "asp", "jsp", "pl", "woa", "php", "HTML", "Htm", "PHP"}) {
+        const std::string url = std::string("http://example.com/a.") + extension;
+        EXPECT_FALSE(isValidURL(urlOf(url.c_str()))) << url;
+        EXPECT_FALSE(isValidURL(urlOf((url + "?file=a.mov#b.mov").c_str()))) << url;
+    }
+    EXPECT_FALSE(isValidURL(urlOf("http://example.com/a.html/")));
+    EXPECT_FALSE(isValidURL(urlOf("file:///a.mov.php")));
+    EXPECT_FALSE(isValidURL(urlOf("http://example.com/a.p%68p")));
+}
+
+TEST(MovieURL, isValidURL_isTrue_forAnythingElse)
+{
+    for (const char* url :
+         {"http://example.com/a.mov", "http://example.com/a.swf", "http://example.com", "http://example.com/",
+          "http://example.com/php", "http://example.com/.php", "http://example.com/a.",
+          "http://example.com/a.html.mov", "http://example.html/a", "http://example.com/a.php/b",
+          "http://example.com/a?b.php", "file:///Films/a.mov", "auto://LatestTrailers/6/480",
+          "http://example.com/a.xhtml", "http://example.com/a.phpx"})
+        EXPECT_TRUE(isValidURL(urlOf(url))) << url;
+}
+
+TEST(MovieURL, upperCasePathExtension_isWhatFollowsTheLastPointOfTheName)
+{
+    for (const Case& c : std::vector<Case>{{"http://h/a.swf", "SWF"},
+                                           {"http://h/a.tar.Gz", "GZ"},
+                                           {"http://h/a", ""},
+                                           {"http://h/a.", ""},
+                                           {"http://h/.hidden", ""},
+                                           {"http://h/a.b/c", ""},
+                                           {"http://h/a.b/", "B"},
+                                           {"http://h", ""},
+                                           {"http://h/a.swf?b=c.mov", "SWF"},
+                                           {"http://h/a.m%6fv", "MOV"}})
+        EXPECT_EQ(upperCasePathExtension(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
+}
+
+TEST(MovieURL, lastPathComponent_isDecoded)
+{
+    for (const Case& c : std::vector<Case>{{"http://h/a/b.mov", "b.mov"},
+                                           {"http://h/a/My%20Film%20%C3%BC.mov", "My Film ü.mov"},
+                                           {"http://h/a/100%25.mov", "100%.mov"},
+                                           {"http://h/a/b/", "b"},
+                                           {"http://h/", ""},
+                                           {"http://h", ""},
+                                           {"", ""},
+                                           {"http://h/a.mov?x=/y#/z", "a.mov"},
+                                           {"file:///Films/a.mov", "a.mov"}})
+        EXPECT_EQ(lastPathComponent(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
+}
+
+TEST(MovieURL, isAutomaticEntry_isTold_byTheSchemeAlone)
+{
+    for (const char* url : {"auto://LatestTrailers/6/480", "auto://Anything/3/640", "auto:", "AUTO://x/1/2"})
+        EXPECT_TRUE(isAutomaticEntry(urlOf(url))) << url;
+    for (const char* url : {"http://LatestTrailers/6/480", "file:///auto", "autos://x/1/2", ""})
+        EXPECT_FALSE(isAutomaticEntry(urlOf(url))) << url;
+}
+
+TEST(MovieURL, absoluteString_isFullyEncoded)
+{
+    for (const Case& c :
+         std::vector<Case>{{"file:///Films/My Film ü.mov", "file:///Films/My%20Film%20%C3%BC.mov"},
+                           {"file:///Films/a%20b.mov", "file:///Films/a%20b.mov"},
+                           {"http://example.com/a.mov?b=c&d#e", "http://example.com/a.mov?b=c&d#e"},
+                           {"http://u:p@example.com:81/a", "http://u:p@example.com:81/a"}})
+        EXPECT_EQ(absoluteString(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
+}
+
+TEST(MovieURL, absoluteString_keepsTheNameOfAutomaticEntries)
+{
+    for (const Case& c : std::vector<Case>{{"auto://LatestTrailers/6/480", "auto://LatestTrailers/6/480"},
+                                           {"auto://latesttrailers/480", "auto://LatestTrailers/480"},
+                                           {"auto://LatestTrailers", "auto://LatestTrailers"},
+                                           {"auto://LatestTrailersX/1/2", "auto://latesttrailersx/1/2"},
+                                           {"http://LatestTrailers/a", "http://latesttrailers/a"}})
+        EXPECT_EQ(absoluteString(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
+}
+
+} // namespace kestro

@@ -1,0 +1,208 @@
+#include "settings/Playlist.h"
+
+#include "settings/PlaylistFixture.h"
+
+namespace kestro {
+
+namespace {
+
+class PlaylistOfURLs : public PlaylistFixture {};
+
+const QString automatic = QStringLiteral("auto://LatestTrailers/6/480");
+const QString remote = QStringLiteral("http://example.com/a.mov");
+
+QStringList trailers(int width, int count)
+{
+    QStringList found;
+    for (int number = 1; number <= count; ++number)
+        found.append(RecordingTrailers::urlText(width, number));
+    return found;
+}
+
+} // namespace
+
+TEST_F(PlaylistOfURLs, movieFileList_isTheDefaultOne_whenNothingIsStored)
+{
+    useSettings({});
+    EXPECT_EQ(texts(playlist().plistFileList()), (QStringList{installedURL(defalutMovieURL_104), automatic}));
+    EXPECT_TRUE(m_trailers.calls.empty());
+    EXPECT_EQ(texts(playlist().fileList()),
+              QStringList(installedURL(defalutMovieURL_104)) + trailers(480, 6));
+}
+
+TEST_F(PlaylistOfURLs, movieFileList_isTheDefaultOne_whenOnlyAVersionIsStored)
+{
+    useSettings({{QStringLiteral("Ver"), QStringLiteral("4")}});
+    EXPECT_EQ(texts(playlist().fileList()),
+              QStringList(installedURL(defalutMovieURL_104)) + trailers(480, 6));
+}
+
+TEST_F(PlaylistOfURLs, defaultMovie_isTheFirstThatIsInstalled)
+{
+    useSettings({});
+    install(defalutMovieURL);
+    EXPECT_EQ(texts(playlist().plistFileList()).front(), installedURL(defalutMovieURL));
+    install(idvdFishMoviePath);
+    EXPECT_EQ(texts(playlist().plistFileList()).front(), installedURL(idvdFishMoviePath));
+}
+
+TEST_F(PlaylistOfURLs, movieFileList_keepsOrderAndText_ofVersion5)
+{
+    const QStringList stored{QStringLiteral("file:///Films/a%20b.mov"), remote, automatic,
+                             QStringLiteral("https://example.com/b.swf?c=d&e#f"), remote};
+    useList("5", stored);
+    EXPECT_EQ(texts(playlist().plistFileList()), stored);
+}
+
+TEST_F(PlaylistOfURLs, movieFileList_isEmpty_whenVersion5HoldsAnEmptyList)
+{
+    useList("5", QVariantList());
+    EXPECT_TRUE(playlist().plistFileList().isEmpty());
+    EXPECT_TRUE(playlist().fileList().isEmpty());
+    EXPECT_FALSE(playlist().isMovieExists());
+}
+
+TEST_F(PlaylistOfURLs, movieFileList_isEmpty_whenVersion5HoldsNoList)
+{
+    for (const QVariant& object : {QVariant(remote), QVariant(5), QVariant(QVariantMap{{remote, remote}})}) {
+        useList("5", object);
+        EXPECT_TRUE(playlist().fileList().isEmpty()) << object.typeName();
+    }
+}
+
+TEST_F(PlaylistOfURLs, movieFileList_leavesOut_whatIsNoAbsoluteURL)
+{
+    useList("5", QVariantList{QStringLiteral(""), QStringLiteral("no url"), QStringLiteral("/Films/a.mov"),
+                              QStringLiteral("a.mov"), QStringLiteral("http://exa mple/"),
+                              QStringLiteral("//host/a"), QVariant(5), QVariant(true),
+                              QVariant(QVariantList{remote}), QVariant(remote.toUtf8()), remote});
+    EXPECT_EQ(texts(playlist().plistFileList()), QStringList(remote));
+    EXPECT_EQ(texts(playlist().fileList()), QStringList(remote));
+}
+
+TEST_F(PlaylistOfURLs, automaticEntry_becomesItsTrailers_inItsPlace)
+{
+    useList("5", QStringList{remote, QStringLiteral("auto://LatestTrailers/2/640"), remote});
+    EXPECT_EQ(texts(playlist().fileList()), QStringList(remote) + trailers(640, 2) + QStringList(remote));
+}
+
+TEST_F(PlaylistOfURLs, automaticEntry_takesItsNumbers_fromTheLastTwoParts)
+{
+    struct Case {
+        const char* url;
+        int count;
+        int width;
+    };
+    for (const Case& c :
+         {Case{"auto://LatestTrailers/6/480", 6, 480}, Case{"auto://Anything/3/640", 3, 640},
+          Case{"auto://LatestTrailers/1/2/3", 2, 3}, Case{"auto:///4/320", 4, 320},
+          Case{"auto://x/6/480/", 480, 0}, Case{"auto://x/six/wide", 0, 0}, Case{"auto://x/2nd/480p", 2, 480},
+          Case{"auto://x//", 0, 0}, Case{"auto://x/%36/480?1/2", 6, 480}}) {
+        m_trailers.calls.clear();
+        useList("5", QStringList(QString::fromUtf8(c.url)));
+        EXPECT_EQ(playlist().fileList().size(), c.count) << c.url;
+        ASSERT_EQ(m_trailers.calls.size(), 1U) << c.url;
+        EXPECT_EQ(m_trailers.calls.front(), (RecordingTrailers::Call{c.count, c.width, {}})) << c.url;
+    }
+}
+
+TEST_F(PlaylistOfURLs, automaticEntry_isDropped_whenItsPathHasTooFewParts)
+{
+    const QStringList stored{QStringLiteral("auto://LatestTrailers/480"),
+                             QStringLiteral("auto://LatestTrailers"),
+                             QStringLiteral("auto://LatestTrailers/")};
+    useList("5", stored);
+    EXPECT_EQ(texts(playlist().plistFileList()), stored);
+    EXPECT_TRUE(playlist().fileList().isEmpty());
+    EXPECT_TRUE(m_trailers.calls.empty());
+    EXPECT_TRUE(m_trailers.scans.empty());
+    EXPECT_FALSE(playlist().hasAutoTrailers());
+}
+
+TEST_F(PlaylistOfURLs, expansion_asksForOneScan_inTheLifeOfAView)
+{
+    useList("5", QStringList{automatic, automatic});
+    EXPECT_FALSE(playlist().hasAutoTrailers());
+    EXPECT_EQ(playlist().fileList().size(), 12);
+    playlist().dropFileList();
+    EXPECT_EQ(playlist().fileList().size(), 12);
+    EXPECT_EQ(m_trailers.scans, std::vector<TrailerClient*>{&m_client});
+    EXPECT_TRUE(playlist().hasAutoTrailers());
+}
+
+TEST_F(PlaylistOfURLs, expansion_asksForNoScan_inAPreview)
+{
+    useList("5", QStringList(automatic), true);
+    EXPECT_EQ(texts(playlist().fileList()), trailers(480, 6));
+    EXPECT_TRUE(m_trailers.scans.empty());
+    EXPECT_FALSE(playlist().hasAutoTrailers());
+}
+
+TEST_F(PlaylistOfURLs, editing_asksForNoScan)
+{
+    useList("5", QStringList(automatic));
+    EXPECT_EQ(texts(playlist().plistFileList()), QStringList(automatic));
+    EXPECT_TRUE(m_trailers.scans.empty());
+}
+
+TEST_F(PlaylistOfURLs, expansion_leavesOutFailedTrailers)
+{
+    useList("5", QStringList(QStringLiteral("auto://LatestTrailers/3/480")));
+    playlist().addFailedURL(QUrl(RecordingTrailers::urlText(480, 2)));
+    EXPECT_EQ(playlist().failedURLList(), QSet<QString>{RecordingTrailers::urlText(480, 2)});
+    EXPECT_EQ(texts(playlist().fileList()),
+              (QStringList{RecordingTrailers::urlText(480, 1), RecordingTrailers::urlText(480, 3)}));
+    EXPECT_EQ(m_trailers.calls.front().excluded, playlist().failedURLList());
+}
+
+TEST_F(PlaylistOfURLs, fileList_isKept_untilDropped)
+{
+    useList("5", QStringList(automatic));
+    EXPECT_EQ(playlist().fileList().size(), 6);
+    EXPECT_EQ(playlist().fileList().size(), 6);
+    EXPECT_EQ(m_trailers.calls.size(), 1U);
+
+    m_settings->settings().store().plist().insert(QStringLiteral("FileList"), QStringList(remote));
+    EXPECT_EQ(playlist().fileList().size(), 6);
+    playlist().dropFileList();
+    EXPECT_EQ(texts(playlist().fileList()), QStringList(remote));
+}
+
+TEST_F(PlaylistOfURLs, isMovieExists_pointsAtTheFirstPlayableEntry)
+{
+    install(QStringLiteral("/Films/a b.mov"));
+    const QString missing = QStringLiteral("file:///no such/a.mov");
+    const QString there = installedURL(QStringLiteral("/Films/a b.mov"));
+    struct Case {
+        QStringList list;
+        int expected;
+    };
+    for (const Case& c : {Case{{there}, 0}, Case{{missing, there}, 1}, Case{{missing, missing, remote}, 2},
+                          Case{{remote, there}, 0}, Case{{QStringLiteral("file:"), remote}, 1},
+                          Case{{missing, automatic}, 1}}) {
+        useList("5", c.list);
+        EXPECT_EQ(playlist().curIdx(), -1);
+        EXPECT_TRUE(playlist().isMovieExists()) << c.list.join(u' ').toStdString();
+        EXPECT_EQ(playlist().curIdx(), c.expected) << c.list.join(u' ').toStdString();
+    }
+}
+
+TEST_F(PlaylistOfURLs, isMovieExists_leavesTheIndexAlone_whenNothingIsPlayable)
+{
+    useList("5", QStringList{QStringLiteral("file:///no such/a.mov"),
+                             QStringLiteral("auto://LatestTrailers/0/480")});
+    playlist().setCurIdx(7);
+    EXPECT_FALSE(playlist().isMovieExists());
+    EXPECT_EQ(playlist().curIdx(), 7);
+}
+
+TEST_F(PlaylistOfURLs, fileList_holdsEveryEntry_ofALongList)
+{
+    QStringList stored;
+    for (int number = 0; number < 10'000; ++number)
+        stored.append(QStringLiteral("file:///Films/Film%20%1.mov").arg(number));
+    useList("5", stored);
+    EXPECT_EQ(texts(playlist().fileList()), stored);
+}
+
+} // namespace kestro

@@ -1,0 +1,123 @@
+#include "settings/SettingsStore.h"
+
+#include "platform/plist/PropertyList.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace kestro {
+
+namespace {
+
+class SettingsStoreFiles : public testing::Test {
+protected:
+    [[nodiscard]] QString preferences(const char* name) const
+    {
+        return m_home.path() + QStringLiteral("/Library/Preferences/") + QString::fromUtf8(name);
+    }
+
+    static void put(const QString& path, const QVariant& root) { ASSERT_TRUE(writePropertyList(path, root)); }
+
+    QTemporaryDir m_home;
+};
+
+const QString lastMovie = QStringLiteral("LastMovie");
+const QString lastPos = QStringLiteral("LastPos");
+const QString ver = QStringLiteral("Ver");
+
+} // namespace
+
+TEST_F(SettingsStoreFiles, paths_lieInThePreferences_ofTheHomeFolder)
+{
+    const SettingsStore store(QStringLiteral("/home/me"));
+    EXPECT_EQ(store.plistPath(), QStringLiteral("/home/me/Library/Preferences/Kestro.plist"));
+    EXPECT_EQ(store.defaultsPlistPath(), QStringLiteral("/home/me/Library/Preferences/Kestro.def.plist"));
+}
+
+TEST_F(SettingsStoreFiles, dictionaries_areEmpty_whenThereAreNoFiles)
+{
+    SettingsStore store(m_home.path());
+    EXPECT_TRUE(store.plist().isEmpty());
+    EXPECT_TRUE(store.defaultsPlist().isEmpty());
+    EXPECT_FALSE(store.defaultsForKey(lastMovie).has_value());
+    EXPECT_TRUE(QDir(m_home.path()).isEmpty()) << "reading makes no file";
+}
+
+TEST_F(SettingsStoreFiles, dictionaries_areEmpty_whenTheFilesAreMalformed)
+{
+    put(preferences("Kestro.plist"), QVariantList{1});
+    put(preferences("Kestro.def.plist"), QVariantMap());
+    QFile damaged(preferences("Kestro.def.plist"));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write("<plist><dict>");
+    damaged.close();
+    SettingsStore store(m_home.path());
+    EXPECT_TRUE(store.plist().isEmpty());
+    EXPECT_TRUE(store.defaultsPlist().isEmpty());
+}
+
+TEST_F(SettingsStoreFiles, dictionaries_areReadOnce)
+{
+    put(preferences("Kestro.plist"), QVariantMap{{ver, QStringLiteral("5")}});
+    put(preferences("Kestro.def.plist"), QVariantMap{{lastPos, QStringLiteral("600")}});
+    SettingsStore store(m_home.path());
+    EXPECT_EQ(store.plist().value(ver), QVariant(QStringLiteral("5")));
+    EXPECT_EQ(store.defaultsForKey(lastPos), QVariant(QStringLiteral("600")));
+
+    put(preferences("Kestro.plist"), QVariantMap{{ver, QStringLiteral("4")}});
+    put(preferences("Kestro.def.plist"), QVariantMap());
+    EXPECT_EQ(store.plist().value(ver), QVariant(QStringLiteral("5")));
+    EXPECT_EQ(store.defaultsForKey(lastPos), QVariant(QStringLiteral("600")));
+}
+
+TEST_F(SettingsStoreFiles, plist_isKept_whenChanged)
+{
+    SettingsStore store(m_home.path());
+    store.plist().insert(ver, QStringLiteral("5"));
+    EXPECT_EQ(store.plist().value(ver), QVariant(QStringLiteral("5")));
+    EXPECT_TRUE(QDir(m_home.path()).isEmpty()) << "only the sheet writes it";
+}
+
+TEST_F(SettingsStoreFiles, setDefaults_writesTheWholeFile_keepingOtherKeys)
+{
+    put(preferences("Kestro.def.plist"), QVariantMap{{lastMovie, QStringLiteral("a.mov")}});
+    SettingsStore store(m_home.path());
+    EXPECT_TRUE(store.setDefaultsForKey(QStringLiteral("1200"), lastPos));
+    const QVariantMap expected{{lastMovie, QStringLiteral("a.mov")}, {lastPos, QStringLiteral("1200")}};
+    EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.def.plist")), expected);
+    EXPECT_EQ(store.defaultsForKey(lastPos), QVariant(QStringLiteral("1200")));
+}
+
+TEST_F(SettingsStoreFiles, setDefaults_leavesTheMainFileAlone)
+{
+    SettingsStore store(m_home.path());
+    EXPECT_TRUE(store.setDefaultsForKey(QStringLiteral("1"), lastPos));
+    EXPECT_FALSE(QFile::exists(preferences("Kestro.plist")));
+}
+
+TEST_F(SettingsStoreFiles, removeDefaults_writesTheWholeFile_keepingOtherKeys)
+{
+    put(preferences("Kestro.def.plist"),
+        QVariantMap{{lastMovie, QStringLiteral("a.mov")}, {lastPos, QStringLiteral("1200")}});
+    SettingsStore store(m_home.path());
+    EXPECT_TRUE(store.removeDefaultsForKey(lastPos));
+    const QVariantMap expected{{lastMovie, QStringLiteral("a.mov")}};
+    EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.def.plist")), expected);
+    EXPECT_FALSE(store.defaultsForKey(lastPos).has_value());
+}
+
+TEST_F(SettingsStoreFiles, changes_stayInMemory_whenTheFileCannotBeWritten)
+{
+    QFile inTheWay(m_home.filePath(QStringLiteral("Library")));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    SettingsStore store(m_home.path());
+    EXPECT_FALSE(store.setDefaultsForKey(QStringLiteral("1200"), lastPos));
+    EXPECT_EQ(store.defaultsForKey(lastPos), QVariant(QStringLiteral("1200")));
+    EXPECT_FALSE(store.removeDefaultsForKey(lastPos));
+    EXPECT_FALSE(store.defaultsForKey(lastPos).has_value());
+}
+
+} // namespace kestro
