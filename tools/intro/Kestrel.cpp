@@ -20,13 +20,13 @@ struct Node {
 
 /// The right half from the crown to the tail's middle, wings level, in spans, y upwards.
 constexpr std::array half{
-    Node{0.000f, 0.235f, false},  Node{0.045f, 0.215f, false},  Node{0.062f, 0.165f, false},
-    Node{0.080f, 0.125f, false},  Node{0.180f, 0.150f, false},  Node{0.330f, 0.215f, false},
-    Node{0.480f, 0.225f, false},  Node{0.620f, 0.175f, false},  Node{0.820f, 0.075f, false},
-    Node{1.000f, -0.045f, true},  Node{0.800f, 0.005f, false},  Node{0.620f, 0.030f, false},
-    Node{0.450f, 0.015f, false},  Node{0.280f, -0.025f, false}, Node{0.130f, -0.060f, false},
-    Node{0.085f, -0.130f, false}, Node{0.062f, -0.250f, false}, Node{0.085f, -0.400f, false},
-    Node{0.120f, -0.560f, true},  Node{0.060f, -0.590f, false}, Node{0.000f, -0.598f, false},
+    Node{0.000f, 0.265f, false},  Node{0.052f, 0.245f, false},  Node{0.074f, 0.190f, false},
+    Node{0.094f, 0.140f, false},  Node{0.190f, 0.160f, false},  Node{0.330f, 0.225f, false},
+    Node{0.480f, 0.240f, false},  Node{0.620f, 0.185f, false},  Node{0.820f, 0.080f, false},
+    Node{1.000f, -0.060f, true},  Node{0.800f, -0.020f, false}, Node{0.620f, 0.000f, false},
+    Node{0.450f, -0.020f, false}, Node{0.280f, -0.065f, false}, Node{0.140f, -0.100f, false},
+    Node{0.092f, -0.170f, false}, Node{0.062f, -0.280f, false}, Node{0.092f, -0.420f, false},
+    Node{0.165f, -0.600f, true},  Node{0.090f, -0.640f, false}, Node{0.000f, -0.652f, false},
 };
 
 /// How hard the wings beat, 0 to 1: two bouts in each loop.
@@ -40,20 +40,14 @@ float bout(float phase)
 void Kestrel::draw(Canvas& canvas, float phase)
 {
     shape(phase);
-    float left = width, right = 0, top = height, bottom = 0;
-    for (const Point& point : m_outline) {
-        left = std::min(left, point.x);
-        right = std::max(right, point.x);
-        top = std::min(top, point.y);
-        bottom = std::max(bottom, point.y);
-    }
-    for (int y = static_cast<int>(top); y <= static_cast<int>(bottom); ++y) {
-        for (int x = static_cast<int>(left); x <= static_cast<int>(right); ++x) {
-            const float cover = coverOf(x, y) * 0.96f;
-            for (int plane = 0; plane < 3; ++plane) {
-                float& out = canvas.row(plane, y)[x];
-                out = mix(out, plumage[plane], cover);
-            }
+    const auto [highest, lowest] = std::minmax_element(
+        m_outline.begin(), m_outline.end(), [](const Point& a, const Point& b) { return a.y < b.y; });
+    for (int y = static_cast<int>(highest->y); y <= static_cast<int>(lowest->y); ++y) {
+        coverRow(y);
+        for (int plane = 0; plane < 3; ++plane) {
+            float* out = canvas.row(plane, y);
+            for (std::size_t x = 0; x < width; ++x)
+                out[x] = mix(out[x], plumage[plane], m_cover[x]);
         }
     }
 }
@@ -119,28 +113,36 @@ void Kestrel::addCurve(const std::vector<Point>& nodes, float side)
     m_outline.insert(m_outline.end(), curve.begin(), curve.end());
 }
 
-float Kestrel::coverOf(int x, int y) const
+void Kestrel::coverRow(int y)
 {
-    constexpr int samples = 4;
-    int inside = 0;
-    for (int j = 0; j < samples; ++j)
-        for (int i = 0; i < samples; ++i)
-            inside += contains(static_cast<float>(x) + (static_cast<float>(i) + 0.5f) / samples,
-                               static_cast<float>(y) + (static_cast<float>(j) + 0.5f) / samples);
-    return static_cast<float>(inside) / (samples * samples);
+    constexpr int lines = 4;
+    std::fill(m_cover.begin(), m_cover.end(), 0.0f);
+    for (int line = 0; line < lines; ++line) {
+        crossLine(static_cast<float>(y) + (static_cast<float>(line) + 0.5f) / lines);
+        for (std::size_t i = 0; i + 1 < m_crossings.size(); i += 2)
+            coverSpan(m_crossings[i], m_crossings[i + 1], 1.0f / lines);
+    }
 }
 
-bool Kestrel::contains(float x, float y) const
+void Kestrel::crossLine(float y)
 {
-    bool inside = false;
+    m_crossings.clear();
     Point previous = m_outline.back();
     for (const Point& point : m_outline) {
-        if ((point.y > y) != (previous.y > y) &&
-            x < point.x + (y - point.y) / (previous.y - point.y) * (previous.x - point.x))
-            inside = !inside;
+        if ((point.y > y) != (previous.y > y))
+            m_crossings.push_back(point.x + (y - point.y) / (previous.y - point.y) * (previous.x - point.x));
         previous = point;
     }
-    return inside;
+    std::sort(m_crossings.begin(), m_crossings.end());
+}
+
+void Kestrel::coverSpan(float left, float right, float share)
+{
+    for (int x = static_cast<int>(left); x <= static_cast<int>(right); ++x) {
+        const float pixel = static_cast<float>(x);
+        const float covered = std::min(right, pixel + 1) - std::max(left, pixel);
+        m_cover[static_cast<std::size_t>(x)] += share * covered;
+    }
 }
 
 } // namespace kestro::intro

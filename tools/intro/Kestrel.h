@@ -21,10 +21,13 @@ private:
     void shape(float phase);
     void addHalf(float side, float inner, float outer);
     void addCurve(const std::vector<Point>& half, float side);
-    [[nodiscard]] float coverOf(int x, int y) const;
-    [[nodiscard]] bool contains(float x, float y) const;
+    void coverRow(int y);
+    void crossLine(float y);
+    void coverSpan(float left, float right, float share);
 
-    std::vector<Point> m_outline; // in pixels of the canvas
+    std::vector<Point> m_outline;                           // in pixels of the canvas
+    std::vector<float> m_crossings;                         // where a line crosses it, left to right
+    std::vector<float> m_cover = std::vector<float>(width); // of a row of pixels
 };
 
 } // namespace kestro::intro

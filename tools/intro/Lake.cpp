@@ -14,8 +14,11 @@ struct Wave {
 };
 
 constexpr std::array waves{
-    Wave{0.7f, 3.1f, 3, 0.3f, 1.00f},   Wave{-1.1f, 5.3f, 4, 1.9f, 0.75f},  Wave{2.3f, 8.9f, -5, 4.0f, 0.50f},
-    Wave{-3.7f, 13.7f, 7, 2.6f, 0.34f}, Wave{5.9f, 21.0f, -9, 5.1f, 0.22f},
+    Wave{1.3f, 3.1f, 2, 0.3f, 0.80f},     Wave{-2.9f, 5.3f, 3, 1.9f, 0.62f},
+    Wave{6.1f, 8.9f, 4, 4.0f, 0.46f},     Wave{-9.7f, 12.7f, 6, 2.6f, 0.36f},
+    Wave{17.3f, 19.1f, 7, 5.1f, 0.26f},   Wave{-21.1f, 27.7f, 9, 0.9f, 0.20f},
+    Wave{12.9f, 31.3f, -8, 3.3f, 0.16f},  Wave{37.1f, 43.9f, 11, 1.4f, 0.15f},
+    Wave{-48.3f, 61.7f, 13, 4.6f, 0.12f},
 };
 constexpr Light deep = lightOf(6, 12, 34);
 
@@ -36,18 +39,18 @@ void Lake::rippleRow(int y, float phase)
     std::fill(m_lift.begin(), m_lift.end(), 0.0f);
     for (const Wave& wave : waves) {
         // A wave too short for the rows that far away would only flicker.
-        const float seen = wave.size / (1 + 0.0016f * far * far * wave.along * wave.along);
+        const float seen = wave.size / (1 + 0.00022f * far * far * wave.along * wave.along);
         const float rowPhase = wave.along * far * 1.9f + wave.start - wave.turns * phase;
         const float stretch = wave.across * far * 1.7f / width;
         for (int x = 0; x < width; ++x)
             m_lift[static_cast<std::size_t>(x)] +=
                 seen * quickSine(stretch * (static_cast<float>(x) - width / 2.0f) + rowPhase);
     }
-    const float bend = 2 + 26 * down;
-    const float mirror = mix(0.92f, 0.46f, std::sqrt(down));
+    const float bend = 2 + 24 * down;
+    const float mirror = mix(0.94f, 0.54f, std::sqrt(down));
     for (int x = 0; x < width; ++x) {
         const auto i = static_cast<std::size_t>(x);
-        m_shade[i] = mirror * (1 + 0.16f * down * m_lift[i]);
+        m_shade[i] = mirror * (1 + 0.20f * down * m_lift[i]);
         m_lift[i] *= bend;
     }
 }
@@ -56,7 +59,7 @@ void Lake::mirrorRow(Canvas& canvas, int y) const
 {
     // The view is foreshortened: the water shows a taller stretch of the sky than it is tall itself.
     const float down = static_cast<float>(y - shoreline) + 0.5f;
-    const float source = static_cast<float>(shoreline) - 1 - down * 1.75f;
+    const float source = static_cast<float>(shoreline) - 1 - down * 1.6f;
     for (int plane = 0; plane < 3; ++plane) {
         const float* picture = canvas.row(plane, 0);
         float* out = canvas.row(plane, y);

@@ -6,7 +6,7 @@ namespace kestro::intro {
 
 namespace {
 
-constexpr int threadCount = 640;
+constexpr int threadCount = 720;
 constexpr float rayLength = 0.978f; // of a ray's light, how much the pixel above still has
 constexpr float rayShare = 0.022f;
 
@@ -69,13 +69,14 @@ void Ribbons::drawColumn(const Ribbon& ribbon, int x, float phase)
     Light* out = column(x);
     for (int i = 0; i < threadCount; ++i) {
         const float s = (static_cast<float>(i) + 0.5f) / threadCount - 0.5f;
-        const float y =
-            std::clamp(y0 + breadth * (s + ribbon.fold * sine), 0.0f, static_cast<float>(rows - 2));
-        const int top = static_cast<int>(y);
-        const float below = y - static_cast<float>(top);
-        const Light light = ribbon.threads[static_cast<std::size_t>(i)] * glow;
-        out[top] += light * (1 - below);
-        out[top + 1] += light * below;
+        const float y = y0 + breadth * (s + ribbon.fold * sine);
+        if (y >= 0 && y < rows - 1) {
+            const int top = static_cast<int>(y);
+            const float below = y - static_cast<float>(top);
+            const Light light = ribbon.threads[static_cast<std::size_t>(i)] * glow;
+            out[top] += light * (1 - below);
+            out[top + 1] += light * below;
+        }
         const float next = sine * cosStep + cosine * sinStep;
         cosine = cosine * cosStep - sine * sinStep;
         sine = next;

@@ -4,8 +4,16 @@
 
 namespace kestro::intro {
 
+namespace {
+
+constexpr Light dawnLight{0.62f, 0.24f, 0.10f, 0};
+
+} // namespace
+
 Ridge::Ridge(const Look& look)
     : m_look(look)
+    , m_first(width)
+    , m_steepness(width)
 {
     const int count = (width + 2 * margin) * fine;
     for (int i = 0; i < count; ++i)
@@ -51,31 +59,43 @@ float Ridge::treesAt(float x) const
     return tallest;
 }
 
-void Ridge::draw(Canvas& canvas, float phase) const
+void Ridge::draw(Canvas& canvas, float phase)
 {
-    const float offset = (margin + m_look.shift * std::sin(phase)) * fine;
-    const int whole = static_cast<int>(offset);
-    const float part = offset - static_cast<float>(whole);
-    const float* crest = m_crest.data() + whole;
-    const float depth = shoreline - m_highest;
+    moveTo(m_look.shift * std::sin(phase));
     for (int y = static_cast<int>(m_highest) - 1; y < shoreline; ++y) {
         const float at = static_cast<float>(y);
-        const float haze = smoothStep(m_highest, m_highest + depth, at);
+        const float sunk = std::clamp((at - m_highest) / (shoreline - m_highest), 0.0f, 1.0f);
+        const float haze = sunk * sunk * (1.6f - 0.6f * sunk);
         const Light base = m_look.top + (m_look.foot - m_look.top) * haze;
-        for (int x = 0; x < width; ++x) {
-            const float* h = crest + x * fine;
-            float cover = 0;
-            for (int i = 0; i < fine; ++i)
-                cover += std::clamp(at - mix(h[i], h[i + 1], part) + 0.5f, 0.0f, 1.0f);
-            cover *= 1.0f / fine;
-            const float warm = m_dawn[static_cast<std::size_t>(x)] * (0.35f + 0.65f * haze);
-            float* red = canvas.row(0, y) + x;
-            float* green = canvas.row(1, y) + x;
-            float* blue = canvas.row(2, y) + x;
-            *red = mix(*red, base[0] + 0.62f * warm, cover);
-            *green = mix(*green, base[1] + 0.24f * warm, cover);
-            *blue = mix(*blue, base[2] + 0.10f * warm, cover);
+        const Light warm = dawnLight * (0.35f + 0.65f * haze);
+        for (int plane = 0; plane < 3; ++plane) {
+            float* out = canvas.row(plane, y);
+            const float dark = base[plane];
+            const float bright = warm[plane];
+            for (std::size_t x = 0; x < width; ++x) {
+                const float cover = std::clamp((at - m_first[x]) * m_steepness[x], 0.0f, 1.0f);
+                out[x] = mix(out[x], dark + bright * m_dawn[x], cover);
+            }
         }
+    }
+}
+
+void Ridge::moveTo(float offset)
+{
+    const float start = (margin + offset) * fine;
+    const int whole = static_cast<int>(start);
+    const float part = start - static_cast<float>(whole);
+    const float* crest = m_crest.data() + whole;
+    for (std::size_t x = 0; x < width; ++x, crest += fine) {
+        float first = height;
+        float last = 0;
+        for (int i = 0; i < fine; ++i) {
+            const float y = mix(crest[i], crest[i + 1], part);
+            first = std::min(first, y);
+            last = std::max(last, y);
+        }
+        m_first[x] = first - 0.5f;
+        m_steepness[x] = 1 / (last - first + 1);
     }
 }
 
@@ -83,15 +103,15 @@ std::vector<Ridge> makeRidges()
 {
     std::vector<Ridge> ridges;
     ridges.emplace_back(
-        Ridge::Look{660, 120, 620, 0, 3, lightOf(104, 76, 132), lightOf(206, 134, 134), 0.42f, 101});
+        Ridge::Look{612, 185, 560, 0, 3, lightOf(46, 42, 102), lightOf(206, 130, 134), 0.50f, 108});
     ridges.emplace_back(
-        Ridge::Look{700, 105, 520, 0, 6, lightOf(74, 60, 116), lightOf(176, 112, 132), 0.26f, 205});
+        Ridge::Look{672, 140, 460, 0, 6, lightOf(48, 44, 102), lightOf(186, 116, 132), 0.38f, 205});
     ridges.emplace_back(
-        Ridge::Look{740, 92, 450, 0, 11, lightOf(46, 44, 92), lightOf(126, 84, 118), 0.15f, 309});
+        Ridge::Look{722, 105, 430, 0, 11, lightOf(44, 42, 94), lightOf(144, 94, 124), 0.18f, 309});
     ridges.emplace_back(
-        Ridge::Look{772, 66, 390, 12, 19, lightOf(26, 30, 66), lightOf(74, 58, 94), 0.05f, 417});
+        Ridge::Look{758, 74, 410, 11, 19, lightOf(26, 30, 70), lightOf(84, 64, 102), 0.06f, 417});
     ridges.emplace_back(
-        Ridge::Look{797, 34, 520, 34, 30, lightOf(9, 13, 32), lightOf(20, 22, 44), 0.0f, 523});
+        Ridge::Look{786, 42, 560, 30, 30, lightOf(10, 14, 36), lightOf(26, 26, 52), 0.0f, 523});
     return ridges;
 }
 

@@ -24,17 +24,20 @@ public:
 
     explicit Ridge(const Look& look);
     /// `phase` runs from 0 to tau over the loop.
-    void draw(Canvas& canvas, float phase) const;
+    void draw(Canvas& canvas, float phase);
 
 private:
     [[nodiscard]] float crestAt(float x) const;
     [[nodiscard]] float treesAt(float x) const;
+    void moveTo(float offset);
 
     static constexpr int fine = 4; // heights to the pixel
     static constexpr int margin = 96;
     Look m_look;
     std::vector<float> m_crest;
     std::vector<float> m_dawn;
+    std::vector<float> m_first,
+        m_steepness; // per column: where cover begins, and how much a pixel adds to it
     float m_highest;
 };
 

@@ -9,7 +9,7 @@ namespace {
 std::vector<Mist> makeMists()
 {
     std::vector<Mist> mists;
-    mists.emplace_back(Mist::Look{690, 90, 150, lightOf(236, 164, 146), 0.30f, 31});
+    mists.emplace_back(Mist::Look{690, 90, 150, lightOf(250, 178, 148), 0.30f, 31});
     mists.emplace_back(Mist::Look{730, 76, -190, lightOf(216, 146, 146), 0.42f, 32});
     mists.emplace_back(Mist::Look{760, 64, 230, lightOf(178, 122, 142), 0.50f, 33});
     mists.emplace_back(Mist::Look{785, 46, -270, lightOf(138, 102, 136), 0.55f, 34});

@@ -13,8 +13,8 @@ struct Stop {
 
 constexpr std::array stops{
     Stop{0, lightOf(5, 9, 30)},        Stop{240, lightOf(13, 22, 62)},   Stop{430, lightOf(34, 38, 96)},
-    Stop{580, lightOf(82, 62, 124)},   Stop{690, lightOf(150, 88, 128)}, Stop{760, lightOf(202, 122, 122)},
-    Stop{800, lightOf(228, 156, 128)},
+    Stop{580, lightOf(82, 62, 124)},   Stop{690, lightOf(158, 90, 126)}, Stop{760, lightOf(218, 130, 116)},
+    Stop{800, lightOf(242, 176, 130)},
 };
 constexpr Light wideGlowLight = lightOf(206, 112, 74);
 constexpr Light narrowGlowLight = lightOf(255, 190, 116);
@@ -62,8 +62,8 @@ void Sky::draw(Canvas& canvas, float phase) const
     const float breath = 1 + 0.07f * std::sin(phase);
     for (int y = 0; y < shoreline; ++y) {
         const float up = static_cast<float>(shoreline - y);
-        const float wide = std::exp(-up / 170) * 0.55f * breath;
-        const float narrow = std::exp(-up / 60) * 0.55f * breath;
+        const float wide = std::exp(-up / 190) * 0.60f * breath;
+        const float narrow = std::exp(-up / 100) * 1.15f * breath;
         for (int plane = 0; plane < 3; ++plane) {
             float* out = canvas.row(plane, y);
             const float base = m_rows[static_cast<std::size_t>(y)][plane];

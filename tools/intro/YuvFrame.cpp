@@ -7,8 +7,8 @@ namespace kestro::intro {
 namespace {
 
 constexpr int grainSize = 1 << 16;
-constexpr float lumaGrain = 1.1f; // of one 8-bit step, to each side
-constexpr float chromaGrain = 0.5f;
+constexpr float lumaGrain = 1.5f; // of one 8-bit step, to each side
+constexpr float chromaGrain = 0.9f;
 // BT.709
 constexpr float redShare = 0.2126f, greenShare = 0.7152f, blueShare = 0.0722f;
 
@@ -49,7 +49,7 @@ void YuvFrame::grade(Canvas& canvas, int y) const
         for (int x = 0; x < width; ++x) {
             // Highlights bend over softly instead of clipping; then from light to picture values.
             const float v = std::max(light[x] * rowShade * m_vignette[static_cast<std::size_t>(x)], 0.0f);
-            light[x] = std::sqrt(v * (1 + 0.25f * v) / (1 + 0.5f * v + 0.0f));
+            light[x] = std::sqrt(v * (1 + 0.3f * v) / (1 + 0.45f * v));
         }
     }
 }
