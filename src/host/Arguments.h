@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/base/Result.h"
+
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace kestro {
+
+/// One option of a command, as it is written after two dashes.
+struct Option {
+    QString name;
+    QString valueName; ///< what its value is called in the help; empty for an option without a value
+    QString help;
+};
+
+/// What may be written after a command's name, for the parser and for the help. "help" is always understood.
+struct Syntax {
+    QString name; ///< empty for the program without a command
+    QString summary;
+    QList<Option> options;
+
+    [[nodiscard]] const Option* find(const QString& optionName) const;
+};
+
+/// The options that were given to a command, checked against its syntax. Values are still text; the readers
+/// below turn them into numbers within bounds. A plain value.
+class Arguments final {
+public:
+    /// Reads `words`, what stands after the command's name: "--name", "--name value" and "--name=value"; of
+    /// one option given twice the last counts. The error names the word that is not understood.
+    [[nodiscard]] static Result<Arguments> parse(const Syntax& syntax, const QStringList& words);
+
+    [[nodiscard]] bool has(const QString& option) const { return m_values.contains(option); }
+    /// The text given to `option`, nothing when it was not given.
+    [[nodiscard]] std::optional<QString> text(const QString& option) const;
+    /// A whole number from `least` to `most`; `fallback` when it was not given.
+    [[nodiscard]] Result<int> integer(const QString& option, int fallback, int least, int most) const;
+    /// A real number, with a point, from `least` to `most`; `fallback` when it was not given.
+    [[nodiscard]] Result<double> real(const QString& option, double fallback, double least,
+                                      double most) const;
+
+private:
+    QHash<QString, QString> m_values;
+};
+
+/// The help of one command: how it is written, what it does, each option a line.
+[[nodiscard]] QString helpText(const Syntax& syntax);
+
+} // namespace kestro

@@ -1,0 +1,26 @@
+#include "host/Console.h"
+
+#include "platform/base/Log.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace kestro {
+
+void complain(const QString& message)
+{
+    logLine(QStringLiteral("kestro: ") + message);
+}
+
+ExitCode print(const QByteArray& text)
+{
+    const auto size = static_cast<std::size_t>(text.size());
+    const bool written = std::fwrite(text.constData(), 1, size, stdout) == size;
+    if (written && std::fflush(stdout) == 0) return ExitSuccess;
+    complain(QStringLiteral("Cannot write to standard output: ") +
+             QString::fromLocal8Bit(std::strerror(errno)));
+    return ExitFailure;
+}
+
+} // namespace kestro

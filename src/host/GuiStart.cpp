@@ -1,0 +1,92 @@
+#include "host/GuiStart.h"
+
+#include "host/Console.h"
+
+#include <QGuiApplication>
+#include <QStringList>
+
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+
+namespace kestro {
+
+namespace {
+
+QString named(const char* variable)
+{
+    return QStringLiteral("%1=%2").arg(QString::fromLatin1(variable), qEnvironmentVariable(variable));
+}
+
+[[noreturn]] void leaveWithoutDisplay()
+{
+    complain(QStringLiteral("No display can be reached (%1 %2 %3)")
+                 .arg(named("DISPLAY"), named("WAYLAND_DISPLAY"), named("QT_QPA_PLATFORM")));
+    std::fflush(nullptr);
+    // Nothing but the half-made application object exists yet, and that cannot be destroyed.
+    std::_Exit(ExitFailure);
+}
+
+bool hasDisplay()
+{
+    const auto isSet = [](const char* variable) { return !qEnvironmentVariableIsEmpty(variable); };
+    return isSet("QT_QPA_PLATFORM") || isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
+}
+
+/// Keeps what Qt says while the application object is made: it is of use only where that works out, and where
+/// it does not Qt says a paragraph and aborts. One at a time.
+class QuietStart final {
+public:
+    QuietStart() { qInstallMessageHandler(hear); }
+    ~QuietStart()
+    {
+        qInstallMessageHandler(nullptr);
+        for (const QString& message : std::as_const(messages()))
+            qWarning("%s", qUtf8Printable(message));
+    }
+
+private:
+    static QStringList& messages()
+    {
+        static QStringList heard;
+        return heard;
+    }
+    static void hear(QtMsgType type, const QMessageLogContext&, const QString& message)
+    {
+        if (type == QtFatalMsg) leaveWithoutDisplay();
+        messages().append(message);
+    }
+};
+
+std::unique_ptr<QGuiApplication> makeApplication()
+{
+    // Qt keeps references to both. It gets no arguments: ours are checked, and it would take its own from
+    // them.
+    static char name[] = "kestro";
+    static char* words[] = {name, nullptr};
+    static int count = 1;
+    const QuietStart quiet;
+    return std::make_unique<QGuiApplication>(count, words);
+}
+
+} // namespace
+
+std::unique_ptr<QGuiApplication> startGui()
+{
+    if (!hasDisplay()) leaveWithoutDisplay();
+    auto application = makeApplication();
+    QGuiApplication::setApplicationName(QStringLiteral("kestro"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    // The application object has set the user's locale; libmpv refuses to start under one with another
+    // decimal point.
+    std::setlocale(LC_NUMERIC, "C");
+    return application;
+}
+
+std::unique_ptr<QGuiApplication> startGuiOffScreen()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    return startGui();
+}
+
+} // namespace kestro

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <memory>
+
+class QGuiApplication;
+
+namespace kestro {
+
+/// Makes the application object on the display that the environment names, ready for movies and windows of
+/// our own. Where no display can be reached the process says so in one line on standard error and ends with a
+/// failure: Qt would abort it, and gives no other way out. Never null; once a process; main thread.
+[[nodiscard]] std::unique_ptr<QGuiApplication> startGui();
+
+/// The same without any display: everything is drawn in memory.
+[[nodiscard]] std::unique_ptr<QGuiApplication> startGuiOffScreen();
+
+} // namespace kestro

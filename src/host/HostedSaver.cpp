@@ -1,0 +1,85 @@
+#include "host/HostedSaver.h"
+
+#include "platform/display/Desktop.h"
+#include "platform/display/Screen.h"
+#include "platform/display/Timer.h"
+#include "platform/saver/ScreenSaverView.h"
+
+#include <algorithm>
+
+namespace kestro {
+
+namespace {
+
+/// A view that asks for no pause at all still leaves the event loop room to turn.
+constexpr double shortestInterval = 0.001;
+
+} // namespace
+
+HostedSaver::HostedSaver(Screen& screen, std::shared_ptr<ScreenSaverView> view, TickHandler onTick)
+    : m_screen(screen)
+    , m_view(std::move(view))
+    , m_window({screen.frame(), &screen, QStringLiteral("host")})
+    , m_onTick(std::move(onTick))
+{
+    m_window.setLevel(WindowLevel::ScreenSaver);
+    m_window.setOpaque(true);
+    m_window.setBackgroundColor(Qt::black);
+    m_window.setContentView(m_view.get());
+    m_window.makeKeyAndOrderFront();
+}
+
+HostedSaver::~HostedSaver()
+{
+    m_window.setContentView(nullptr);
+}
+
+void HostedSaver::start()
+{
+    if (m_state != State::Made) return;
+    const auto self = shared_from_this();
+    m_state = State::Running;
+    m_isBusy = true;
+    m_view->startAnimation();
+    m_isBusy = false;
+    // Stopped while it was starting, and then it went on to start: what came after the stop is stopped too.
+    if (m_state == State::Stopped && m_view->isAnimating()) m_view->stopAnimation();
+    if (m_state == State::Running) schedule();
+}
+
+void HostedSaver::stop()
+{
+    const State before = m_state;
+    m_state = State::Stopped;
+    m_timer.reset();
+    if (before == State::Running) m_view->stopAnimation();
+}
+
+void HostedSaver::fitToScreen()
+{
+    m_window.setFrameDisplay(m_screen.frame(), true);
+}
+
+void HostedSaver::tick()
+{
+    if (m_isBusy || m_state != State::Running) return;
+    const auto self = shared_from_this();
+    m_isBusy = true;
+    m_view->animateOneFrame();
+    m_isBusy = false;
+    // Stopped inside the tick: the screen may be gone, there is nothing to tell of and nothing to come.
+    if (m_state != State::Running) return;
+    ++m_ticks;
+    if (m_onTick) m_onTick(*this);
+    if (m_state == State::Running) schedule();
+}
+
+void HostedSaver::schedule()
+{
+    const double interval = std::max(m_view->animationTimeInterval(), shortestInterval);
+    if (m_timer && interval == m_interval) return;
+    m_interval = interval;
+    m_timer = m_screen.desktop().timers().repeating(interval, [this] { tick(); });
+}
+
+} // namespace kestro

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/display/Window.h"
+
+#include <functional>
+#include <memory>
+
+namespace kestro {
+
+class Screen;
+class ScreenSaverView;
+class Timer;
+
+/// One screen's saver: a black window over the whole screen, the view in it, and the view's ticks. Owned by
+/// the session; shared because a view may let events through while it starts or ticks, and its screen may go
+/// in them. The screen must outlive every call but the destructor. Main thread.
+class HostedSaver final : public std::enable_shared_from_this<HostedSaver> {
+public:
+    using TickHandler = std::function<void(HostedSaver&)>;
+
+    /// Shows the window, black until the view draws. `onTick` runs after each tick.
+    HostedSaver(Screen& screen, std::shared_ptr<ScreenSaverView> view, TickHandler onTick);
+    ~HostedSaver();
+
+    /// Starts the view, then ticks it at the interval that it asks for, until stopped. A tick never starts
+    /// while the view is still busy starting or with the one before. Nothing once stopped.
+    void start();
+    /// Ends the ticks and stops the view, at once even where it is busy; nothing when it was never started.
+    void stop();
+    /// Fits the window, and the view with it, to its screen as it is now.
+    void fitToScreen();
+
+    [[nodiscard]] Screen& screen() const { return m_screen; }
+    [[nodiscard]] ScreenSaverView& view() const { return *m_view; }
+    /// Ticks that are over.
+    [[nodiscard]] int ticks() const { return m_ticks; }
+
+private:
+    enum class State { Made, Running, Stopped };
+
+    void tick();
+    void schedule();
+
+    Screen& m_screen;
+    std::shared_ptr<ScreenSaverView> m_view; ///< shared: in piggy-back running the saver refers to it as well
+    Window m_window;
+    TickHandler m_onTick;
+    std::unique_ptr<Timer> m_timer;
+    double m_interval = 0; ///< of m_timer, seconds
+    State m_state = State::Made;
+    bool m_isBusy = false;
+    int m_ticks = 0;
+};
+
+} // namespace kestro

@@ -1,0 +1,19 @@
+#include "host/KestroBundle.h"
+
+#include "host/Console.h"
+#include "platform/base/Paths.h"
+
+namespace kestro {
+
+std::optional<PrincipalClass> kestroSaver()
+{
+    const QString path = packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver");
+    const auto bundle = SaverBundle::load(path);
+    if (!bundle) return std::nullopt; // load() has said why
+    const auto principal = bundle->principalClass();
+    if (principal && principal->isScreenSaverView()) return principal;
+    complain(QStringLiteral("No screen saver in ") + path);
+    return std::nullopt;
+}
+
+} // namespace kestro

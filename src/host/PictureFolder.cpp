@@ -1,0 +1,35 @@
+#include "host/PictureFolder.h"
+
+#include <QDir>
+#include <QImageWriter>
+
+#include <cerrno>
+#include <cstring>
+
+namespace kestro {
+
+Result<PictureFolder> PictureFolder::open(const QString& path)
+{
+    errno = 0;
+    if (QDir().mkpath(path)) return PictureFolder(path);
+    const QString reason =
+        errno != 0 ? QString::fromLocal8Bit(std::strerror(errno)) : QStringLiteral("not a folder");
+    return Error{QStringLiteral("Cannot make folder %1: %2").arg(path, reason)};
+}
+
+QString PictureFolder::pictureName(int screen, double seconds)
+{
+    return QString::asprintf("screen%d-%09.3f.png", screen, seconds);
+}
+
+Result<QString> PictureFolder::write(const QImage& picture, int screen, double seconds) const
+{
+    const QString path = QDir(m_path).filePath(pictureName(screen, seconds));
+    QImageWriter writer(path, "png");
+    // The saver stands still while a picture is packed: better a larger file than a longer pause.
+    writer.setCompression(1);
+    if (writer.write(picture)) return path;
+    return Error{QStringLiteral("Cannot write %1: %2").arg(path, writer.errorString())};
+}
+
+} // namespace kestro

@@ -1,0 +1,46 @@
+#include "host/PlaylistCommand.h"
+
+#include "host/Program.h"
+#include "platform/base/Paths.h"
+#include "settings/MovieURL.h"
+#include "settings/NoTrailers.h"
+#include "settings/Playlist.h"
+#include "settings/Settings.h"
+#include "settings/SettingsStore.h"
+
+namespace kestro {
+
+namespace {
+
+const QString expandedOption = QStringLiteral("expanded");
+
+/// Stands for the view that a crawl would report to; this command starts none.
+class NoClient final : public TrailerClient {
+public:
+};
+
+int showPlaylist(const Arguments& arguments)
+{
+    SettingsStore store(homeFolder());
+    // As a preview, for which no crawl is ever started; what is listed does not depend on it.
+    Settings settings(store, {.isPreview = true});
+    NoTrailers trailers;
+    NoClient client;
+    Playlist playlist(settings, trailers, client, true);
+    QByteArray lines;
+    for (const QUrl& url : playlist.movieFileList(arguments.has(expandedOption)))
+        lines += absoluteString(url).toUtf8() + '\n';
+    return print(lines);
+}
+
+} // namespace
+
+Command playlistCommand()
+{
+    const Option expanded{
+        expandedOption, {}, QStringLiteral("list what the automatic entries stand for now")};
+    return {{QStringLiteral("playlist"), QStringLiteral("Print the playlist, one URL a line"), {expanded}},
+            showPlaylist};
+}
+
+} // namespace kestro

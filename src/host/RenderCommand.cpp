@@ -1,0 +1,81 @@
+#include "host/RenderCommand.h"
+
+#include "host/GuiStart.h"
+#include "host/KestroBundle.h"
+#include "host/Program.h"
+#include "host/RenderOptions.h"
+#include "host/RenderRun.h"
+#include "host/SaverSession.h"
+#include "host/StopSignals.h"
+#include "host/TraceFile.h"
+#include "platform/base/Clock.h"
+#include "platform/base/Random.h"
+#include "platform/display/ImageDesktop.h"
+#include "platform/display/QtTimerSource.h"
+#include "platform/saver/ScreenSaverView.h"
+
+#include <QGuiApplication>
+
+namespace kestro {
+
+namespace {
+
+/// Screens side by side, from the origin to the right.
+std::vector<Rect> screenFrames(const RenderOptions& options)
+{
+    const Size size{static_cast<float>(options.size.width()), static_cast<float>(options.size.height())};
+    std::vector<Rect> frames;
+    for (int i = 0; i < options.screens; ++i)
+        frames.push_back({{static_cast<float>(i) * size.width, 0}, size});
+    return frames;
+}
+
+int runOffScreen(const RenderOptions& options, const PictureFolder& pictures, TraceFile* trace)
+{
+    const auto application = startGuiOffScreen();
+    const auto principal = kestroSaver();
+    if (!principal) return ExitFailure;
+
+    QtTimerSource timers;
+    const SystemClock clock;
+    SystemRandom random;
+    ImageDesktop desktop(screenFrames(options), 1, timers, clock, random);
+    SaverSession session(
+        desktop, [&](const Rect& frame) { return principal->initWithFrameIsPreview(frame, false, desktop); });
+    RenderRun run(desktop, session, pictures, trace, options);
+    const StopSignals signalWatch([&] { run.endEarly(); });
+    return run.exec();
+}
+
+int render(const Arguments& arguments)
+{
+    const auto options = RenderOptions::from(arguments);
+    if (!options) {
+        complain(options.error() + QStringLiteral(" (see kestro render --help)"));
+        return ExitWrongUsage;
+    }
+    const auto pictures = PictureFolder::open(options.value().folder);
+    if (!pictures) {
+        complain(pictures.error());
+        return ExitFailure;
+    }
+    std::unique_ptr<TraceFile> trace;
+    if (!options.value().traceFile.isEmpty()) {
+        auto made = TraceFile::create(options.value().traceFile);
+        if (!made) {
+            complain(made.error());
+            return ExitFailure;
+        }
+        trace = std::move(made.value());
+    }
+    return runOffScreen(options.value(), pictures.value(), trace.get());
+}
+
+} // namespace
+
+Command renderCommand()
+{
+    return {RenderOptions::syntax(), render};
+}
+
+} // namespace kestro

@@ -1,0 +1,113 @@
+#include "host/RenderRun.h"
+
+#include "host/HostedSaver.h"
+#include "host/SaverSession.h"
+#include "host/TraceFile.h"
+#include "host/TraceLine.h"
+#include "platform/base/Clock.h"
+#include "platform/display/Desktop.h"
+#include "platform/display/Screen.h"
+#include "platform/display/Surface.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace kestro {
+
+RenderRun::RenderRun(Desktop& desktop, SaverSession& session, const PictureFolder& pictures, TraceFile* trace,
+                     const RenderOptions& options)
+    : m_desktop(desktop)
+    , m_session(session)
+    , m_pictures(pictures)
+    , m_trace(trace)
+    , m_options(options)
+    , m_started(desktop.clock().now())
+{
+    m_next.setSingleShot(true);
+    m_next.setTimerType(Qt::PreciseTimer);
+    m_next.callOnTimeout([this] { momentCame(); });
+    m_session.setTickHandler([this](HostedSaver& saver) { this->trace(saver); });
+}
+
+int RenderRun::exec()
+{
+    QMetaObject::invokeMethod(
+        &m_next, [this] { begin(); }, Qt::QueuedConnection);
+    return QCoreApplication::exec();
+}
+
+void RenderRun::begin()
+{
+    if (m_isOver) return;
+    m_started = m_desktop.clock().now();
+    // First, because a view may let time pass while it starts.
+    scheduleNext();
+    if (!m_session.start()) end(ExitFailure);
+}
+
+double RenderRun::elapsed() const
+{
+    return m_desktop.clock().now() - m_started;
+}
+
+void RenderRun::scheduleNext()
+{
+    const double now = elapsed();
+    const double steps = std::floor(std::max(now, m_due) / m_options.every + 1e-6) + 1;
+    m_due = std::min(steps * m_options.every, m_options.seconds);
+    m_next.start(static_cast<int>(std::ceil(std::max(0.0, m_due - now) * 1000)));
+}
+
+void RenderRun::momentCame()
+{
+    if (m_isOver) return;
+    takePictures(m_due);
+    if (m_due < m_options.seconds && !m_isOver)
+        scheduleNext();
+    else
+        end(ExitSuccess);
+}
+
+void RenderRun::endEarly()
+{
+    if (!m_isOver) takePictures(elapsed());
+    end(ExitSuccess);
+}
+
+void RenderRun::takePictures(double seconds)
+{
+    int index = 0;
+    for (Screen* screen : m_desktop.screens())
+        if (!takePicture(*screen, index++, seconds)) return end(ExitFailure);
+}
+
+bool RenderRun::takePicture(Screen& screen, int index, double seconds)
+{
+    screen.update();
+    const auto written = m_pictures.write(screen.surface().canvas(), index, seconds);
+    if (!written) complain(written.error());
+    return written.isOk();
+}
+
+void RenderRun::trace(const HostedSaver& saver)
+{
+    if (!m_trace || m_isOver) return;
+    const auto screens = m_desktop.screens();
+    const auto place = std::ranges::find(screens, &saver.screen()) - screens.begin();
+    if (m_trace->write(traceLine(saver, static_cast<int>(place), elapsed()))) return;
+    complain(m_trace->errorText());
+    end(ExitFailure);
+}
+
+void RenderRun::end(ExitCode status)
+{
+    if (std::exchange(m_isOver, true)) return;
+    m_next.stop();
+    m_session.stop();
+    QCoreApplication::exit(status);
+}
+
+} // namespace kestro

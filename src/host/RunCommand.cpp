@@ -1,0 +1,63 @@
+#include "host/RunCommand.h"
+
+#include "host/GuiStart.h"
+#include "host/KestroBundle.h"
+#include "host/Program.h"
+#include "host/SaverSession.h"
+#include "host/StopSignals.h"
+#include "platform/display/QtDesktop.h"
+#include "platform/saver/ScreenSaverView.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace kestro {
+
+namespace {
+
+/// Stops every view, which stores what is to be kept, and leaves the process without taking it apart: that
+/// would wait for players and fetches, up to the time limit of a server that does not answer, and whoever
+/// ends a screen saver wants the screen now. The display server takes the windows away with the connection.
+[[noreturn]] void leave(SaverSession& session, ExitCode status)
+{
+    session.stop();
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
+int runFullScreen(const Arguments&)
+{
+    const auto application = startGui();
+    const auto principal = kestroSaver();
+    if (!principal) return ExitFailure;
+
+    QtDesktop desktop;
+    SaverSession session(
+        desktop, [&](const Rect& frame) { return principal->initWithFrameIsPreview(frame, false, desktop); });
+    const auto leaveWell = [&] { leave(session, ExitSuccess); };
+    const StopSignals signalWatch(leaveWell);
+    session.setWakeHandler(leaveWell);
+
+    const auto start = [&] {
+        if (!session.start()) leave(session, ExitFailure);
+    };
+    QMetaObject::invokeMethod(application.get(), start, Qt::QueuedConnection);
+    QGuiApplication::exec();
+    leave(session, ExitSuccess);
+}
+
+} // namespace
+
+Command runCommand()
+{
+    const Option version{QStringLiteral("version"), {}, QStringLiteral("show the version")};
+    return {{{},
+             QStringLiteral(
+                 "Movies as a screen saver, now, on every screen. A key, a click or the mouse ends it."),
+             {version}},
+            runFullScreen};
+}
+
+} // namespace kestro

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/base/Result.h"
+
+#include <QString>
+
+#include <memory>
+
+class QFile;
+class QJsonObject;
+
+namespace kestro {
+
+/// A file of JSON lines, each of them written out at once so that it can be followed while it grows. Main
+/// thread.
+class TraceFile final {
+public:
+    /// Makes the file, or empties it; the error says why it cannot.
+    [[nodiscard]] static Result<std::unique_ptr<TraceFile>> create(const QString& path);
+    explicit TraceFile(std::unique_ptr<QFile> file);
+    ~TraceFile();
+
+    /// Answers whether the line was written.
+    bool write(const QJsonObject& line);
+    /// Why the last write failed, in one line.
+    [[nodiscard]] QString errorText() const;
+
+private:
+    std::unique_ptr<QFile> m_file;
+};
+
+} // namespace kestro

@@ -1,0 +1,34 @@
+#include "host/Program.h"
+
+#include <QFile>
+
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
+#include <langinfo.h>
+
+namespace {
+
+/// File names and URLs are UTF-8 here whatever the shell's locale says; set before Qt looks, it has nothing
+/// to warn of.
+void useUtf8()
+{
+    std::setlocale(LC_CTYPE, "");
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) setenv("LC_ALL", "C.UTF-8", 1);
+}
+
+QStringList wordsFrom(int count, char** words)
+{
+    QStringList list;
+    for (int i = 1; i < count; ++i)
+        list.append(QFile::decodeName(words[i]));
+    return list;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    useUtf8();
+    return kestro::Program(QStringLiteral(KESTRO_VERSION), kestro::allCommands()).run(wordsFrom(argc, argv));
+}

@@ -1,0 +1,192 @@
+"""What the tests of the program share: a home of their own, runs of kestro with a bound, movies, pictures, traces."""
+
+import functools
+import json
+import os
+import pathlib
+import plistlib
+import re
+import select
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+
+KESTRO = os.environ["KESTRO"]
+BOUND = 60  # seconds that anything here may take before it counts as hung
+
+RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 128, 0), (0, 0, 255), (0, 0, 0)
+COLOURS = {"red": RED, "green": GREEN, "blue": BLUE}
+
+
+def wait_until(condition, what, bound=BOUND):
+    """What `condition` answers once it is true; fails when that takes longer than the bound."""
+    deadline = time.monotonic() + bound
+    while True:
+        answer = condition()
+        if answer:
+            return answer
+        if time.monotonic() > deadline:
+            raise AssertionError(f"waited {bound} s in vain for {what}")
+        select.select([], [], [], 0.02)
+
+
+@functools.cache
+def movie_folder():
+    """One folder for the movies of all tests of a run; it goes when the run ends."""
+    holder = tempfile.TemporaryDirectory(prefix="kestro-movies-")
+    movie_folder.holder = holder
+    return pathlib.Path(holder.name)
+
+
+@functools.cache
+def movie(name, colour="red", seconds=2, size="160x120", rate=10):
+    """A movie of one colour; `name` tells movies of the same looks apart."""
+    path = movie_folder() / f"{name}.mp4"
+    source = f"color=c={colour}:s={size}:r={rate}:d={seconds}"
+    command = ["ffmpeg", "-nostdin", "-v", "error", "-y", "-f", "lavfi", "-i", source]
+    command += ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-g", "10", str(path)]
+    subprocess.run(command, check=True, timeout=BOUND, stdin=subprocess.DEVNULL)
+    return path
+
+
+def url(path):
+    return pathlib.Path(path).as_uri()
+
+
+class Home:
+    """A home folder of one test, with its settings files."""
+
+    def __init__(self):
+        self._holder = tempfile.TemporaryDirectory(prefix="kestro-home-")
+        self.path = pathlib.Path(self._holder.name)
+        self.preferences = self.path / "Library" / "Preferences"
+        self.preferences.mkdir(parents=True)
+        self.root = self.path / "platform-root"
+        self.root.mkdir()
+
+    def close(self):
+        self._holder.cleanup()
+
+    def write(self, settings, fmt=plistlib.FMT_XML, name="Kestro.plist"):
+        (self.preferences / name).write_bytes(plistlib.dumps(settings, fmt=fmt))
+
+    def play(self, movies, **settings):
+        """Settings of the present version with these movies (paths, or URLs as text)."""
+        entries = [entry if isinstance(entry, str) else url(entry) for entry in movies]
+        self.write({"Ver": "5", "FileList": entries, **settings})
+
+    def resume_point(self):
+        path = self.preferences / "Kestro.def.plist"
+        return plistlib.loads(path.read_bytes()) if path.exists() else {}
+
+    def environment(self, **more):
+        kept = {key: value for key, value in os.environ.items() if key not in ("DISPLAY", "WAYLAND_DISPLAY")}
+        kept.pop("QT_QPA_PLATFORM", None)
+        kept.update(KESTRO_HOME=str(self.path), HOME=str(self.path), KESTRO_ROOT=str(self.root))
+        kept.setdefault("KESTRO_RENDERER", "software")
+        kept.update(more)
+        return kept
+
+
+class ProgramTest(unittest.TestCase):
+    """A test with a home and an output folder of its own."""
+
+    def setUp(self):
+        self.home = Home()
+        self.addCleanup(self.home.close)
+
+    def run_kestro(self, *words, status=0, environment=None):
+        """Runs kestro to its end, which must have the status; answers the finished process, its output as text."""
+        done = subprocess.run([KESTRO, *words], env=environment or self.home.environment(), capture_output=True,
+                              text=True, timeout=BOUND, stdin=subprocess.DEVNULL)
+        self.assertEqual(done.returncode, status, done.stderr)
+        return done
+
+    def start_kestro(self, *words, **environment):
+        """Starts kestro in a process group of its own; it is ended with the test."""
+        process = subprocess.Popen([KESTRO, *words], env=self.home.environment(**environment), text=True,
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   start_new_session=True)
+        self.addCleanup(end_process, process)
+        return process
+
+    def ended(self, process):
+        """(exit status, what it said on standard error) of a process that is about to end."""
+        _, errors = process.communicate(timeout=BOUND)
+        return process.returncode, errors
+
+    def assertOneLine(self, text, fragment):
+        self.assertEqual(text.count("\n"), 1, text)
+        self.assertIn(fragment, text)
+
+
+def end_process(process):
+    if process.poll() is None:
+        os.killpg(process.pid, signal.SIGKILL)
+    process.communicate(timeout=BOUND)
+
+
+class Rendering:
+    """One finished `kestro render`: its pictures, its trace, what it logged."""
+
+    def __init__(self, test, *words, size="320x240", seconds=2, every=1, **environment):
+        self.folder = pathlib.Path(tempfile.mkdtemp(dir=test.home.path))
+        trace = self.folder / "trace.jsonl"
+        done = test.run_kestro("render", "--out", str(self.folder), "--size", size, "--seconds", str(seconds),
+                               "--every", str(every), "--trace", str(trace), *words,
+                               environment=test.home.environment(**environment))
+        self.log = done.stderr
+        self.trace = read_trace(trace)
+
+    def names(self):
+        return sorted(path.name for path in self.folder.glob("*.png"))
+
+    def last_picture(self, screen=0):
+        return Pixels(max(self.folder.glob(f"screen{screen}-*.png")))
+
+    def movie_lines(self, screen=0):
+        return [line for line in self.trace if line["screen"] == screen and line["movie"]]
+
+    def urls(self):
+        """The movies shown on the first screen, in order, each once for as long as it stayed."""
+        shown = [line["movie"]["url"] for line in self.movie_lines()]
+        return [now for before, now in zip([None, *shown], shown) if before != now]
+
+    def movie_frames(self, screen=0):
+        """The places of the movie with a size, in order, each once for as long as it stayed."""
+        frames = [line["movie"]["frame"] for line in self.movie_lines(screen)]
+        frames = [frame for frame in frames if frame[2] > 0]
+        return [now for before, now in zip([None, *frames], frames) if before != now]
+
+
+def read_trace(path):
+    return [json.loads(line) for line in path.read_text().splitlines()]
+
+
+class Pixels:
+    """A picture file's pixels; positions count from the top left."""
+
+    def __init__(self, path):
+        described = subprocess.run(["identify", "-format", "%w %h", str(path)], check=True, capture_output=True,
+                                   text=True, timeout=BOUND).stdout
+        self.width, self.height = map(int, described.split())
+        self.bytes = subprocess.run(["convert", str(path), "-depth", "8", "rgb:-"], check=True, capture_output=True,
+                                    timeout=BOUND).stdout
+
+    def at(self, x, y):
+        start = 3 * (y * self.width + x)
+        return tuple(self.bytes[start : start + 3])
+
+    def is_near(self, x, y, colour):
+        """Whether the pixel has the colour, but for what packing a movie does to it."""
+        return all(abs(a - b) < 24 for a, b in zip(self.at(x, y), colour))
+
+    def is_blank(self):
+        return not any(self.bytes)
+
+
+def seconds_of(name):
+    """The seconds in a picture's name."""
+    return float(re.fullmatch(r"screen\d+-(\d+\.\d{3})\.png", name)[1])

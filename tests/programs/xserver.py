@@ -1,0 +1,61 @@
+"""An X server without a screen of glass, for the tests that need a real display."""
+
+import os
+import pathlib
+import re
+import select
+import signal
+import subprocess
+import tempfile
+
+from harness import BOUND, Pixels
+
+
+class XServer:
+    """Xvfb on a display number of its own choice, in a process group of its own. Ended by close()."""
+
+    def __init__(self, size="640x480"):
+        self._holder = tempfile.TemporaryDirectory(prefix="kestro-x-")
+        reading, writing = os.pipe()
+        command = ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-noreset", "-nolisten", "tcp"]
+        log = pathlib.Path(self._holder.name, "log").open("w")
+        self._process = subprocess.Popen(command, pass_fds=[writing], start_new_session=True, stdin=subprocess.DEVNULL,
+                                         stdout=log, stderr=log)
+        os.close(writing)
+        self.display = f":{self._read_number(reading)}"
+
+    def _read_number(self, descriptor):
+        with os.fdopen(descriptor) as stream:
+            if not select.select([stream], [], [], BOUND)[0]:
+                raise AssertionError("Xvfb did not come up")
+            return stream.readline().strip()
+
+    def close(self):
+        os.killpg(self._process.pid, signal.SIGTERM)
+        self._process.wait(timeout=BOUND)
+        self._holder.cleanup()
+
+    def run(self, *command):
+        """Runs an X program on this display; answers what it printed."""
+        environment = {**os.environ, "DISPLAY": self.display}
+        return subprocess.run(command, env=environment, check=True, capture_output=True, text=True, timeout=BOUND,
+                              stdin=subprocess.DEVNULL).stdout
+
+    def picture(self):
+        """What the whole desk shows now."""
+        path = pathlib.Path(self._holder.name, "picture.png")
+        self.run("import", "-silent", "-window", "root", str(path))
+        return Pixels(path)
+
+    def windows(self):
+        """The sizes and places of the mapped top-level windows, as (width, height, x, y)."""
+        tree = self.run("xwininfo", "-root", "-tree")
+        found = []
+        for identity, geometry in re.findall(r"^     (0x[0-9a-f]+) .*?(\d+x\d+[+-]\d+[+-]\d+)", tree, re.M):
+            state = self.run("xwininfo", "-id", identity)
+            if "IsViewable" in state:
+                found.append(tuple(int(number) for number in re.findall(r"-?\d+", geometry)))
+        return found
+
+    def move_pointer(self, x, y):
+        self.run("xdotool", "mousemove", "--sync", str(x), str(y))
