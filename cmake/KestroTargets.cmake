@@ -33,14 +33,21 @@ function(kestro_library name)
     install(TARGETS ${name} LIBRARY DESTINATION lib/kestro)
 endfunction()
 
-# kestro_test(NAME SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE …])
-# One test program per folder of tests/; each of its tests is one ctest entry.
+# kestro_test(NAME [GUI] SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE …])
+# One test program per folder of tests/; each of its tests is one ctest entry. With GUI the tests run inside a Qt
+# application without a display (tests/support/GuiMain.cpp).
 function(kestro_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(ARG "GUI" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
+    if(ARG_GUI)
+        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/GuiMain.cpp)
+        target_link_libraries(${name} PRIVATE Qt6::Gui)
+    else()
+        target_link_libraries(${name} PRIVATE GTest::gtest_main)
+    endif()
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-    target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest GTest::gtest_main)
-    gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST
+    target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest)
+    gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;${ARG_ENVIRONMENT}")
 endfunction()
