@@ -59,15 +59,23 @@ Result<QObject*> loadInstance(const QString& library)
     }
 }
 
+// Empty when there is none.
+QString libraryFile(const QString& bundlePath, const QString& executable)
+{
+    const QString named = bundlePath + QStringLiteral("/Contents/Linux/") + executable;
+    for (const QString& candidate : {named, named + QStringLiteral(".so")}) {
+        if (QFileInfo(candidate).isFile()) return QFileInfo(candidate).canonicalFilePath();
+    }
+    return {};
+}
+
 Result<SaverPlugin*> loadPlugin(const QString& library)
 {
-    const QString file = QFileInfo(library).canonicalFilePath();
-    if (file.isEmpty() || !QFileInfo(file).isFile())
-        return Error{QStringLiteral("its library is missing: ") + library};
-    const Result<QObject*> instance = loadInstance(file);
+    const Result<QObject*> instance = loadInstance(library);
     if (!instance) return Error{instance.error()};
-    if (auto* plugin = qobject_cast<SaverPlugin*>(instance.value()); plugin != nullptr) return plugin;
-    return Error{QStringLiteral("its library holds no screen saver: ") + library};
+    auto* plugin = qobject_cast<SaverPlugin*>(instance.value());
+    if (plugin == nullptr) return Error{QStringLiteral("its library holds no screen saver")};
+    return plugin;
 }
 
 void logRefusal(const QString& path, const QString& reason)
@@ -118,7 +126,11 @@ std::optional<SaverBundle> SaverBundle::load(const QString& path)
         logRefusal(path, info.error());
         return {};
     }
-    const QString library = path + QStringLiteral("/Contents/Linux/") + info.value().executable;
+    const QString library = libraryFile(path, info.value().executable);
+    if (library.isEmpty()) {
+        logRefusal(path, QStringLiteral("its library is missing"));
+        return {};
+    }
     const Result<SaverPlugin*> plugin = loadPlugin(library);
     if (!plugin) {
         logRefusal(path, plugin.error());

@@ -35,7 +35,8 @@ private:
 };
 
 /// A saver bundle: a folder with Contents/Info.plist ("NSPrincipalClass", "CFBundleExecutable"), the shared
-/// library Contents/Linux/<executable>, and Contents/Resources. Loading runs the library's code. Main thread.
+/// library Contents/Linux/<executable> (or <executable>.so), and Contents/Resources. Loading runs the
+/// library's code. Main thread.
 class SaverBundle final {
 public:
     /// Loads the bundle at `path`; nothing, with a log line that says why, when it is none or its library
