@@ -40,6 +40,7 @@ public:
     void queueImageThread(const Capture& capture);
     /// Takes the still here and now; answers whether one came to the trail. `changed` is not called.
     bool queueImageNoThread(const Capture& capture);
+    [[nodiscard]] bool isCapturing() const { return m_onThread; }
     /// Returns once no still is being taken.
     void waitForCapture() const;
 

@@ -63,6 +63,8 @@ public:
     [[nodiscard]] const Settings& settings() const { return m_settings; }
     /// The movie frame, null while the sign picture shows.
     [[nodiscard]] MovieFrame* movieView() const { return m_movieView.get(); }
+    /// Whether a still for the trail is being taken.
+    [[nodiscard]] bool isCapturing() const { return m_trail.isCapturing(); }
 
 private:
     // life cycle

@@ -1,13 +1,13 @@
 #include "presentation/KTMovieView.h"
 
-#include <vector>
-
 #include "platform/display/Desktop.h"
 #include "platform/display/Painter.h"
 #include "platform/display/Screen.h"
 #include "platform/movie/QTMovie.h"
 #include "platform/web/WebView.h"
 #include "presentation/KTQTMovieView.h"
+
+#include <vector>
 
 namespace kestro {
 
@@ -16,7 +16,8 @@ namespace {
 /// A movie stands this much below the frame's lower edge, which hides the edge rows that many encoders spoil.
 constexpr float movieOffset = -2;
 
-/// A web page lives on out of sight when other content takes its place: ending one in mid-load can take its engine down.
+/// A web page lives on out of sight when other content takes its place: ending one in mid-load can take its
+/// engine down.
 void keepForGood(std::unique_ptr<View> webView)
 {
     static auto& kept = *new std::vector<std::unique_ptr<View>>;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/display/View.h"
 #include "presentation/MovieFrame.h"
+
+#include <memory>
 
 namespace kestro {
 
@@ -17,10 +17,10 @@ struct MovieFramePlatform {
     WebEngine* webEngine = nullptr; ///< null: web content shows nothing
 };
 
-/// Shows one piece of content, a movie or a web page, in a view. It keeps the playback settings itself, so that they
-/// may be given before there is content and hold for whatever content comes next. While one movie takes over from
-/// another, the last picture of the one stands until the first of the other is there.
-/// Owned by the engine, or by the window it fills. Main thread.
+/// Shows one piece of content, a movie or a web page, in a view. It keeps the playback settings itself, so
+/// that they may be given before there is content and hold for whatever content comes next. While one movie
+/// takes over from another, the last picture of the one stands until the first of the other is there. Owned
+/// by the engine, or by the window it fills. Main thread.
 class KTMovieView final : public View, public MovieFrame {
 public:
     KTMovieView(const Rect& frame, const MovieFramePlatform& platform);

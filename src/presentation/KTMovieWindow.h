@@ -5,11 +5,12 @@
 
 namespace kestro {
 
-/// A movie in a transparent window of its own above everything else on its screen. It only carries a movie view and
-/// hands every playback operation on to it. Owned by the engine. Main thread.
+/// A movie in a transparent window of its own above everything else on its screen. It only carries a movie
+/// view and hands every playback operation on to it. Owned by the engine. Main thread.
 class KTMovieWindow final : public Window, public MovieFrame {
 public:
-    /// `rect` is in the coordinates of `screen` (origin at its lower left corner). Unseen until ordered front.
+    /// `rect` is in the coordinates of `screen` (origin at its lower left corner). Unseen until ordered
+    /// front.
     KTMovieWindow(const Rect& rect, Screen& screen, const MovieFramePlatform& platform);
     ~KTMovieWindow() override;
 

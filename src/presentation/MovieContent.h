@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QUrl>
+
 #include <memory>
 #include <variant>
-
-#include <QUrl>
 
 namespace kestro {
 

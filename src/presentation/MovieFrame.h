@@ -1,9 +1,9 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/display/Geometry.h"
 #include "presentation/MovieContent.h"
+
+#include <memory>
 
 namespace kestro {
 
@@ -14,9 +14,9 @@ inline constexpr int Looping = 1;      ///< start again from the beginning
 inline constexpr int BackAndForth = 2; ///< play backwards to the beginning, and so on
 } // namespace LoopMode
 
-/// The playback operations that a movie in a view and a movie in a window of its own answer alike. The engine holds one
-/// of either and never looks behind it. Nothing here reports a failure: what cannot be done is left undone.
-/// Main thread.
+/// The playback operations that a movie in a view and a movie in a window of its own answer alike. The engine
+/// holds one of either and never looks behind it. Nothing here reports a failure: what cannot be done is left
+/// undone. Main thread.
 class MovieFrame {
 public:
     virtual ~MovieFrame() = default;
@@ -44,8 +44,8 @@ public:
     virtual void setLoopMode(int mode) = 0;
     virtual void showControllerAdjustingSize(bool show, bool adjustSize) = 0;
 
-    /// The natural size of the content in points, zero while unknown. `scale` counts for web content only, which has a
-    /// quarter of the main screen times the scale.
+    /// The natural size of the content in points, zero while unknown. `scale` counts for web content only,
+    /// which has a quarter of the main screen times the scale.
     [[nodiscard]] virtual Size sizeWithScale(float scale) const = 0;
 
     /// Where the frame stands: in the saver's view, or on the desk where it is a window.

@@ -1,0 +1,181 @@
+// What a moving movie leaves behind, and when.
+
+#include "engine/EngineTest.h"
+#include "platform/movie/QTMovie.h"
+#include "presentation/MovieFrame.h"
+
+#include <QCoreApplication>
+
+namespace kestro {
+
+namespace {
+
+class MySaverEffectsTest : public EngineTest {
+protected:
+    MySaverEffectsTest()
+    {
+        set("FullScreenMode", "0");
+        set("Fadeout", "1");
+        set("Scale", "0.5");
+    }
+    void setMode(const char* partial) { set("PartialMode", partial); }
+    const Window* windowOfKind(const QString& kind)
+    {
+        for (const auto* window : desktop.mainScreen()->windows())
+            if (window->kind() == kind) return window;
+        return nullptr;
+    }
+    MySaver& started(bool isPreview = false)
+    {
+        auto& saver = makeSaver(isPreview);
+        saver.startAnimation();
+        return saver;
+    }
+    /// One tick, with the capture that it may have begun brought to its end.
+    void tickAndSettle(MySaver& saver)
+    {
+        tick(saver);
+        while (saver.isCapturing())
+            QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
+};
+
+} // namespace
+
+TEST_F(MySaverEffectsTest, fly_leavesThePictureFadingAtItsOldPlace)
+{
+    setMode("0");
+    setGoodPlaylist({"a.mov"}, 100);
+    auto& saver = started();
+    const Rect old = saver.movieView()->frame();
+    EXPECT_FALSE(saver.snapshot().isFading);
+    tickFor(saver, 4.1);
+    EXPECT_TRUE(saver.snapshot().isFading);
+    EXPECT_NE(saver.movieView()->frame(), old);
+    EXPECT_EQ(windowOfKind("fade")->frame(), old);
+    EXPECT_EQ(saver.movieView()->movie()->rate(), 1.0F);
+    tickFor(saver, 1.1);
+    EXPECT_FALSE(saver.snapshot().isFading);
+    EXPECT_EQ(windowOfKind("fade")->frame(), (Rect{{0, 0}, {1, 1}}));
+}
+
+TEST_F(MySaverEffectsTest, fly_putsTheFadeOnItsOwnScreen)
+{
+    setMode("0");
+    desktop.addScreen({{1920, 100}, {1920, 1080}});
+    setGoodPlaylist({"a.mov"}, 100);
+    auto& saver = makeSaver(false, 1);
+    saver.startAnimation();
+    const Rect old = saver.movieView()->frame();
+    tickFor(saver, 4.1);
+    const Window* fade = desktop.screens()[1]->windows().back();
+    EXPECT_EQ(fade->kind(), "fade");
+    EXPECT_EQ(fade->frame(), old.movedBy({1920, 100}));
+}
+
+TEST_F(MySaverEffectsTest, fly_leavesThePictureOfAMovieThatEnded)
+{
+    setMode("0");
+    set("Interval", "1000");
+    setGoodPlaylist({"a.mov", "b.mov"}, 2);
+    auto& saver = started();
+    const Rect old = saver.movieView()->frame();
+    tickFor(saver, 2.1);
+    EXPECT_EQ(playing(saver), "b.mov");
+    EXPECT_TRUE(saver.snapshot().isFading);
+    EXPECT_EQ(windowOfKind("fade")->frame(), old);
+}
+
+TEST_F(MySaverEffectsTest, preview_leavesNothing)
+{
+    for (const char* mode : {"0", "1"}) {
+        setMode(mode);
+        setGoodPlaylist({"a.mov", "b.mov"}, 2);
+        auto& saver = started(true);
+        tickFor(saver, 5);
+        EXPECT_FALSE(saver.snapshot().isFading);
+        EXPECT_EQ(saver.snapshot().trail, 0);
+    }
+    EXPECT_EQ(logged("movie doesn't have a image."), 0);
+}
+
+TEST_F(MySaverEffectsTest, fly_leavesNothing_withoutFadeOut)
+{
+    set("Fadeout", "0");
+    setMode("0");
+    setGoodPlaylist({"a.mov"}, 100);
+    auto& saver = started();
+    tickFor(saver, 4.2);
+    EXPECT_FALSE(saver.snapshot().isFading);
+}
+
+TEST_F(MySaverEffectsTest, bounce_takesAStillAtTheFirstTickAndEveryElevenAfter)
+{
+    setMode("1");
+    setGoodPlaylist({"a.mov"}, 1000);
+    auto& saver = started();
+    std::vector<int> ticksWithANewStill;
+    for (int i = 1; i <= 50; ++i) {
+        const int before = saver.snapshot().trail;
+        tickAndSettle(saver);
+        if (saver.snapshot().trail > before) ticksWithANewStill.push_back(i);
+    }
+    EXPECT_EQ(ticksWithANewStill, (std::vector<int>{1, 12, 23, 34, 45}));
+}
+
+TEST_F(MySaverEffectsTest, bounce_showsTheStillBehindTheMovieAtTheWindowsSize)
+{
+    setMode("1");
+    setGoodPlaylist({"a.mov"}, 1000);
+    describe("a.mov", {.naturalSize = {640, 360}, .seconds = 1000, .colour = Qt::white});
+    auto& saver = started();
+    const Rect first = saver.movieView()->frame();
+    tickAndSettle(saver);
+    for (int i = 0; i < 9; ++i)
+        tickAndSettle(saver);
+    const Rect now = saver.movieView()->frame();
+    const Point corner{now.left() > first.left() ? first.left() + 2 : first.right() - 3,
+                       now.bottom() > first.bottom() ? first.bottom() + 2 : first.top() - 3};
+    const int seen = pixelAt(static_cast<int>(corner.x), static_cast<int>(corner.y)).red();
+    EXPECT_GT(seen, 180);
+    EXPECT_LT(seen, 255);
+}
+
+TEST_F(MySaverEffectsTest, bounce_takesAStillAtASwitch_whenThereAreMoreEntries)
+{
+    setMode("1");
+    setGoodPlaylist({"a.mov", "b.mov"}, 0.3);
+    auto& saver = started();
+    tickAndSettle(saver);
+    EXPECT_EQ(saver.snapshot().trail, 1);
+    for (int i = 0; i < 6; ++i)
+        tickAndSettle(saver);
+    EXPECT_EQ(playing(saver), "b.mov");
+    EXPECT_EQ(saver.snapshot().trail, 2);
+}
+
+TEST_F(MySaverEffectsTest, bounce_takesNoStillAtASwitch_whenThereIsOneEntry)
+{
+    setMode("1");
+    setGoodPlaylist({"a.mov"}, 0.3);
+    auto& saver = started();
+    saver.movieView()->setLoopMode(LoopMode::Normal);
+    for (int i = 0; i < 8; ++i)
+        tickAndSettle(saver);
+    EXPECT_GT(movies.tried().size(), 2U);
+    EXPECT_EQ(saver.snapshot().trail, 1);
+}
+
+TEST_F(MySaverEffectsTest, bounce_takesNoStill_withoutFadeOut)
+{
+    set("Fadeout", "0");
+    setMode("1");
+    setGoodPlaylist({"a.mov"}, 1000);
+    auto& saver = started();
+    for (int i = 0; i < 30; ++i)
+        tickAndSettle(saver);
+    EXPECT_EQ(saver.snapshot().trail, 0);
+}
+
+} // namespace kestro

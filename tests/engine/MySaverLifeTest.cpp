@@ -1,0 +1,432 @@
+// Start, stop, restart: what a saver builds, shows and stores over its life.
+
+#include "engine/EngineTest.h"
+#include "platform/base/StoredValue.h"
+#include "platform/display/Cursor.h"
+#include "platform/movie/QTMovie.h"
+#include "presentation/KTMovieView.h"
+#include "presentation/KTMovieWindow.h"
+
+namespace kestro {
+
+namespace {
+
+class MySaverLifeTest : public EngineTest {
+protected:
+    void setBounce()
+    {
+        set("FullScreenMode", "0");
+        set("PartialMode", "1");
+    }
+    void setFly()
+    {
+        set("FullScreenMode", "0");
+        set("PartialMode", "0");
+    }
+    static bool isWindow(const MySaver& saver)
+    {
+        return dynamic_cast<KTMovieWindow*>(saver.movieView()) != nullptr;
+    }
+    std::shared_ptr<MemoryMovie> shown() { return movies.alive().back(); }
+    int windowsOfKind(const QString& kind)
+    {
+        int count = 0;
+        for (const auto* window : desktop.mainScreen()->windows())
+            count += window->kind() == kind;
+        return count;
+    }
+};
+
+} // namespace
+
+TEST_F(MySaverLifeTest, startAnimation_playsTheFirstEntryFullScreen)
+{
+    setGoodPlaylist({"a.mov", "b.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    EXPECT_EQ(playing(saver), "a.mov");
+    EXPECT_EQ(saver.movieView()->frame(), (Rect{{0, 0}, {1920, 1080}}));
+    EXPECT_EQ(saver.animationTimeInterval(), 0.05);
+    EXPECT_EQ(shown()->rate(), 1.0F);
+    EXPECT_TRUE(desktop.cursor().isHidden());
+    EXPECT_TRUE(saver.isAnimating());
+    EXPECT_EQ(pixelAt(960, 540), QColor(Qt::red));
+}
+
+TEST_F(MySaverLifeTest, startAnimation_leavesThePointerAlone_inAPreview)
+{
+    setGoodPlaylist({"a.mov"});
+    makeSaver(true, 0, {320, 200}).startAnimation();
+    EXPECT_FALSE(desktop.cursor().isHidden());
+}
+
+TEST_F(MySaverLifeTest, startAnimation_showsTheSelectSign_whenNothingIsPlayable)
+{
+    setPlaylist({});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    EXPECT_EQ(saver.movieView(), nullptr);
+    ASSERT_TRUE(saver.snapshot().sign);
+    EXPECT_EQ(saver.snapshot().sign->size, signs.selectImage().size);
+    EXPECT_EQ(saver.animationTimeInterval(), 0.1);
+    EXPECT_FALSE(desktop.cursor().isHidden());
+    const Rect sign = *saver.snapshot().sign;
+    EXPECT_TRUE(sign.left() >= 0 && sign.bottom() >= 0 && sign.right() <= 1920 && sign.top() <= 1080);
+}
+
+TEST_F(MySaverLifeTest, startAnimation_showsTheSelectSign_whenNoEntryOpens)
+{
+    setPlaylist({"x.mov", "y.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    EXPECT_EQ(saver.movieView(), nullptr);
+    EXPECT_TRUE(saver.snapshot().sign);
+    EXPECT_EQ(logged("Failed to load movie:http://m/y.mov"), 1);
+}
+
+TEST_F(MySaverLifeTest, startAnimation_showsThePreviewSign_inAPreview)
+{
+    auto& saver = makeSaver(true, 0, {320, 200});
+    saver.startAnimation();
+    ASSERT_TRUE(saver.snapshot().sign);
+    EXPECT_EQ(saver.snapshot().sign->size, signs.previewImage().size);
+}
+
+struct LoopCase {
+    const char* name;
+    QStringList playlist;
+    bool backAndForth;
+    bool repositionAtEnd;
+    bool loops;
+    bool turns;
+};
+
+class MySaverLoopMode : public MySaverLifeTest, public testing::WithParamInterface<LoopCase> {};
+
+TEST_P(MySaverLoopMode, startAnimation_setsHowTheMovieEnds)
+{
+    const auto& how = GetParam();
+    setGoodPlaylist(how.playlist);
+    set("BackAndForth", how.backAndForth ? "1" : "0");
+    if (how.repositionAtEnd) {
+        setFly();
+        set("Reposition", "1");
+    }
+    makeSaver().startAnimation();
+    EXPECT_EQ(shown()->attribute(MovieAttribute::Loops), how.loops);
+    EXPECT_EQ(shown()->attribute(MovieAttribute::LoopsBackAndForth), how.turns);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Playlists, MySaverLoopMode,
+    testing::Values(LoopCase{"two", {"a.mov", "b.mov"}, true, false, false, false},
+                    LoopCase{"one", {"a.mov"}, false, false, true, false},
+                    LoopCase{"oneBackAndForth", {"a.mov"}, true, false, false, true},
+                    LoopCase{"oneReplacedAtItsEnd", {"a.mov"}, false, true, false, false},
+                    LoopCase{"oneReplacedBackAndForth", {"a.mov"}, true, true, false, true}),
+    [](const auto& test) { return test.param.name; });
+
+TEST_F(MySaverLifeTest, construction_choosesTheWindowMode_onlyForBounceOutsideAPreview)
+{
+    setGoodPlaylist({"a.mov"});
+    setBounce();
+    auto& full = makeSaver();
+    full.startAnimation();
+    EXPECT_TRUE(isWindow(full));
+    auto& preview = makeSaver(true, 0, {320, 200});
+    preview.startAnimation();
+    EXPECT_FALSE(isWindow(preview));
+    setFly();
+    auto& fly = makeSaver();
+    fly.startAnimation();
+    EXPECT_FALSE(isWindow(fly));
+}
+
+TEST_F(MySaverLifeTest, construction_keepsItsMode_whenTheSettingsChange)
+{
+    setGoodPlaylist({"a.mov"});
+    auto& saver = makeSaver();
+    setBounce();
+    saver.startAnimation();
+    EXPECT_FALSE(isWindow(saver));
+}
+
+TEST_F(MySaverLifeTest, startAnimation_shieldsTheMovieWindowAboveTheSaver)
+{
+    setGoodPlaylist({"a.mov"});
+    setBounce();
+    set("Scale", "0.5");
+    makeSaver().startAnimation();
+    const auto& windows = desktop.mainScreen()->windows();
+    ASSERT_EQ(windows.size(), 2U);
+    EXPECT_EQ(windows.back()->kind(), "movie");
+    EXPECT_EQ(windows.back()->level(), WindowLevel::Shielding);
+    EXPECT_EQ(windows.back()->frame().size, (Size{320, 180}));
+}
+
+struct FadeWindowCase {
+    const char* name;
+    const char* fullScreen;
+    const char* partial;
+    const char* fade;
+    bool preview;
+    int windows;
+};
+
+class MySaverFadeWindow : public MySaverLifeTest, public testing::WithParamInterface<FadeWindowCase> {};
+
+TEST_P(MySaverFadeWindow, startAnimation_opensTheFadeWindow_onlyWhereMoviesFly)
+{
+    const auto& how = GetParam();
+    setGoodPlaylist({"a.mov"});
+    set("FullScreenMode", how.fullScreen);
+    set("PartialMode", how.partial);
+    set("Fadeout", how.fade);
+    auto& saver = makeSaver(how.preview);
+    saver.startAnimation();
+    EXPECT_EQ(windowsOfKind("fade"), how.windows);
+    saver.stopAnimation();
+    EXPECT_EQ(windowsOfKind("fade"), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, MySaverFadeWindow,
+                         testing::Values(FadeWindowCase{"fly", "0", "0", "1", false, 1},
+                                         FadeWindowCase{"stillPartial", "0", "2", "1", false, 1},
+                                         FadeWindowCase{"flyWithoutFade", "0", "0", "0", false, 0},
+                                         FadeWindowCase{"fullScreen", "1", "0", "1", false, 0},
+                                         FadeWindowCase{"bounce", "0", "1", "1", false, 0},
+                                         FadeWindowCase{"preview", "0", "0", "1", true, 0}),
+                         [](const auto& test) { return test.param.name; });
+
+TEST_F(MySaverLifeTest, startAnimation_saysSo_whenTheFadeWindowHasNoScreen)
+{
+    setGoodPlaylist({"a.mov"});
+    setFly();
+    set("Fadeout", "1");
+    MySaver saver({{0, 0}, {800, 600}}, false, {desktop, movies, store, trailers, signs});
+    saver.startAnimation();
+    EXPECT_EQ(logged("Cannot find curScreen from startAnimation."), 1);
+}
+
+TEST_F(MySaverLifeTest, sound_playsOnTheFirstScreenOnly)
+{
+    desktop.addScreen({{1920, 0}, {800, 600}});
+    setGoodPlaylist({"a.mov"});
+    set("SoundOn", "1");
+    auto& first = makeSaver();
+    auto& second = makeSaver(false, 1, {800, 600});
+    auto& preview = makeSaver(true);
+    for (auto* saver : {&first, &second, &preview})
+        saver->startAnimation();
+    EXPECT_FALSE(first.movieView()->isMuted());
+    EXPECT_TRUE(second.movieView()->isMuted());
+    EXPECT_TRUE(preview.movieView()->isMuted());
+    EXPECT_FALSE(first.movieView()->movie()->isMuted());
+    EXPECT_TRUE(second.movieView()->movie()->isMuted());
+}
+
+TEST_F(MySaverLifeTest, sound_isOff_unlessSwitchedOn)
+{
+    setGoodPlaylist({"a.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    EXPECT_TRUE(saver.movieView()->movie()->isMuted());
+}
+
+TEST_F(MySaverLifeTest, stopAnimation_storesTheResumePoint)
+{
+    setGoodPlaylist({"a.mov"});
+    set("Continue", "1");
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    tickFor(saver, 3);
+    saver.stopAnimation();
+    EXPECT_EQ(logged("URL = http://m/a.mov"), 1);
+    EXPECT_EQ(store.defaultsForKey("LastMovie"), "a.mov");
+    EXPECT_NEAR(intValue(*store.defaultsForKey("LastPos")), 1800, 1);
+    SettingsStore written(home.path());
+    EXPECT_EQ(written.defaultsForKey("LastMovie"), "a.mov");
+}
+
+TEST_F(MySaverLifeTest, stopAnimation_storesTheResumePoint_inWindowModeToo)
+{
+    setGoodPlaylist({"a.mov"});
+    setBounce();
+    set("Continue", "1");
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    saver.stopAnimation();
+    EXPECT_EQ(store.defaultsForKey("LastMovie"), "a.mov");
+    EXPECT_EQ(windowsOfKind("movie"), 0);
+    EXPECT_FALSE(saver.movieView()->movie());
+}
+
+TEST_F(MySaverLifeTest, stopAnimation_storesNothing_unlessContinuingWithAMovie)
+{
+    setGoodPlaylist({"a.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    saver.stopAnimation();
+    EXPECT_FALSE(store.defaultsForKey("LastMovie"));
+
+    set("Continue", "1");
+    auto& preview = makeSaver(true);
+    preview.startAnimation();
+    preview.stopAnimation();
+    EXPECT_FALSE(store.defaultsForKey("LastMovie"));
+
+    setPlaylist({});
+    auto& sign = makeSaver();
+    sign.startAnimation();
+    sign.stopAnimation();
+    EXPECT_FALSE(store.defaultsForKey("LastMovie"));
+}
+
+TEST_F(MySaverLifeTest, stopAnimation_showsThePointerAgain)
+{
+    setGoodPlaylist({"a.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    saver.stopAnimation();
+    EXPECT_FALSE(desktop.cursor().isHidden());
+    EXPECT_FALSE(saver.isAnimating());
+}
+
+TEST_F(MySaverLifeTest, startAnimation_again_keepsTheMovieFrame)
+{
+    setGoodPlaylist({"a.mov", "b.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    const auto* frame = saver.movieView();
+    saver.stopAnimation();
+    saver.startAnimation();
+    EXPECT_EQ(saver.movieView(), frame);
+    EXPECT_EQ(playing(saver), "a.mov");
+    EXPECT_EQ(movies.tried().size(), 1U);
+}
+
+TEST_F(MySaverLifeTest, startAnimation_again_leavesTheSignWhereItIs)
+{
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    const auto sign = saver.snapshot().sign;
+    saver.stopAnimation();
+    saver.startAnimation();
+    EXPECT_EQ(saver.snapshot().sign, sign);
+}
+
+TEST_F(MySaverLifeTest, resume_beginsTheNextRunWhereTheLastStopped)
+{
+    setGoodPlaylist({"a.mov", "b.mov", "c.mov"}, 10);
+    set("Continue", "1");
+    auto& first = makeSaver();
+    first.startAnimation();
+    tickFor(first, 12);
+    EXPECT_EQ(playing(first), "b.mov");
+    first.stopAnimation();
+    auto& second = makeSaver();
+    second.startAnimation();
+    EXPECT_EQ(playing(second), "b.mov");
+    EXPECT_NEAR(static_cast<double>(second.snapshot().movie->time), 1200, 70);
+}
+
+TEST_F(MySaverLifeTest, resetMovie_startsAtTheFirstEntryWithTheSettingsAsTheyAre)
+{
+    setGoodPlaylist({"a.mov", "b.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    tickFor(saver, 3);
+    set("PlayMode", "1");
+    describe("a.mov", {.naturalSize = {100, 100}});
+    saver.resetMovie();
+    EXPECT_EQ(playing(saver), "a.mov");
+    EXPECT_EQ(saver.snapshot().movie->time, 0);
+    EXPECT_EQ(saver.movieView()->frame(), (Rect{{0, 0}, {1920, 1080}}));
+    EXPECT_EQ(saver.animationTimeInterval(), 0.05);
+    EXPECT_TRUE(saver.isAnimating());
+    EXPECT_EQ(saver.movieView()->movie()->rate(), 1.0F);
+}
+
+TEST_F(MySaverLifeTest, resetMovie_putsAMovieInPlaceOfTheSign)
+{
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    (void)pixelAt(0, 0);
+    set("FileList", QVariantList{"http://m/a.mov"});
+    describe("a.mov");
+    // The list that is played was kept while the sign showed; a new saver of the same settings reads it anew.
+    auto& anew = makeSaver();
+    anew.startAnimation();
+    EXPECT_EQ(playing(anew), "a.mov");
+    EXPECT_FALSE(anew.snapshot().sign);
+}
+
+TEST_F(MySaverLifeTest, resetMovie_fallsBackToThePreviewSign_whenNothingOpens)
+{
+    setGoodPlaylist({"a.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    describe("a.mov", {.opens = false});
+    saver.resetMovie();
+    EXPECT_EQ(saver.movieView(), nullptr);
+    ASSERT_TRUE(saver.snapshot().sign);
+    EXPECT_EQ(saver.snapshot().sign->size, signs.previewImage().size);
+    EXPECT_EQ(saver.animationTimeInterval(), 0.1);
+    EXPECT_EQ(pixelAt(960, 540).red(), pixelAt(960, 540).green());
+}
+
+TEST_F(MySaverLifeTest, setFrame_placesTheMovieAnew)
+{
+    setGoodPlaylist({"a.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    saver.setFrame({{0, 0}, {1280, 720}});
+    EXPECT_EQ(saver.movieView()->frame(), (Rect{{0, 0}, {1280, 720}}));
+}
+
+TEST_F(MySaverLifeTest, search_showsTheSignAndGivesWayToTheMovie_inRandomOrder)
+{
+    set("RandomMode", "1");
+    setPlaylist({"x.mov", "y.mov"});
+    auto& saver = makeSaver();
+    bool signSeen = false;
+    const auto watch = timers.repeating(1.5, [&] {
+        signSeen = signSeen || pixelAt(960, 540) != QColor(Qt::red);
+        describe("y.mov");
+    });
+    saver.startAnimation();
+    EXPECT_TRUE(signSeen);
+    EXPECT_EQ(playing(saver), "y.mov");
+    EXPECT_FALSE(saver.snapshot().sign);
+    EXPECT_EQ(pixelAt(960, 540), QColor(Qt::red));
+}
+
+TEST_F(MySaverLifeTest, search_endsWhenTheSaverIsStopped_inRandomOrder)
+{
+    set("RandomMode", "1");
+    setPlaylist({"x.mov", "y.mov"});
+    auto& saver = makeSaver();
+    int turns = 0;
+    const auto watch = timers.repeating(1.0, [&] {
+        if (++turns == 3) saver.stopAnimation();
+        saver.animateOneFrame();
+    });
+    saver.startAnimation();
+    EXPECT_EQ(turns, 3);
+    EXPECT_FALSE(saver.isAnimating());
+}
+
+TEST_F(MySaverLifeTest, destruction_endsTheCrawl)
+{
+    {
+        MySaver saver({{0, 0}, {800, 600}}, false, {desktop, movies, store, trailers, signs});
+    }
+    EXPECT_EQ(trailers.stops, 1);
+}
+
+TEST_F(MySaverLifeTest, hasConfigureSheet_isTrue)
+{
+    EXPECT_TRUE(makeSaver().hasConfigureSheet());
+}
+
+} // namespace kestro
