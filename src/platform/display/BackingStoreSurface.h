@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/display/MonitorSurface.h"
+
+#include <QBackingStore>
+
+namespace kestro {
+
+/// A monitor's surface through Qt's own means, for desktops other than X11. Owned by its screen. Main thread.
+class BackingStoreSurface final : public MonitorSurface {
+public:
+    BackingStoreSurface();
+
+    [[nodiscard]] QImage& canvas() override { return m_canvas; }
+    void present(const QRegion& changed) override;
+    void placeOn(QScreen& monitor) override;
+    void show() override;
+
+private:
+    void copyToStore(const QRegion& changed);
+
+    QImage m_canvas;
+    QBackingStore m_store{&m_window};
+};
+
+} // namespace kestro

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/display/Desktop.h"
+#include "platform/display/Geometry.h"
+#include "platform/display/Notifications.h"
+#include "platform/display/QtTimerSource.h"
+#include "platform/display/ScreensCursor.h"
+
+#include <QObject>
+
+class QScreen;
+
+namespace kestro {
+
+class MonitorSurface;
+
+/// The desktop that the running QGuiApplication sees: a screen with a surface of its own for each monitor, as
+/// they come, change and go. The first screen is the primary monitor, its lower left corner is (0, 0). Owned
+/// by the program; goes before the application does. Main thread; points.
+class QtDesktop final : public Desktop {
+public:
+    QtDesktop(const Clock& clock, Random& random);
+    ~QtDesktop() override;
+
+    /// Shows the surfaces, now and of monitors that come later. Until then nothing is on the screen.
+    void showSurfaces();
+
+    [[nodiscard]] std::vector<Screen*> screens() const override;
+    [[nodiscard]] Cursor& cursor() override { return m_cursor; }
+    [[nodiscard]] TimerSource& timers() override { return m_timers; }
+    [[nodiscard]] NotificationCenter& notifications() override { return m_notifications; }
+    [[nodiscard]] const Clock& clock() const override { return m_clock; }
+    [[nodiscard]] Random& random() override { return m_random; }
+
+private:
+    struct Monitor {
+        QScreen* qtScreen;
+        MonitorSurface* surface; ///< the screen's
+        std::unique_ptr<Screen> screen;
+    };
+
+    void add(QScreen* qtScreen);
+    void plugIn(QScreen* qtScreen);
+    void pullOut(QScreen* qtScreen);
+    void rearrange();
+    void putPrimaryFirst();
+    void followMonitor(Monitor& monitor);
+
+    const Clock& m_clock;
+    Random& m_random;
+    QtTimerSource m_timers;
+    NotificationCenter m_notifications;
+    ScreensCursor m_cursor{*this};
+    std::vector<Monitor> m_monitors;
+    bool m_isShown = false;
+    QObject m_listener; ///< receives the application's signals; goes first
+};
+
+} // namespace kestro

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+struct xcb_connection_t;
+
+namespace kestro {
+
+/// Memory that this process writes and the X server reads. Freed by the system even if this process is
+/// killed. Owned by its canvas. Main thread.
+class SharedPixels final {
+public:
+    /// Zeroed, page aligned. Null where the server cannot reach this machine's memory, or there is none to be
+    /// had.
+    [[nodiscard]] static std::unique_ptr<SharedPixels> create(xcb_connection_t* connection,
+                                                              std::size_t bytes);
+    ~SharedPixels();
+    SharedPixels(const SharedPixels&) = delete;
+    SharedPixels& operator=(const SharedPixels&) = delete;
+
+    [[nodiscard]] unsigned char* memory() const { return m_memory; }
+    /// Its name in requests.
+    [[nodiscard]] std::uint32_t segment() const { return m_segment; }
+
+private:
+    SharedPixels(xcb_connection_t* connection, unsigned char* memory, std::uint32_t segment);
+
+    xcb_connection_t* m_connection;
+    unsigned char* m_memory;
+    std::uint32_t m_segment;
+};
+
+} // namespace kestro

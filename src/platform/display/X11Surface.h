@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/display/MonitorSurface.h"
+#include "platform/display/X11Canvas.h"
+
+namespace kestro {
+
+/// A monitor's surface under X11. Its window is not the window manager's: so it covers the monitor, panels
+/// too, with any window manager and with none, and takes the keyboard itself. Owned by its screen. Main
+/// thread.
+class X11Surface final : public MonitorSurface {
+public:
+    /// Placed but not shown. Null where the desktop is not X11, or its pixels are not ours.
+    [[nodiscard]] static std::unique_ptr<X11Surface> create(QScreen& monitor);
+
+    [[nodiscard]] QImage& canvas() override { return m_canvas->image(); }
+    [[nodiscard]] QSize pixelSize() override { return m_canvas->size(); }
+    void present(const QRegion& changed) override;
+    void placeOn(QScreen& monitor) override;
+    void show() override;
+
+private:
+    X11Surface();
+
+    void cover(QScreen& monitor);
+    void appear();
+    void takeKeyboard();
+
+    std::unique_ptr<X11Canvas> m_canvas;
+};
+
+} // namespace kestro
