@@ -36,6 +36,7 @@ QByteArray mediaSource(const QUrl& url)
 
 static QString errorText(int code)
 {
+    if (code == AVERROR(EINVAL)) return QStringLiteral("not a kind of file that holds movies");
     char text[AV_ERROR_MAX_STRING_SIZE] = {};
     av_strerror(code, text, sizeof text);
     return QString::fromUtf8(text);
@@ -61,6 +62,7 @@ static AVDictionary* openingOptions(bool local)
 
 Result<std::unique_ptr<AvInput>> AvInput::open(const QUrl& url, AvInterrupt& interrupt)
 {
+    av_log_set_level(AV_LOG_QUIET); // what fails is reported by those who asked for it
     auto input = std::unique_ptr<AvInput>(new AvInput);
     const QString reason = input->openStreams(url, interrupt);
     if (!reason.isEmpty()) return Error{reason};

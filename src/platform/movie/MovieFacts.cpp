@@ -41,6 +41,15 @@ static double durationOf(const AVFormatContext& context, const AVStream& stream)
     return static_cast<double>(stream.duration) * av_q2d(stream.time_base);
 }
 
+/// Only where what the container promises and what the stream does agree.
+static double pictureSecondsOf(const AVStream& stream)
+{
+    const double average = av_q2d(stream.avg_frame_rate);
+    const double base = av_q2d(stream.r_frame_rate);
+    const bool isConstant = average > 0 && std::isfinite(base) && std::fabs(base - average) < average / 1000;
+    return isConstant ? 1 / average : 0;
+}
+
 MovieFacts movieFacts(const AvInput& input)
 {
     AVFormatContext* const context = input.context();
@@ -52,6 +61,7 @@ MovieFacts movieFacts(const AvInput& input)
         .pixelAspect = aspectOf(context, stream),
         .rotation = clockwiseRotation(*stream),
         .seconds = durationOf(*context, *stream),
+        .pictureSeconds = pictureSecondsOf(*stream),
         .hasSound = sound >= 0,
     };
 }

@@ -57,6 +57,7 @@ bool MpvMovie::ensurePlayer()
     m_player = MpvPlayer::start({.url = m_url,
                                  .options = m_options,
                                  .start = m_start,
+                                 .pictureSeconds = m_facts ? m_facts->pictureSeconds : 0,
                                  .rotation = m_facts ? m_facts->rotation : 0,
                                  .reversible = turns(),
                                  .muted = m_muted,

@@ -1,6 +1,5 @@
 #include "platform/movie/MpvMovieLibrary.h"
 
-#include "platform/movie/AvFormat.h"
 #include "platform/movie/MovieProbe.h"
 #include "platform/movie/MpvMovie.h"
 
@@ -13,7 +12,6 @@ namespace kestro {
 MpvMovieLibrary::MpvMovieLibrary(const MpvMovieOptions& options)
     : m_options(options)
 {
-    av_log_set_level(AV_LOG_QUIET); // what fails is reported by those who asked for it
 }
 
 /// The capture thread may be the last to hold a movie.

@@ -26,6 +26,10 @@ static constexpr milliseconds drawnWithin{30};
 // A server that sends a little now and then is given up after so many time limits.
 static constexpr int loadLimits = 3;
 static constexpr int mostLoggedLines = 3;
+// A seek takes tens of milliseconds; where there can be none (a stream), mpv may not say so.
+static constexpr milliseconds longestMove{3000};
+// mpv seeks to the first picture that begins no earlier than this before the target.
+static constexpr double mpvSlack = 0.005;
 
 std::unique_ptr<MpvPlayer> MpvPlayer::start(const MpvPlayerSetup& setup, MpvPlayerListener& listener)
 {
@@ -46,6 +50,8 @@ MpvPlayer::MpvPlayer(const MpvPlayerSetup& setup, MpvPlayerListener& listener,
     m_unwatchedTimer.callOnTimeout(this, [this] { dropUnwatched(); });
     m_loadTimer.setSingleShot(true);
     m_loadTimer.callOnTimeout(this, [this] { fail(); });
+    m_moveTimer.setSingleShot(true);
+    m_moveTimer.callOnTimeout(this, [this] { arrive(); });
     if (isRemote()) {
         m_loadTimer.start(std::chrono::seconds(loadLimits * m_setup.options.networkTimeout));
         mpv_hook_add(m_handle->raw(), Ignored, "on_preloaded", 0);
@@ -61,7 +67,7 @@ void MpvPlayer::load(double start)
 {
     beginMove(start);
     m_fileLoaded = false;
-    m_handle->set("start", QByteArray::number(start, 'f', 6));
+    m_handle->set("start", mpvTarget(start));
     m_handle->command(ofThisMove(Move), {"loadfile", mediaSource(m_setup.url).constData()});
 }
 
@@ -90,6 +96,8 @@ void MpvPlayer::handle(const mpv_event& event)
     switch (event.event_id) {
     case MPV_EVENT_FILE_LOADED:
         return handleLoaded();
+    case MPV_EVENT_SEEK:
+        return handleSeek();
     case MPV_EVENT_PLAYBACK_RESTART:
         return handleRestart();
     case MPV_EVENT_PROPERTY_CHANGE:
@@ -121,7 +129,9 @@ void MpvPlayer::handleProperty(const mpv_event& event)
 {
     if (event.reply_userdata == TimePosition) {
         const double time = valueOf(event, MPV_FORMAT_DOUBLE, -1.0);
-        if (time >= 0 && !m_moving && !m_sent) m_position = time;
+        // The picture at the target may have begun before it.
+        const bool isAtTarget = time < m_target && time > m_target - m_setup.pictureSeconds;
+        if (time >= 0 && !m_moving && !m_sent) m_position = isAtTarget ? m_target : time;
     }
     if (event.reply_userdata == EndReached && valueOf(event, MPV_FORMAT_FLAG, 0)) askWhetherEnded();
 }
@@ -150,7 +160,7 @@ void MpvPlayer::handleReply(const mpv_event& event)
         return;
     case Move:
         m_accepted |= isAboutThisMove;
-        if (event.error < 0 && isAboutThisMove) m_moving = false; // cannot be sought: it is where it was
+        if (event.error < 0 && isAboutThisMove) arrive(); // cannot be sought: it is where it was
         return;
     case EndReached:
         if (isAboutThisMove && !m_moving && valueOf(event, MPV_FORMAT_FLAG, 0)) m_listener.playerReachedEnd();
@@ -163,18 +173,31 @@ void MpvPlayer::handleReply(const mpv_event& event)
 void MpvPlayer::handleLoaded()
 {
     m_fileLoaded = true;
+    m_underway = true;
     if (m_seekWhenLoaded >= 0) seek(std::exchange(m_seekWhenLoaded, -1));
+}
+
+void MpvPlayer::handleSeek()
+{
+    m_underway |= m_accepted;
 }
 
 void MpvPlayer::handleRestart()
 {
-    if (!m_fileLoaded || !m_accepted) return; // of a move before the last
-    m_moving = false;
+    const bool isOfAnEarlierMove = m_moving && !m_underway;
+    if (!m_fileLoaded || isOfAnEarlierMove) return;
     if (!m_loaded) {
         m_handle->ask(Width, "dwidth", MPV_FORMAT_DOUBLE);
         m_handle->ask(Height, "dheight", MPV_FORMAT_DOUBLE);
         m_handle->ask(Duration, "duration", MPV_FORMAT_DOUBLE);
     }
+    arrive();
+}
+
+void MpvPlayer::arrive()
+{
+    m_moving = false;
+    m_moveTimer.stop();
     askWhetherEnded();
     if (std::exchange(m_pictureWaits, false)) showPicture();
 }
@@ -278,8 +301,17 @@ void MpvPlayer::beginMove(double to)
     ++m_moves;
     m_position = to;
     m_moving = true;
+    m_target = to;
     m_accepted = false;
+    m_underway = false;
     m_sent = m_paused;
+}
+
+/// The picture that is on at a time begins up to one picture before it.
+QByteArray MpvPlayer::mpvTarget(double seconds) const
+{
+    const double before = std::max(0.0, m_setup.pictureSeconds - mpvSlack - 0.001);
+    return QByteArray::number(std::max(0.0, seconds - before), 'f', 6);
 }
 
 void MpvPlayer::seek(double seconds)
@@ -289,7 +321,8 @@ void MpvPlayer::seek(double seconds)
         m_seekWhenLoaded = seconds;
         return;
     }
-    const QByteArray target = QByteArray::number(seconds, 'f', 6);
+    m_moveTimer.start(longestMove);
+    const QByteArray target = mpvTarget(seconds);
     m_handle->command(ofThisMove(Move), {"seek", target.constData(), "absolute+exact"});
 }
 
@@ -308,6 +341,7 @@ void MpvPlayer::setLooping(bool looping)
 void MpvPlayer::setBackwards(bool backwards)
 {
     beginMove(m_position);
+    m_moveTimer.start(longestMove);
     m_handle->set("play-dir", backwards ? "backward" : "forward", ofThisMove(Move));
 }
 

@@ -17,10 +17,11 @@ namespace kestro {
 struct MpvPlayerSetup {
     QUrl url;
     MpvMovieOptions options;
-    double start = 0;        ///< seconds
-    int rotation = 0;        ///< degrees clockwise that turn it upright; a remote movie's is found out
-    bool reversible = false; ///< made to play backwards as well; costs read-ahead
-    bool muted = false;      ///< sound is not even decoded until unmuted
+    double start = 0;          ///< seconds
+    double pictureSeconds = 0; ///< from one picture to the next, 0 when it varies
+    int rotation = 0;          ///< degrees clockwise that turn it upright; a remote movie's is found out
+    bool reversible = false;   ///< made to play backwards as well; costs read-ahead
+    bool muted = false;        ///< sound is not even decoded until unmuted
     double volume = 1;
 };
 
@@ -76,6 +77,7 @@ private:
     void handleProperty(const mpv_event& event);
     void handleReply(const mpv_event& event);
     void handleLoaded();
+    void handleSeek();
     void handleRestart();
     void handleEnd(const mpv_event_end_file& end);
     void handleHook(const mpv_event_hook& hook);
@@ -84,6 +86,8 @@ private:
     void dropUnwatched();
     void showPicture();
     void beginMove(double to);
+    void arrive();
+    [[nodiscard]] QByteArray mpvTarget(double seconds) const;
     [[nodiscard]] std::uint64_t ofThisMove(std::uint64_t id) const;
     void askWhetherEnded();
     void fail();
@@ -93,9 +97,11 @@ private:
     MpvPlayerListener& m_listener;
     QTimer m_unwatchedTimer; ///< runs while a picture waits to be drawn
     QTimer m_loadTimer;      ///< bounds the loading of a remote movie
+    QTimer m_moveTimer;      ///< bounds a move that mpv never ends
     std::atomic<bool> m_woken{false};
 
     double m_position = 0;
+    double m_target = 0; ///< where it was sent last
     double m_duration = 0;
     double m_width = 0;
     double m_height = 0;
@@ -107,6 +113,7 @@ private:
     bool m_sent = false;     ///< the position is where it was sent, and it has not played on since
     bool m_moving = false;   ///< on its way to the position
     bool m_accepted = false; ///< mpv has taken the last order to move
+    bool m_underway = false; ///< and carries it out
     bool m_fileLoaded = false;
     bool m_loaded = false;
     bool m_hasPicture = false;
