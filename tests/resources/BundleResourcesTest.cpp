@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace kestro {

@@ -1,11 +1,12 @@
 #include "resources/Command.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <array>
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <string>
@@ -88,7 +89,7 @@ TEST(IntroMovie, container_isQuickTimeOf14Seconds_whenProbed)
     EXPECT_LT(QFileInfo(movie).size(), 25'000'000);
 }
 
-TEST(IntroMovie, index_standsBeforeTheFrames_soThatPlayingStartsAtOnce)
+TEST(IntroMovie, index_standsBeforeTheFrames_whenRead)
 {
     QFile file(movie);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));

@@ -9,8 +9,8 @@ generator=$1
 movie=$2
 sources=$(cd "$(dirname "$0")" && pwd)
 key=$(cd "$sources" && LC_ALL=C sha256sum ./*.cpp ./*.h CMakeLists.txt make-movie.sh | sha256sum | cut -c1-20)
-cache=${XDG_CACHE_HOME:-${HOME:-}/.cache}/kestro
-cached=$cache/intro-$key.mov
+cache=${XDG_CACHE_HOME:-${HOME:+$HOME/.cache}}
+cached=${cache:+$cache/kestro/intro-$key.mov}
 scratch=
 
 # No temporary file stays behind, whatever happens.
@@ -33,7 +33,7 @@ encode() {
 }
 
 mkdir -p "$(dirname "$movie")"
-if [[ -s $cached ]]; then
+if [[ -n $cached && -s $cached ]]; then
     place "$cached" "$movie"
     exit
 fi
@@ -42,5 +42,7 @@ scratch=$(mktemp "$(dirname "$movie")/.intro-XXXXXX")
 encode "$scratch"
 chmod 644 "$scratch"
 mv "$scratch" "$movie"
-# The cache only saves time: a home folder that cannot be written is no fault.
-{ mkdir -p "$cache" && place "$movie" "$cached"; } 2> /dev/null || true
+# The cache only saves time: none, or one that cannot be written, is no fault.
+if [[ -n $cached ]]; then
+    { mkdir -p "$(dirname "$cached")" && place "$movie" "$cached"; } 2> /dev/null || true
+fi
