@@ -8,6 +8,7 @@
 #include "settings/SettingsStore.h"
 
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 
@@ -90,6 +91,23 @@ QList<QUrl> Playlist::movieFileList(bool expand)
     const bool isList = value.typeId() == QMetaType::QVariantList || value.typeId() == QMetaType::QStringList;
     const QVariantList stored = isList ? value.toList() : QVariantList();
     return m_settings.plistVersion() < versionWithURLs ? storedPaths(stored) : storedURLs(stored, expand);
+}
+
+QStringList Playlist::movieFileStrings(bool expand)
+{
+    QHash<QUrl, QString> stored;
+    const QVariantMap& plist = m_settings.store().plist();
+    for (const QVariant& entry : plist.value(fileListKey).toList())
+        stored.insert(QUrl(textOf(entry)), textOf(entry));
+
+    QStringList texts;
+    for (const QUrl& url : movieFileList(expand)) {
+        const QString text = absoluteString(url);
+        const QString storedText = stored.value(url);
+        const bool differsInCaseOnly = storedText.compare(text, Qt::CaseInsensitive) == 0;
+        texts.append(differsInCaseOnly ? storedText : text);
+    }
+    return texts;
 }
 
 // An older release's empty list never expands: its user has not asked for trailers yet.

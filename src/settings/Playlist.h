@@ -31,6 +31,9 @@ public:
     /// by the trailers it stands for now, and the first one starts a crawl in the background. A stored string
     /// that is no URL is left out.
     [[nodiscard]] QList<QUrl> movieFileList(bool expand);
+    /// The same list as absolute URL texts. QUrl writes host names in lower case; an entry that is stored
+    /// otherwise keeps its letters here.
+    [[nodiscard]] QStringList movieFileStrings(bool expand);
     /// The list that is edited.
     [[nodiscard]] QList<QUrl> plistFileList() { return movieFileList(false); }
     /// The list that is played; kept until dropFileList().

@@ -196,6 +196,28 @@ TEST_F(PlaylistOfURLs, isMovieExists_leavesTheIndexAlone_whenNothingIsPlayable)
     EXPECT_EQ(playlist().curIdx(), 7);
 }
 
+TEST_F(PlaylistOfURLs, movieFileStrings_keepTheLettersThatAreStored)
+{
+    const QStringList stored{
+        QStringLiteral("auto://Anything/3/640"), QStringLiteral("HTTP://Example.COM/A.mov"),
+        QStringLiteral("auto://LatestTrailers/2/480"), QStringLiteral("file:///Films/B%c3%bc.mov")};
+    useList("5", stored);
+    EXPECT_EQ(playlist().movieFileStrings(false), stored);
+    EXPECT_EQ(playlist().movieFileStrings(true),
+              trailers(640, 3) + stored.mid(1, 1) + trailers(480, 2) + stored.mid(3, 1));
+}
+
+TEST_F(PlaylistOfURLs, movieFileStrings_areAbsoluteStrings_whereTheStoredTextIsNone)
+{
+    useList("5", QStringList{QStringLiteral("file:///Films/a b ü.mov"), QStringLiteral("no url")});
+    EXPECT_EQ(playlist().movieFileStrings(true),
+              QStringList(QStringLiteral("file:///Films/a%20b%20%C3%BC.mov")));
+    useList("4", QStringList(QStringLiteral("/Films/A b.mov")));
+    EXPECT_EQ(playlist().movieFileStrings(true), QStringList(QStringLiteral("file:///Films/A%20b.mov")));
+    useSettings({});
+    EXPECT_EQ(playlist().movieFileStrings(false), texts(playlist().plistFileList()));
+}
+
 TEST_F(PlaylistOfURLs, fileList_holdsEveryEntry_ofALongList)
 {
     QStringList stored;
