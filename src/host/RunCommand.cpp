@@ -5,6 +5,8 @@
 #include "host/Program.h"
 #include "host/SaverSession.h"
 #include "host/StopSignals.h"
+#include "platform/base/Clock.h"
+#include "platform/base/Random.h"
 #include "platform/display/QtDesktop.h"
 #include "platform/saver/ScreenSaverView.h"
 
@@ -33,7 +35,9 @@ int runFullScreen(const Arguments&)
     const auto principal = kestroSaver();
     if (!principal) return ExitFailure;
 
-    QtDesktop desktop;
+    const SystemClock clock;
+    SystemRandom random;
+    QtDesktop desktop(clock, random);
     SaverSession session(
         desktop, [&](const Rect& frame) { return principal->initWithFrameIsPreview(frame, false, desktop); });
     const auto leaveWell = [&] { leave(session, ExitSuccess); };
@@ -41,6 +45,9 @@ int runFullScreen(const Arguments&)
     session.setWakeHandler(leaveWell);
 
     const auto start = [&] {
+        // Before the savers start: opening the first movie may take a while, and every screen is black
+        // meanwhile.
+        desktop.showSurfaces();
         if (!session.start()) leave(session, ExitFailure);
     };
     QMetaObject::invokeMethod(application.get(), start, Qt::QueuedConnection);

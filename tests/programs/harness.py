@@ -65,6 +65,8 @@ class Home:
         self.preferences.mkdir(parents=True)
         self.root = self.path / "platform-root"
         self.root.mkdir()
+        self.runtime = self.path / "run"
+        self.runtime.mkdir(mode=0o700)
 
     def close(self):
         self._holder.cleanup()
@@ -84,7 +86,8 @@ class Home:
     def environment(self, **more):
         kept = {key: value for key, value in os.environ.items() if key not in ("DISPLAY", "WAYLAND_DISPLAY")}
         kept.pop("QT_QPA_PLATFORM", None)
-        kept.update(KESTRO_HOME=str(self.path), HOME=str(self.path), KESTRO_ROOT=str(self.root))
+        kept.update(KESTRO_HOME=str(self.path), HOME=str(self.path), KESTRO_ROOT=str(self.root),
+                    XDG_RUNTIME_DIR=str(self.runtime))
         kept.setdefault("KESTRO_RENDERER", "software")
         kept.update(more)
         return kept

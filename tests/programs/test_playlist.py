@@ -1,5 +1,6 @@
 """`kestro playlist`: the list as it is edited and as it is played."""
 
+import pathlib
 import unittest
 
 from harness import ProgramTest, url
@@ -38,7 +39,7 @@ class Playlist(ProgramTest):
         self.assertEqual(self.put_in_root(FISH), self.lines()[0])
 
     def test_automatic_entries_stand_for_nothing_while_no_trailers_are_known(self):
-        self.home.play(["/tmp/a.mov", "auto://LatestTrailers/3/640"])
+        self.home.play([pathlib.Path("/tmp/a.mov"), "auto://LatestTrailers/3/640"])
         self.assertEqual(self.lines(), ["file:///tmp/a.mov", "auto://LatestTrailers/3/640"])
         self.assertEqual(self.lines("--expanded"), ["file:///tmp/a.mov"])
 
@@ -48,7 +49,7 @@ class Playlist(ProgramTest):
         self.assertEqual(self.lines("--expanded"), [])
 
     def test_urls_are_listed_with_their_percent_escapes(self):
-        self.home.play(["/tmp/a b/ü.mov", "http://example.com/m%20n.mov?a=1&b=%C3%BC#t"])
+        self.home.play([pathlib.Path("/tmp/a b/ü.mov"), "http://example.com/m%20n.mov?a=1&b=%C3%BC#t"])
         self.assertEqual(self.lines(), ["file:///tmp/a%20b/%C3%BC.mov", "http://example.com/m%20n.mov?a=1&b=%C3%BC#t"])
 
     def test_an_older_list_holds_plain_paths(self):

@@ -1,8 +1,12 @@
 """Help, version, and what is said of a command line that is none."""
 
+import pathlib
+import plistlib
+import shutil
+import subprocess
 import unittest
 
-from harness import KESTRO, ProgramTest
+from harness import BOUND, KESTRO, ProgramTest
 
 WRONG = [
     ["frobnicate"],
@@ -70,7 +74,7 @@ class Usage(ProgramTest):
 
     def test_a_locale_without_utf8_changes_nothing(self):
         environment = self.home.environment(LC_ALL="C", LANG="C")
-        self.home.play(["/tmp/ü.mov"])
+        self.home.play([pathlib.Path("/tmp/ü.mov")])
         done = self.run_kestro("playlist", environment=environment)
         self.assertEqual((done.stdout, done.stderr), ("file:///tmp/%C3%BC.mov\n", ""))
         done = self.run_kestro("ünknown", status=2, environment=environment)
@@ -98,6 +102,51 @@ class RenderOutput(ProgramTest):
         self.home.play([])
         done = self.run_kestro("render", "--out", str(self.home.path / "out"), "--trace", "/dev/full", status=1)
         self.assertIn("kestro: Cannot write /dev/full", done.stderr)
+
+
+class BrokenPackage(ProgramTest):
+    """A package that lacks what the program needs: its own saver bundle."""
+
+    def setUp(self):
+        super().setUp()
+        prefix = self.home.path / "package"
+        libraries = prefix / "lib" / "kestro"
+        libraries.mkdir(parents=True)
+        for library in (pathlib.Path(KESTRO).parent.parent / "lib" / "kestro").glob("libkestro-*.so*"):
+            shutil.copy(library, libraries)
+        (prefix / "bin").mkdir()
+        self.program = shutil.copy(KESTRO, prefix / "bin")
+        self.bundle = libraries / "Kestro.saver"
+
+    def make_bundle(self, info, library=None):
+        contents = self.bundle / "Contents"
+        (contents / "Linux").mkdir(parents=True)
+        (contents / "Info.plist").write_bytes(info)
+        if library is not None:
+            (contents / "Linux" / "Kestro.so").write_bytes(library)
+
+    def assertRefused(self):
+        for words, variables in [(["render", "--out", str(self.home.path / "out")], {}),
+                                 ([], {"QT_QPA_PLATFORM": "offscreen"})]:
+            done = subprocess.run([self.program, *words], env=self.home.environment(**variables), capture_output=True,
+                                  text=True, timeout=BOUND)
+            self.assertEqual(done.returncode, 1)
+            self.assertOneLine(done.stderr, str(self.bundle))
+
+    def test_a_missing_bundle_is_one_line_and_status_1(self):
+        self.assertRefused()
+
+    def test_a_malformed_bundle_is_one_line_and_status_1(self):
+        self.make_bundle(b"<plist>")
+        self.assertRefused()
+
+    def test_a_bundle_without_its_library_is_one_line_and_status_1(self):
+        self.make_bundle(plistlib.dumps({"NSPrincipalClass": "MySaver", "CFBundleExecutable": "Kestro.so"}))
+        self.assertRefused()
+
+    def test_a_bundle_with_a_broken_library_is_one_line_and_status_1(self):
+        self.make_bundle(plistlib.dumps({"NSPrincipalClass": "MySaver", "CFBundleExecutable": "Kestro.so"}), b"no ELF")
+        self.assertRefused()
 
 
 if __name__ == "__main__":
