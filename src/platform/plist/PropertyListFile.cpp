@@ -57,7 +57,7 @@ std::optional<QByteArray> readPropertyListFile(const QString& path)
         close(descriptor);
         return {};
     }
-    QByteArray bytes = file.read(largestPropertyList);
+    QByteArray bytes = file.read(file.size());
     if (file.error() != QFileDevice::NoError) return {};
     return bytes;
 }
