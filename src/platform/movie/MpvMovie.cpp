@@ -42,7 +42,7 @@ MpvMovie::MpvMovie(const QUrl& url, std::optional<MovieFacts> facts, const MpvMo
     : m_url(url)
     , m_facts(facts)
     , m_options(options)
-    , m_stills(url)
+    , m_stills(url, std::chrono::seconds(options.networkTimeout))
     , m_layer(std::make_unique<PlayerLayer>(*this))
 {
     const bool loadsNow = !m_facts;

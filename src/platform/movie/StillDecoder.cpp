@@ -2,13 +2,11 @@
 
 #include "platform/movie/AvFormat.h"
 
-#include <chrono>
 #include <cmath>
 #include <utility>
 
 namespace kestro {
 
-static constexpr std::chrono::seconds longestDecode{10};
 // Decoding on costs less than starting anew at a keyframe unless that one is nearer by more than this.
 static constexpr double nearerBy = 0.3;
 // Frames that end more than this ahead of the wanted time, and that no other frame needs, are not decoded.
@@ -31,8 +29,9 @@ void StillDecoder::FreePacket::operator()(AVPacket* packet) const
     av_packet_free(&packet);
 }
 
-StillDecoder::StillDecoder(QUrl url)
+StillDecoder::StillDecoder(QUrl url, std::chrono::milliseconds longest)
     : m_url(std::move(url))
+    , m_longest(longest)
 {
 }
 
@@ -59,7 +58,7 @@ QSize StillDecoder::pictureSize()
 Picture StillDecoder::picture(double seconds)
 {
     const std::lock_guard lock(m_mutex);
-    m_interrupt.allow(longestDecode);
+    m_interrupt.allow(m_longest);
     if (!isOpen() || !moveTo(insideMovie(seconds))) return {};
     const QSize size = pictureSize();
     const QImage image = m_scaler.picture(*m_current, size, m_facts.rotation);

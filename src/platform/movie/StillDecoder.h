@@ -8,6 +8,7 @@
 #include <QSize>
 #include <QUrl>
 
+#include <chrono>
 #include <memory>
 #include <mutex>
 
@@ -22,7 +23,8 @@ namespace kestro {
 /// Destroying it ends what is being decoded.
 class StillDecoder final {
 public:
-    explicit StillDecoder(QUrl url);
+    /// A picture may take `longest`; a server that does not answer would keep its thread for good.
+    explicit StillDecoder(QUrl url, std::chrono::milliseconds longest = std::chrono::seconds(10));
     ~StillDecoder();
     StillDecoder(const StillDecoder&) = delete;
     StillDecoder& operator=(const StillDecoder&) = delete;
@@ -60,6 +62,7 @@ private:
     [[nodiscard]] QSize pictureSize();
 
     const QUrl m_url;
+    const std::chrono::milliseconds m_longest;
     std::mutex m_mutex;
     AvInterrupt m_interrupt;
     std::mutex m_sizeMutex; ///< of the next: the main thread sets it while another decodes

@@ -1,0 +1,94 @@
+#include "platform/movie/MovieProbe.h"
+
+#include "platform/movie/MovieTest.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace kestro;
+
+static Result<MovieFacts> probe(const char* name)
+{
+    return probeMovie(testMovie(name).toLocalFile());
+}
+
+class MovieProbeGood : public testing::TestWithParam<const char*> {};
+
+TEST_P(MovieProbeGood, tellsSizeAndDuration)
+{
+    const auto facts = probe(GetParam());
+    ASSERT_TRUE(facts) << qPrintable(facts.error());
+    EXPECT_EQ(facts.value().codedWidth, 320);
+    EXPECT_EQ(facts.value().codedHeight, 180);
+    EXPECT_NEAR(facts.value().seconds, 2, 0.04);
+}
+INSTANTIATE_TEST_SUITE_P(Containers, MovieProbeGood,
+                         testing::Values("plain.mp4", "plain.mov", "plain.mkv", "plain.webm", "sound.mp4",
+                                         "noduration.webm"));
+
+class MovieProbeBad : public testing::TestWithParam<const char*> {};
+
+TEST_P(MovieProbeBad, refusesWhatIsNoMovie)
+{
+    ASSERT_TRUE(QFile::exists(testMovie(GetParam()).toLocalFile()));
+    const auto facts = probe(GetParam());
+    ASSERT_FALSE(facts);
+    EXPECT_FALSE(facts.error().isEmpty());
+}
+INSTANTIATE_TEST_SUITE_P(Files, MovieProbeBad,
+                         testing::Values("audio.mp3", "audio.mp4", "cover.mp3", "picture.png", "picture.mov",
+                                         "still.gif", "truncated.mp4", "text.mov", "empty.mov", "random.mov",
+                                         "list.m3u", "list.mov", "edl.mov", "concat.mov", "hls.m3u8", "."));
+
+TEST(MovieProbe, tellsSound)
+{
+    EXPECT_TRUE(probe("sound.mp4").value().hasSound);
+    EXPECT_FALSE(probe("plain.mp4").value().hasSound);
+}
+
+TEST(MovieProbe, appliesThePixelAspect)
+{
+    EXPECT_EQ(probe("anamorphic.mp4").value().naturalSize(), (Size{1024, 576}));
+}
+
+TEST(MovieProbe, turnsTheSizeUpright)
+{
+    EXPECT_EQ(probe("rotated90.mp4").value().rotation, 90);
+    EXPECT_EQ(probe("rotated180.mp4").value().rotation, 180);
+    EXPECT_EQ(probe("rotated270.mp4").value().rotation, 270);
+    EXPECT_EQ(probe("rotated90.mp4").value().naturalSize(), (Size{180, 320}));
+    EXPECT_EQ(probe("rotated180.mp4").value().naturalSize(), (Size{320, 180}));
+    EXPECT_EQ(probe("rotated270.mp4").value().naturalSize(), (Size{180, 320}));
+}
+
+TEST(MovieProbe, takesAnAnimatedGif)
+{
+    const auto facts = probe("animated.gif");
+    ASSERT_TRUE(facts);
+    EXPECT_NEAR(facts.value().seconds, 1, 0.01);
+}
+
+TEST(MovieProbe, refusesMissingFiles_pipesAndDevices)
+{
+    QTemporaryDir folder;
+    const QString pipe = folder.filePath(QStringLiteral("pipe.mov"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_FALSE(probeMovie(folder.filePath(QStringLiteral("none.mov"))));
+    EXPECT_FALSE(probeMovie(pipe));
+    EXPECT_FALSE(probeMovie(QStringLiteral("/dev/zero")));
+    EXPECT_FALSE(probeMovie(QString()));
+}
+
+TEST(MovieProbe, takesAnyName)
+{
+    QTemporaryDir folder;
+    for (const char* name : {"http:%41 #?é.mov", "-x.mov", "movie"}) {
+        const QString path = folder.filePath(QString::fromUtf8(name));
+        ASSERT_TRUE(QFile::copy(testMovie("plain.mp4").toLocalFile(), path));
+        EXPECT_TRUE(probeMovie(path)) << name;
+    }
+}

@@ -1,0 +1,31 @@
+#include "platform/movie/MovieTeardown.h"
+
+#include <atomic>
+#include <future>
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace kestro;
+
+TEST(MovieTeardown, isDone_whenFinished)
+{
+    std::atomic<int> freed = 0;
+    for (int i = 0; i < 5; ++i)
+        tearDownLater([&freed] { ++freed; });
+    finishMovieTeardown();
+    EXPECT_EQ(freed, 5);
+}
+
+TEST(MovieTeardown, doesNotHoldUpItsCaller_norForeverTheEnd)
+{
+    std::promise<void> release;
+    auto freed = std::make_shared<std::promise<void>>();
+    tearDownLater([held = release.get_future().share(), freed] {
+        held.wait();
+        freed->set_value();
+    });
+    finishMovieTeardown(); // gives up, or this test would never come to the next line
+    release.set_value();
+    freed->get_future().wait();
+    finishMovieTeardown();
+}

@@ -1,0 +1,80 @@
+#include "platform/movie/MovieTest.h"
+
+#include "platform/display/Layer.h"
+#include "platform/movie/MpvMovieLibrary.h"
+#include "platform/movie/QTMovie.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <vector>
+
+namespace kestro {
+
+bool waitUntil(const std::function<bool()>& done, int milliseconds)
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    QEventLoop loop;
+    QTimer turn; // so that what no event tells of is seen as well
+    turn.callOnTimeout([&loop] { loop.wakeUp(); });
+    turn.start(5);
+    while (!done()) {
+        if (elapsed.hasExpired(milliseconds)) return false;
+        loop.processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
+
+QUrl testMovie(const char* name)
+{
+    return QUrl::fromLocalFile(QStringLiteral(KESTRO_TEST_MOVIES "/") + QLatin1String(name));
+}
+
+std::shared_ptr<QTMovie> openMovie(const QUrl& url)
+{
+    return MpvMovieLibrary({.networkTimeout = 10, .audioOutputs = "null"}).movieWithURL(url);
+}
+
+QImage drawn(QTMovie& movie, int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    const PixelTarget target{image.bits(), width, height, static_cast<int>(image.bytesPerLine())};
+    if (!movie.layer().render(target)) return {};
+    return image;
+}
+
+int numberIn(const QImage& picture)
+{
+    if (picture.isNull()) return -1;
+    int number = 0;
+    for (int bit = 0; bit < 8; ++bit) {
+        const int x = (2 * bit + 1) * picture.width() / 16;
+        const int grey = qGray(picture.pixel(x, picture.height() / 2));
+        if (grey > 60 && grey < 190) return -1;
+        number |= (grey > 128) << bit;
+    }
+    return number;
+}
+
+int threadCount()
+{
+    const QDir threads(QStringLiteral("/proc/self/task"));
+    return static_cast<int>(threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
+}
+
+bool watch(QTMovie& movie, std::vector<int>& numbers, const std::function<bool()>& done)
+{
+    movie.layer().setPictureHandler([&movie, &numbers] {
+        const int number = numberIn(drawn(movie));
+        if (numbers.empty() || numbers.back() != number) numbers.push_back(number);
+    });
+    const bool came = waitUntil(done);
+    movie.layer().setPictureHandler({});
+    return came;
+}
+
+} // namespace kestro

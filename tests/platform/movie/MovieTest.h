@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+
+namespace kestro {
+
+class QTMovie;
+
+/// Turns the event loop until `done`, ten seconds at most; answers whether it came to be.
+[[nodiscard]] bool waitUntil(const std::function<bool()>& done, int milliseconds = 10000);
+
+/// The test movie of that name, as a URL.
+[[nodiscard]] QUrl testMovie(const char* name);
+
+/// Opens a real movie, its sound played to nothing.
+[[nodiscard]] std::shared_ptr<QTMovie> openMovie(const QUrl& url);
+
+/// What the movie's layer draws, a null image when it draws nothing.
+[[nodiscard]] QImage drawn(QTMovie& movie, int width = 320, int height = 180);
+
+/// The number that a picture of a numbered movie shows; -1 when it shows none.
+[[nodiscard]] int numberIn(const QImage& picture);
+
+/// Threads of this process.
+[[nodiscard]] int threadCount();
+
+/// Reads the newest number as the movie plays, each time it changes, until `done`; answers whether it came to
+/// be.
+[[nodiscard]] bool watch(QTMovie& movie, std::vector<int>& numbers, const std::function<bool()>& done);
+
+} // namespace kestro

@@ -1,0 +1,218 @@
+// Movies over http: loading, failing, breaking off, and never reaching the files of this machine.
+
+#include "platform/base/Log.h"
+#include "platform/display/Layer.h"
+#include "platform/movie/MovieTeardown.h"
+#include "platform/movie/MovieTest.h"
+#include "platform/movie/MpvMovieLibrary.h"
+#include "platform/movie/QTMovie.h"
+
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+using namespace kestro;
+
+using State = QTMovie::State;
+
+class RemoteMovie : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_server.start(QStringLiteral(MOVIE_SERVER), {QStringLiteral(KESTRO_TEST_MOVIES)});
+        ASSERT_TRUE(m_server.waitForReadyRead(10000));
+        m_port = m_server.readLine().trimmed().toInt();
+        ASSERT_GT(m_port, 0);
+    }
+
+    void TearDown() override { stopServer(); }
+
+    void stopServer()
+    {
+        if (m_server.state() == QProcess::NotRunning) return;
+        m_server.closeWriteChannel();
+        EXPECT_TRUE(m_server.waitForFinished(5000));
+    }
+
+    [[nodiscard]] std::shared_ptr<QTMovie> open(const char* path) const
+    {
+        const QString address = QStringLiteral("http://127.0.0.1:%1/%2").arg(m_port).arg(QLatin1String(path));
+        return MpvMovieLibrary({.networkTimeout = 1, .audioOutputs = "null"}).movieWithURL(QUrl(address));
+    }
+
+    QProcess m_server;
+    int m_port = 0;
+    std::vector<QString> m_logged;
+    LogCapture m_capture{[this](const QString& line) { m_logged.push_back(line); }};
+};
+
+static bool loads(const QTMovie& movie)
+{
+    return waitUntil([&movie] { return movie.state() != State::Loading; }) && movie.state() == State::Loaded;
+}
+
+static bool fails(const QTMovie& movie)
+{
+    return waitUntil([&movie] { return movie.state() != State::Loading; }) && movie.state() == State::Failed;
+}
+
+TEST_F(RemoteMovie, knowsNothing_whileLoading)
+{
+    const auto movie = open("good/plain.mp4");
+    ASSERT_NE(movie, nullptr);
+    EXPECT_EQ(movie->state(), State::Loading);
+    EXPECT_EQ(movie->naturalSize(), Size{});
+    EXPECT_EQ(movie->duration().timeValue, 0);
+    movie->play();
+    EXPECT_EQ(movie->rate(), 0);
+    EXPECT_FALSE(movie->layer().hasPicture());
+}
+
+TEST_F(RemoteMovie, learnsSizeAndDuration)
+{
+    const auto movie = open("good/plain.mp4");
+    ASSERT_TRUE(loads(*movie));
+    EXPECT_EQ(movie->naturalSize(), (Size{320, 180}));
+    EXPECT_EQ(movie->duration(), (MovieTime{1200, 600}));
+    EXPECT_EQ(movie->rate(), 0);
+    EXPECT_EQ(movie->currentTime().timeValue, 0);
+}
+
+class RemoteMovieFrom : public RemoteMovie, public testing::WithParamInterface<const char*> {};
+
+TEST_P(RemoteMovieFrom, playsToItsEnd)
+{
+    const auto movie = open(GetParam());
+    movie->play();
+    ASSERT_TRUE(loads(*movie));
+    EXPECT_EQ(movie->rate(), 1);
+    std::vector<int> numbers;
+    ASSERT_TRUE(watch(*movie, numbers, [&] { return movie->rate() == 0; }));
+    EXPECT_EQ(numbers.back(), 59);
+    EXPECT_EQ(movie->currentTime(), movie->duration());
+    const bool complains = qstrcmp(GetParam(), "plain/plain.mp4") == 0; // of a server without ranges
+    EXPECT_EQ(m_logged.empty(), !complains) << qPrintable(m_logged.empty() ? QString() : m_logged.front());
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, RemoteMovieFrom,
+                         testing::Values("good/plain.mp4", "good/plain.webm", "plain/plain.mp4",
+                                         "moved/sound.mp4"));
+
+TEST_F(RemoteMovie, startsWhereItWasSent_whileItLoaded)
+{
+    const auto movie = open("good/plain.mp4");
+    movie->setCurrentTime({40 * 20, 600});
+    std::vector<int> numbers;
+    movie->play();
+    ASSERT_TRUE(
+        watch(*movie, numbers, [&] { return movie->state() == State::Loaded && movie->rate() == 0; }));
+    EXPECT_GE(numbers.front(), 40);
+    EXPECT_EQ(numbers.back(), 59);
+}
+
+TEST_F(RemoteMovie, isSoughtExactly)
+{
+    const auto movie = open("good/plain.mp4");
+    ASSERT_TRUE(loads(*movie));
+    for (const int number : {44, 3}) {
+        movie->setCurrentTime({number * 20, 600});
+        EXPECT_TRUE(waitUntil([&] { return numberIn(drawn(*movie)) == number; }, 3000));
+    }
+}
+
+TEST_F(RemoteMovie, isUpright_fromItsFirstPicture)
+{
+    const auto movie = open("good/rotated90.mp4");
+    QImage first;
+    movie->setCurrentTime({5 * 20, 600});
+    movie->layer().setPictureHandler([&] {
+        if (first.isNull()) first = drawn(*movie, 180, 320);
+    });
+    ASSERT_TRUE(waitUntil([&] { return !first.isNull(); }));
+    EXPECT_EQ(numberIn(first.transformed(QTransform().rotate(-90))), 5);
+    ASSERT_TRUE(loads(*movie));
+    EXPECT_EQ(movie->naturalSize(), (Size{180, 320}));
+}
+
+TEST_F(RemoteMovie, loopsPlainly_whenItShallTurn)
+{
+    const auto movie = open("good/short.mp4");
+    movie->setAttribute(MovieAttribute::LoopsBackAndForth, true);
+    movie->play();
+    int turns = 0;
+    std::int64_t last = 0;
+    EXPECT_TRUE(waitUntil([&] {
+        const std::int64_t time = movie->currentTime().timeValue;
+        turns += time < std::exchange(last, time);
+        return turns == 2;
+    }));
+    EXPECT_EQ(movie->rate(), 1);
+    EXPECT_EQ(m_logged.size(), 1U);
+}
+
+TEST_F(RemoteMovie, givesStills)
+{
+    const auto movie = open("good/plain.mp4");
+    EXPECT_EQ(numberIn(movie->still({44 * 20, 600}).image), 44);
+}
+
+class RemoteMovieBad : public RemoteMovie, public testing::WithParamInterface<const char*> {};
+
+TEST_P(RemoteMovieBad, fails)
+{
+    const auto movie = open(GetParam());
+    movie->play();
+    EXPECT_TRUE(fails(*movie));
+    EXPECT_EQ(movie->rate(), 0);
+    EXPECT_FALSE(movie->layer().hasPicture());
+    movie->play();
+    EXPECT_EQ(movie->rate(), 0);
+    EXPECT_TRUE(movie->still({0, 600}).isNull());
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, RemoteMovieBad,
+                         testing::Values("missing", "silent", "good/text.mov", "good/empty.mov",
+                                         "good/audio.mp3", "good/audio.mp4", "good/cover.mp3",
+                                         "good/picture.png", "good/truncated.mp4"));
+INSTANTIATE_TEST_SUITE_P(WaysToFiles, RemoteMovieBad,
+                         testing::Values("to-file/plain.mp4", "m3u/plain.mp4", "hls/plain.mp4",
+                                         "concat/plain.mp4"));
+
+TEST_F(RemoteMovie, fails_whenConnectionIsRefused)
+{
+    stopServer();
+    const auto movie = open("good/plain.mp4");
+    EXPECT_TRUE(fails(*movie));
+}
+
+class RemoteMovieCut : public RemoteMovie, public testing::WithParamInterface<const char*> {};
+
+TEST_P(RemoteMovieCut, playsWhatThereIs_andEnds)
+{
+    const auto movie = open(GetParam());
+    movie->play();
+    ASSERT_TRUE(loads(*movie));
+    EXPECT_TRUE(waitUntil([&] { return movie->rate() == 0; }));
+    EXPECT_GT(movie->currentTime().timeValue, 100);
+    EXPECT_LT(movie->currentTime().timeValue, 1100);
+    EXPECT_EQ(movie->state(), State::Loaded);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, RemoteMovieCut, testing::Values("broken/plain.mkv", "stalled/plain.mkv"));
+
+TEST_F(RemoteMovie, mayBeLetGoOf_whileNothingAnswers)
+{
+    finishMovieTeardown();
+    const int before = threadCount();
+    {
+        const auto movie = open("silent");
+        EXPECT_EQ(movie->state(), State::Loading);
+    }
+    {
+        const auto movie = open("stalled/plain.mkv");
+        movie->play();
+        ASSERT_TRUE(loads(*movie));
+    }
+    EXPECT_TRUE(waitUntil([before] { return threadCount() == before; }, 1000));
+}
