@@ -1,9 +1,8 @@
 // Runs the tests of a program inside a Qt application, as far as anything needs its event loop.
 
-#include <clocale>
-
 #include <QGuiApplication>
 
+#include <clocale>
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv)

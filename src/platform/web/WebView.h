@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/display/View.h"
+
+#include <memory>
 
 class QUrl;
 
