@@ -1,10 +1,12 @@
 #include "platform/display/XvfbServer.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStringList>
 
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace kestro {
 
@@ -17,9 +19,17 @@ const QColor square = Qt::white;
 /// The probe on the screens of a server, watched from outside.
 class X11DesktopTest : public testing::Test {
 protected:
-    void start(const XvfbServer& server)
+    /// Runs the server, and answers whether it runs.
+    [[nodiscard]] bool serve(const QString& screen, const QStringList& options = {})
     {
-        m_probe.setProcessEnvironment(server.environment());
+        m_server = std::make_unique<XvfbServer>(screen, options);
+        return m_server->isRunning();
+    }
+    void start(const QString& scale = QStringLiteral("1"))
+    {
+        auto environment = m_server->environment();
+        environment.insert(QStringLiteral("QT_SCALE_FACTOR"), scale);
+        m_probe.setProcessEnvironment(environment);
         m_probe.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_probe.start(QStringLiteral(KESTRO_DISPLAY_PROBE), QStringList());
     }
@@ -38,30 +48,39 @@ protected:
             return !m_told.filter(QRegularExpression(QLatin1Char('^') + start)).isEmpty();
         });
     }
-    [[nodiscard]] static bool shows(const XvfbServer& server, int x, int y, const QColor& colour)
+    [[nodiscard]] bool shows(int x, int y, const QColor& colour) const
     {
-        return waitUntil([&] { return server.pixel(x, y) == colour; });
+        return waitUntil([&] { return pixel(x, y) == colour; });
     }
-    [[nodiscard]] static bool type(const XvfbServer& server)
+    [[nodiscard]] bool type() const
     {
-        return server.run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("a")});
+        return m_server->run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("a")});
     }
 
+    [[nodiscard]] QColor pixel(int x, int y) const { return m_server->pixel(x, y); }
+    /// Whether the probe has memory in common with another program.
+    [[nodiscard]] bool sharesMemory() const
+    {
+        QFile maps(QStringLiteral("/proc/%1/maps").arg(m_probe.processId()));
+        return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("/SYSV");
+    }
+
+    /// Two monitors side by side, 1920 by 1080 and 800 by 600, the smaller one at the top.
+    void plugTwoMonitors()
+    {
+        const auto set = QStringLiteral("--setmonitor");
+        ASSERT_TRUE(m_server->run(QStringLiteral("xrandr"),
+                                  {set, QStringLiteral("LEFT"), QStringLiteral("1920/508x1080/286+0+0"),
+                                   QStringLiteral("screen")}));
+        ASSERT_TRUE(m_server->run(QStringLiteral("xrandr"),
+                                  {set, QStringLiteral("RIGHT"), QStringLiteral("800/211x600/158+1920+0"),
+                                   QStringLiteral("none")}));
+    }
+
+    std::unique_ptr<XvfbServer> m_server;
     QProcess m_probe;
     QStringList m_told;
 };
-
-/// Two monitors side by side, 1920 by 1080 and 800 by 600, the smaller one at the top.
-void plugTwoMonitors(const XvfbServer& server)
-{
-    const auto set = QStringLiteral("--setmonitor");
-    ASSERT_TRUE(server.run(
-        QStringLiteral("xrandr"),
-        {set, QStringLiteral("LEFT"), QStringLiteral("1920/508x1080/286+0+0"), QStringLiteral("screen")}));
-    ASSERT_TRUE(server.run(
-        QStringLiteral("xrandr"),
-        {set, QStringLiteral("RIGHT"), QStringLiteral("800/211x600/158+1920+0"), QStringLiteral("none")}));
-}
 
 } // namespace
 
@@ -69,55 +88,68 @@ TEST_F(X11DesktopTest, surface_coversTheScreenAndPutsWhatChanges)
 {
     for (const bool isShared : {true, false}) {
         const QStringList without{QStringLiteral("-extension"), QStringLiteral("MIT-SHM")};
-        const XvfbServer server(QStringLiteral("1001x701x24"), isShared ? QStringList() : without);
-        ASSERT_TRUE(server.isRunning());
-        start(server);
-        EXPECT_TRUE(shows(server, 0, 0, first)) << isShared;
-        EXPECT_TRUE(shows(server, 1000, 700, first));
-        EXPECT_TRUE(shows(server, 0, 700, square));
-        EXPECT_EQ(server.pixel(39, 661), square);
-        EXPECT_EQ(server.pixel(40, 661), first);
-        EXPECT_EQ(server.pixel(39, 660), first);
+        ASSERT_TRUE(serve(QStringLiteral("1001x701x24"), isShared ? QStringList() : without));
+        start();
+        EXPECT_TRUE(shows(0, 0, first)) << isShared;
+        EXPECT_TRUE(shows(1000, 700, first));
+        EXPECT_TRUE(shows(0, 700, square));
+        EXPECT_EQ(sharesMemory(), isShared);
+        EXPECT_EQ(pixel(39, 661), square);
+        EXPECT_EQ(pixel(40, 661), first);
+        EXPECT_EQ(pixel(39, 660), first);
 
-        EXPECT_TRUE(type(server));
-        EXPECT_TRUE(shows(server, 100, 700, square));
-        EXPECT_EQ(server.pixel(20, 690), first);
+        EXPECT_TRUE(type());
+        EXPECT_TRUE(shows(100, 700, square));
+        EXPECT_EQ(pixel(20, 690), first);
         TearDown();
     }
 }
 
 TEST_F(X11DesktopTest, input_reachesTheHandlerInPointsFromTheTopLeft)
 {
-    const XvfbServer server(QStringLiteral("1000x700x24"));
-    ASSERT_TRUE(server.isRunning());
-    start(server);
+    ASSERT_TRUE(serve(QStringLiteral("1000x700x24")));
+    start();
     ASSERT_TRUE(tells(QStringLiteral("screen 0 0 1000 700$")));
-    ASSERT_TRUE(shows(server, 0, 0, first));
-    EXPECT_TRUE(server.run(QStringLiteral("xdotool"),
-                           {QStringLiteral("mousemove"), QStringLiteral("300"), QStringLiteral("200"),
-                            QStringLiteral("click"), QStringLiteral("1")}));
+    ASSERT_TRUE(shows(0, 0, first));
+    EXPECT_TRUE(m_server->run(QStringLiteral("xdotool"),
+                              {QStringLiteral("mousemove"), QStringLiteral("300"), QStringLiteral("200"),
+                               QStringLiteral("click"), QStringLiteral("1")}));
     EXPECT_TRUE(tells(QStringLiteral("motion 300 200$")));
     EXPECT_TRUE(tells(QStringLiteral("button 300 200$")));
-    EXPECT_TRUE(type(server));
+    EXPECT_TRUE(type());
     EXPECT_TRUE(tells(QStringLiteral("key ")));
+}
+
+TEST_F(X11DesktopTest, denseScreen_isMeasuredInPointsAndCoveredToTheLastPixel)
+{
+    ASSERT_TRUE(serve(QStringLiteral("800x600x24")));
+    start(QStringLiteral("1.5"));
+    ASSERT_TRUE(tells(QStringLiteral("screen 0 0 533 400$")));
+    EXPECT_TRUE(shows(0, 0, first));
+    EXPECT_TRUE(shows(799, 0, first));
+    EXPECT_TRUE(shows(59, 540, square));
+    EXPECT_EQ(pixel(60, 540), first);
+    EXPECT_EQ(pixel(59, 539), first);
+    EXPECT_TRUE(m_server->run(QStringLiteral("xdotool"),
+                              {QStringLiteral("mousemove"), QStringLiteral("300"), QStringLiteral("150")}));
+    EXPECT_TRUE(tells(QStringLiteral("motion 200 100$")));
 }
 
 TEST_F(X11DesktopTest, keyboard_isTakenFromAWindowThatHadIt)
 {
-    const XvfbServer server(QStringLiteral("1000x700x24"));
-    ASSERT_TRUE(server.isRunning());
+    ASSERT_TRUE(serve(QStringLiteral("1000x700x24")));
     QProcess other;
-    other.setProcessEnvironment(server.environment());
+    other.setProcessEnvironment(m_server->environment());
     other.start(QStringLiteral("xev"), {QStringLiteral("-event"), QStringLiteral("keyboard")});
     ASSERT_TRUE(waitUntil([&] {
-        return server.run(QStringLiteral("xdotool"),
-                          {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                           QStringLiteral("--name"), QStringLiteral("Event Tester"),
-                           QStringLiteral("windowfocus")});
+        return m_server->run(QStringLiteral("xdotool"),
+                             {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                              QStringLiteral("--name"), QStringLiteral("Event Tester"),
+                              QStringLiteral("windowfocus")});
     }));
-    start(server);
-    ASSERT_TRUE(shows(server, 0, 0, first));
-    EXPECT_TRUE(type(server));
+    start();
+    ASSERT_TRUE(shows(0, 0, first));
+    EXPECT_TRUE(type());
     EXPECT_TRUE(tells(QStringLiteral("key ")));
     other.kill();
     other.waitForFinished();
@@ -125,32 +157,31 @@ TEST_F(X11DesktopTest, keyboard_isTakenFromAWindowThatHadIt)
 
 TEST_F(X11DesktopTest, monitors_haveAScreenEach_asTheyComeAndGo)
 {
-    const XvfbServer server(QStringLiteral("2720x1080x24"));
-    ASSERT_TRUE(server.isRunning());
-    plugTwoMonitors(server);
-    start(server);
+    ASSERT_TRUE(serve(QStringLiteral("2720x1080x24")));
+    plugTwoMonitors();
+    start();
     ASSERT_TRUE(tells(QStringLiteral("screen 1920 480 800 600$")));
-    EXPECT_TRUE(shows(server, 0, 0, first));
-    EXPECT_TRUE(shows(server, 20, 1060, square));
-    EXPECT_TRUE(shows(server, 2719, 0, other));
-    EXPECT_TRUE(shows(server, 1940, 580, square));
-    EXPECT_EQ(server.pixel(2000, 700), QColor(Qt::black));
+    EXPECT_TRUE(shows(0, 0, first));
+    EXPECT_TRUE(shows(20, 1060, square));
+    EXPECT_TRUE(shows(2719, 0, other));
+    EXPECT_TRUE(shows(1940, 580, square));
+    EXPECT_EQ(pixel(2000, 700), QColor(Qt::black));
 
-    EXPECT_TRUE(type(server));
-    EXPECT_TRUE(shows(server, 2040, 580, square));
+    EXPECT_TRUE(type());
+    EXPECT_TRUE(shows(2040, 580, square));
 
     const auto xrandr = QStringLiteral("xrandr");
-    EXPECT_TRUE(server.run(xrandr, {QStringLiteral("--delmonitor"), QStringLiteral("RIGHT")}));
+    EXPECT_TRUE(m_server->run(xrandr, {QStringLiteral("--delmonitor"), QStringLiteral("RIGHT")}));
     EXPECT_TRUE(tells(QStringLiteral("removed 1920 480 800 600$")));
-    EXPECT_TRUE(shows(server, 2719, 0, Qt::black));
-    EXPECT_EQ(server.pixel(0, 0), first);
+    EXPECT_TRUE(shows(2719, 0, Qt::black));
+    EXPECT_EQ(pixel(0, 0), first);
 
-    EXPECT_TRUE(server.run(xrandr, {QStringLiteral("--setmonitor"), QStringLiteral("RIGHT"),
-                                    QStringLiteral("700/211x500/158+2000+580"), QStringLiteral("none")}));
+    EXPECT_TRUE(m_server->run(xrandr, {QStringLiteral("--setmonitor"), QStringLiteral("RIGHT"),
+                                       QStringLiteral("700/211x500/158+2000+580"), QStringLiteral("none")}));
     EXPECT_TRUE(tells(QStringLiteral("added 2000 0 700 500$")));
-    EXPECT_TRUE(shows(server, 2000, 580, other));
-    EXPECT_TRUE(shows(server, 2020, 1060, square));
-    EXPECT_EQ(server.pixel(1919, 0), first);
+    EXPECT_TRUE(shows(2000, 580, other));
+    EXPECT_TRUE(shows(2020, 1060, square));
+    EXPECT_EQ(pixel(1919, 0), first);
 }
 
 } // namespace kestro
