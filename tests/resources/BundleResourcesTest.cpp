@@ -46,25 +46,25 @@ double brightShare(const QImage& image, const QRect& area)
 TEST(BundleResources, select_showsAPictureAndTwoLines_whenDrawnOverBlack)
 {
     const QImage sign = drawn("select.svg");
-    ASSERT_EQ(sign.size(), QSize(400, 240));
-    EXPECT_GT(brightShare(sign, QRect(130, 20, 140, 122)), 0.2); // the strip's middle frame
-    EXPECT_GT(brightShare(sign, QRect(80, 160, 240, 26)), 0.08); // the first line
-    EXPECT_GT(brightShare(sign, QRect(90, 198, 220, 20)), 0.05); // the second
-    EXPECT_EQ(brightShare(sign, QRect(20, 146, 360, 10)), 0);    // nothing between
+    ASSERT_EQ(sign.size(), QSize(420, 260));
+    EXPECT_GT(brightShare(sign, QRect(140, 30, 140, 122)), 0.2);  // the strip's middle frame
+    EXPECT_GT(brightShare(sign, QRect(90, 170, 240, 26)), 0.08);  // the first line
+    EXPECT_GT(brightShare(sign, QRect(100, 208, 220, 20)), 0.05); // the second
+    EXPECT_EQ(brightShare(sign, QRect(30, 156, 360, 10)), 0);     // nothing between
 }
 
 TEST(BundleResources, preview_showsAPictureAndAName_whenDrawnOverBlack)
 {
     const QImage sign = drawn("preview.svg");
-    ASSERT_EQ(sign.size(), QSize(200, 120));
-    EXPECT_GT(brightShare(sign, QRect(60, 14, 80, 62)), 0.4);
-    EXPECT_GT(brightShare(sign, QRect(64, 94, 72, 20)), 0.1);
+    ASSERT_EQ(sign.size(), QSize(216, 136));
+    EXPECT_GT(brightShare(sign, QRect(68, 22, 80, 62)), 0.4);
+    EXPECT_GT(brightShare(sign, QRect(72, 102, 72, 20)), 0.1);
 }
 
 TEST(BundleResources, preview_differsFromSelect_whenBroughtToOneSize)
 {
     const QImage select =
-        drawn("select.svg").scaled(200, 120, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        drawn("select.svg").scaled(216, 136, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     const QImage preview = drawn("preview.svg");
     ASSERT_EQ(select.size(), preview.size());
     int different = 0;
