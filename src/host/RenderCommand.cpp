@@ -2,6 +2,7 @@
 
 #include "host/GuiStart.h"
 #include "host/KestroBundle.h"
+#include "host/PictureFolder.h"
 #include "host/Program.h"
 #include "host/RenderOptions.h"
 #include "host/RenderRun.h"

@@ -36,7 +36,11 @@ int RenderRun::exec()
 {
     QMetaObject::invokeMethod(
         &m_next, [this] { begin(); }, Qt::QueuedConnection);
-    return QCoreApplication::exec();
+    const int status = QCoreApplication::exec();
+    m_pictures.finish();
+    if (!m_pictures.failure()) return status;
+    complain(*m_pictures.failure());
+    return ExitFailure;
 }
 
 void RenderRun::begin()
@@ -80,16 +84,11 @@ void RenderRun::endEarly()
 void RenderRun::takePictures(double seconds)
 {
     int index = 0;
-    for (Screen* screen : m_desktop.screens())
-        if (!takePicture(*screen, index++, seconds)) return end(ExitFailure);
-}
-
-bool RenderRun::takePicture(Screen& screen, int index, double seconds)
-{
-    screen.update();
-    const auto written = m_pictures.write(screen.surface().canvas(), index, seconds);
-    if (!written) complain(written.error());
-    return written.isOk();
+    for (Screen* screen : m_desktop.screens()) {
+        screen->update();
+        m_pictures.add(screen->surface().canvas().copy(), index++, seconds);
+    }
+    if (m_pictures.failure()) end(ExitFailure);
 }
 
 void RenderRun::trace(const HostedSaver& saver)

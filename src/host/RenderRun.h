@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/Console.h"
-#include "host/PictureFolder.h"
+#include "host/PictureQueue.h"
 #include "host/RenderOptions.h"
 
 #include <QTimer>
@@ -10,7 +10,6 @@ namespace kestro {
 
 class Desktop;
 class HostedSaver;
-class Screen;
 class SaverSession;
 class TraceFile;
 
@@ -34,13 +33,12 @@ private:
     void scheduleNext();
     void momentCame();
     void takePictures(double seconds);
-    [[nodiscard]] bool takePicture(Screen& screen, int index, double seconds);
     void trace(const HostedSaver& saver);
     void end(ExitCode status);
 
     Desktop& m_desktop;
     SaverSession& m_session;
-    const PictureFolder& m_pictures;
+    PictureQueue m_pictures;
     TraceFile* m_trace;
     RenderOptions m_options;
     QTimer m_next;

@@ -1,6 +1,7 @@
 #include "host/RenderRun.h"
 
 #include "FakeDesk.h"
+#include "host/PictureFolder.h"
 #include "host/TraceFile.h"
 #include "platform/base/Log.h"
 #include "platform/display/QtTimerSource.h"

@@ -116,8 +116,8 @@ class Fly(ProgramTest):
         # About seven moves; one or two may draw the place that it has.
         self.assertIn(len(frames), range(5, 9))
         for x, y, width, height in frames:
-            self.assertEqual((width, height), (40, 30))
-            self.assertTrue(0 <= x <= 760 and 0 <= y <= 570, (x, y))
+            self.assertEqual((width, height), (80, 60))
+            self.assertTrue(0 <= x <= 720 and 0 <= y <= 540, (x, y))
         moves = self.moves(done)
         for before, after in zip(moves, moves[1:]):
             self.assertGreater(after - before, 0.45)
@@ -132,9 +132,7 @@ class Fly(ProgramTest):
         [[x, y, width, height]] = done.movie_frames()
         picture = done.last_picture()
         self.assertTrue(picture.is_near(int(x + width / 2), int(600 - y - height / 2), RED))
-        outside = [(int((x + 400) % 800), int((y + 300) % 600))]
-        for place in outside:
-            self.assertEqual(picture.at(*place), BLACK)
+        self.assertEqual(picture.at(int((x + width / 2 + 400) % 800), 300), BLACK)
 
     def test_reposition_at_the_end_leaves_the_place_until_then(self):
         self.home.play([movie("long", seconds=8)], Interval="0.2", Reposition="1", Scale="0.5", **FLY)

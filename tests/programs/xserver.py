@@ -18,9 +18,9 @@ class XServer:
         self._holder = tempfile.TemporaryDirectory(prefix="kestro-x-")
         reading, writing = os.pipe()
         command = ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-noreset", "-nolisten", "tcp"]
-        log = pathlib.Path(self._holder.name, "log").open("w")
-        self._process = subprocess.Popen(command, pass_fds=[writing], start_new_session=True, stdin=subprocess.DEVNULL,
-                                         stdout=log, stderr=log)
+        with pathlib.Path(self._holder.name, "log").open("w") as log:
+            self._process = subprocess.Popen(command, pass_fds=[writing], start_new_session=True,
+                                             stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         os.close(writing)
         self.display = f":{self._read_number(reading)}"
 
@@ -52,10 +52,15 @@ class XServer:
         tree = self.run("xwininfo", "-root", "-tree")
         found = []
         for identity, geometry in re.findall(r"^     (0x[0-9a-f]+) .*?(\d+x\d+[+-]\d+[+-]\d+)", tree, re.M):
-            state = self.run("xwininfo", "-id", identity)
-            if "IsViewable" in state:
+            if self._is_viewable(identity):
                 found.append(tuple(int(number) for number in re.findall(r"-?\d+", geometry)))
         return found
+
+    def _is_viewable(self, identity):
+        """No for a window that has gone in the meantime."""
+        state = subprocess.run(["xwininfo", "-id", identity], env={**os.environ, "DISPLAY": self.display},
+                               capture_output=True, text=True, timeout=BOUND)
+        return "IsViewable" in state.stdout
 
     def move_pointer(self, x, y):
         self.run("xdotool", "mousemove", "--sync", str(x), str(y))
