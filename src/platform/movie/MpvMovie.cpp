@@ -60,6 +60,7 @@ bool MpvMovie::ensurePlayer()
                                  .pictureSeconds = m_facts ? m_facts->pictureSeconds : 0,
                                  .rotation = m_facts ? m_facts->rotation : 0,
                                  .reversible = turns(),
+                                 .hasSound = !m_facts || m_facts->hasSound,
                                  .muted = m_muted,
                                  .volume = m_volume},
                                 *this);

@@ -92,6 +92,20 @@ static MpvHandle::Options sourceOptions(bool local, const MpvMovieOptions& optio
     };
 }
 
+MpvHandle::Options reversingOptions(bool audible)
+{
+    return {
+        {"demuxer-thread", "no"}, // with it each turn stands for a second
+        {"cache", "no"},
+        // Backwards, pictures come a keyframe's worth at a time: some wait decoded while the next lot is
+        // made, on a thread of its own. Where sound is read beside it, the two would disturb each other's
+        // reading.
+        {"vd-queue-enable", audible ? "no" : "yes"},
+        {"vd-queue-max-samples", "24"},
+        {"vd-queue-max-bytes", "96MiB"},
+    };
+}
+
 MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
 {
     MpvHandle::Options options = plainOptions();
@@ -100,10 +114,9 @@ MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
     options.emplace_back("vf", rotationFilter(setup.rotation));
     options.emplace_back("aid", setup.muted ? "no" : "auto");
     options.emplace_back("volume", mpvVolume(setup.volume));
-    if (setup.reversible) {
-        options.emplace_back("demuxer-thread", "no"); // with it each turn stands for a second
-        options.emplace_back("cache", "no");
-    }
+    const MpvHandle::Options reversing =
+        setup.reversible ? reversingOptions(setup.isAudible()) : MpvHandle::Options{};
+    options.insert(options.end(), reversing.begin(), reversing.end());
     return options;
 }
 

@@ -348,8 +348,10 @@ void MpvPlayer::setBackwards(bool backwards)
 void MpvPlayer::setMuted(bool muted)
 {
     m_setup.muted = muted;
-    if (!muted && std::exchange(m_silent, false)) m_handle->set("aid", "auto");
     m_handle->set("mute", muted ? "yes" : "no");
+    if (muted || !std::exchange(m_silent, false)) return;
+    m_handle->set("aid", "auto");
+    if (m_setup.reversible && m_setup.hasSound) loadReversible();
 }
 
 void MpvPlayer::setVolume(double volume)
@@ -360,8 +362,15 @@ void MpvPlayer::setVolume(double volume)
 void MpvPlayer::makeReversible()
 {
     m_setup.reversible = true;
-    m_handle->set("demuxer-thread", "no");
-    m_handle->set("cache", "no");
+    loadReversible();
+}
+
+void MpvPlayer::loadReversible()
+{
+    const bool decodesSound = m_setup.hasSound && !m_silent;
+    for (const auto& [name, value] : reversingOptions(decodesSound))
+        m_handle->set(name, value);
+
     load(m_position);
 }
 

@@ -21,8 +21,11 @@ struct MpvPlayerSetup {
     double pictureSeconds = 0; ///< from one picture to the next, 0 when it varies
     int rotation = 0;          ///< degrees clockwise that turn it upright; a remote movie's is found out
     bool reversible = false;   ///< made to play backwards as well; costs read-ahead
-    bool muted = false;        ///< sound is not even decoded until unmuted
+    bool hasSound = true;
+    bool muted = false; ///< sound is not even decoded until unmuted
     double volume = 1;
+
+    [[nodiscard]] bool isAudible() const { return hasSound && !muted; }
 };
 
 /// Hears from a player, on the main thread. May destroy it in any of these.
@@ -85,6 +88,7 @@ private:
     void takePicture();
     void dropUnwatched();
     void showPicture();
+    void loadReversible();
     void beginMove(double to);
     void arrive();
     [[nodiscard]] QByteArray mpvTarget(double seconds) const;
