@@ -56,6 +56,7 @@ void X11Surface::show()
 {
     m_window.show();
     m_window.raise();
+    m_stayOnTop = std::make_unique<StayOnTop>(connection(), static_cast<std::uint32_t>(m_window.winId()));
 }
 
 void X11Surface::present(const QRegion& changed)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/display/MonitorSurface.h"
+#include "platform/display/StayOnTop.h"
 #include "platform/display/X11Canvas.h"
 
 namespace kestro {
@@ -27,6 +28,7 @@ private:
     void takeKeyboard();
 
     std::unique_ptr<X11Canvas> m_canvas;
+    std::unique_ptr<StayOnTop> m_stayOnTop; ///< once shown
 };
 
 } // namespace kestro
