@@ -43,6 +43,16 @@ Rect boundsOf(const std::vector<Rect>& parts)
     return all;
 }
 
+/// The views in `view`, for a walk in which a view may take others away while it draws.
+template <typename Visit>
+void visitSubviews(const View& view, Visit visit)
+{
+    for (View* inside : std::vector(view.subviews())) {
+        const auto& still = view.subviews();
+        if (std::find(still.begin(), still.end(), inside) != still.end()) visit(*inside);
+    }
+}
+
 } // namespace
 
 void BackingStore::reset(Size size, double pixelRatio, const QColor& background)
@@ -86,10 +96,10 @@ void BackingStore::draw(View& view, const Rect& rect)
     if (parts.empty()) return;
     drawParts(view, parts);
     Rects drawn = parts;
-    for (View* inside : std::vector(view.subviews())) {
-        const Rects more = drawTree(*inside, parts.front(), drawn);
+    visitSubviews(view, [&](View& inside) {
+        const Rects more = drawTree(inside, parts.front(), drawn);
         drawn.insert(drawn.end(), more.begin(), more.end());
-    }
+    });
 }
 
 BackingStore::Rects BackingStore::drawTree(View& view, const Rect& clip, const Rects& below)
@@ -104,12 +114,12 @@ BackingStore::Rects BackingStore::drawTree(View& view, const Rect& clip, const R
     if (!parts.empty()) drawParts(view, parts);
 
     Rects drawn = parts;
-    for (View* inside : std::vector(view.subviews())) {
+    visitSubviews(view, [&](View& inside) {
         Rects beneath = below;
         beneath.insert(beneath.end(), drawn.begin(), drawn.end());
-        for (const Rect& more : drawTree(*inside, visible, beneath))
+        for (const Rect& more : drawTree(inside, visible, beneath))
             addPart(drawn, more);
-    }
+    });
     return drawn;
 }
 

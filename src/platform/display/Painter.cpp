@@ -20,7 +20,7 @@ Painter::Painter(QPainter& device, Point viewOrigin, float storeHeight, double p
 void Painter::fill(const Rect& rect, const QColor& colour)
 {
     const QRect pixels = pixelRect(rect);
-    if (m_record) m_record->noteFill(pixels, colour.alpha());
+    noteFill(pixels, colour.alpha());
     m_device.setCompositionMode(QPainter::CompositionMode_Source);
     m_device.setOpacity(1);
     m_device.fillRect(pixels, colour);
@@ -43,7 +43,18 @@ void Painter::draw(const Picture& picture, const Rect& rect, Compositing composi
 QPainter& Painter::device()
 {
     if (m_record) m_record->noteAnything();
+    m_isDeviceOut = true;
     return m_device;
+}
+
+void Painter::noteFill(const QRect& pixels, int alpha)
+{
+    if (!m_record) return;
+    // Who has the device may have narrowed its clip: then not all of the rectangle is filled.
+    if (m_isDeviceOut)
+        m_record->noteReplaced(pixels);
+    else
+        m_record->noteFill(pixels, alpha);
 }
 
 QRectF Painter::deviceRect(const Rect& rect) const
@@ -61,7 +72,7 @@ QRect Painter::pixelRect(const Rect& rect) const
 
 void Painter::clear(const QRect& pixels)
 {
-    if (m_record) m_record->noteFill(pixels, 0);
+    noteFill(pixels, 0);
     m_device.setCompositionMode(QPainter::CompositionMode_Source);
     m_device.setOpacity(1);
     m_device.fillRect(pixels, Qt::transparent);

@@ -38,12 +38,14 @@ public:
 private:
     [[nodiscard]] QRect pixelRect(const Rect& rect) const;
     void clear(const QRect& pixels);
+    void noteFill(const QRect& pixels, int alpha);
 
     QPainter& m_device;
     Point m_viewOrigin;
     float m_storeHeight;
     double m_pixelRatio;
     PaintRecord* m_record;
+    bool m_isDeviceOut = false;
 };
 
 } // namespace kestro

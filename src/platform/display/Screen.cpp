@@ -54,9 +54,11 @@ void Screen::scheduleUpdate()
 
 void Screen::drawMarkedViews()
 {
-    // Copied: a view may order windows while it draws.
-    for (Window* window : std::vector(m_windows))
-        if (!window->isFlushingDisabled()) window->drawMarkedViews();
+    // Copied: a view may order windows, and take them away, while it draws.
+    for (Window* window : std::vector(m_windows)) {
+        const bool isStillShown = std::find(m_windows.begin(), m_windows.end(), window) != m_windows.end();
+        if (isStillShown && !window->isFlushingDisabled()) window->drawMarkedViews();
+    }
 }
 
 void Screen::detach(Window& window)

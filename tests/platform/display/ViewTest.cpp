@@ -2,6 +2,8 @@
 
 #include "platform/display/DisplayTest.h"
 
+#include <QPainter>
+
 namespace kestro {
 
 namespace {
@@ -251,6 +253,45 @@ TEST_F(ViewTest, viewDrawnFromWithinAnother_isDrawn)
     screen().update();
     EXPECT_EQ(at(5, 5), QColor(Qt::blue));
     EXPECT_EQ(at(55, 5), QColor(Qt::green));
+}
+
+TEST_F(ViewTest, viewTakenAwayWhileItsSuperviewDraws_isLeftOut)
+{
+    class Changing final : public View {
+    public:
+        using View::View;
+        void drawRect(Painter&, const Rect&) override { inside.reset(); }
+        std::unique_ptr<View> inside;
+    };
+    Changing changing({{0, 0}, {100, 50}});
+    changing.inside = std::make_unique<FillView>(Rect{{0, 0}, {10, 10}}, Qt::blue);
+    changing.addSubview(*changing.inside);
+    window.setContentView(&changing);
+    screen().update();
+    EXPECT_EQ(at(5, 5), QColor(Qt::black));
+    EXPECT_TRUE(changing.subviews().empty());
+}
+
+TEST_F(ViewTest, viewThatDrawsOnTheDevice_hidesNothingItDidNotPaint)
+{
+    class Direct final : public View {
+    public:
+        using View::View;
+        void drawRect(Painter& painter, const Rect&) override
+        {
+            painter.device().setClipRect(painter.deviceRect({{0, 0}, {10, 10}}));
+            painter.fill(bounds(), Qt::red);
+        }
+    };
+    FillView ground({{0, 0}, {100, 50}}, Qt::white);
+    Window below({{{0, 0}, {100, 50}}, &screen(), QStringLiteral("below")});
+    below.setContentView(&ground);
+    below.orderBack();
+    Direct direct({{0, 0}, {100, 50}});
+    window.setContentView(&direct);
+    screen().update();
+    EXPECT_EQ(at(5, 5), QColor(Qt::red));
+    EXPECT_EQ(at(50, 25), QColor(Qt::white));
 }
 
 } // namespace kestro
