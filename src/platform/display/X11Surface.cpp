@@ -57,6 +57,8 @@ void X11Surface::show()
     m_window.show();
     m_window.raise();
     m_stayOnTop = std::make_unique<StayOnTop>(connection(), static_cast<std::uint32_t>(m_window.winId()));
+    // The screen is black from now on, even if the program is busy with its start for a while.
+    xcb_flush(connection());
 }
 
 void X11Surface::present(const QRegion& changed)
