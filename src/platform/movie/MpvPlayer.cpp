@@ -67,7 +67,8 @@ void MpvPlayer::load(double start)
 {
     beginMove(start);
     m_fileLoaded = false;
-    m_handle->set("start", mpvTarget(start));
+    const QByteArray target = mpvTarget(start);
+    m_handle->set("start", target.toDouble() > 0 ? target : "none"); // not every server lets itself be sought
     m_handle->command(ofThisMove(Move), {"loadfile", mediaSource(m_setup.url).constData()});
 }
 
