@@ -26,7 +26,6 @@ ALLOWED = PLATFORM | {
 
 # The headers of each foreign library, and the one folder that may include them.
 FOREIGN = [
-    (r"plist/", "platform/plist"),
     (r"curl/", "platform/network"),
     (r"xcb/|X11/|GL/|GLES\d/|EGL/|vulkan/|wayland-", "platform/display"),
     (r"Q(Svg|BackingStore|OpenGL|RasterWindow|Window\b|Screen\b)|qpa/|QtGui/(private|qpa)/", "platform/display"),
@@ -90,7 +89,7 @@ SAMPLES = [
     ("src/engine/MySaver.cpp", "#include <mpv/client.h>", 1),
     ("src/host/main.cpp", "#include <xcb/xcb.h>", 1),
     ("src/host/main.cpp", "#include <QSvgRenderer>", 1),
-    ("src/settings/SettingsStore.cpp", "#include <plist/plist.h>", 1),
+    ("src/settings/SettingsStore.cpp", "#include <mpv/client.h>", 1),
     ("src/settings/SettingsStore.cpp", "#include <boost/any.hpp>", 1),
     ("src/platform/saver/SaverBundle.cpp", "#include <sys/stat.h>\n#include <QtPlugin>\n#include <QtGlobal>", 0),
     ("src/engine/MySaver.cpp", '// #include "host/Program.h"', 0),
