@@ -61,7 +61,7 @@ MovieContent MovieSequencer::openEntry(const QUrl& url)
 
 void MovieSequencer::recordFailure(const QUrl& url)
 {
-    logLine(QStringLiteral("Failed to load movie:%1").arg(url.toString(QUrl::FullyEncoded)));
+    logLine(QStringLiteral("Failed to load movie:%1").arg(absoluteString(url)));
     m_sources.playlist.addFailedURL(url);
 }
 

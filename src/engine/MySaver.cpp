@@ -134,7 +134,7 @@ void MySaver::storeResumePoint()
     const auto movie = m_movieView ? m_movieView->movie() : nullptr;
     if (!m_settings.canContinue() || !movie) return;
     const QUrl url = movie->url();
-    logLine(QStringLiteral("URL = %1").arg(url.toString(QUrl::FullyEncoded)));
+    logLine(QStringLiteral("URL = %1").arg(absoluteString(url)));
     if (!url.isValid()) return;
     auto& store = m_services.store;
     store.setDefaultsForKey(lastPathComponent(url), QStringLiteral("LastMovie"));
@@ -257,7 +257,7 @@ SaverSnapshot MySaver::snapshot() const
     const Point toScreen{-m_geometry.screenFrame().origin.x, -m_geometry.screenFrame().origin.y};
     if (const auto movie = m_movieView ? m_movieView->movie() : nullptr) {
         const Rect frame = m_movieView->frame();
-        shot.movie = {movie->url().toString(QUrl::FullyEncoded), movie->currentTime().timeValue,
+        shot.movie = {absoluteString(movie->url()), movie->currentTime().timeValue,
                       movie->rate(), m_windowMode ? frame.movedBy(toScreen) : convertToWindow(frame)};
     }
     shot.curIdx = m_playlist.curIdx();

@@ -2,7 +2,6 @@
 
 #include "host/Program.h"
 #include "platform/base/Paths.h"
-#include "settings/MovieURL.h"
 #include "settings/NoTrailers.h"
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
@@ -15,9 +14,7 @@ namespace {
 const QString expandedOption = QStringLiteral("expanded");
 
 /// Stands for the view that a crawl would report to; this command starts none.
-class NoClient final : public TrailerClient {
-public:
-};
+class NoClient final : public TrailerClient {};
 
 int showPlaylist(const Arguments& arguments)
 {
@@ -28,8 +25,8 @@ int showPlaylist(const Arguments& arguments)
     NoClient client;
     Playlist playlist(settings, trailers, client, true);
     QByteArray lines;
-    for (const QUrl& url : playlist.movieFileList(arguments.has(expandedOption)))
-        lines += absoluteString(url).toUtf8() + '\n';
+    for (const QString& entry : playlist.movieFileStrings(arguments.has(expandedOption)))
+        lines += entry.toUtf8() + '\n';
     return print(lines);
 }
 
