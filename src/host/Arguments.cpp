@@ -99,7 +99,7 @@ QString helpText(const Syntax& syntax)
     qsizetype width = 0;
     const QList<Option> options = withHelp(syntax);
     for (const Option& option : options) {
-        usage += QStringLiteral(" [%1]").arg(usageOf(option));
+        usage += (option.isRequired ? QStringLiteral(" %1") : QStringLiteral(" [%1]")).arg(usageOf(option));
         width = std::max(width, usageOf(option).size());
     }
     QString text = usage + QStringLiteral("\n\n") + syntax.summary + QStringLiteral("\n\n");

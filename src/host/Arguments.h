@@ -16,6 +16,7 @@ struct Option {
     QString name;
     QString valueName; ///< what its value is called in the help; empty for an option without a value
     QString help;
+    bool isRequired = false; ///< for the help; whether it was given is for the command to check
 };
 
 /// What may be written after a command's name, for the parser and for the help. "help" is always understood.

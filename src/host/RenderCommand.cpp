@@ -26,6 +26,7 @@ std::vector<Rect> screenFrames(const RenderOptions& options)
 {
     const Size size{static_cast<float>(options.size.width()), static_cast<float>(options.size.height())};
     std::vector<Rect> frames;
+    frames.reserve(static_cast<std::size_t>(options.screens));
     for (int i = 0; i < options.screens; ++i)
         frames.push_back({{static_cast<float>(i) * size.width, 0}, size});
     return frames;

@@ -39,7 +39,7 @@ Syntax RenderOptions::syntax()
     return {text("render"),
             text("Run the saver without a display and write PNG pictures of it"),
             {
-                {text("out"), text("DIR"), text("folder for the pictures, made when missing")},
+                {text("out"), text("DIR"), text("folder for the pictures, made when missing"), true},
                 {text("seconds"), text("S"), text("how long to run (10)")},
                 {text("size"), text("WxH"), text("points of a screen (1920x1080)")},
                 {text("screens"), text("N"), text("screens side by side (1)")},

@@ -34,8 +34,7 @@ RenderRun::RenderRun(Desktop& desktop, SaverSession& session, const PictureFolde
 
 int RenderRun::exec()
 {
-    QMetaObject::invokeMethod(
-        &m_next, [this] { begin(); }, Qt::QueuedConnection);
+    QTimer::singleShot(0, &m_next, [this] { begin(); });
     const int status = QCoreApplication::exec();
     m_pictures.finish();
     if (!m_pictures.failure()) return status;

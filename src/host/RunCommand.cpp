@@ -11,6 +11,7 @@
 #include "platform/saver/ScreenSaverView.h"
 
 #include <QGuiApplication>
+#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -50,7 +51,7 @@ int runFullScreen(const Arguments&)
         desktop.showSurfaces();
         if (!session.start()) leave(session, ExitFailure);
     };
-    QMetaObject::invokeMethod(application.get(), start, Qt::QueuedConnection);
+    QTimer::singleShot(0, application.get(), start);
     QGuiApplication::exec();
     leave(session, ExitSuccess);
 }

@@ -11,7 +11,7 @@ Syntax syntax()
     return {QStringLiteral("draw"),
             QStringLiteral("Draw it"),
             {{QStringLiteral("all"), {}, QStringLiteral("draw all")},
-             {QStringLiteral("to"), QStringLiteral("FILE"), QStringLiteral("where to")},
+             {QStringLiteral("to"), QStringLiteral("FILE"), QStringLiteral("where to"), true},
              {QStringLiteral("times"), QStringLiteral("N"), QStringLiteral("how often")}}};
 }
 
@@ -109,7 +109,7 @@ TEST(Arguments, real_isRefused_whenItIsNoneOrOutOfBounds)
 TEST(Arguments, helpText_tellsUsageAndEachOption_whenAsked)
 {
     EXPECT_EQ(helpText(syntax()),
-              QStringLiteral("Usage: kestro draw [--all] [--to FILE] [--times N] [--help]\n\n"
+              QStringLiteral("Usage: kestro draw [--all] --to FILE [--times N] [--help]\n\n"
                              "Draw it\n\n"
                              "  --all      draw all\n"
                              "  --to FILE  where to\n"
