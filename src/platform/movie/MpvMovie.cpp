@@ -127,7 +127,7 @@ void MpvMovie::setCurrentTime(MovieTime time)
 
 void MpvMovie::moveTo(double seconds)
 {
-    m_ended = !m_player && m_facts && !m_playing && seconds >= m_facts->seconds;
+    m_ended = m_facts && !m_playing && seconds >= m_facts->seconds;
     if (m_player)
         m_player->seek(seconds);
     else

@@ -175,7 +175,8 @@ bool StillDecoder::takeNext(double seconds)
 
 bool StillDecoder::isEarly(const AVPacket& packet, double seconds) const
 {
-    if (packet.pts == AV_NOPTS_VALUE || packet.duration <= 0) return false;
+    const bool mayBeTheLast = m_facts.seconds <= 0; // where the end is unknown
+    if (mayBeTheLast || packet.pts == AV_NOPTS_VALUE || packet.duration <= 0) return false;
     return m_input->secondsOf(packet.pts + packet.duration) < seconds - skipMargin;
 }
 

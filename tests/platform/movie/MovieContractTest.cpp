@@ -245,6 +245,30 @@ TEST_P(MovieContract, endsAtItsBeginning_whenTurningIsSwitchedOffWhilePlayingBac
     EXPECT_EQ(m_short->currentTime(), m_short->duration());
 }
 
+TEST_P(MovieContract, loopsForward_whenOnlyTurningIsSwitchedOffWhilePlayingBackwards)
+{
+    m_short->setAttribute(MovieAttribute::Loops, true);
+    m_short->setAttribute(MovieAttribute::LoopsBackAndForth, true);
+    m_short->play();
+    ASSERT_TRUE(wait([this] { return m_short->rate() == -1; }));
+    m_short->setAttribute(MovieAttribute::LoopsBackAndForth, false);
+    ASSERT_TRUE(wait([this] { return m_short->rate() == 1; }));
+    std::int64_t last = 0;
+    EXPECT_TRUE(wait([&] { return timeOf(*m_short) < std::exchange(last, timeOf(*m_short)); }));
+    EXPECT_EQ(m_short->rate(), 1);
+}
+
+TEST_P(MovieContract, playsFromTheBeginning_whenItWasSentToItsEnd)
+{
+    for (int round = 0; round < 2; ++round) { // at first there is nothing that plays, later there is
+        m_short->setCurrentTime(m_short->duration());
+        m_short->play();
+        EXPECT_EQ(m_short->rate(), 1);
+        EXPECT_EQ(timeOf(*m_short), 0);
+        EXPECT_TRUE(wait([this] { return timeOf(*m_short) > 0 && m_short->rate() == 0; }));
+    }
+}
+
 TEST_P(MovieContract, playsOn_whenLoopingIsSwitchedOnAtTheEnd)
 {
     ASSERT_TRUE(playToEnd(*m_short));

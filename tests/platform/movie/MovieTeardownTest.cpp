@@ -1,6 +1,7 @@
 #include "platform/movie/MovieTeardown.h"
 
 #include <atomic>
+#include <chrono>
 #include <future>
 #include <gtest/gtest.h>
 #include <memory>
@@ -24,8 +25,9 @@ TEST(MovieTeardown, doesNotHoldUpItsCaller_norForeverTheEnd)
         held.wait();
         freed->set_value();
     });
+    auto done = freed->get_future();
     finishMovieTeardown(); // gives up, or this test would never come to the next line
+    EXPECT_EQ(done.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
     release.set_value();
-    freed->get_future().wait();
-    finishMovieTeardown();
+    EXPECT_EQ(done.wait_for(std::chrono::seconds(10)), std::future_status::ready);
 }

@@ -5,7 +5,6 @@
 #include "platform/movie/QTMovie.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -15,14 +14,17 @@ namespace kestro {
 
 bool waitUntil(const std::function<bool()>& done, int milliseconds)
 {
-    QElapsedTimer elapsed;
-    elapsed.start();
     QEventLoop loop;
+    bool isOver = false;
+    QTimer bound;
+    bound.setSingleShot(true);
+    bound.callOnTimeout([&isOver] { isOver = true; });
+    bound.start(milliseconds);
     QTimer turn; // so that what no event tells of is seen as well
     turn.callOnTimeout([&loop] { loop.wakeUp(); });
     turn.start(5);
     while (!done()) {
-        if (elapsed.hasExpired(milliseconds)) return false;
+        if (isOver) return false;
         loop.processEvents(QEventLoop::WaitForMoreEvents);
     }
     return true;
