@@ -174,7 +174,7 @@ bool MySaver::_resetMovie()
 void MySaver::applySound()
 {
     const auto* screen = window() ? window()->screen() : nullptr;
-    const bool mayPlay = screen && screen == m_services.desktop.mainScreen() && !isPreview();
+    const bool mayPlay = screen && m_services.desktop.isFirst(*screen) && !isPreview();
     m_movieView->setMuted(!mayPlay || !m_settings.isSoundOn());
 }
 

@@ -14,8 +14,9 @@ class Screen;
 class TimerSource;
 
 /// What one process sees of its desktop: the screens, the pointer, timers, notices, time and chance. The real
-/// ones are QtDesktop (a surface per monitor) and ImageDesktop (screens that are images in memory, for tests
-/// and pictures). Owned by the program; outlives every view and window. Main thread.
+/// ones are QtDesktop (a surface per monitor), WindowDesktop (one that another program hands over) and
+/// ImageDesktop (screens that are images in memory, for tests and pictures). Owned by the program; outlives
+/// every view and window. Main thread.
 class Desktop {
 public:
     virtual ~Desktop() = default;
@@ -28,6 +29,9 @@ public:
         const auto all = screens();
         return all.empty() ? nullptr : all.front();
     }
+
+    /// Whether that screen is the first of all monitors, counting those too that this process does not see.
+    [[nodiscard]] virtual bool isFirst(const Screen& screen) const { return &screen == mainScreen(); }
 
     [[nodiscard]] virtual Cursor& cursor() = 0;
     [[nodiscard]] virtual TimerSource& timers() = 0;

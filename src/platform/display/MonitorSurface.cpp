@@ -9,7 +9,7 @@
 namespace kestro {
 
 MonitorSurface::MonitorSurface(Qt::WindowFlags flags)
-    : m_window(flags)
+    : m_window(flags | Qt::WindowStaysOnTopHint)
 {
     m_window.setInputHandler([this](const InputEvent& event) {
         if (m_onInput) m_onInput(event);

@@ -1,5 +1,6 @@
 #include "platform/display/QtDesktop.h"
 
+#include "platform/display/DeskPlace.h"
 #include "platform/display/MonitorSurface.h"
 #include "platform/display/Renderer.h"
 #include "platform/display/Screen.h"
@@ -13,16 +14,10 @@ namespace kestro {
 
 namespace {
 
-/// The monitor's place in global points, y upwards from the primary monitor's lower edge.
+/// The monitor's place in global points.
 Rect frameOf(const QScreen& monitor)
 {
-    const QRect geometry = monitor.geometry();
-    const QScreen* const primary = QGuiApplication::primaryScreen();
-    const QRect first = primary ? primary->geometry() : geometry;
-    const int firstBottom = first.y() + first.height();
-    const int bottom = geometry.y() + geometry.height();
-    return {{static_cast<float>(geometry.x() - first.x()), static_cast<float>(firstBottom - bottom)},
-            {static_cast<float>(geometry.width()), static_cast<float>(geometry.height())}};
+    return deskFrame(monitor.geometry());
 }
 
 } // namespace

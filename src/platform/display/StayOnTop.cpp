@@ -1,11 +1,12 @@
 #include "platform/display/StayOnTop.h"
 
+#include "platform/display/X11Connection.h"
+
 #include <QGuiApplication>
 #include <QWindow>
 
 #include <algorithm>
 #include <cstdlib>
-#include <xcb/xcb.h>
 
 namespace kestro {
 
@@ -62,13 +63,7 @@ void StayOnTop::listenToRoot()
     auto* tree = xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_window), nullptr);
     const xcb_window_t root = tree ? tree->root : 0;
     std::free(tree);
-    const auto cookie = xcb_get_window_attributes(m_connection, root);
-    auto* attributes = xcb_get_window_attributes_reply(m_connection, cookie, nullptr);
-    if (!attributes) return;
-    // Qt listens to the root too: what it asked for stays.
-    const std::uint32_t events = attributes->your_event_mask | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
-    std::free(attributes);
-    xcb_change_window_attributes(m_connection, root, XCB_CW_EVENT_MASK, &events);
+    listenTo(root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
 }
 
 void StayOnTop::raise()

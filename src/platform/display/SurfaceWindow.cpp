@@ -10,7 +10,7 @@ namespace kestro {
 SurfaceWindow::SurfaceWindow(Qt::WindowFlags flags)
 {
     setSurfaceType(RasterSurface);
-    setFlags(flags | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setFlags(flags | Qt::FramelessWindowHint);
     setTitle(QStringLiteral("Kestro"));
 }
 

@@ -8,7 +8,8 @@
 
 namespace kestro {
 
-/// The native window of one surface: empty, frameless, over a whole monitor. It turns what a person does to
+/// The native window of one surface: empty, frameless, over a whole monitor or
+/// over a window that was handed over. It turns what a person does to
 /// it into input, and tells when it must be shown again. Owned by its surface. Main thread; positions in
 /// points.
 class SurfaceWindow final : public QWindow {

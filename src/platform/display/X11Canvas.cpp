@@ -2,6 +2,7 @@
 
 #include "platform/display/AlignedImage.h"
 #include "platform/display/SharedPixels.h"
+#include "platform/display/X11Connection.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -15,14 +16,6 @@ namespace kestro {
 namespace {
 
 constexpr std::uint8_t plainDepth = 24;
-
-template <typename Reply>
-using ReplyPtr = std::unique_ptr<Reply, decltype(&std::free)>;
-
-ReplyPtr<xcb_get_geometry_reply_t> geometryOf(xcb_connection_t* connection, xcb_window_t window)
-{
-    return {xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr), &std::free};
-}
 
 /// Whether an image of that depth has 32 bits a pixel with the bytes in this machine's order.
 bool hasOurFormat(const xcb_setup_t* setup)

@@ -1,30 +1,18 @@
 #include "platform/display/X11Surface.h"
 
-#include <QGuiApplication>
-#include <QScreen>
+#include "platform/display/X11Connection.h"
 
-#include <cstdlib>
-#include <xcb/xcb.h>
+#include <QScreen>
 
 namespace kestro {
 
-namespace {
-
-xcb_connection_t* connection()
-{
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->connection() : nullptr;
-}
-
-} // namespace
-
 std::unique_ptr<X11Surface> X11Surface::create(QScreen& monitor)
 {
-    if (!connection()) return nullptr;
+    if (!x11Connection()) return nullptr;
     std::unique_ptr<X11Surface> surface(new X11Surface);
     surface->cover(monitor);
     const auto window = static_cast<std::uint32_t>(surface->m_window.winId());
-    surface->m_canvas = X11Canvas::create(connection(), window, guardRows);
+    surface->m_canvas = X11Canvas::create(x11Connection(), window, guardRows);
     return surface->m_canvas ? std::move(surface) : nullptr;
 }
 
@@ -39,10 +27,7 @@ void X11Surface::cover(QScreen& monitor)
     m_window.setScreen(&monitor);
     m_window.setGeometry(monitor.geometry());
     m_window.create();
-    // The server itself makes the window black when it appears, before the first picture is there.
-    const std::uint32_t black = 0;
-    xcb_change_window_attributes(connection(), static_cast<xcb_window_t>(m_window.winId()), XCB_CW_BACK_PIXEL,
-                                 &black);
+    makeBackgroundBlack(static_cast<std::uint32_t>(m_window.winId()));
 }
 
 void X11Surface::placeOn(QScreen& monitor)
@@ -56,9 +41,9 @@ void X11Surface::show()
 {
     m_window.show();
     m_window.raise();
-    m_stayOnTop = std::make_unique<StayOnTop>(connection(), static_cast<std::uint32_t>(m_window.winId()));
+    m_stayOnTop = std::make_unique<StayOnTop>(x11Connection(), static_cast<std::uint32_t>(m_window.winId()));
     // The screen is black from now on, even if the program is busy with its start for a while.
-    xcb_flush(connection());
+    xcb_flush(x11Connection());
 }
 
 void X11Surface::present(const QRegion& changed)
@@ -78,10 +63,10 @@ void X11Surface::takeKeyboard()
     // back.
     m_window.requestActivate();
     const auto window = static_cast<xcb_window_t>(m_window.winId());
-    const auto cookie = xcb_grab_keyboard(connection(), 1, window, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
+    const auto cookie = xcb_grab_keyboard(x11Connection(), 1, window, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
                                           XCB_GRAB_MODE_ASYNC);
-    xcb_discard_reply(connection(), cookie.sequence);
-    xcb_flush(connection());
+    xcb_discard_reply(x11Connection(), cookie.sequence);
+    xcb_flush(x11Connection());
 }
 
 } // namespace kestro

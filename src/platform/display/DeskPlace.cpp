@@ -1,0 +1,32 @@
+#include "platform/display/DeskPlace.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace kestro {
+
+namespace {
+
+QRect firstMonitor()
+{
+    const QScreen* const primary = QGuiApplication::primaryScreen();
+    return primary ? primary->geometry() : QRect();
+}
+
+} // namespace
+
+Rect deskFrame(const QRect& place)
+{
+    const QRect first = firstMonitor();
+    const int firstBottom = first.y() + first.height();
+    const int bottom = place.y() + place.height();
+    return {{static_cast<float>(place.x() - first.x()), static_cast<float>(firstBottom - bottom)},
+            {static_cast<float>(place.width()), static_cast<float>(place.height())}};
+}
+
+Rect firstMonitorFrame()
+{
+    return deskFrame(firstMonitor());
+}
+
+} // namespace kestro
