@@ -76,6 +76,7 @@ TEST_F(CompositorTest, fullScreenMovieTwoPointsLower_isRenderedStraightIntoTheSu
     EXPECT_TRUE(shows(layer, {0, 2}, {0, 2, 256, 126}));
     EXPECT_EQ(at(100, 127), QColor(Qt::red));
     EXPECT_EQ(at(100, 126), QColor(Qt::red));
+    EXPECT_TRUE(isAllPresented());
 }
 
 TEST_F(CompositorTest, spillOfADirectMovie_isRepairedWhereASuperviewCutsIt)
@@ -100,6 +101,7 @@ TEST_F(CompositorTest, spillOfADirectMovie_isRepairedWhereASuperviewCutsIt)
     screen().update();
     EXPECT_EQ(at(50, 39), QColor(Qt::red));
     EXPECT_EQ(surface().lastPresented(), QRegion(32, 50, 64, 38));
+    EXPECT_TRUE(isAllPresented());
 }
 
 TEST_F(CompositorTest, directAndIndirectMovies_lookTheSamePixelForPixel)
@@ -170,6 +172,7 @@ TEST_F(CompositorTest, newPicture_presentsTheMoviesVisiblePartOnly)
     screen().update();
     EXPECT_EQ(surface().lastPresented(), QRegion(pixels({{32, 52}, {64, 44}})));
     EXPECT_EQ(at(40, 40), QColor(Qt::white));
+    EXPECT_TRUE(isAllPresented());
 }
 
 TEST_F(CompositorTest, coveredMovie_isNeitherRenderedNorPresented)

@@ -91,6 +91,13 @@ protected:
         const QImage& image = surface(index).image();
         return image.pixelColor(x, image.height() - 1 - y);
     }
+    /// Whether what is shown is all that was composed: nothing lies in the surface's pixels that was not
+    /// presented.
+    [[nodiscard]] bool isAllPresented() const
+    {
+        return surface().canvas().convertToFormat(QImage::Format_RGB888) ==
+               surface().image().convertToFormat(QImage::Format_RGB888);
+    }
     /// The rectangle in the pixels of a screen's image.
     [[nodiscard]] QRect pixels(const Rect& rect, size_t index = 0) const
     {

@@ -69,8 +69,9 @@ TEST_F(HeldPictureTest, holdingView_isNotDrawnUntilItLetsGo)
     second.setHasPicture(false);
     changeMovie();
     frame.drawn.clear();
-    frame.setNeedsDisplay(true);
     frame.display();
+    EXPECT_TRUE(frame.drawn.empty());
+    frame.setNeedsDisplay(true);
     screen().update();
     EXPECT_TRUE(frame.drawn.empty());
     frame.dropHeldPicture();

@@ -257,8 +257,10 @@ TEST_F(WindowTest, disableFlushWindow_keepsChangesFromTheScreenUntilEnabled)
 {
     Pane red({{10, 10}, {20, 20}}, Qt::red, &screen());
     Pane under({{0, 0}, {40, 40}}, Qt::white, &screen());
+    Pane cover({{10, 10}, {10, 10}}, Qt::blue, &screen());
     red.window.orderFront();
     under.window.orderBack();
+    cover.window.orderFront();
     screen().update();
 
     red.window.disableFlushWindow();
@@ -267,6 +269,7 @@ TEST_F(WindowTest, disableFlushWindow_keepsChangesFromTheScreenUntilEnabled)
     red.window.setFrameOrigin({100, 10});
     under.view.setColour(Qt::yellow);
     under.view.setNeedsDisplay(true);
+    cover.window.orderOut();
     screen().update();
     EXPECT_EQ(at(15, 15), QColor(Qt::red));
     EXPECT_EQ(at(105, 15), QColor(Qt::black));
