@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <thread>
 
 using namespace kestro;
@@ -242,6 +243,11 @@ struct TurningCase {
     bool muted;
     bool unmutedLater;
 };
+
+static void PrintTo(const TurningCase& of, std::ostream* out)
+{
+    *out << of.name << (of.muted ? " muted" : "") << (of.unmutedLater ? " at first" : "");
+}
 
 class MpvTurns : public testing::TestWithParam<TurningCase> {};
 

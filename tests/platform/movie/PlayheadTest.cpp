@@ -1,6 +1,7 @@
 #include "platform/movie/Playhead.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 
 using namespace kestro;
 
@@ -11,6 +12,11 @@ struct PlayheadCase {
     EndMode mode;
     Playhead wanted;
 };
+
+static void PrintTo(const PlayheadCase& of, std::ostream* out)
+{
+    *out << of.name;
+}
 
 class PlayheadAfter : public testing::TestWithParam<PlayheadCase> {};
 
