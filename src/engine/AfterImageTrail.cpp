@@ -6,18 +6,23 @@
 
 #include <QMetaObject>
 
+#include <chrono>
+#include <utility>
+
 namespace kestro {
 
 namespace {
 
 constexpr std::size_t fullTrail = 5;
 constexpr double shadeStep = 0.02; ///< opacity lost at each drawing
+/// What a still of a large local movie takes on a busy machine.
+constexpr std::chrono::milliseconds longestCapture{500};
 
 } // namespace
 
-Picture movieImage(QTMovie* copy, std::int32_t time)
+Picture movieImage(QTMovie* copy, std::int32_t time, std::stop_token stop)
 {
-    Picture still = copy ? GetMoviePict(*copy, time) : Picture{};
+    Picture still = copy ? GetMoviePict(*copy, time, std::move(stop)) : Picture{};
     if (still.isNull()) logLine(QStringLiteral("movie doesn't have a image."));
     return still;
 }
@@ -29,26 +34,26 @@ AfterImageTrail::AfterImageTrail(std::function<void()> changed)
 
 AfterImageTrail::~AfterImageTrail()
 {
-    if (m_thread.joinable()) m_thread.join();
+    cancelCapture();
 }
 
 void AfterImageTrail::queueImageThread(const Capture& capture)
 {
     waitForCapture();
-    if (m_thread.joinable()) m_thread.join();
     m_onThread = true;
     // The thread lets go of the movie before it reports the end, so that a movie is never destroyed on it.
-    m_thread = std::thread([this, held = std::make_unique<Capture>(capture)]() mutable {
-        queueImage(*held);
+    m_thread = std::jthread([this, held = std::make_unique<Capture>(capture)](std::stop_token stop) mutable {
+        queueImage(*held, std::move(stop));
         held.reset();
+        const std::lock_guard lock(m_doneMutex);
         m_onThread = false;
-        m_onThread.notify_all();
+        m_done.notify_all();
     });
 }
 
-void AfterImageTrail::queueImage(const Capture& capture)
+void AfterImageTrail::queueImage(const Capture& capture, std::stop_token stop)
 {
-    const Picture image = movieImage(capture.copy.get(), capture.time);
+    const Picture image = movieImage(capture.copy.get(), capture.time, std::move(stop));
     const std::lock_guard lock(m_dictLock);
     dropOldest();
     if (image.isNull()) return;
@@ -71,9 +76,20 @@ void AfterImageTrail::dropOldest()
     if (m_imgList.size() >= fullTrail) m_imgList.pop_back();
 }
 
-void AfterImageTrail::waitForCapture() const
+void AfterImageTrail::waitForCapture()
 {
-    m_onThread.wait(true);
+    {
+        std::unique_lock lock(m_doneMutex);
+        m_done.wait_for(lock, longestCapture, [this] { return !m_onThread; });
+    }
+    cancelCapture();
+}
+
+void AfterImageTrail::cancelCapture()
+{
+    if (!m_thread.joinable()) return;
+    m_thread.request_stop();
+    m_thread.join();
 }
 
 void AfterImageTrail::draw(Painter& painter, bool overBackground)
@@ -91,6 +107,15 @@ int AfterImageTrail::count() const
 {
     const std::lock_guard lock(m_dictLock);
     return static_cast<int>(m_imgList.size());
+}
+
+Rect AfterImageTrail::area() const
+{
+    const std::lock_guard lock(m_dictLock);
+    Rect all;
+    for (const auto& record : m_imgList)
+        all = unionRect(all, {record.pos, record.image.size});
+    return all;
 }
 
 std::vector<float> AfterImageTrail::shades() const

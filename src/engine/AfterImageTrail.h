@@ -5,11 +5,13 @@
 #include <QObject>
 
 #include <atomic>
+#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <list>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 #include <thread>
 #include <vector>
 
@@ -33,7 +35,7 @@ public:
 
     /// `changed` is called on the main thread when a still came to the trail.
     explicit AfterImageTrail(std::function<void()> changed);
-    /// Waits for a capture under way.
+    /// Gives up a capture under way.
     ~AfterImageTrail();
 
     /// Takes the still on the capture thread, once the one before is taken.
@@ -41,13 +43,17 @@ public:
     /// Takes the still here and now; answers whether one came to the trail. `changed` is not called.
     bool queueImageNoThread(const Capture& capture);
     [[nodiscard]] bool isCapturing() const { return m_onThread; }
-    /// Returns once no still is being taken.
-    void waitForCapture() const;
+    /// Returns once no still is being taken; one that takes long (a server that does not answer) is given up.
+    void waitForCapture();
+    /// Gives up a still that is being taken.
+    void cancelCapture();
 
     /// Draws every still, oldest first, and ages it; without a background saver each on black of its size.
     void draw(Painter& painter, bool overBackground);
 
     [[nodiscard]] int count() const;
+    /// The part of the saver view that the stills cover, as one rectangle; empty when there are none.
+    [[nodiscard]] Rect area() const;
     /// Opacity of the next drawing of each still, newest first.
     [[nodiscard]] std::vector<float> shades() const;
 
@@ -58,7 +64,7 @@ private:
         float shade = 1.0F;
     };
 
-    void queueImage(const Capture& capture);
+    void queueImage(const Capture& capture, std::stop_token stop);
     void dropOldest();
 
     std::function<void()> m_changed;
@@ -66,10 +72,13 @@ private:
     mutable std::mutex m_dictLock;
     std::list<Record> m_imgList; ///< newest first
     std::atomic<bool> m_onThread = false;
-    std::thread m_thread;
+    std::mutex m_doneMutex;
+    std::condition_variable m_done; ///< m_onThread fell
+    std::jthread m_thread;
 };
 
-/// A still of `copy` at `time`, as it comes; a null picture, with a log line, when there is none. Any thread.
-[[nodiscard]] Picture movieImage(QTMovie* copy, std::int32_t time);
+/// A still of `copy` at `time`, as it comes; a null picture, with a log line, when there is none or when told
+/// to stop. Any thread.
+[[nodiscard]] Picture movieImage(QTMovie* copy, std::int32_t time, std::stop_token stop = {});
 
 } // namespace kestro

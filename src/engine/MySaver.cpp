@@ -120,7 +120,7 @@ void MySaver::stopAnimation()
     m_fadeOut.stopTimer();
     storeResumePoint();
     if (m_windowMode && m_movieView) {
-        m_trail.waitForCapture();
+        m_trail.cancelCapture();
         m_movieView->setMovie({});
         m_stage->removeMovieFrame(*m_movieView);
     }
@@ -196,6 +196,18 @@ void MySaver::setMovieFrame(const Rect& rect)
 void MySaver::setFrame(const Rect& frame)
 {
     ScreenSaverView::setFrame(frame);
+    fitToFrame();
+}
+
+// What a window does to its content view when it is resized itself.
+void MySaver::setFrameSize(Size size)
+{
+    ScreenSaverView::setFrameSize(size);
+    fitToFrame();
+}
+
+void MySaver::fitToFrame()
+{
     m_sign.forgetGround();
     if (m_movieView) resetMovieViewFrame();
     if (m_sign.isShown()) placeSign();

@@ -65,7 +65,7 @@ void MySaver::moveMovieWindow()
         m_stepCount = 0;
     } else {
         ++m_stepCount;
-        if (m_trail.count() > 0) setNeedsDisplay(true);
+        setNeedsDisplayInRect(m_trail.area());
     }
     m_movieView->setFrameOrigin(
         m_bounce.newRectFromScreen(m_movieView->frame(), m_geometry.screenFrame()).origin);

@@ -2,10 +2,16 @@
 
 #include "engine/EngineTest.h"
 #include "platform/display/Painter.h"
+#include "platform/movie/MpvMovieLibrary.h"
 #include "platform/movie/QTMovie.h"
 
 #include <QCoreApplication>
 #include <QPainter>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace kestro {
 
@@ -34,6 +40,32 @@ protected:
     int changes = 0;
     AfterImageTrail trail{[this] { ++changes; }};
     QImage canvas{200, 100, QImage::Format_ARGB32_Premultiplied};
+};
+
+/// A server on this machine that lets itself be called and never answers.
+class SilentServer final {
+public:
+    SilentServer()
+    {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t length = sizeof address;
+        auto* plain = reinterpret_cast<sockaddr*>(&address);
+        EXPECT_EQ(bind(m_socket, plain, length), 0);
+        EXPECT_EQ(listen(m_socket, 8), 0);
+        EXPECT_EQ(getsockname(m_socket, plain, &length), 0);
+        m_port = ntohs(address.sin_port);
+    }
+    ~SilentServer() { close(m_socket); }
+    SilentServer(const SilentServer&) = delete;
+    SilentServer& operator=(const SilentServer&) = delete;
+
+    [[nodiscard]] QUrl url() const { return QUrl(QStringLiteral("http://127.0.0.1:%1/a.mov").arg(m_port)); }
+
+private:
+    int m_socket = socket(AF_INET, SOCK_STREAM, 0);
+    int m_port = 0;
 };
 
 } // namespace
@@ -91,6 +123,30 @@ TEST_F(AfterImageTrailTest, queueImageNoThread_addsAStillHereAndNow)
     EXPECT_EQ(trail.count(), 1);
     QCoreApplication::processEvents();
     EXPECT_EQ(changes, 0);
+}
+
+// Whichever of the two did not give up would wait for an hour.
+TEST_F(AfterImageTrailTest, capture_isGivenUp_whenAServerNeverAnswers)
+{
+    const SilentServer server;
+    MpvMovieLibrary remote({.networkTimeout = 3600});
+    const AfterImageTrail::Capture capture{remote.movieWithURL(server.url()), 0, {0, 0}};
+    trail.queueImageThread(capture);
+    EXPECT_TRUE(trail.isCapturing());
+    trail.cancelCapture();
+    EXPECT_FALSE(trail.isCapturing());
+    trail.queueImageThread(capture);
+    trail.queueImageThread(captureOf(Qt::red, {0, 0}));
+    trail.waitForCapture();
+    EXPECT_EQ(trail.count(), 1);
+}
+
+TEST_F(AfterImageTrailTest, area_isTheRectangleAroundAllStills)
+{
+    EXPECT_TRUE(trail.area().isEmpty());
+    (void)trail.queueImageNoThread(captureOf(Qt::red, {10, 20}));
+    (void)trail.queueImageNoThread(captureOf(Qt::green, {100, 5}));
+    EXPECT_EQ(trail.area(), (Rect{{10, 5}, {130, 35}}));
 }
 
 TEST_F(AfterImageTrailTest, draw_agesEachStillByAFiftieth)

@@ -19,14 +19,15 @@ static constexpr const char* containers =
     "m4v,obu,yuv4mpegpipe,gxf,nsv,swf,bink,smk,roq,flic,dnxhd,vc1,ty,pva,film_cpk,4xm,idcin,wc3movie";
 static constexpr const char* remoteContainers = ",hls,applehttp";
 
-void AvInterrupt::allow(std::chrono::milliseconds span)
+void AvInterrupt::allow(std::chrono::milliseconds span, std::stop_token stop)
 {
+    m_stop = std::move(stop);
     m_deadline = steady_clock::now() + span;
 }
 
 bool AvInterrupt::isDue() const
 {
-    return m_interrupted || steady_clock::now() > m_deadline.load();
+    return m_interrupted || m_stop.stop_requested() || steady_clock::now() > m_deadline.load();
 }
 
 QByteArray mediaSource(const QUrl& url)

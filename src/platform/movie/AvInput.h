@@ -7,6 +7,7 @@
 #include <atomic>
 #include <chrono>
 #include <memory>
+#include <stop_token>
 
 struct AVFormatContext;
 struct AVStream;
@@ -19,8 +20,9 @@ namespace kestro {
 /// one that ends it.
 class AvInterrupt final {
 public:
-    /// From now on reading may take `span`, then it ends.
-    void allow(std::chrono::milliseconds span);
+    /// From now on reading may take `span`, then it ends; or when `stop` is requested. By the thread that
+    /// reads.
+    void allow(std::chrono::milliseconds span, std::stop_token stop = {});
     /// Ends what is being read, and whatever is asked for later. Any thread.
     void interrupt() { m_interrupted = true; }
     [[nodiscard]] bool isDue() const;
@@ -28,6 +30,7 @@ public:
 private:
     std::atomic<bool> m_interrupted{false};
     std::atomic<std::chrono::steady_clock::time_point> m_deadline{};
+    std::stop_token m_stop;
 };
 
 /// A movie file or address opened with libavformat, its streams known. Only ever one with a moving picture:

@@ -171,7 +171,7 @@ void MemoryMovie::setStillSize(int width, int height)
     m_stillSize = QSize(width, height);
 }
 
-Picture MemoryMovie::still(MovieTime)
+Picture MemoryMovie::still(MovieTime, std::stop_token)
 {
     QSize size = m_stillSize;
     if (size.isEmpty()) {

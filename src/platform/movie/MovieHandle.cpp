@@ -31,9 +31,9 @@ void SetMovieBox(QTMovie& movie, MovieBox box)
     movie.setStillSize(box.right - box.left, box.bottom - box.top);
 }
 
-Picture GetMoviePict(QTMovie& movie, std::int32_t value)
+Picture GetMoviePict(QTMovie& movie, std::int32_t value, std::stop_token stop)
 {
-    return movie.still({value, movieTimeScale});
+    return movie.still({value, movieTimeScale}, std::move(stop));
 }
 
 } // namespace kestro

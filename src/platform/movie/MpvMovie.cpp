@@ -3,15 +3,23 @@
 #include "platform/base/Log.h"
 #include "platform/movie/KeyframeDistance.h"
 
+#include <QThread>
+
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace kestro {
+
+using std::chrono::milliseconds;
 
 // Playing backwards keeps every picture from one keyframe to the next in memory, at 1.5 bytes a pixel.
 static constexpr double mostReversalBytes = 256e6;
 static constexpr double bytesPerPixel = 1.5;
 // The last picture of a movie begins this much before its end, at most.
 static constexpr double longestPicture = 0.5;
+// A still is not worth a screen that stands any longer.
+static constexpr milliseconds longestOnMainThread{300};
 
 /// Shows what the player draws; looking at it starts the player.
 class MpvMovie::PlayerLayer final : public Layer {
@@ -42,7 +50,7 @@ MpvMovie::MpvMovie(const QUrl& url, std::optional<MovieFacts> facts, const MpvMo
     : m_url(url)
     , m_facts(facts)
     , m_options(options)
-    , m_stills(url, std::chrono::seconds(options.networkTimeout))
+    , m_stills(url)
     , m_layer(std::make_unique<PlayerLayer>(*this))
 {
     const bool loadsNow = !m_facts;
@@ -252,9 +260,13 @@ void MpvMovie::setStillSize(int width, int height)
     m_stills.setSize({width, height});
 }
 
-Picture MpvMovie::still(MovieTime time)
+Picture MpvMovie::still(MovieTime time, std::stop_token stop)
 {
-    return m_stills.picture(secondsFromMovieTime(time));
+    const bool isMainThread = QThread::currentThread() == m_context.thread();
+    const std::chrono::milliseconds longest = isMainThread && !m_url.isLocalFile()
+                                                  ? longestOnMainThread
+                                                  : std::chrono::seconds(m_options.networkTimeout);
+    return m_stills.picture(secondsFromMovieTime(time), longest, std::move(stop));
 }
 
 } // namespace kestro

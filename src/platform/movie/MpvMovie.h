@@ -40,7 +40,7 @@ public:
     [[nodiscard]] float volume() const override { return m_volume; }
     [[nodiscard]] Layer& layer() override;
     void setStillSize(int width, int height) override;
-    [[nodiscard]] Picture still(MovieTime time) override;
+    [[nodiscard]] Picture still(MovieTime time, std::stop_token stop = {}) override;
 
 private:
     class PlayerLayer;

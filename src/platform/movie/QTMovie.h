@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include <cstdint>
+#include <stop_token>
 
 namespace kestro {
 
@@ -62,8 +63,10 @@ public:
     /// Pixels of the pictures that still() answers; the natural size until set.
     virtual void setStillSize(int width, int height) = 0;
     /// The picture at `time` (the last one when past the end), scaled to the still size. A null picture when
-    /// it cannot be had. Any one thread at a time; never disturbs play.
-    [[nodiscard]] virtual Picture still(MovieTime time) = 0;
+    /// it cannot be had. Any one thread at a time; never disturbs play. It may wait for a server:
+    /// on the main thread a third of a second at most, elsewhere until the network's time limit, or until
+    /// `stop`.
+    [[nodiscard]] virtual Picture still(MovieTime time, std::stop_token stop = {}) = 0;
 };
 
 // The handle functions: times are 32-bit units of the movie's own time scale.
@@ -84,7 +87,7 @@ struct MovieBox {
 };
 /// Sets the rectangle that stills of the movie fill.
 void SetMovieBox(QTMovie& movie, MovieBox box);
-/// A still of the movie at that time; a null picture when there is none.
-[[nodiscard]] Picture GetMoviePict(QTMovie& movie, std::int32_t value);
+/// A still of the movie at that time; a null picture when there is none, or when told to stop.
+[[nodiscard]] Picture GetMoviePict(QTMovie& movie, std::int32_t value, std::stop_token stop = {});
 
 } // namespace kestro

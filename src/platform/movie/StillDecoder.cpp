@@ -29,9 +29,8 @@ void StillDecoder::FreePacket::operator()(AVPacket* packet) const
     av_packet_free(&packet);
 }
 
-StillDecoder::StillDecoder(QUrl url, std::chrono::milliseconds longest)
+StillDecoder::StillDecoder(QUrl url)
     : m_url(std::move(url))
-    , m_longest(longest)
 {
 }
 
@@ -55,10 +54,10 @@ QSize StillDecoder::pictureSize()
     return {static_cast<int>(std::lround(natural.width)), static_cast<int>(std::lround(natural.height))};
 }
 
-Picture StillDecoder::picture(double seconds)
+Picture StillDecoder::picture(double seconds, std::chrono::milliseconds longest, std::stop_token stop)
 {
     const std::lock_guard lock(m_mutex);
-    m_interrupt.allow(m_longest);
+    m_interrupt.allow(longest, std::move(stop));
     if (!isOpen() || !moveTo(insideMovie(seconds))) return {};
     const QSize size = pictureSize();
     const QImage image = m_scaler.picture(*m_current, size, m_facts.rotation);

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 
 struct AVCodecContext;
 struct AVFrame;
@@ -23,8 +24,7 @@ namespace kestro {
 /// Destroying it ends what is being decoded.
 class StillDecoder final {
 public:
-    /// A picture may take `longest`; a server that does not answer would keep its thread for good.
-    explicit StillDecoder(QUrl url, std::chrono::milliseconds longest = std::chrono::seconds(10));
+    explicit StillDecoder(QUrl url);
     ~StillDecoder();
     StillDecoder(const StillDecoder&) = delete;
     StillDecoder& operator=(const StillDecoder&) = delete;
@@ -32,8 +32,11 @@ public:
     /// Pixels of the pictures; an empty size stands for the natural one.
     void setSize(QSize size);
 
-    /// The picture `seconds` into the movie, the last one when past its end. Null when it cannot be had.
-    [[nodiscard]] Picture picture(double seconds);
+    /// The picture `seconds` into the movie, the last one when past its end. Null when it cannot be had, not
+    /// within `longest` (a server that does not answer would keep its thread for good), or when told to stop.
+    [[nodiscard]] Picture picture(double seconds,
+                                  std::chrono::milliseconds longest = std::chrono::seconds(10),
+                                  std::stop_token stop = {});
 
 private:
     struct FreeCodec {
@@ -62,7 +65,6 @@ private:
     [[nodiscard]] QSize pictureSize();
 
     const QUrl m_url;
-    const std::chrono::milliseconds m_longest;
     std::mutex m_mutex;
     AvInterrupt m_interrupt;
     std::mutex m_sizeMutex; ///< of the next: the main thread sets it while another decodes
