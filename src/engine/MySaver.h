@@ -52,6 +52,7 @@ public:
     void drawRect(Painter& painter, const Rect& rect) override;
     [[nodiscard]] bool hasConfigureSheet() const override { return true; }
     void setFrame(const Rect& frame) override;
+    void setFrameSize(Size size) override;
 
     /// Starts anew with the settings as they are now.
     void resetMovie();
@@ -94,6 +95,7 @@ private:
     // the movie frame
     void resetMovieViewFrame();
     void setMovieFrame(const Rect& rect);
+    void fitToFrame();
     void applySound();
 
     // what is left behind

@@ -384,6 +384,15 @@ TEST_F(MySaverLifeTest, setFrame_placesTheMovieAnew)
     EXPECT_EQ(saver.movieView()->frame(), (Rect{{0, 0}, {1280, 720}}));
 }
 
+TEST_F(MySaverLifeTest, movie_isPlacedAnew_whenItsWindowIsResized)
+{
+    setGoodPlaylist({"a.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    saver.window()->setFrameDisplay({{0, 0}, {1280, 720}}, true);
+    EXPECT_EQ(saver.movieView()->frame(), (Rect{{0, 0}, {1280, 720}}));
+}
+
 TEST_F(MySaverLifeTest, search_showsTheSignAndGivesWayToTheMovie_inRandomOrder)
 {
     set("RandomMode", "1");
