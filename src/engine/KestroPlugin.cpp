@@ -32,6 +32,11 @@ bool KestroPlugin::isScreenSaverView(const QString& className) const
     return className == u"MySaver";
 }
 
+void KestroPlugin::setOptionsForThisRun(const QVariantMap& options)
+{
+    shared().store.setOptionsForThisRun(options);
+}
+
 std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QString& className,
                                                                       const Rect& frame, bool isPreview,
                                                                       Desktop& desktop)

@@ -17,6 +17,7 @@ public:
     [[nodiscard]] std::shared_ptr<ScreenSaverView> initWithFrameIsPreview(const QString& className,
                                                                           const Rect& frame, bool isPreview,
                                                                           Desktop& desktop) override;
+    void setOptionsForThisRun(const QVariantMap& options) override;
     [[nodiscard]] bool isScreenSaverView(const QString& className) const override;
 };
 

@@ -18,6 +18,13 @@ QString usageOf(const Option& option)
     return option.valueName.isEmpty() ? dashed(option.name) : dashed(option.name) + u' ' + option.valueName;
 }
 
+/// How many dashes make the word an option; 0 where it is none.
+int dashesOf(const QString& word, const Syntax& syntax)
+{
+    if (word.startsWith(u"--")) return 2;
+    return syntax.isOneDashEnough && word.startsWith(u'-') ? 1 : 0;
+}
+
 Error outOfBounds(const QString& option, const QString& text, const QString& kind, double least, double most)
 {
     return {QStringLiteral("%1 needs %2 from %3 to %4, not \"%5\"")
@@ -46,9 +53,10 @@ Result<Arguments> Arguments::parse(const Syntax& syntax, const QStringList& word
 {
     Arguments arguments;
     for (auto word = words.begin(); word != words.end(); ++word) {
-        if (!word->startsWith(u"--")) return Error{QStringLiteral("Unexpected argument \"%1\"").arg(*word)};
+        const int dashes = dashesOf(*word, syntax);
+        if (dashes == 0) return Error{QStringLiteral("Unexpected argument \"%1\"").arg(*word)};
         const auto equals = word->indexOf(u'=');
-        const QString name = word->mid(2, equals < 0 ? -1 : equals - 2);
+        const QString name = word->mid(dashes, equals < 0 ? -1 : equals - dashes);
         const Option* option = syntax.find(name);
         if (!option && name != helpName) return Error{QStringLiteral("Unknown option \"%1\"").arg(*word)};
 

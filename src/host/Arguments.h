@@ -24,6 +24,7 @@ struct Syntax {
     QString name; ///< empty for the program without a command
     QString summary;
     QList<Option> options;
+    bool isOneDashEnough = false; ///< "-name" counts as "--name"
 
     [[nodiscard]] const Option* find(const QString& optionName) const;
 };

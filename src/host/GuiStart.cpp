@@ -83,6 +83,15 @@ std::unique_ptr<QGuiApplication> startGui()
     return application;
 }
 
+std::unique_ptr<QGuiApplication> startGuiInGivenWindow()
+{
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+    for (const char* variable : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "SESSION_MANAGER"})
+        qunsetenv(variable);
+    return startGui();
+}
+
 std::unique_ptr<QGuiApplication> startGuiOffScreen()
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

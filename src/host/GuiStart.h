@@ -11,6 +11,10 @@ namespace kestro {
 /// failure: Qt would abort it, and gives no other way out. Never null; once a process; main thread.
 [[nodiscard]] std::unique_ptr<QGuiApplication> startGui();
 
+/// The same for drawing in an X11 window that another program hands over, point by pixel, whatever window
+/// system and scale the environment asks for. The process is not for a session to start anew.
+[[nodiscard]] std::unique_ptr<QGuiApplication> startGuiInGivenWindow();
+
 /// The same without any display: everything is drawn in memory.
 [[nodiscard]] std::unique_ptr<QGuiApplication> startGuiOffScreen();
 

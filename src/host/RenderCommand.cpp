@@ -45,7 +45,7 @@ int runOffScreen(const RenderOptions& options, const PictureFolder& pictures, Tr
     SaverSession session(
         desktop, [&](const Rect& frame) { return principal->initWithFrameIsPreview(frame, false, desktop); });
     RenderRun run(desktop, session, pictures, trace, options);
-    const StopSignals signalWatch([&] { run.endEarly(); });
+    const StopSignals signalWatch([&](int) { run.endEarly(); });
     return run.exec();
 }
 

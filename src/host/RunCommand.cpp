@@ -3,16 +3,18 @@
 #include "host/GuiStart.h"
 #include "host/KestroBundle.h"
 #include "host/Program.h"
+#include "host/RunOptions.h"
 #include "host/SaverSession.h"
 #include "host/StopSignals.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
 #include "platform/display/QtDesktop.h"
+#include "platform/display/WindowDesktop.h"
 #include "platform/saver/ScreenSaverView.h"
 
 #include <QGuiApplication>
-#include <QTimer>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -30,42 +32,88 @@ namespace {
     std::_Exit(status);
 }
 
-int runFullScreen(const Arguments&)
+/// The same, by the signal that asked for it: xscreensaver takes the end of a hack for a crash where the hack
+/// ends otherwise.
+[[noreturn]] void leaveBySignal(SaverSession& session, int signal)
+{
+    session.stop();
+    std::fflush(nullptr);
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+    std::_Exit(ExitFailure); // a signal that is blocked
+}
+
+SaverSession::ViewFactory viewsOf(const PrincipalClass& principal, Desktop& desktop)
+{
+    return [&principal, &desktop](const Rect& frame) {
+        return principal.initWithFrameIsPreview(frame, false, desktop);
+    };
+}
+
+/// Shows the surfaces and starts the savers, inside the event loop, and stays in it. The surfaces come first:
+/// opening the first movie may take a while, and every screen is black meanwhile.
+[[noreturn]] void play(SaverSession& session, const std::function<void()>& showSurfaces)
+{
+    const auto start = [&] {
+        showSurfaces();
+        if (!session.start()) leave(session, ExitFailure);
+    };
+    QMetaObject::invokeMethod(qGuiApp, start, Qt::QueuedConnection);
+    QGuiApplication::exec();
+    leave(session, ExitSuccess);
+}
+
+int runFullScreen(const RunOptions& options)
 {
     const auto application = startGui();
     const auto principal = kestroSaver();
     if (!principal) return ExitFailure;
+    principal->setOptionsForThisRun(options.settings);
 
     const SystemClock clock;
     SystemRandom random;
     QtDesktop desktop(clock, random);
-    SaverSession session(
-        desktop, [&](const Rect& frame) { return principal->initWithFrameIsPreview(frame, false, desktop); });
-    const auto leaveWell = [&] { leave(session, ExitSuccess); };
-    const StopSignals signalWatch(leaveWell);
-    session.setWakeHandler(leaveWell);
+    SaverSession session(desktop, viewsOf(*principal, desktop));
+    const StopSignals signalWatch([&](int) { leave(session, ExitSuccess); });
+    session.setWakeHandler([&] { leave(session, ExitSuccess); });
+    play(session, [&] { desktop.showSurfaces(); });
+}
 
-    const auto start = [&] {
-        // Before the savers start: opening the first movie may take a while, and every screen is black
-        // meanwhile.
-        desktop.showSurfaces();
-        if (!session.start()) leave(session, ExitFailure);
-    };
-    QTimer::singleShot(0, application.get(), start);
-    QGuiApplication::exec();
-    leave(session, ExitSuccess);
+// No wake handler: what a person does is the giver's business, and so is the end.
+int runInWindow(const RunOptions& options)
+{
+    const auto application = startGuiInGivenWindow();
+    const auto principal = kestroSaver();
+    if (!principal) return ExitFailure;
+    principal->setOptionsForThisRun(options.settings);
+
+    const SystemClock clock;
+    SystemRandom random;
+    const auto desktop = WindowDesktop::create(options.window, clock, random);
+    if (!desktop) {
+        complain(desktop.error());
+        return ExitFailure;
+    }
+    SaverSession session(*desktop.value(), viewsOf(*principal, *desktop.value()));
+    const StopSignals signalWatch([&](int signal) { leaveBySignal(session, signal); });
+    desktop.value()->setGoneHandler([&] { leave(session, ExitSuccess); });
+    play(session, [&] { desktop.value()->showSurface(); });
+}
+
+int run(const Arguments& arguments)
+{
+    const auto options = RunOptions::from(arguments, qEnvironmentVariable("XSCREENSAVER_WINDOW"));
+    if (options)
+        return options.value().isInWindow ? runInWindow(options.value()) : runFullScreen(options.value());
+    complain(QStringLiteral("%1 (see kestro --help)").arg(options.error()));
+    return ExitWrongUsage;
 }
 
 } // namespace
 
 Command runCommand()
 {
-    const Option version{QStringLiteral("version"), {}, QStringLiteral("show the version")};
-    return {{{},
-             QStringLiteral(
-                 "Movies as a screen saver, now, on every screen. A key, a click or the mouse ends it."),
-             {version}},
-            runFullScreen};
+    return {RunOptions::syntax(), run};
 }
 
 } // namespace kestro

@@ -42,7 +42,7 @@ extern "C" void noteSignal(int signal)
     }
     signalsSeen = 1;
     alarm(patience);
-    const char token = 1;
+    const char token = static_cast<char>(signal);
     [[maybe_unused]] const ssize_t written = write(writeEnd, &token, 1);
 }
 
@@ -62,7 +62,7 @@ void openPipe()
 
 } // namespace
 
-StopSignals::StopSignals(std::function<void()> onStop)
+StopSignals::StopSignals(std::function<void(int signal)> onStop)
     : m_onStop(std::move(onStop))
 {
     openPipe();
@@ -86,7 +86,7 @@ void StopSignals::received()
     char token = 0;
     if (read(readEnd, &token, 1) != 1) return;
     alarm(0);
-    if (const auto onStop = std::exchange(m_onStop, nullptr)) onStop();
+    if (const auto onStop = std::exchange(m_onStop, nullptr)) onStop(token);
 }
 
 } // namespace kestro

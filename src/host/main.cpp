@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include <clocale>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <langinfo.h>
@@ -27,8 +28,11 @@ QStringList wordsFrom(int count, char** words)
 
 } // namespace
 
+// A reader that goes away (a log that nobody reads any more, `kestro playlist | head`) is no reason to die:
+// it shows where something is written.
 int main(int argc, char** argv)
 {
     useUtf8();
+    std::signal(SIGPIPE, SIG_IGN);
     return kestro::Program(QStringLiteral(KESTRO_VERSION), kestro::allCommands()).run(wordsFrom(argc, argv));
 }

@@ -17,12 +17,12 @@ constexpr int backAndForthLoop = 2;
 
 bool isPresent(SettingsStore& store, const QString& key)
 {
-    return store.plist().contains(key);
+    return store.option(key).has_value();
 }
 
 int integer(SettingsStore& store, const QString& key)
 {
-    return intValue(store.plist().value(key));
+    return intValue(store.option(key).value_or(QVariant()));
 }
 
 bool flag(SettingsStore& store, const QString& key)
@@ -32,7 +32,8 @@ bool flag(SettingsStore& store, const QString& key)
 
 float real(SettingsStore& store, const QString& key, float whenAbsent)
 {
-    return isPresent(store, key) ? floatValue(store.plist().value(key)) : whenAbsent;
+    const auto stored = store.option(key);
+    return stored ? floatValue(*stored) : whenAbsent;
 }
 
 const QString partialModeKey = QStringLiteral("PartialMode");
@@ -158,7 +159,7 @@ bool Settings::repostionWhenMovieEnds() const
 
 std::optional<QString> Settings::backSaver() const
 {
-    const QVariant stored = m_store.plist().value(QStringLiteral("BackSaver"));
+    const QVariant stored = m_store.option(QStringLiteral("BackSaver")).value_or(QVariant());
     if (stored.typeId() != QMetaType::QString) return {};
     return stored.toString();
 }

@@ -31,6 +31,13 @@ QVariantMap& SettingsStore::defaultsPlist()
     return loadedOnce(m_defaultsPlist, defaultsPlistPath());
 }
 
+std::optional<QVariant> SettingsStore::option(const QString& key)
+{
+    for (const QVariantMap* options : {&std::as_const(m_optionsForThisRun), &std::as_const(plist())})
+        if (const auto found = options->find(key); found != options->end()) return *found;
+    return {};
+}
+
 bool SettingsStore::setDefaultsForKey(const QVariant& value, const QString& key)
 {
     defaultsPlist().insert(key, value);

@@ -19,6 +19,12 @@ public:
     /// The resume keys ("Kestro.def.plist"), by the same rule.
     [[nodiscard]] QVariantMap& defaultsPlist();
 
+    /// Options that count instead of those in the file for as long as this store lives. They are not part of
+    /// plist() and never written.
+    void setOptionsForThisRun(const QVariantMap& options) { m_optionsForThisRun = options; }
+    /// The option that counts, nothing when it has no value.
+    [[nodiscard]] std::optional<QVariant> option(const QString& key);
+
     /// Sets a resume key and writes that file whole; answers whether it was written. The key stays set in
     /// memory either way.
     bool setDefaultsForKey(const QVariant& value, const QString& key);
@@ -32,6 +38,7 @@ public:
 
 private:
     QString m_homeFolder;
+    QVariantMap m_optionsForThisRun;
     std::optional<QVariantMap> m_plist;
     std::optional<QVariantMap> m_defaultsPlist;
 };

@@ -16,8 +16,8 @@ int arrivalsOf(int signal)
 {
     int arrivals = 0;
     QEventLoop loop;
-    const StopSignals watch([&] {
-        ++arrivals;
+    const StopSignals watch([&](int arrived) {
+        if (arrived == signal) ++arrivals;
         loop.quit();
     });
     QTimer::singleShot(0, [signal] { std::raise(signal); });
@@ -44,7 +44,7 @@ TEST(StopSignals, ignoredSignal_staysIgnored_whenTheProcessWasStartedSo)
 {
     std::signal(SIGHUP, SIG_IGN);
     {
-        const StopSignals watch([] {});
+        const StopSignals watch([](int) {});
         struct sigaction current = {};
         ASSERT_EQ(sigaction(SIGHUP, nullptr, &current), 0);
         EXPECT_EQ(current.sa_handler, SIG_IGN);
@@ -55,7 +55,7 @@ TEST(StopSignals, ignoredSignal_staysIgnored_whenTheProcessWasStartedSo)
 TEST(StopSignals, secondSignal_endsTheProcess_whenTheFirstIsNotHandledYet)
 {
     const auto twice = [] {
-        const StopSignals watch([] {});
+        const StopSignals watch([](int) {});
         std::raise(SIGTERM);
         std::raise(SIGINT);
     };
@@ -65,7 +65,7 @@ TEST(StopSignals, secondSignal_endsTheProcess_whenTheFirstIsNotHandledYet)
 TEST(StopSignals, process_endsByItself_whenItNeverComesToItsEventLoop)
 {
     const auto hang = [] {
-        const StopSignals watch([] {});
+        const StopSignals watch([](int) {});
         std::raise(SIGTERM);
         while (true)
             pause();

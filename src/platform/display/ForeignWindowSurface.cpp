@@ -49,7 +49,9 @@ bool ForeignWindowSurface::readPlace()
 std::uint32_t ForeignWindowSurface::makeCover()
 {
     m_giver.reset(QWindow::fromWinId(m_window));
-    m_cover = std::make_unique<SurfaceWindow>(Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
+    // Not the giver's to manage either, where it manages its children.
+    m_cover = std::make_unique<SurfaceWindow>(Qt::BypassWindowManagerHint | Qt::WindowTransparentForInput |
+                                              Qt::WindowDoesNotAcceptFocus);
     m_cover->setExposeHandler([this] { presentAll(); });
     m_cover->setParent(m_giver.get());
     m_cover->setGeometry(QRect({0, 0}, m_place.size()));

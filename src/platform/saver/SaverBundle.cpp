@@ -112,6 +112,14 @@ std::shared_ptr<ScreenSaverView> PrincipalClass::initWithFrameIsPreview(const Re
                    [&] { return m_plugin->initWithFrameIsPreview(m_name, frame, isPreview, desktop); });
 }
 
+void PrincipalClass::setOptionsForThisRun(const QVariantMap& options) const
+{
+    guarded(m_name, true, [&] {
+        m_plugin->setOptionsForThisRun(options);
+        return true;
+    });
+}
+
 SaverBundle::SaverBundle(QString path, QString principalName, SaverPlugin& plugin)
     : m_path(std::move(path))
     , m_principalName(std::move(principalName))

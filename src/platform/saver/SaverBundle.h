@@ -3,6 +3,7 @@
 #include "platform/display/Geometry.h"
 
 #include <QString>
+#include <QVariantMap>
 
 #include <memory>
 #include <optional>
@@ -28,6 +29,9 @@ public:
     /// A new view, or null when it cannot be made.
     [[nodiscard]] std::shared_ptr<ScreenSaverView> initWithFrameIsPreview(const Rect& frame, bool isPreview,
                                                                           Desktop& desktop) const;
+
+    /// Options that count in this process instead of the stored ones; before the first view is made.
+    void setOptionsForThisRun(const QVariantMap& options) const;
 
 private:
     SaverPlugin* m_plugin;

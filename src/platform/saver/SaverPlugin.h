@@ -3,6 +3,7 @@
 #include "platform/display/Geometry.h"
 
 #include <QString>
+#include <QVariantMap>
 #include <QtPlugin>
 
 #include <memory>
@@ -23,6 +24,10 @@ public:
     /// Shared: in piggy-back running the view lives on behind the one that the host was handed.
     [[nodiscard]] virtual std::shared_ptr<ScreenSaverView>
     initWithFrameIsPreview(const QString& className, const Rect& frame, bool isPreview, Desktop& desktop) = 0;
+
+    /// Takes options that count in this process instead of the stored ones, by their names there, before the
+    /// first view is made. They are never stored.
+    virtual void setOptionsForThisRun(const QVariantMap& options) { Q_UNUSED(options) }
 
     /// Whether `className` names a screen saver view of this library.
     [[nodiscard]] virtual bool isScreenSaverView(const QString& className) const = 0;
