@@ -6,9 +6,11 @@
 #include "platform/base/Log.h"
 #include "platform/display/QtTimerSource.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -91,6 +93,21 @@ TEST_F(RenderRunTest, exec_failsWithOneLine_whenThePicturesCannotBeWritten)
     EXPECT_EQ(run([this](RenderRun&) { QDir(options.folder).removeRecursively(); }), ExitFailure);
     EXPECT_EQ(log.size(), 1);
     EXPECT_EQ(fakes.count(QStringLiteral("a stop")), 1);
+}
+
+TEST_F(RenderRunTest, exec_failsAtOnce_whenALongRunCannotWriteItsPictures)
+{
+    options.seconds = 3600;
+    bool isLate = false;
+    const int status = run([&](RenderRun& rendering) {
+        QDir(options.folder).removeRecursively();
+        QTimer::singleShot(30000, qApp, [&] {
+            isLate = true;
+            rendering.endEarly();
+        });
+    });
+    EXPECT_EQ(status, ExitFailure);
+    EXPECT_FALSE(isLate);
 }
 
 TEST_F(RenderRunTest, exec_fails_whenNoViewCanBeMade)

@@ -166,4 +166,15 @@ TEST_F(SaverSessionTest, motion_isOneMovement_whenItCrossesFromScreenToScreen)
     EXPECT_EQ(wakes, 1);
 }
 
+TEST_F(SaverSessionTest, motion_isOneMovement_whenItCrossesToAScreenThatStandsHigher)
+{
+    Screen& higher = desk.desktop.addScreen({{96, 20}, {16, 20}});
+    countWakes();
+    send(1, event(InputEvent::Kind::Motion, {31, 10}));
+    ImageDesktop::surfaceOf(higher).sendInput(event(InputEvent::Kind::Motion, {1, 3}));
+    EXPECT_EQ(wakes, 0);
+    ImageDesktop::surfaceOf(higher).sendInput(event(InputEvent::Kind::Motion, {1, 15}));
+    EXPECT_EQ(wakes, 1);
+}
+
 } // namespace kestro
