@@ -23,7 +23,7 @@ Result<QSize> sizeFrom(const Arguments& arguments, QSize fallback)
     static const QRegularExpression form(QStringLiteral("\\A([0-9]{1,5})x([0-9]{1,5})\\z"));
     const auto match = form.match(*text);
     const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
-    const auto [shorter, longer] = std::minmax(size.width(), size.height());
+    const auto [shorter, longer] = std::minmax({size.width(), size.height()});
     if (match.hasMatch() && shorter >= leastSide && longer <= mostSide) return size;
     return Error{QStringLiteral("--size needs WIDTHxHEIGHT, each from %1 to %2, not \"%3\"")
                      .arg(leastSide)

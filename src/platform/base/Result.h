@@ -18,11 +18,11 @@ struct Error {
 template <typename T>
 class [[nodiscard]] Result {
 public:
-    Result(T value)
+    Result(T value) // NOLINT(google-explicit-constructor): a value is returned as it is
         : m_state(std::in_place_index<0>, std::move(value))
     {
     }
-    Result(Error error)
+    Result(Error error) // NOLINT(google-explicit-constructor): likewise a reason
         : m_state(std::in_place_index<1>, std::move(error))
     {
     }

@@ -20,7 +20,7 @@ constexpr qsizetype trailerSize = 32;
 // as many bytes as it takes in memory, about; honest files, where most objects are referred to once, stay
 // within this.
 constexpr qint64 costOfValue = 64;
-constexpr qint64 unfoldedOfAnyFile = 4 * 1024 * 1024;
+constexpr qint64 unfoldedOfAnyFile = qint64{4} * 1024 * 1024;
 constexpr qint64 unfoldedPerByte = costOfValue;
 constexpr qint64 largestUnfolded = 4 * largestPropertyList;
 
@@ -195,7 +195,7 @@ private:
             if (!key || key->typeId() != QMetaType::QString) return {};
             auto value = object(reference(*span, span->count + at), level + 1);
             if (!value) return {};
-            found.insert(key->toString(), std::move(*value));
+            found.insert(key->toString(), *value);
         }
         return QVariant(found);
     }
