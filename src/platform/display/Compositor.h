@@ -3,23 +3,21 @@
 #include "platform/display/Scene.h"
 #include "platform/display/ScreenMapping.h"
 
-#include <QImage>
-
-#include <unordered_map>
+#include <memory>
 #include <vector>
-
-class QPainter;
 
 namespace kestro {
 
+class Renderer;
 class Surface;
 
-/// Draws the windows of one screen into its surface, in software: only what changed since the picture before,
-/// nothing that something opaque hides, and where it can moving content straight into the surface's pixels.
-/// Owned by its screen. Main thread; pixels from the top left.
+/// Composes the windows of one screen: works out what changed since the picture before and what of it is
+/// seen, and has a renderer draw just that into the screen's surface. When the renderer can draw no more, it
+/// goes on in software. Owned by its screen. Main thread; pixels from the top left.
 class Compositor final {
 public:
-    explicit Compositor(Surface& surface);
+    /// `renderer` draws into that surface; null to draw in software.
+    Compositor(Surface& surface, std::unique_ptr<Renderer> renderer);
     ~Compositor();
 
     /// Composes and presents what changed of `windows`, bottom to top, on the screen with that frame. Does
@@ -29,32 +27,14 @@ public:
     void invalidate() { m_isWhole = true; }
 
 private:
-    /// A layer's newest picture at its size on the screen.
-    struct Buffer {
-        QImage image;
-        Identity revision = 0;
-    };
-
+    [[nodiscard]] bool tryCompose(const std::vector<Window*>& windows, const Rect& frame);
     [[nodiscard]] QRegion changedPart(const Scene& scene, const ScreenMapping& mapping);
-    void renderLayers(QImage& canvas);
-    [[nodiscard]] bool tryDirect(QImage& canvas);
-    [[nodiscard]] bool renderBuffers();
-    [[nodiscard]] bool renderBuffer(const SceneItem& item);
-    void drop(Identity identity);
-    void forgetUnusedBuffers();
-    void paint(QImage& canvas) const;
-    void paintItem(QPainter& painter, const SceneItem& item, const QRegion& region) const;
 
     Surface& m_surface;
+    std::unique_ptr<Renderer> m_renderer;
     Scene m_scene;
     QSize m_size;
     bool m_isWhole = true;
-    std::unordered_map<Identity, Buffer> m_buffers;
-
-    // of the picture being composed
-    QRegion m_damage;      ///< what may look different and is presented
-    QRegion m_toPaint;     ///< the same, and what content rendered straight into the canvas spilled over
-    Identity m_direct = 0; ///< the layer that was rendered straight into the canvas
 };
 
 } // namespace kestro

@@ -9,6 +9,7 @@ namespace kestro {
 class Clock;
 class Cursor;
 class NotificationCenter;
+class OpenGL;
 class Random;
 class Screen;
 class TimerSource;
@@ -32,6 +33,9 @@ public:
 
     /// Whether that screen is the first of all monitors, counting those too that this process does not see.
     [[nodiscard]] virtual bool isFirst(const Screen& screen) const { return &screen == mainScreen(); }
+
+    /// What the screens are drawn with, and movies may draw with too; null where that is done in software.
+    [[nodiscard]] virtual std::shared_ptr<OpenGL> openGL() const { return nullptr; }
 
     [[nodiscard]] virtual Cursor& cursor() = 0;
     [[nodiscard]] virtual TimerSource& timers() = 0;

@@ -1,17 +1,19 @@
 #include "platform/display/ImageDesktop.h"
 
 #include "platform/display/ImageSurface.h"
+#include "platform/display/OpenGL.h"
 #include "platform/display/PixelRect.h"
 #include "platform/display/Screen.h"
 
 namespace kestro {
 
 ImageDesktop::ImageDesktop(const std::vector<Rect>& frames, double pixelRatio, TimerSource& timers,
-                           const Clock& clock, Random& random)
+                           const Clock& clock, Random& random, std::shared_ptr<OpenGL> openGL)
     : m_pixelRatio(pixelRatio)
     , m_timers(timers)
     , m_clock(clock)
     , m_random(random)
+    , m_openGL(std::move(openGL))
 {
     for (const Rect& frame : frames)
         plugIn(frame);

@@ -15,12 +15,14 @@ class ImageSurface;
 /// screen. Main thread; points.
 class ImageDesktop final : public Desktop {
 public:
-    /// One screen for each frame, in global coordinates, of `pixelRatio` pixels a point.
+    /// One screen for each frame, in global coordinates, of `pixelRatio` pixels a point. `openGL` draws them;
+    /// null for software.
     ImageDesktop(const std::vector<Rect>& frames, double pixelRatio, TimerSource& timers, const Clock& clock,
-                 Random& random);
+                 Random& random, std::shared_ptr<OpenGL> openGL = nullptr);
     ~ImageDesktop() override;
 
     [[nodiscard]] std::vector<Screen*> screens() const override;
+    [[nodiscard]] std::shared_ptr<OpenGL> openGL() const override { return m_openGL; }
     [[nodiscard]] Cursor& cursor() override { return m_cursor; }
     [[nodiscard]] TimerSource& timers() override { return m_timers; }
     [[nodiscard]] NotificationCenter& notifications() override { return m_notifications; }
@@ -43,6 +45,7 @@ private:
     TimerSource& m_timers;
     const Clock& m_clock;
     Random& m_random;
+    std::shared_ptr<OpenGL> m_openGL; ///< shared as OpenGL says
     NotificationCenter m_notifications;
     ScreensCursor m_cursor{*this};
     std::vector<std::unique_ptr<Screen>> m_screens;

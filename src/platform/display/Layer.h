@@ -15,6 +15,14 @@ struct PixelTarget {
     int stride = 0;                  ///< bytes from one row to the next
 };
 
+/// A picture to draw into with OpenGL: a framebuffer of the context that is current. Its first row is the top
+/// one.
+struct FramebufferTarget {
+    unsigned framebuffer = 0; ///< its name in OpenGL
+    int width = 0;            ///< pixels
+    int height = 0;           ///< pixels
+};
+
 /// Moving content that a view shows: a movie, a web page, a hosted saver. The compositor draws it straight at
 /// the view's rectangle, over the backing store, so that a frame costs one pass over its pixels. Owned by
 /// whoever makes the content; must outlive the view that shows it, or be taken from it first. Main thread.
@@ -28,6 +36,14 @@ public:
     /// Draws the newest picture, stretched over the whole target, opaque. Answers false, with the target
     /// untouched, when there is none. Calling it again without a new picture draws the same one.
     virtual bool render(const PixelTarget& target) = 0;
+
+    /// Whether it draws with OpenGL by itself, by the next function; the one above works all the same, but
+    /// costs a way to the graphics card and back.
+    [[nodiscard]] virtual bool drawsWithOpenGL() const { return false; }
+    /// Draws as render does. Afterwards OpenGL's state is the one of a new context, but for the viewport, the
+    /// blending function, the colour to clear with and the framebuffer. False as well where it does not draw
+    /// with OpenGL.
+    virtual bool renderWithOpenGL(const FramebufferTarget&) { return false; }
 
     /// Called, on the main thread, each time there is a new picture; nothing clears it. One at a time.
     void setPictureHandler(std::function<void()> handler) { m_onPicture = std::move(handler); }

@@ -1,6 +1,7 @@
 #include "platform/display/MonitorSurface.h"
 
 #include "platform/display/BackingStoreSurface.h"
+#include "platform/display/OpenGL.h"
 #include "platform/display/X11Surface.h"
 
 #include <QGuiApplication>
@@ -8,9 +9,11 @@
 
 namespace kestro {
 
-MonitorSurface::MonitorSurface(Qt::WindowFlags flags)
+MonitorSurface::MonitorSurface(Qt::WindowFlags flags, OpenGL* openGL)
     : m_window(flags | Qt::WindowStaysOnTopHint)
+    , m_isForOpenGL(openGL != nullptr)
 {
+    if (openGL) openGL->prepare(m_window);
     m_window.setInputHandler([this](const InputEvent& event) {
         if (m_onInput) m_onInput(event);
     });
@@ -21,11 +24,17 @@ void MonitorSurface::setCursorHidden(bool hidden)
     m_window.setCursor(hidden ? Qt::BlankCursor : Qt::ArrowCursor);
 }
 
-std::unique_ptr<MonitorSurface> makeMonitorSurface(QScreen& monitor)
+void MonitorSurface::repair()
 {
-    std::unique_ptr<MonitorSurface> surface = X11Surface::create(monitor);
+    if (!m_isForOpenGL) return present(QRect({0, 0}, pixelSize()));
+    if (m_onRepair) m_onRepair();
+}
+
+std::unique_ptr<MonitorSurface> makeMonitorSurface(QScreen& monitor, OpenGL* openGL)
+{
+    std::unique_ptr<MonitorSurface> surface = X11Surface::create(monitor, openGL);
     if (!surface) {
-        surface = std::make_unique<BackingStoreSurface>();
+        surface = std::make_unique<BackingStoreSurface>(openGL);
         surface->placeOn(monitor);
     }
     return surface;

@@ -9,6 +9,8 @@ class QScreen;
 
 namespace kestro {
 
+class OpenGL;
+
 /// A surface over one whole monitor, in a native window of its own. Owned by its screen. Main thread.
 class MonitorSurface : public Surface {
 public:
@@ -18,14 +20,24 @@ public:
 
     [[nodiscard]] double pixelRatio() const override { return m_window.devicePixelRatio(); }
     void setCursorHidden(bool hidden) override;
+    [[nodiscard]] QWindow* openGLWindow() override { return m_isForOpenGL ? &m_window : nullptr; }
+    void leaveOpenGL() override { m_isForOpenGL = false; }
 
 protected:
-    explicit MonitorSurface(Qt::WindowFlags flags);
+    /// `openGL` shows the pictures; null for software.
+    MonitorSurface(Qt::WindowFlags flags, OpenGL* openGL);
+
+    /// The window has nothing to show any more.
+    void repair();
 
     SurfaceWindow m_window;
+
+private:
+    bool m_isForOpenGL;
 };
 
-/// The kind of surface that this desktop's windows want, placed but not shown.
-[[nodiscard]] std::unique_ptr<MonitorSurface> makeMonitorSurface(QScreen& monitor);
+/// The kind of surface that this desktop's windows want, placed but not shown, for pictures by `openGL`, or
+/// by software where that is null.
+[[nodiscard]] std::unique_ptr<MonitorSurface> makeMonitorSurface(QScreen& monitor, OpenGL* openGL);
 
 } // namespace kestro

@@ -2,7 +2,8 @@
 
 #include "platform/display/DeskPlace.h"
 #include "platform/display/MonitorSurface.h"
-#include "platform/display/Renderer.h"
+#include "platform/display/OpenGL.h"
+#include "platform/display/RendererChoice.h"
 #include "platform/display/Screen.h"
 
 #include <QGuiApplication>
@@ -25,8 +26,8 @@ Rect frameOf(const QScreen& monitor)
 QtDesktop::QtDesktop(const Clock& clock, Random& random)
     : m_clock(clock)
     , m_random(random)
+    , m_openGL(chooseOpenGL(rendererWish()))
 {
-    heedRendererWish();
     for (QScreen* monitor : QGuiApplication::screens())
         add(monitor);
     putPrimaryFirst();
@@ -56,7 +57,7 @@ std::vector<Screen*> QtDesktop::screens() const
 
 void QtDesktop::add(QScreen* qtScreen)
 {
-    auto surface = makeMonitorSurface(*qtScreen);
+    auto surface = makeMonitorSurface(*qtScreen, m_openGL.get());
     MonitorSurface* const borrowed = surface.get();
     auto screen = std::make_unique<Screen>(*this, frameOf(*qtScreen), std::move(surface));
     m_monitors.push_back({qtScreen, borrowed, std::move(screen)});

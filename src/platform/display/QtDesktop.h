@@ -26,6 +26,7 @@ public:
     void showSurfaces();
 
     [[nodiscard]] std::vector<Screen*> screens() const override;
+    [[nodiscard]] std::shared_ptr<OpenGL> openGL() const override { return m_openGL; }
     [[nodiscard]] Cursor& cursor() override { return m_cursor; }
     [[nodiscard]] TimerSource& timers() override { return m_timers; }
     [[nodiscard]] NotificationCenter& notifications() override { return m_notifications; }
@@ -48,6 +49,7 @@ private:
 
     const Clock& m_clock;
     Random& m_random;
+    std::shared_ptr<OpenGL> m_openGL; ///< shared as OpenGL says
     QtTimerSource m_timers;
     NotificationCenter m_notifications;
     ScreensCursor m_cursor{*this};

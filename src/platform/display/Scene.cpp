@@ -55,6 +55,16 @@ void Scene::resolveVisibility(const QRect& canvas)
     ground = QRegion(canvas) - hidden;
 }
 
+QRegion Scene::remove(Identity identity, const QRect& canvas)
+{
+    const SceneItem* const item = find(identity);
+    if (!item) return {};
+    const QRegion seen = item->visible;
+    std::erase_if(items, [identity](const SceneItem& each) { return each.identity == identity; });
+    resolveVisibility(canvas);
+    return seen;
+}
+
 QRegion sceneDifference(const Scene& before, const Scene& after)
 {
     QRegion changed;

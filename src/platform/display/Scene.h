@@ -40,6 +40,8 @@ struct Scene {
     [[nodiscard]] const SceneItem* find(Identity identity) const;
     /// Works out what is visible, from the areas of the items on that canvas.
     void resolveVisibility(const QRect& canvas);
+    /// Takes an item out; answers where it was seen, which now shows something else.
+    QRegion remove(Identity identity, const QRect& canvas);
 };
 
 /// The scene of the windows, given bottom to top. A window whose flushing is disabled stays as in `before`.

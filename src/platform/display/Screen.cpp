@@ -1,6 +1,9 @@
 #include "platform/display/Screen.h"
 
 #include "platform/display/Compositor.h"
+#include "platform/display/Desktop.h"
+#include "platform/display/OpenGL.h"
+#include "platform/display/Renderer.h"
 #include "platform/display/Surface.h"
 #include "platform/display/Window.h"
 
@@ -8,12 +11,27 @@
 
 namespace kestro {
 
+namespace {
+
+/// Null where the desktop is drawn in software.
+std::unique_ptr<Renderer> rendererFor(const Desktop& desktop, Surface& surface)
+{
+    const auto openGL = desktop.openGL();
+    return openGL ? openGL->makeRenderer(surface) : nullptr;
+}
+
+} // namespace
+
 Screen::Screen(Desktop& desktop, const Rect& frame, std::unique_ptr<Surface> surface)
     : m_desktop(desktop)
     , m_frame(frame)
     , m_surface(std::move(surface))
-    , m_compositor(std::make_unique<Compositor>(*m_surface))
+    , m_compositor(std::make_unique<Compositor>(*m_surface, rendererFor(desktop, *m_surface)))
 {
+    m_surface->setRepairHandler([this] {
+        m_compositor->invalidate();
+        scheduleUpdate();
+    });
     scheduleUpdate();
 }
 

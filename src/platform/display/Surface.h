@@ -7,6 +7,8 @@
 
 #include <functional>
 
+class QWindow;
+
 namespace kestro {
 
 /// What a person did at a surface. Positions are points from its top left corner.
@@ -41,10 +43,19 @@ public:
     /// Shows or hides the mouse pointer over the surface.
     virtual void setCursorHidden(bool hidden) = 0;
 
+    /// The native window that OpenGL shows its pictures in, past the canvas; null where the canvas is what is
+    /// shown.
+    [[nodiscard]] virtual QWindow* openGLWindow() { return nullptr; }
+    /// From now on the canvas is what is shown.
+    virtual void leaveOpenGL() {}
+
     void setInputHandler(std::function<void(const InputEvent&)> handler) { m_onInput = std::move(handler); }
+    /// Called when the whole picture is wanted anew: the surface has none of it left.
+    void setRepairHandler(std::function<void()> handler) { m_onRepair = std::move(handler); }
 
 protected:
     std::function<void(const InputEvent&)> m_onInput;
+    std::function<void()> m_onRepair;
 };
 
 } // namespace kestro

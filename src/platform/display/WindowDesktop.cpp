@@ -2,7 +2,7 @@
 
 #include "platform/display/DeskPlace.h"
 #include "platform/display/ForeignWindowSurface.h"
-#include "platform/display/Renderer.h"
+#include "platform/display/RendererChoice.h"
 #include "platform/display/Screen.h"
 #include "platform/display/X11Connection.h"
 
@@ -28,7 +28,7 @@ WindowDesktop::WindowDesktop(std::unique_ptr<ForeignWindowSurface> surface, cons
     , m_surface(*surface)
     , m_screen(std::make_unique<Screen>(*this, deskFrame(surface->place()), std::move(surface)))
 {
-    heedRendererWish();
+    heedRendererWishInGivenWindow();
     m_surface.setChangeHandler([this] { follow(); });
     QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &m_listener, [this] { follow(); });
     for (const QScreen* monitor : QGuiApplication::screens())

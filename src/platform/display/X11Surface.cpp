@@ -6,18 +6,18 @@
 
 namespace kestro {
 
-std::unique_ptr<X11Surface> X11Surface::create(QScreen& monitor)
+std::unique_ptr<X11Surface> X11Surface::create(QScreen& monitor, OpenGL* openGL)
 {
     if (!x11Connection()) return nullptr;
-    std::unique_ptr<X11Surface> surface(new X11Surface);
+    std::unique_ptr<X11Surface> surface(new X11Surface(openGL));
     surface->cover(monitor);
     const auto window = static_cast<std::uint32_t>(surface->m_window.winId());
     surface->m_canvas = X11Canvas::create(x11Connection(), window, guardRows);
     return surface->m_canvas ? std::move(surface) : nullptr;
 }
 
-X11Surface::X11Surface()
-    : MonitorSurface(Qt::BypassWindowManagerHint)
+X11Surface::X11Surface(OpenGL* openGL)
+    : MonitorSurface(Qt::BypassWindowManagerHint, openGL)
 {
     m_window.setExposeHandler([this] { appear(); });
 }
@@ -53,7 +53,7 @@ void X11Surface::present(const QRegion& changed)
 
 void X11Surface::appear()
 {
-    present(QRect({0, 0}, pixelSize()));
+    repair();
     takeKeyboard();
 }
 

@@ -12,7 +12,7 @@ namespace kestro {
 class X11Surface final : public MonitorSurface {
 public:
     /// Placed but not shown. Null where the desktop is not X11, or its pixels are not ours.
-    [[nodiscard]] static std::unique_ptr<X11Surface> create(QScreen& monitor);
+    [[nodiscard]] static std::unique_ptr<X11Surface> create(QScreen& monitor, OpenGL* openGL);
 
     [[nodiscard]] QImage& canvas() override { return m_canvas->image(); }
     [[nodiscard]] QSize pixelSize() override { return m_canvas->size(); }
@@ -21,7 +21,7 @@ public:
     void show() override;
 
 private:
-    X11Surface();
+    explicit X11Surface(OpenGL* openGL);
 
     void cover(QScreen& monitor);
     void appear();

@@ -1,6 +1,13 @@
 #include "platform/display/DisplayTest.h"
 
+#include "platform/display/RendererChoice.h"
+
 namespace kestro {
+
+std::shared_ptr<OpenGL> testOpenGL()
+{
+    return chooseOpenGLOffScreen();
+}
 
 bool FakeLayer::render(const PixelTarget& target)
 {

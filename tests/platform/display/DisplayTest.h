@@ -6,6 +6,7 @@
 #include "platform/display/ImageSurface.h"
 #include "platform/display/Layer.h"
 #include "platform/display/ManualTimerSource.h"
+#include "platform/display/OpenGL.h"
 #include "platform/display/Painter.h"
 #include "platform/display/Screen.h"
 #include "platform/display/View.h"
@@ -14,6 +15,7 @@
 #include <QImage>
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <vector>
 
 namespace kestro {
@@ -71,12 +73,15 @@ private:
     bool m_isBroken = false;
 };
 
+/// What the tests draw with, by KESTRO_RENDERER; null for software.
+[[nodiscard]] std::shared_ptr<OpenGL> testOpenGL();
+
 /// A desktop of images with a clock turned by hand; the first screen is 200 by 100 points unless a test says
 /// otherwise.
 class DisplayTest : public testing::Test {
 protected:
     explicit DisplayTest(const std::vector<Rect>& frames = {{{0, 0}, {200, 100}}}, double pixelRatio = 1.0)
-        : desktop(frames, pixelRatio, timers, clock, random)
+        : desktop(frames, pixelRatio, timers, clock, random, testOpenGL())
     {
     }
 

@@ -1,0 +1,77 @@
+// Runs the tests of a program inside a Qt application that draws with OpenGL, off screen: on an X server of
+// its own, because that is where Qt has OpenGL without a display.
+
+#include <QGuiApplication>
+
+#include <array>
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+/// Ends with the object, or with the program.
+class Server final {
+public:
+    Server()
+    {
+        std::array<int, 2> ends{};
+        if (pipe(ends.data()) != 0) return;
+        m_process = fork();
+        if (m_process == 0) serve(ends[1]);
+        close(ends[1]);
+        std::array<char, 16> number{};
+        const ssize_t count = read(ends[0], number.data(), number.size() - 1);
+        close(ends[0]);
+        if (count > 0) m_display = ':' + std::string(number.data(), static_cast<size_t>(count) - 1);
+    }
+    ~Server()
+    {
+        if (m_process <= 0) return;
+        kill(m_process, SIGTERM);
+        waitpid(m_process, nullptr, 0);
+    }
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+
+    /// ":7"; empty when the server did not come up.
+    [[nodiscard]] const std::string& display() const { return m_display; }
+
+private:
+    [[noreturn]] static void serve(int answer)
+    {
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        const std::string number = std::to_string(answer);
+        std::freopen("/dev/null", "w", stderr);
+        execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "1024x768x24", "-noreset",
+               "-nolisten", "tcp", nullptr);
+        _exit(1);
+    }
+
+    pid_t m_process = -1;
+    std::string m_display;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    const Server server;
+    if (server.display().empty()) {
+        std::fputs("Xvfb did not come up\n", stderr);
+        return 1;
+    }
+    qputenv("DISPLAY", server.display().c_str());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("KESTRO_RENDERER", "opengl");
+    qputenv("LIBGL_ALWAYS_SOFTWARE", "1"); // the same pictures on every machine
+    const QGuiApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    return RUN_ALL_TESTS();
+}
