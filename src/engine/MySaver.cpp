@@ -269,8 +269,8 @@ SaverSnapshot MySaver::snapshot() const
     const Point toScreen{-m_geometry.screenFrame().origin.x, -m_geometry.screenFrame().origin.y};
     if (const auto movie = m_movieView ? m_movieView->movie() : nullptr) {
         const Rect frame = m_movieView->frame();
-        shot.movie = {absoluteString(movie->url()), movie->currentTime().timeValue,
-                      movie->rate(), m_windowMode ? frame.movedBy(toScreen) : convertToWindow(frame)};
+        shot.movie = {absoluteString(movie->url()), movie->currentTime().timeValue, movie->rate(),
+                      m_windowMode ? frame.movedBy(toScreen) : convertToWindow(frame)};
     }
     shot.curIdx = m_playlist.curIdx();
     shot.trail = m_trail.count();

@@ -1,0 +1,134 @@
+"""Measures movies on the screen: cost, memory and start, each beside its peer in the same run.
+
+usage: movie_bench.py KESTRO [BENCH...]     benches: play start sign list
+"""
+
+import os
+import plistlib
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+import desk
+
+ROUNDS = 5
+QUIET = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+MPV = ["mpv", "--no-config", "--no-audio", "--really-quiet", "--loop-file=inf", "--no-osc"]
+
+
+def make_movie(folder):
+    path = os.path.join(folder, "bench.mp4")
+    subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "testsrc2=size=1920x1080:rate=30:duration=20",
+                    "-c:v", "libx264", "-preset", "fast", "-pix_fmt", "yuv420p", "-g", "60", path], check=True)
+    return path
+
+
+def make_home(folder, name, urls, **keys):
+    """A home folder with settings that play these URLs."""
+    home = os.path.join(folder, name)
+    preferences = os.path.join(home, "Library/Preferences")
+    os.makedirs(preferences)
+    with open(os.path.join(preferences, "Kestro.plist"), "wb") as file:
+        plistlib.dump({"Ver": "5", "FileList": urls, **keys}, file)
+    return home
+
+
+class Bench:
+    def __init__(self, kestro, folder):
+        self.kestro = kestro
+        self.movie = make_movie(folder)
+        url = "file://" + self.movie
+        self.home = make_home(folder, "one", [url])
+        self.sign_home = make_home(folder, "sign", [])
+        self.two_home = make_home(folder, "two", [url, url])
+        self.long_home = make_home(folder, "long", [url] + [f"file:///missing/{i}.mov" for i in range(9999)])
+
+    def start(self, screen, command, home=None):
+        more = {"KESTRO_HOME": home, "KESTRO_RENDERER": "software"} if home else {}
+        return subprocess.Popen(command, env=screen.environment(**more), **QUIET)
+
+    def run_cost(self, command, home=None):
+        """Cost of the program and of the X server, and the program's peak memory."""
+        screen = desk.Screen()
+        process = self.start(screen, command, home)
+        own, server = desk.cost([process.pid, screen.process.pid], 2, 8)
+        peak = desk.peak_megabytes(process.pid)
+        desk.end(process)
+        screen.close()
+        return own, server, peak
+
+    def first_picture(self, command, home=None):
+        """Seconds from the start of the program to the first picture at the middle of the screen."""
+        screen = desk.Screen()
+        begun = time.monotonic()
+        process = self.start(screen, command, home)
+        while screen.pixel(960, 540) == 0 and time.monotonic() - begun < 10:
+            pass
+        seconds = time.monotonic() - begun
+        desk.end(process)
+        screen.close()
+        return seconds
+
+    def peers(self):
+        return {"kestro": ([self.kestro], self.home),
+                "mpv --vo=null": (MPV + ["--vo=null", self.movie], None),
+                "mpv --vo=x11": (MPV + ["--vo=x11", "--fs", self.movie], None)}
+
+    def play(self):
+        """Full screen 1080p30 in a 1920x1080 window."""
+        rows = {name: [] for name in self.peers()}
+        for _ in range(ROUNDS):
+            for name, (command, home) in self.peers().items():
+                rows[name].append(self.run_cost(command, home))
+        medians = {name: [statistics.median(column) for column in zip(*values)] for name, values in rows.items()}
+        for name, (own, server, peak) in medians.items():
+            print(f"  {name:14} {own:.3f} CPU s/s, X server {server:.3f}, peak {peak:.0f} MB")
+        ours, null, x11 = (medians[name] for name in ("kestro", "mpv --vo=null", "mpv --vo=x11"))
+        bar("cost against mpv --vo=null", ours[0] / null[0], 1.25)
+        bar("cost against mpv --vo=x11", ours[0] / x11[0], 0.75)
+        bar("peak memory above mpv --vo=x11, MB", ours[2] - x11[2], 30)
+
+    def start_(self):
+        """From the start of the program to the first picture of the movie."""
+        command, home = self.peers()["kestro"]
+        peer, _ = self.peers()["mpv --vo=x11"]
+        ours, theirs = self.alternate(lambda: self.first_picture(command, home), lambda: self.first_picture(peer))
+        print(f"  kestro {ours * 1000:.0f} ms, mpv --vo=x11 {theirs * 1000:.0f} ms")
+        bar("start against mpv --vo=x11", ours / theirs, 1.2)
+
+    def sign(self):
+        """The sign picture alone."""
+        own = statistics.median(self.run_cost([self.kestro], self.sign_home)[0] for _ in range(ROUNDS))
+        bar("the sign, CPU s/s", own, 0.02)
+
+    def list(self):
+        """A playlist of 10,000 entries beside one of two."""
+        long, short = self.alternate(lambda: self.first_picture([self.kestro], self.long_home),
+                                     lambda: self.first_picture([self.kestro], self.two_home))
+        print(f"  10,000 entries {long * 1000:.0f} ms, two {short * 1000:.0f} ms")
+        bar("added by 10,000 entries, ms", (long - short) * 1000, 50)
+
+    @staticmethod
+    def alternate(first, second):
+        pairs = [(first(), second()) for _ in range(2 * ROUNDS + 1)]
+        return [statistics.median(column) for column in zip(*pairs)]
+
+
+def bar(name, value, most):
+    print(f"  {name}: {value:.3f} (at most {most}) {'ok' if value <= most else 'MISSED'}")
+
+
+def main():
+    kestro, names = os.path.abspath(sys.argv[1]), sys.argv[2:] or ["play", "start", "sign", "list"]
+    with tempfile.TemporaryDirectory() as folder:
+        bench = Bench(kestro, folder)
+        for name in names:
+            method = getattr(bench, "start_" if name == "start" else name)
+            print(f"{name}: {method.__doc__}")
+            method()
+
+
+if __name__ == "__main__":
+    main()
