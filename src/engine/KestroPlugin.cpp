@@ -2,6 +2,8 @@
 
 #include "engine/MySaver.h"
 #include "platform/base/Paths.h"
+#include "platform/display/Desktop.h"
+#include "platform/display/OpenGL.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "settings/NoTrailers.h"
 #include "settings/SettingsStore.h"
@@ -43,6 +45,7 @@ std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QStr
 {
     if (!isScreenSaverView(className)) return nullptr;
     auto& common = shared();
+    common.movies.setOpenGL(desktop.openGL());
     return MySaver::initWithFrameIsPreview(
         frame, isPreview, {desktop, common.movies, common.store, common.trailers, common.signs});
 }

@@ -12,7 +12,9 @@
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
 #include "platform/display/ImageDesktop.h"
+#include "platform/display/OpenGL.h"
 #include "platform/display/QtTimerSource.h"
+#include "platform/display/RendererChoice.h"
 #include "platform/saver/ScreenSaverView.h"
 
 #include <QGuiApplication>
@@ -41,7 +43,7 @@ int runOffScreen(const RenderOptions& options, const PictureFolder& pictures, Tr
     QtTimerSource timers;
     const SystemClock clock;
     SystemRandom random;
-    ImageDesktop desktop(screenFrames(options), 1, timers, clock, random);
+    ImageDesktop desktop(screenFrames(options), 1, timers, clock, random, chooseOpenGLOffScreen());
     SaverSession session(
         desktop, [&](const Rect& frame) { return principal->initWithFrameIsPreview(frame, false, desktop); });
     RenderRun run(desktop, session, pictures, trace, options);

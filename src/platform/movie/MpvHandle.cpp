@@ -2,23 +2,24 @@
 
 #include "platform/base/Log.h"
 #include "platform/display/Layer.h"
+#include "platform/display/OpenGL.h"
 #include "platform/movie/MovieTeardown.h"
+#include "platform/movie/MpvRenderer.h"
+#include "platform/movie/OpenGLTeardown.h"
 
-#include <chrono>
 #include <clocale>
 #include <mpv/render.h>
-#include <thread>
 
 namespace kestro {
 
-std::unique_ptr<MpvHandle> MpvHandle::create(const Options& options)
+std::unique_ptr<MpvHandle> MpvHandle::create(const Options& options, std::shared_ptr<OpenGL> openGL)
 {
     auto handle = std::unique_ptr<MpvHandle>(new MpvHandle);
-    if (!handle->start(options)) return nullptr;
+    if (!handle->start(options, std::move(openGL))) return nullptr;
     return handle;
 }
 
-bool MpvHandle::start(const Options& options)
+bool MpvHandle::start(const Options& options, std::shared_ptr<OpenGL> openGL)
 {
     setlocale(LC_NUMERIC,
               "C"); // mpv refuses to be made under another; the application object sets the user's
@@ -30,6 +31,19 @@ bool MpvHandle::start(const Options& options)
                 QStringLiteral("mpv does not take %1=%2").arg(QLatin1String(name), QString::fromUtf8(value)));
     }
     if (mpv_initialize(m_handle) < 0) return false;
+    if (openGL) startOpenGL(std::move(openGL));
+    return m_renderer || startSoftware();
+}
+
+void MpvHandle::startOpenGL(std::shared_ptr<OpenGL> openGL)
+{
+    if (!openGL->makeCurrent()) return;
+    m_renderer = makeOpenGLRenderer(m_handle, *openGL);
+    if (m_renderer) m_openGL = std::move(openGL);
+}
+
+bool MpvHandle::startSoftware()
+{
     mpv_render_param params[] = {
         {MPV_RENDER_PARAM_API_TYPE, const_cast<char*>(MPV_RENDER_API_TYPE_SW)},
         {MPV_RENDER_PARAM_INVALID, nullptr},
@@ -37,38 +51,14 @@ bool MpvHandle::start(const Options& options)
     return mpv_render_context_create(&m_renderer, m_handle, params) >= 0;
 }
 
-static void skipRendering(mpv_render_context* renderer)
-{
-    int on = 1;
-    int off = 0;
-    mpv_render_param params[] = {
-        {MPV_RENDER_PARAM_SKIP_RENDERING, &on},
-        {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &off},
-        {MPV_RENDER_PARAM_INVALID, nullptr},
-    };
-    mpv_render_context_render(renderer, params);
-}
-
-/// The renderer must go first. Freeing it while a picture waits to be drawn would block a fifth of a second,
-/// so those that are still on their way are taken and dropped.
-static void freePlayer(mpv_handle* handle, mpv_render_context* renderer)
-{
-    if (renderer) {
-        mpv_command_string(handle, "stop");
-        for (int round = 0; round < 5; ++round) {
-            skipRendering(renderer);
-            std::this_thread::sleep_for(std::chrono::milliseconds(4));
-        }
-        mpv_render_context_free(renderer);
-    }
-    mpv_terminate_destroy(handle);
-}
-
 MpvHandle::~MpvHandle()
 {
     if (!m_handle) return;
     setNotifier({});
-    tearDownLater([handle = m_handle, renderer = m_renderer] { freePlayer(handle, renderer); });
+    if (m_openGL)
+        OpenGLTeardown::begin(m_handle, m_renderer, std::move(m_openGL));
+    else
+        tearDownLater([handle = m_handle, renderer = m_renderer] { freePlayer(handle, renderer); });
 }
 
 static void notify(void* notifier)
@@ -93,8 +83,20 @@ const mpv_event& MpvHandle::nextEvent()
     return *mpv_wait_event(m_handle, 0);
 }
 
+/// All that is asked of a renderer may use the context.
+void MpvHandle::makeCurrent() const
+{
+    if (m_openGL) static_cast<void>(m_openGL->makeCurrent());
+}
+
+bool MpvHandle::isCutOff() const
+{
+    return m_openGL && m_openGL->isLost();
+}
+
 bool MpvHandle::takeNewPicture()
 {
+    makeCurrent();
     return mpv_render_context_update(m_renderer) & MPV_RENDER_UPDATE_FRAME;
 }
 
@@ -121,8 +123,15 @@ void MpvHandle::ask(std::uint64_t id, const char* property, mpv_format format)
     mpv_get_property_async(m_handle, id, property, format);
 }
 
+bool MpvHandle::renderWithOpenGL(const FramebufferTarget& target)
+{
+    return m_openGL && !m_openGL->isLost() && renderPicture(m_renderer, target);
+}
+
 bool MpvHandle::render(const PixelTarget& target)
 {
+    if (m_openGL)
+        return m_openGL->renderToMemory(target, [this](const auto& card) { return renderWithOpenGL(card); });
     int size[2] = {target.width, target.height};
     auto stride = static_cast<std::size_t>(target.stride);
     int off = 0;
@@ -139,7 +148,8 @@ bool MpvHandle::render(const PixelTarget& target)
 
 void MpvHandle::skipPicture()
 {
-    skipRendering(m_renderer);
+    makeCurrent();
+    skipPictureOf(m_renderer);
 }
 
 } // namespace kestro

@@ -13,16 +13,21 @@ struct mpv_render_context;
 
 namespace kestro {
 
+struct FramebufferTarget;
+class OpenGL;
 struct PixelTarget;
 
-/// One libmpv player with its software renderer. Nothing here waits for mpv's playing thread: what is asked
-/// is answered by events. Owned by MpvPlayer; main thread. Destroying it frees mpv on another thread.
+/// One libmpv player with its renderer: with OpenGL, or in software. Nothing here waits for mpv's playing
+/// thread: what is asked is answered by events. Owned by MpvPlayer; main thread. Destroying it frees mpv on
+/// another thread.
 class MpvHandle final {
 public:
     using Options = std::vector<std::pair<const char*, QByteArray>>;
 
-    /// Null when mpv cannot be had.
-    [[nodiscard]] static std::unique_ptr<MpvHandle> create(const Options& options);
+    /// Null when mpv cannot be had. `openGL` is to draw the pictures; null for software, which it falls back
+    /// to.
+    [[nodiscard]] static std::unique_ptr<MpvHandle> create(const Options& options,
+                                                           std::shared_ptr<OpenGL> openGL = nullptr);
     ~MpvHandle();
     MpvHandle(const MpvHandle&) = delete;
     MpvHandle& operator=(const MpvHandle&) = delete;
@@ -45,15 +50,24 @@ public:
 
     /// Draws the newest picture, stretched. False when it could not.
     bool render(const PixelTarget& target);
+    [[nodiscard]] bool drawsWithOpenGL() const { return m_openGL != nullptr; }
+    /// Where it draws with OpenGL, whose context is current: the same as above.
+    bool renderWithOpenGL(const FramebufferTarget& target);
+    /// Whether the OpenGL that it draws with was lost: it cannot draw any more.
+    [[nodiscard]] bool isCutOff() const;
     /// Lets mpv go on without drawing the picture that waits.
     void skipPicture();
 
 private:
     MpvHandle() = default;
-    [[nodiscard]] bool start(const Options& options);
+    [[nodiscard]] bool start(const Options& options, std::shared_ptr<OpenGL> openGL);
+    void startOpenGL(std::shared_ptr<OpenGL> openGL);
+    [[nodiscard]] bool startSoftware();
+    void makeCurrent() const;
 
     mpv_handle* m_handle = nullptr;
     mpv_render_context* m_renderer = nullptr;
+    std::shared_ptr<OpenGL> m_openGL; ///< what the renderer draws with; shared as OpenGL says
     std::unique_ptr<std::function<void()>> m_notifier;
 };
 

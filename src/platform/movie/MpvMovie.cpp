@@ -32,12 +32,22 @@ public:
     [[nodiscard]] bool hasPicture() const override
     {
         m_movie.startWhenShown();
-        return m_movie.m_player && m_movie.m_player->hasPicture();
+        return m_movie.m_player && !m_movie.isCutOff() && m_movie.m_player->hasPicture();
     }
 
     bool render(const PixelTarget& target) override
     {
         return hasPicture() && m_movie.m_player->render(target);
+    }
+
+    [[nodiscard]] bool drawsWithOpenGL() const override
+    {
+        return m_movie.m_player && m_movie.m_player->drawsWithOpenGL();
+    }
+
+    bool renderWithOpenGL(const FramebufferTarget& target) override
+    {
+        return hasPicture() && m_movie.m_player->renderWithOpenGL(target);
     }
 
     void announce() const { announcePicture(); }
@@ -70,7 +80,8 @@ bool MpvMovie::ensurePlayer()
                                  .reversible = turns(),
                                  .hasSound = !m_facts || m_facts->hasSound,
                                  .muted = m_muted,
-                                 .volume = m_volume},
+                                 .volume = m_volume,
+                                 .openGL = m_options.openGL.lock()},
                                 *this);
     m_failed = !m_player;
     applyEndMode();
@@ -81,10 +92,29 @@ bool MpvMovie::ensurePlayer()
 /// starts.
 void MpvMovie::startWhenShown()
 {
-    if (m_player || m_showing) return;
+    if ((m_player && !isCutOff()) || m_showing) return;
     m_showing = true;
     QMetaObject::invokeMethod(
-        &m_context, [this] { static_cast<void>(ensurePlayer()); }, Qt::QueuedConnection);
+        &m_context, [this] { playerIsWanted(); }, Qt::QueuedConnection);
+}
+
+void MpvMovie::playerIsWanted()
+{
+    m_showing = false;
+    if (isCutOff())
+        replacePlayer();
+    else
+        static_cast<void>(ensurePlayer());
+}
+
+/// One that draws in software goes on from where the other was.
+void MpvMovie::replacePlayer()
+{
+    m_start = m_player->position();
+    m_player.reset();
+    if (!ensurePlayer()) return;
+    if (m_backwards) m_player->setBackwards(true);
+    if (m_playing) m_player->setPaused(false);
 }
 
 QTMovie::State MpvMovie::state() const

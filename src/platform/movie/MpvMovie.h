@@ -50,6 +50,9 @@ private:
     void playerFailed() override;
 
     [[nodiscard]] bool ensurePlayer();
+    void replacePlayer();
+    void playerIsWanted();
+    [[nodiscard]] bool isCutOff() const { return m_player && m_player->isCutOff(); }
     void startWhenShown();
     [[nodiscard]] double knownSeconds() const;
     [[nodiscard]] double position() const;

@@ -11,10 +11,13 @@ class MpvMovieLibrary final : public MovieLibrary {
 public:
     explicit MpvMovieLibrary(const MpvMovieOptions& options = {});
 
+    /// What the screens are drawn with, and movies that are opened from now on; null for software.
+    void setOpenGL(const std::shared_ptr<OpenGL>& openGL) { m_options.openGL = openGL; }
+
     [[nodiscard]] std::shared_ptr<QTMovie> movieWithURL(const QUrl& url) override;
 
 private:
-    const MpvMovieOptions m_options;
+    MpvMovieOptions m_options;
 };
 
 } // namespace kestro

@@ -1,5 +1,6 @@
 #include "platform/movie/MpvOptions.h"
 
+#include "platform/display/OpenGL.h"
 #include "platform/movie/AvInput.h"
 #include "platform/movie/MpvPlayer.h"
 
@@ -55,8 +56,6 @@ static MpvHandle::Options plainOptions()
         {"hr-seek", "yes"},
         {"keep-open", "yes"},
         {"keep-open-pause", "no"},
-        {"hwdec", "no"},
-        {"gpu-hwdec-interop", "no"},
         {"vd-lavc-threads", "2"},
         {"pause", "yes"},
     };
@@ -106,10 +105,19 @@ MpvHandle::Options reversingOptions(bool audible)
     };
 }
 
+/// A graphics card may decode what it is to show, where no filter has to turn it in memory.
+static MpvHandle::Options decoderOptions(const MpvPlayerSetup& setup)
+{
+    const bool mayDecode = setup.openGL && setup.openGL->isHardware() && setup.rotation == 0;
+    if (mayDecode) return {{"hwdec", "auto-safe"}};
+    return {{"hwdec", "no"}, {"gpu-hwdec-interop", "no"}};
+}
+
 MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
 {
     MpvHandle::Options options = plainOptions();
-    for (auto&& group : {pictureOptions(), sourceOptions(setup.url.isLocalFile(), setup.options)})
+    for (auto&& group :
+         {pictureOptions(), decoderOptions(setup), sourceOptions(setup.url.isLocalFile(), setup.options)})
         options.insert(options.end(), group.begin(), group.end());
     options.emplace_back("vf", rotationFilter(setup.rotation));
     options.emplace_back("aid", setup.muted ? "no" : "auto");

@@ -33,7 +33,7 @@ static constexpr double mpvSlack = 0.005;
 
 std::unique_ptr<MpvPlayer> MpvPlayer::start(const MpvPlayerSetup& setup, MpvPlayerListener& listener)
 {
-    auto handle = MpvHandle::create(mpvOptions(setup));
+    auto handle = MpvHandle::create(mpvOptions(setup), setup.openGL);
     if (!handle) return nullptr;
     return std::unique_ptr<MpvPlayer>(new MpvPlayer(setup, listener, std::move(handle)));
 }
@@ -243,7 +243,10 @@ static int rotationOfMovingPicture(mpv_handle* mpv)
 void MpvPlayer::handleHook(const mpv_event_hook& hook)
 {
     const int rotation = rotationOfMovingPicture(m_handle->raw());
-    if (rotation > 0) m_handle->set("vf", rotationFilter(rotation));
+    if (rotation > 0) {
+        m_handle->set("hwdec", "no"); // the filter turns pictures in memory
+        m_handle->set("vf", rotationFilter(rotation));
+    }
     mpv_hook_continue(m_handle->raw(), hook.id);
     if (rotation < 0) fail();
 }
@@ -287,9 +290,21 @@ void MpvPlayer::dropUnwatched()
 bool MpvPlayer::render(const PixelTarget& target)
 {
     if (!m_hasPicture) return false;
+    noteDrawing();
+    return m_handle->render(target);
+}
+
+bool MpvPlayer::renderWithOpenGL(const FramebufferTarget& target)
+{
+    if (!m_hasPicture) return false;
+    noteDrawing();
+    return m_handle->renderWithOpenGL(target);
+}
+
+void MpvPlayer::noteDrawing()
+{
     m_unwatched = false;
     m_unwatchedTimer.stop();
-    return m_handle->render(target);
 }
 
 std::uint64_t MpvPlayer::ofThisMove(std::uint64_t id) const

@@ -24,6 +24,7 @@ struct MpvPlayerSetup {
     bool hasSound = true;
     bool muted = false; ///< sound is not even decoded until unmuted
     double volume = 1;
+    std::shared_ptr<OpenGL> openGL = {}; ///< to draw with; null for software
 
     [[nodiscard]] bool isAudible() const { return hasSound && !muted; }
 };
@@ -69,6 +70,10 @@ public:
 
     [[nodiscard]] bool hasPicture() const { return m_hasPicture; }
     bool render(const PixelTarget& target);
+    [[nodiscard]] bool drawsWithOpenGL() const { return m_handle->drawsWithOpenGL(); }
+    bool renderWithOpenGL(const FramebufferTarget& target);
+    /// Whether it cannot draw any more and is to be replaced: the OpenGL that it drew with was lost.
+    [[nodiscard]] bool isCutOff() const { return m_handle->isCutOff(); }
 
 private:
     MpvPlayer(const MpvPlayerSetup& setup, MpvPlayerListener& listener, std::unique_ptr<MpvHandle> handle);
@@ -86,6 +91,7 @@ private:
     void handleHook(const mpv_event_hook& hook);
     void handleLog(const mpv_event_log_message& message);
     void takePicture();
+    void noteDrawing();
     void dropUnwatched();
     void showPicture();
     void loadReversible();

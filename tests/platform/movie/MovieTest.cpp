@@ -1,6 +1,8 @@
 #include "platform/movie/MovieTest.h"
 
 #include "platform/display/Layer.h"
+#include "platform/display/OpenGL.h"
+#include "platform/display/RendererChoice.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/movie/QTMovie.h"
 
@@ -8,6 +10,7 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include <gtest/gtest.h>
 #include <vector>
 
 namespace kestro {
@@ -35,9 +38,37 @@ QUrl testMovie(const char* name)
     return QUrl::fromLocalFile(QStringLiteral(KESTRO_TEST_MOVIES "/") + QLatin1String(name));
 }
 
+namespace {
+
+/// What the movies of all tests draw with, for as long as the tests run.
+class OpenGLOfTests final : public testing::Environment {
+public:
+    void SetUp() override { openGL = chooseOpenGLOffScreen(); }
+    void TearDown() override { openGL.reset(); }
+
+    std::shared_ptr<OpenGL> openGL;
+};
+
+OpenGLOfTests& openGLOfTests()
+{
+    static auto& environment = *new OpenGLOfTests;
+    return environment;
+}
+
+const auto* const registered = testing::AddGlobalTestEnvironment(&openGLOfTests());
+
+} // namespace
+
+std::shared_ptr<OpenGL> testOpenGL()
+{
+    return openGLOfTests().openGL;
+}
+
 std::shared_ptr<QTMovie> openMovie(const QUrl& url)
 {
-    return MpvMovieLibrary({.networkTimeout = 10, .audioOutputs = "null"}).movieWithURL(url);
+    MpvMovieLibrary library({.networkTimeout = 10, .audioOutputs = "null"});
+    library.setOpenGL(testOpenGL());
+    return library.movieWithURL(url);
 }
 
 QImage drawn(QTMovie& movie, int width, int height)

@@ -10,6 +10,7 @@
 
 namespace kestro {
 
+class OpenGL;
 class QTMovie;
 
 /// Turns the event loop until `done`, ten seconds at most; answers whether it came to be.
@@ -17,6 +18,9 @@ class QTMovie;
 
 /// The test movie of that name, as a URL.
 [[nodiscard]] QUrl testMovie(const char* name);
+
+/// What movies are drawn with, by KESTRO_RENDERER; null for software.
+[[nodiscard]] std::shared_ptr<OpenGL> testOpenGL();
 
 /// Opens a real movie, its sound played to nothing.
 [[nodiscard]] std::shared_ptr<QTMovie> openMovie(const QUrl& url);
