@@ -24,6 +24,8 @@ class Screen:
         os.close(writer)
         self.display = ":" + os.read(reader, 16).decode().strip()
         os.close(reader)
+        while subprocess.run(["xdpyinfo"], env=self.environment(), capture_output=True).returncode:
+            pass  # it names its display a moment before it answers there
         with open(os.path.join(self.folder.name, "Xvfb_screen0"), "rb") as file:
             self.pixels = mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ)
         header, _, _, _, _, _, _, _, _, _, _, _, stride = struct.unpack(">13I", self.pixels[:52])
