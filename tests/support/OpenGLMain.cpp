@@ -25,10 +25,12 @@ public:
         m_process = fork();
         if (m_process == 0) serve(ends[1]);
         close(ends[1]);
-        std::array<char, 16> number{};
-        const ssize_t count = read(ends[0], number.data(), number.size() - 1);
+        // The server writes a line, not always at once.
+        char digit = 0;
+        while (read(ends[0], &digit, 1) == 1 && digit != '\n')
+            m_display += digit;
         close(ends[0]);
-        if (count > 0) m_display = ':' + std::string(number.data(), static_cast<size_t>(count) - 1);
+        if (digit == '\n') m_display.insert(0, ":");
     }
     ~Server()
     {
@@ -39,7 +41,7 @@ public:
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
 
-    /// ":7"; empty when the server did not come up.
+    /// ":7"; without the colon when the server did not come up.
     [[nodiscard]] const std::string& display() const { return m_display; }
 
 private:
@@ -63,7 +65,7 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const Server server;
-    if (server.display().empty()) {
+    if (server.display().rfind(':', 0) != 0) {
         std::fputs("Xvfb did not come up\n", stderr);
         return 1;
     }

@@ -1,10 +1,12 @@
 // Shows a picture on every monitor through the real desktop, and writes a line for everything that happens to
 // it: what the end-to-end tests run. Each screen is blue (the first) or green with a white square at its
-// lower left; each key press moves the squares 100 points to the right.
+// lower left; each key press moves the squares 100 points to the right, and a click loses the OpenGL context,
+// if there is any.
 
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
 #include "platform/display/Cursor.h"
+#include "platform/display/OpenGLDevice.h"
 #include "platform/display/Painter.h"
 #include "platform/display/QtDesktop.h"
 #include "platform/display/Screen.h"
@@ -96,9 +98,16 @@ private:
         std::printf("%s %g %g\n", names[static_cast<int>(event.kind)], event.position.x(),
                     event.position.y());
         std::fflush(stdout);
+        if (event.kind == InputEvent::Kind::Button) loseOpenGL();
         if (event.kind != InputEvent::Kind::Key) return;
         for (const auto& show : m_shows)
             show.second->advance();
+    }
+
+    void loseOpenGL()
+    {
+        const auto device = std::static_pointer_cast<OpenGLDevice>(m_desktop.openGL());
+        if (device) device->lose();
     }
 
     SystemClock m_clock;

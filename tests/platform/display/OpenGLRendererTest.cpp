@@ -239,6 +239,7 @@ TEST_F(OpenGLRendererTest, lostContext_leavesOutLayersThatNeededIt_untilTheyDoNo
     makeWindow({{32, 32}, {64, 64}}, &ground);
     screen().update();
     EXPECT_TRUE(isNear({{32, 64}, {64, 32}}, Qt::red));
+    const LogCapture capture([](const QString&) {});
     device().lose();
     layer.announce();
     screen().update();

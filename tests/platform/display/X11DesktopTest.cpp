@@ -25,10 +25,12 @@ protected:
         m_server = std::make_unique<XvfbServer>(screen, options);
         return m_server->isRunning();
     }
-    void start(const QString& scale = QStringLiteral("1"))
+    void start(const QString& scale = QStringLiteral("1"), const char* renderer = "software")
     {
         auto environment = m_server->environment();
         environment.insert(QStringLiteral("QT_SCALE_FACTOR"), scale);
+        environment.insert(QStringLiteral("KESTRO_RENDERER"), QLatin1String(renderer));
+        environment.insert(QStringLiteral("LIBGL_ALWAYS_SOFTWARE"), QStringLiteral("1"));
         m_probe.setProcessEnvironment(environment);
         m_probe.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_probe.start(QStringLiteral(KESTRO_DISPLAY_PROBE), QStringList());
@@ -86,12 +88,21 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return m_server->run(QStringLiteral("sh"), question); }));
     }
     [[nodiscard]] QColor pixel(int x, int y) const { return m_server->pixel(x, y); }
-    /// Whether the probe has memory in common with another program.
-    [[nodiscard]] bool sharesMemory() const
+    /// Whether something of that name is in the probe's memory.
+    [[nodiscard]] bool hasInMemory(const char* name) const
     {
         QFile maps(QStringLiteral("/proc/%1/maps").arg(m_probe.processId()));
-        return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("/SYSV");
+        return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(name);
     }
+    /// Whether the probe has memory in common with another program.
+    [[nodiscard]] bool sharesMemory() const { return hasInMemory("/SYSV"); }
+    /// Whether the probe has loaded a driver of OpenGL.
+    [[nodiscard]] bool hasDriver() const { return hasInMemory("_dri.so") || hasInMemory("libgallium"); }
+    [[nodiscard]] bool click() const
+    {
+        return m_server->run(QStringLiteral("xdotool"), {QStringLiteral("click"), QStringLiteral("1")});
+    }
+    void checkMonitorsComingAndGoing(const char* renderer);
 
     /// Two monitors side by side, 1920 by 1080 and 800 by 600, the smaller one at the top.
     void plugTwoMonitors()
@@ -185,11 +196,11 @@ TEST_F(X11DesktopTest, surface_liesOverOtherWindowsAndTakesTheKeyboard_withAWind
     }
 }
 
-TEST_F(X11DesktopTest, monitors_haveAScreenEach_asTheyComeAndGo)
+void X11DesktopTest::checkMonitorsComingAndGoing(const char* renderer)
 {
     ASSERT_TRUE(serve(QStringLiteral("2720x1080x24")));
     plugTwoMonitors();
-    start();
+    start(QStringLiteral("1"), renderer);
     ASSERT_TRUE(tells(QStringLiteral("screen 1920 480 800 600$")));
     EXPECT_TRUE(shows(0, 0, first));
     EXPECT_TRUE(shows(20, 1060, square));
@@ -212,6 +223,53 @@ TEST_F(X11DesktopTest, monitors_haveAScreenEach_asTheyComeAndGo)
     EXPECT_TRUE(shows(2000, 580, other));
     EXPECT_TRUE(shows(2020, 1060, square));
     EXPECT_EQ(pixel(1919, 0), first);
+}
+
+TEST_F(X11DesktopTest, monitors_haveAScreenEach_asTheyComeAndGo)
+{
+    checkMonitorsComingAndGoing("software");
+    EXPECT_FALSE(hasDriver());
+}
+
+TEST_F(X11DesktopTest, monitors_haveAScreenEach_asTheyComeAndGo_withOpenGL)
+{
+    checkMonitorsComingAndGoing("opengl");
+    EXPECT_TRUE(hasDriver());
+}
+
+TEST_F(X11DesktopTest, surface_showsWhatOpenGLDraws_andGoesOnInSoftwareWhenThatIsLost)
+{
+    ASSERT_TRUE(serve(QStringLiteral("1001x701x24")));
+    start(QStringLiteral("1"), "opengl");
+    EXPECT_TRUE(shows(0, 0, first));
+    EXPECT_TRUE(shows(1000, 700, first));
+    EXPECT_TRUE(shows(0, 700, square));
+    EXPECT_TRUE(hasDriver());
+    EXPECT_EQ(pixel(39, 661), square);
+    EXPECT_EQ(pixel(40, 661), first);
+    EXPECT_EQ(pixel(39, 660), first);
+
+    EXPECT_TRUE(type());
+    EXPECT_TRUE(shows(100, 700, square));
+    EXPECT_EQ(pixel(20, 690), first);
+
+    ASSERT_TRUE(click()); // the probe loses its context
+    EXPECT_TRUE(tells(QStringLiteral("button ")));
+    EXPECT_TRUE(type());
+    EXPECT_TRUE(shows(200, 700, square));
+    EXPECT_EQ(pixel(120, 690), first);
+    EXPECT_EQ(pixel(1000, 0), first);
+}
+
+TEST_F(X11DesktopTest, denseScreen_isCoveredToTheLastPixel_withOpenGL)
+{
+    ASSERT_TRUE(serve(QStringLiteral("800x600x24")));
+    start(QStringLiteral("1.5"), "opengl");
+    EXPECT_TRUE(shows(0, 0, first));
+    EXPECT_TRUE(shows(799, 0, first));
+    EXPECT_TRUE(shows(59, 540, square));
+    EXPECT_EQ(pixel(60, 540), first);
+    EXPECT_EQ(pixel(59, 539), first);
 }
 
 } // namespace kestro
