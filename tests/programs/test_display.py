@@ -1,5 +1,6 @@
 """`kestro` on a real X server: what it shows, and what ends it."""
 
+import pathlib
 import signal
 import socket
 import unittest
@@ -20,14 +21,14 @@ class DisplayTest(ProgramTest):
         self.server.move_pointer(100, 100)
         self.home.play([movie("long-red", "red", seconds=60)], **PLAY_RED)
 
-    def start(self, *words):
-        return self.start_kestro(*words, DISPLAY=self.server.display)
+    def start(self, *words, **environment):
+        return self.start_kestro(*words, DISPLAY=self.server.display, **environment)
 
     def shows(self, x, y, colour):
         return self.server.picture().is_near(x, y, colour)
 
-    def start_showing_red(self):
-        process = self.start()
+    def start_showing_red(self, **environment):
+        process = self.start(**environment)
         wait_until(lambda: process.poll() is not None or self.shows(320, 240, RED), "the movie")
         self.assertIsNone(process.poll())
         return process
@@ -52,6 +53,19 @@ class Showing(DisplayTest):
         self.start_showing_red()
         picture = self.server.picture()
         self.assertEqual((picture.at(320, 20), picture.at(320, 460)), (BLACK, BLACK))
+
+    def test_opengl_shows_the_same(self):
+        # The driver of the tests' server draws on the processor, so it is used only when asked for.
+        process = self.start_showing_red(KESTRO_RENDERER="opengl", LIBGL_ALWAYS_SOFTWARE="1")
+        maps = pathlib.Path(f"/proc/{process.pid}/maps").read_text()
+        self.assertRegex(maps, r"_dri\.so|libgallium")
+        picture = self.server.picture()
+        for corner in [(2, 2), (637, 2), (2, 477), (637, 477)]:
+            self.assertTrue(picture.is_near(*corner, RED), corner)
+        self.server.run("xdotool", "key", "a")
+        status, errors = self.ended(process)
+        self.assertEqual(status, 0, errors)
+        self.assertNotIn("OpenGL", errors)
 
     def test_the_sign_is_shown_where_nothing_can_be_played(self):
         self.home.play([])

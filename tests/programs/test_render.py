@@ -28,6 +28,13 @@ class Pictures(ProgramTest):
         self.run_kestro("render", "--out", str(folder), "--seconds", "0.5", "--size", "64x48")
         self.assertEqual([path.name for path in folder.iterdir()], ["screen0-00000.500.png"])
 
+    def test_what_opengl_cannot_draw_here_is_drawn_in_software(self):
+        self.home.play([movie("red")], FullScreenMode="1")
+        done = Rendering(self, KESTRO_RENDERER="opengl")
+        self.assertEqual(done.log.count("OpenGL"), 1, done.log)
+        self.assertIn("drawing in software.", done.log)
+        self.assertTrue(done.last_picture().is_near(160, 120, RED))
+
     def test_the_defaults_are_one_full_hd_screen_for_ten_seconds(self):
         text = self.run_kestro("render", "--help").stdout
         for default in ["(10)", "(1920x1080)", "(1)"]:
