@@ -1,5 +1,6 @@
 #include "host/Program.h"
 
+#include "host/InstallXscreensaverCommand.h"
 #include "host/PlaylistCommand.h"
 #include "host/RenderCommand.h"
 #include "host/RunCommand.h"
@@ -62,15 +63,19 @@ int Program::runPlain(const QStringList& words) const
 QString Program::overview() const
 {
     QString text = helpText(m_commands.front().syntax) + QStringLiteral("\nCommands (each has --help):\n");
+    qsizetype width = 0;
+    for (const Command& command : m_commands)
+        width = std::max(width, command.syntax.name.size());
     for (const Command& command : m_commands.mid(1))
         text += QStringLiteral("  kestro %1  %2\n")
-                    .arg(command.syntax.name.leftJustified(13), command.syntax.summary);
+                    .arg(command.syntax.name.leftJustified(width), command.syntax.summary);
     return text;
 }
 
 QList<Command> allCommands()
 {
-    return {runCommand(), showSettingsCommand(), playlistCommand(), renderCommand()};
+    return {runCommand(), showSettingsCommand(), playlistCommand(), renderCommand(),
+            installXscreensaverCommand()};
 }
 
 } // namespace kestro

@@ -57,6 +57,18 @@ TEST(Arguments, parse_takesTheLast_whenAnOptionIsGivenTwice)
               QStringLiteral("b"));
 }
 
+TEST(Arguments, parse_takesOneDashForTwo_whenTheSyntaxSaysSo)
+{
+    Syntax lenient = syntax();
+    lenient.isOneDashEnough = true;
+    const auto given = Arguments::parse(lenient, {QStringLiteral("-all"), QStringLiteral("-to=x")});
+    ASSERT_TRUE(given.isOk());
+    EXPECT_TRUE(given.value().has(QStringLiteral("all")));
+    EXPECT_EQ(given.value().text(QStringLiteral("to")), QStringLiteral("x"));
+    EXPECT_FALSE(Arguments::parse(syntax(), {QStringLiteral("-all")}).isOk());
+    EXPECT_FALSE(Arguments::parse(lenient, {QStringLiteral("all")}).isOk());
+}
+
 TEST(Arguments, text_isNothing_whenNotGiven)
 {
     EXPECT_FALSE(parsed({}).text(QStringLiteral("to")).has_value());

@@ -15,7 +15,16 @@ WRONG = [
     ["--platform", "offscreen"],
     ["--version=3"],
     ["--version", "now"],
+    ["--window-id"],
+    ["-window-id", "window"],
+    ["--window-id=0x1ffffffff"],
+    ["--root=yes"],
+    ["--mode", "sideways"],
+    ["--scale", "0"],
+    ["--fade", "--no-fade"],
     ["show-settings", "now"],
+    ["install-xscreensaver", "now"],
+    ["install-xscreensaver", "--remove=yes"],
     ["show-settings", "--json"],
     ["show-settings", "--help=yes"],
     ["playlist", "--expanded", "yes"],
@@ -35,7 +44,7 @@ WRONG = [
     ["render", "--out=DIR", "--size=8192x8192", "--screens=8"],
 ]
 
-COMMANDS = ["show-settings", "playlist", "render"]
+COMMANDS = ["show-settings", "playlist", "render", "install-xscreensaver"]
 
 
 class Usage(ProgramTest):
@@ -61,6 +70,7 @@ class Usage(ProgramTest):
 
     def test_each_command_has_help_with_its_options(self):
         options = {"show-settings": [], "playlist": ["--expanded"],
+                   "install-xscreensaver": ["--remove"],
                    "render": ["--out DIR", "--seconds S", "--size WxH", "--screens N", "--every S", "--trace FILE"]}
         for command in COMMANDS:
             with self.subTest(command=command):

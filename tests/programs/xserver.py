@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import random
 import re
 import select
 import signal
@@ -17,7 +18,9 @@ class XServer:
     def __init__(self, size="640x480"):
         self._holder = tempfile.TemporaryDirectory(prefix="kestro-x-")
         reading, writing = os.pipe()
-        command = ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-noreset", "-nolisten", "tcp"]
+        # A server that looks for a free number itself can take away the socket of one that runs beside it.
+        number = random.randrange(1000, 50000)
+        command = ["Xvfb", f":{number}", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-noreset", "-nolisten", "tcp"]
         with pathlib.Path(self._holder.name, "log").open("w") as log:
             self._process = subprocess.Popen(command, pass_fds=[writing], start_new_session=True,
                                              stdin=subprocess.DEVNULL, stdout=log, stderr=log)
@@ -30,9 +33,15 @@ class XServer:
                 raise AssertionError("Xvfb did not come up")
             return stream.readline().strip()
 
-    def close(self):
-        os.killpg(self._process.pid, signal.SIGTERM)
+    def kill(self):
+        """Ends it as a crash would."""
+        os.killpg(self._process.pid, signal.SIGKILL)
         self._process.wait(timeout=BOUND)
+
+    def close(self):
+        if self._process.poll() is None:
+            os.killpg(self._process.pid, signal.SIGTERM)
+            self._process.wait(timeout=BOUND)
         self._holder.cleanup()
 
     def run(self, *command):

@@ -120,4 +120,20 @@ TEST_F(SettingsStoreFiles, changes_stayInMemory_whenTheFileCannotBeWritten)
     EXPECT_FALSE(store.defaultsForKey(lastPos).has_value());
 }
 
+TEST_F(SettingsStoreFiles, optionsForThisRun_countInsteadOfTheFile_andAreNeverWritten)
+{
+    const QString scale = QStringLiteral("Scale");
+    const QString mode = QStringLiteral("PlayMode");
+    const QVariantMap stored{{scale, QStringLiteral("2")}, {mode, QStringLiteral("1")}};
+    put(preferences("Kestro.plist"), stored);
+    SettingsStore store(m_home.path());
+    store.setOptionsForThisRun({{scale, QStringLiteral("0.5")}});
+    EXPECT_EQ(store.option(scale), QVariant(QStringLiteral("0.5")));
+    EXPECT_EQ(store.option(mode), QVariant(QStringLiteral("1")));
+    EXPECT_FALSE(store.option(QStringLiteral("Fadeout")).has_value());
+    EXPECT_TRUE(store.setDefaultsForKey(QStringLiteral("1200"), lastPos));
+    EXPECT_EQ(store.plist(), stored);
+    EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.plist")), stored);
+}
+
 } // namespace kestro

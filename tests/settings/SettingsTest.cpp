@@ -165,4 +165,16 @@ TEST(Settings, resetContinue_removesThePosition_andKeepsTheMovie)
     EXPECT_EQ(readAgain.defaultsForKey(QStringLiteral("LastMovie")), QVariant(QStringLiteral("a.mov")));
 }
 
+TEST(Settings, everyOption_followsTheOptionsForThisRun)
+{
+    SettingsInMemory settings;
+    settings->store().setOptionsForThisRun({{QStringLiteral("FullScreenMode"), QStringLiteral("0")},
+                                            {QStringLiteral("PartialMode"), QStringLiteral("1")},
+                                            {QStringLiteral("Scale"), QStringLiteral("0.5")},
+                                            {QStringLiteral("BackSaver"), QStringLiteral("/a.saver")}});
+    EXPECT_TRUE(settings->isBounceMode());
+    EXPECT_EQ(settings->scaleFactor(), 0.5F);
+    EXPECT_EQ(settings->backSaver(), QStringLiteral("/a.saver"));
+}
+
 } // namespace kestro

@@ -102,6 +102,17 @@ TEST_F(SaverBundles, load_makesViewsOfThePrincipalClass)
     EXPECT_TRUE(m_log.isEmpty());
 }
 
+TEST_F(SaverBundles, optionsForThisRun_reachTheLibrary)
+{
+    const auto principal = SaverBundle::load(installedBundle)->principalClass();
+    principal->setOptionsForThisRun({{QStringLiteral("a"), 1}, {QStringLiteral("b"), 2}});
+    EXPECT_EQ(principal->initWithFrameIsPreview(frame, false, m_desktop)->animationTimeInterval(), 2.0 + 2);
+    principal->setOptionsForThisRun({});
+    EXPECT_TRUE(m_log.isEmpty());
+    principal->setOptionsForThisRun({{QStringLiteral("throw"), 1}});
+    EXPECT_EQ(m_log.size(), 1);
+}
+
 TEST_F(SaverBundles, load_answersTheSameLibrary_whenLoadedAgain)
 {
     const auto first = SaverBundle::load(installedBundle);

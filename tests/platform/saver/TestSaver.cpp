@@ -19,22 +19,32 @@ public:
                                                                           const Rect& frame, bool isPreview,
                                                                           Desktop& desktop) override;
     [[nodiscard]] bool isScreenSaverView(const QString& className) const override;
+    void setOptionsForThisRun(const QVariantMap& options) override;
+
+private:
+    int m_options = 0; ///< how many it was given
 };
 
 namespace {
 
-/// Tells through its tick interval in which desktop it was made.
+/// Tells through its tick interval in which desktop it was made, and with how many options.
 class TestSaverView final : public ScreenSaverView {
 public:
-    TestSaverView(const Rect& frame, bool isPreview, const Desktop& desktop)
+    TestSaverView(const Rect& frame, bool isPreview, const Desktop& desktop, int options)
         : ScreenSaverView(frame, isPreview)
     {
-        setAnimationTimeInterval(static_cast<double>(desktop.screens().size()));
+        setAnimationTimeInterval(static_cast<double>(desktop.screens().size()) + options);
     }
     [[nodiscard]] bool hasConfigureSheet() const override { return true; }
 };
 
 } // namespace
+
+void TestSaver::setOptionsForThisRun(const QVariantMap& options)
+{
+    if (options.contains(QStringLiteral("throw"))) throw std::runtime_error("no options today");
+    m_options = static_cast<int>(options.size());
+}
 
 bool TestSaver::isScreenSaverView(const QString& className) const
 {
@@ -49,7 +59,7 @@ std::shared_ptr<ScreenSaverView> TestSaver::initWithFrameIsPreview(const QString
     if (className == u"ThrowsAnException") throw std::runtime_error("no view today");
     if (className == u"ThrowsANumber") throw 5;
     if (className != u"TestSaverView") return nullptr;
-    return std::make_shared<TestSaverView>(frame, isPreview, desktop);
+    return std::make_shared<TestSaverView>(frame, isPreview, desktop, m_options);
 }
 
 } // namespace kestro

@@ -1,0 +1,169 @@
+#include "host/XscreensaverFile.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace kestro {
+
+namespace {
+
+const QByteArray listKey = QByteArrayLiteral("programs");
+const QByteArray chosenKey = QByteArrayLiteral("selected");
+/// What ends an entry: a backslash and an n, as they stand in the file.
+const QByteArray entryEnd = QByteArrayLiteral("\\n");
+
+QList<QByteArray> linesOf(const QByteArray& text)
+{
+    QList<QByteArray> lines;
+    for (qsizetype start = 0; start < text.size();) {
+        const qsizetype end = text.indexOf('\n', start);
+        const qsizetype next = end < 0 ? text.size() : end + 1;
+        lines.append(text.mid(start, next - start));
+        start = next;
+    }
+    return lines;
+}
+
+/// Whether the next line belongs to it.
+bool isContinued(const QByteArray& line)
+{
+    return line.endsWith("\\\n") || line.endsWith("\\\r\n");
+}
+
+/// What a line says, without the mark that it goes on and without blanks around.
+QByteArray saidBy(const QByteArray& line)
+{
+    QByteArray said = line.trimmed();
+    if (isContinued(line)) said.chop(1);
+    return said.trimmed();
+}
+
+bool isKey(const QByteArray& line, const QByteArray& key)
+{
+    const qsizetype colon = line.indexOf(':');
+    return colon > 0 && line.left(colon).trimmed().compare(key, Qt::CaseInsensitive) == 0;
+}
+
+QByteArray afterColon(const QByteArray& line)
+{
+    return line.mid(line.indexOf(':') + 1);
+}
+
+/// Whether an entry, `- GL: "Name" command \n`, runs a program of the name "kestro", wherever that lies.
+bool runsKestro(const QByteArray& entry)
+{
+    static const QRegularExpression form(QStringLiteral(
+        R"(^-?\s*(?:[\w-]+:\s)?\s*(?:"[^"]*")?\s*(?:'(?:[^']*/)?kestro'|(?:[^\s']*/)?kestro)(?:\s|\\n|$))"));
+    return form.match(QString::fromUtf8(entry)).hasMatch();
+}
+
+/// The line, so that another entry can follow it.
+QByteArray opened(QByteArray line, bool isEntry)
+{
+    if (isContinued(line)) return line;
+    while (line.endsWith('\n') || line.endsWith('\r'))
+        line.chop(1);
+    if (isEntry && !line.trimmed().endsWith(entryEnd)) line += " " + entryEnd;
+    return line + "\\\n";
+}
+
+} // namespace
+
+XscreensaverFile::XscreensaverFile(const QByteArray& text)
+    : m_lines(linesOf(text))
+{
+}
+
+XscreensaverFile::Lines XscreensaverFile::find(const QByteArray& key) const
+{
+    for (Lines lines; lines.begin < m_lines.size(); lines.begin = lines.end) {
+        lines.end = lines.begin + 1;
+        while (lines.end < m_lines.size() && isContinued(m_lines[lines.end - 1]))
+            ++lines.end;
+        if (isKey(m_lines[lines.begin], key)) return lines;
+    }
+    return {};
+}
+
+QByteArray XscreensaverFile::payload(Lines lines) const
+{
+    QByteArray said;
+    for (qsizetype i = lines.begin; i < lines.end; ++i)
+        said += saidBy(m_lines[i]) + ' ';
+    return said.trimmed();
+}
+
+QList<XscreensaverFile::Lines> XscreensaverFile::kestroEntries() const
+{
+    QList<Lines> found;
+    const Lines list = find(listKey);
+    for (Lines entry{list.begin + 1, list.begin + 1}; entry.begin < list.end; entry.begin = entry.end) {
+        do
+            ++entry.end;
+        while (entry.end < list.end && !saidBy(m_lines[entry.end - 1]).endsWith(entryEnd));
+        if (runsKestro(payload(entry))) found.append(entry);
+    }
+    return found;
+}
+
+void XscreensaverFile::add(const QByteArray& command)
+{
+    const auto present = kestroEntries();
+    const auto isOff = [this](Lines entry) { return payload(entry).startsWith('-'); };
+    if (!present.isEmpty()) {
+        if (!std::ranges::all_of(present, isOff)) return;
+        QByteArray& line = m_lines[present.front().begin];
+        line[line.indexOf('-')] = ' ';
+        return;
+    }
+    if (find(listKey).isEmpty()) {
+        if (!m_lines.isEmpty() && !m_lines.back().endsWith('\n')) m_lines.back() += '\n';
+        m_lines.append(listKey + ":\t\\\n");
+    }
+    append(find(listKey), "  \"Kestro\"  " + command + " \\n\\\n");
+}
+
+void XscreensaverFile::append(Lines list, const QByteArray& entry)
+{
+    const bool hasBlankEnd = list.end - list.begin > 1 && saidBy(m_lines[list.end - 1]).isEmpty() &&
+                             !isContinued(m_lines[list.end - 1]);
+    if (hasBlankEnd) {
+        m_lines.insert(list.end - 1, entry);
+        return;
+    }
+    QByteArray& last = m_lines[list.end - 1];
+    const bool isHeader = list.end - list.begin == 1;
+    last = opened(last, !isHeader || !saidBy(afterColon(last)).isEmpty());
+    m_lines.insert(list.end, entry);
+    m_lines.insert(list.end + 1, "\n");
+}
+
+void XscreensaverFile::remove()
+{
+    for (auto entries = kestroEntries(); !entries.isEmpty(); entries = kestroEntries())
+        removeEntry(entries.back());
+}
+
+void XscreensaverFile::removeEntry(Lines entry)
+{
+    const Lines list = find(listKey);
+    keepChosen(payload({list.begin, entry.begin}).count(entryEnd));
+    const bool endsList = !isContinued(m_lines[entry.end - 1]);
+    m_lines.remove(entry.begin, entry.end - entry.begin);
+    if (endsList) m_lines.insert(entry.begin, "\n"); // the line before still goes on
+}
+
+void XscreensaverFile::keepChosen(qsizetype removedNumber)
+{
+    const Lines chosen = find(chosenKey);
+    if (chosen.isEmpty()) return;
+    QByteArray& line = m_lines[chosen.begin];
+    bool isNumber = false;
+    const QByteArray value = afterColon(line).trimmed();
+    const qsizetype number = value.toLongLong(&isNumber);
+    if (isNumber && number > removedNumber)
+        line.replace(line.lastIndexOf(value), value.size(), QByteArray::number(number - 1));
+}
+
+} // namespace kestro
