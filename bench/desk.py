@@ -2,6 +2,7 @@
 
 import mmap
 import os
+import random
 import signal
 import struct
 import subprocess
@@ -18,14 +19,14 @@ class Screen:
         self.width, self.height = width, height
         self.folder = tempfile.TemporaryDirectory()
         reader, writer = os.pipe()
+        # A server that looks for a free number itself can take away the socket of one that runs beside it.
+        number = random.randrange(1000, 50000)
         self.process = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{width}x{height}x24", "-fbdir", self.folder.name,
+            ["Xvfb", f":{number}", "-displayfd", str(writer), "-screen", "0", f"{width}x{height}x24", "-fbdir", self.folder.name,
              "-nolisten", "tcp", "-noreset"], pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
-        self.display = ":" + os.read(reader, 16).decode().strip()
-        os.close(reader)
-        while subprocess.run(["xdpyinfo"], env=self.environment(), capture_output=True).returncode:
-            pass  # it names its display a moment before it answers there
+        with os.fdopen(reader) as answer:
+            self.display = ":" + answer.readline().strip()
         with open(os.path.join(self.folder.name, "Xvfb_screen0"), "rb") as file:
             self.pixels = mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ)
         header, _, _, _, _, _, _, _, _, _, _, _, stride = struct.unpack(">13I", self.pixels[:52])

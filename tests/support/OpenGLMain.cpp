@@ -49,9 +49,11 @@ private:
     {
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         const std::string number = std::to_string(answer);
+        // A server that looks for a free one itself can take away the socket of one that runs beside it.
+        const std::string display = ':' + std::to_string(1000 + getpid() % 49000);
         std::freopen("/dev/null", "w", stderr);
-        execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "1024x768x24", "-noreset",
-               "-nolisten", "tcp", nullptr);
+        execlp("Xvfb", "Xvfb", display.c_str(), "-displayfd", number.c_str(), "-screen", "0", "1024x768x24",
+               "-noreset", "-nolisten", "tcp", nullptr);
         _exit(1);
     }
 

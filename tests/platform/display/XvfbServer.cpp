@@ -39,22 +39,20 @@ XvfbServer::XvfbServer(const QString& screen, const QStringList& options)
     : m_frame(m_folder.filePath(QStringLiteral("Xvfb_screen0")))
 {
     m_process.setStandardErrorFile(QProcess::nullDevice());
-    QStringList arguments{QStringLiteral("-displayfd"),
-                          QStringLiteral("1"),
-                          QStringLiteral("-screen"),
-                          QStringLiteral("0"),
-                          screen,
-                          QStringLiteral("-noreset"),
-                          QStringLiteral("-fbdir"),
-                          m_folder.path()};
+    // A server that looks for a free number itself can take away the socket of one that runs beside it.
+    const int number = QRandomGenerator::global()->bounded(1000, 50000);
+    QStringList arguments{
+        QStringLiteral(":%1").arg(number), QStringLiteral("-displayfd"), QStringLiteral("1"),
+        QStringLiteral("-screen"),         QStringLiteral("0"),          screen,
+        QStringLiteral("-noreset"),        QStringLiteral("-fbdir"),     m_folder.path()};
     m_process.start(QStringLiteral("Xvfb"), arguments + options);
-    QByteArray number;
+    QByteArray answer;
     const auto isReady = [&] {
-        number += m_process.readAllStandardOutput();
-        return number.endsWith('\n') || m_process.state() == QProcess::NotRunning;
+        answer += m_process.readAllStandardOutput();
+        return answer.endsWith('\n') || m_process.state() == QProcess::NotRunning;
     };
-    if (!waitUntil(isReady) || !number.endsWith('\n') || !m_frame.open(QIODevice::ReadOnly)) return;
-    m_display = QLatin1Char(':') + QString::fromLatin1(number.trimmed());
+    if (!waitUntil(isReady) || !answer.endsWith('\n') || !m_frame.open(QIODevice::ReadOnly)) return;
+    m_display = QLatin1Char(':') + QString::fromLatin1(answer.trimmed());
     const uchar* header = m_frame.map(0, m_frame.size());
     if (!header) return;
     constexpr int colourBytes = 12;
