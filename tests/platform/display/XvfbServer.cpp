@@ -1,6 +1,7 @@
 #include "platform/display/XvfbServer.h"
 
 #include <QEventLoop>
+#include <QRandomGenerator>
 #include <QTimer>
 #include <QtEndian>
 
