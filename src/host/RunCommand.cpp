@@ -17,18 +17,29 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <unistd.h>
 
 namespace kestro {
 
 namespace {
 
-/// Stops every view, which stores what is to be kept, and leaves the process without taking it apart: that
-/// would wait for players and fetches, up to the time limit of a server that does not answer, and whoever
-/// ends a screen saver wants the screen now. The display server takes the windows away with the connection.
-[[noreturn]] void leave(SaverSession& session, ExitCode status)
+constexpr unsigned patience = 2; // seconds
+
+/// Stops every view, which stores what is to be kept. A display server or a disk that stands still does not
+/// hold the process up: the stop signals' own alarm ends it then.
+void stop(SaverSession& session)
 {
+    alarm(patience);
     session.stop();
     std::fflush(nullptr);
+}
+
+/// Stops, and leaves the process without taking it apart: that would wait for players and fetches, up to the
+/// time limit of a server that does not answer, and whoever ends a screen saver wants the screen now. The
+/// display server takes the windows away with the connection.
+[[noreturn]] void leave(SaverSession& session, ExitCode status)
+{
+    stop(session);
     std::_Exit(status);
 }
 
@@ -36,8 +47,7 @@ namespace {
 /// ends otherwise.
 [[noreturn]] void leaveBySignal(SaverSession& session, int signal)
 {
-    session.stop();
-    std::fflush(nullptr);
+    stop(session);
     std::signal(signal, SIG_DFL);
     std::raise(signal);
     std::_Exit(ExitFailure); // a signal that is blocked

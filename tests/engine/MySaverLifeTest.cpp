@@ -11,6 +11,25 @@ namespace kestro {
 
 namespace {
 
+/// A desk whose one screen stands beside monitors that belong to other processes.
+class OtherMonitorsDesktop final : public Desktop {
+public:
+    explicit OtherMonitorsDesktop(Desktop& desk)
+        : m_desk(desk)
+    {
+    }
+    [[nodiscard]] std::vector<Screen*> screens() const override { return m_desk.screens(); }
+    [[nodiscard]] bool isFirst(const Screen&) const override { return false; }
+    [[nodiscard]] Cursor& cursor() override { return m_desk.cursor(); }
+    [[nodiscard]] TimerSource& timers() override { return m_desk.timers(); }
+    [[nodiscard]] NotificationCenter& notifications() override { return m_desk.notifications(); }
+    [[nodiscard]] const Clock& clock() const override { return m_desk.clock(); }
+    [[nodiscard]] Random& random() override { return m_desk.random(); }
+
+private:
+    Desktop& m_desk;
+};
+
 class MySaverLifeTest : public EngineTest {
 protected:
     void setBounce()
@@ -223,6 +242,20 @@ TEST_F(MySaverLifeTest, sound_playsOnTheFirstScreenOnly)
     EXPECT_TRUE(preview.movieView()->isMuted());
     EXPECT_FALSE(first.movieView()->movie()->isMuted());
     EXPECT_TRUE(second.movieView()->movie()->isMuted());
+}
+
+// A process that has but one of the monitors, as under xscreensaver.
+TEST_F(MySaverLifeTest, sound_isOff_whenTheOnlyScreenIsNotTheFirstMonitor)
+{
+    setGoodPlaylist({"a.mov"});
+    set("SoundOn", "1");
+    OtherMonitorsDesktop elsewhere(desktop);
+    Window window({{{0, 0}, {1920, 1080}}, desktop.mainScreen(), QStringLiteral("host")});
+    MySaver saver({{0, 0}, {1920, 1080}}, false, {elsewhere, movies, store, trailers, signs});
+    window.setContentView(&saver);
+    saver.startAnimation();
+    EXPECT_TRUE(saver.movieView()->movie()->isMuted());
+    window.setContentView(nullptr);
 }
 
 TEST_F(MySaverLifeTest, sound_isOff_unlessSwitchedOn)

@@ -155,6 +155,13 @@ class Ending(GivenWindow):
                 process.terminate()
                 self.assertEqual(process.wait(timeout=5), -signal.SIGTERM)
 
+    def test_a_display_that_stands_still_does_not_hold_it_up(self):
+        process = self.showing(self.in_window())
+        self.server.signal(signal.SIGSTOP)
+        self.addCleanup(self.server.signal, signal.SIGCONT)
+        process.terminate()
+        self.assertIn(process.wait(timeout=BOUND), (1, -signal.SIGTERM))
+
     def test_a_log_that_nobody_reads_does_not_hold_it_up(self):
         process = self.showing(self.in_window())
         process.stderr.close()

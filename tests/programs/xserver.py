@@ -33,6 +33,9 @@ class XServer:
                 raise AssertionError("Xvfb did not come up")
             return stream.readline().strip()
 
+    def signal(self, number):
+        os.killpg(self._process.pid, number)
+
     def kill(self):
         """Ends it as a crash would."""
         os.killpg(self._process.pid, signal.SIGKILL)
