@@ -1,6 +1,7 @@
 """A program with a window that it hands over to Kestro, and what it hears of it itself."""
 
 import os
+import re
 import subprocess
 
 from harness import BOUND, wait_until
@@ -13,7 +14,9 @@ class Giver:
         self._server = server
         self._process = subprocess.Popen(["xev", "-geometry", geometry, "-bw", "0", "-name", "giver"],
                                          env={**os.environ, "DISPLAY": server.display}, stdin=subprocess.DEVNULL,
-                                         stdout=subprocess.PIPE, text=True)
+                                         stdout=subprocess.PIPE)
+        os.set_blocking(self._process.stdout.fileno(), False)
+        self._heard = b""
         self.number = int(wait_until(self._search, "the giver's window").split()[0])
 
     def _search(self):
@@ -31,10 +34,13 @@ class Giver:
 
     def hears(self, event):
         """Waits for an event at the window itself, and answers what xev says of it; fails where it never comes."""
-        for line in self._process.stdout:
-            if line.startswith(event):
-                return next(self._process.stdout)
-        raise AssertionError(f"no {event}")
+        return wait_until(lambda: self._said_of(event), event)
+
+    def _said_of(self, event):
+        """The line below the event's own, once it is there whole."""
+        self._heard += self._process.stdout.read() or b""
+        found = re.search(rf"^{event}.*\n(.*\n)".encode(), self._heard, re.M)
+        return found[1].decode() if found else None
 
     def close(self):
         self.destroy()
