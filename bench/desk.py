@@ -65,9 +65,18 @@ def cpu_seconds(pid):
 
 def peak_megabytes(pid):
     """The most memory a process held at once, in MiB."""
+    return status_megabytes(pid, "VmHWM")
+
+
+def megabytes(pid):
+    """The memory that a process holds now, in MiB."""
+    return status_megabytes(pid, "VmRSS")
+
+
+def status_megabytes(pid, field):
     with open(f"/proc/{pid}/status") as file:
         for line in file:
-            if line.startswith("VmHWM"):
+            if line.startswith(field):
                 return int(line.split()[1]) / 1024
     return 0.0
 

@@ -95,11 +95,37 @@ void AfterImageTrail::cancelCapture()
 void AfterImageTrail::draw(Painter& painter, bool overBackground)
 {
     const std::lock_guard lock(m_dictLock);
-    for (auto record = m_imgList.rbegin(); record != m_imgList.rend(); ++record) {
-        const Rect place{record->pos, record->image.size};
-        if (!overBackground) painter.fill(place, Qt::black);
-        if (record->shade > 0.0F) painter.draw(record->image, place, Compositing::SourceOver, record->shade);
-        record->shade = static_cast<float>(record->shade - shadeStep);
+    if (overBackground)
+        drawFaintly(painter);
+    else
+        drawOnBlack(painter);
+    for (Record& record : m_imgList)
+        record.shade = static_cast<float>(record.shade - shadeStep);
+}
+
+void AfterImageTrail::drawFaintly(Painter& painter) const
+{
+    for (auto record = m_imgList.rbegin(); record != m_imgList.rend(); ++record)
+        if (record->shade > 0.0F)
+            painter.draw(record->image, record->place(), Compositing::SourceOver, record->shade);
+}
+
+// On its black each still hides what is older, so that only the part of it is drawn that no newer one covers.
+void AfterImageTrail::drawOnBlack(Painter& painter) const
+{
+    std::vector<Rect> newer;
+    for (const Record& record : m_imgList) {
+        std::vector<Rect> seen{record.place()};
+        for (const Rect& place : newer)
+            seen = subtractRect(seen, place);
+        for (const Rect& part : seen) {
+            painter.fill(part, Qt::black);
+            if (record.shade <= 0.0F) continue;
+            painter.beginPart(part);
+            painter.draw(record.image, record.place(), Compositing::SourceOver, record.shade);
+            painter.endPart();
+        }
+        newer.push_back(record.place());
     }
 }
 
@@ -114,8 +140,17 @@ Rect AfterImageTrail::area() const
     const std::lock_guard lock(m_dictLock);
     Rect all;
     for (const auto& record : m_imgList)
-        all = unionRect(all, {record.pos, record.image.size});
+        all = unionRect(all, record.place());
     return all;
+}
+
+std::vector<Rect> AfterImageTrail::uncovered(const Rect& rect) const
+{
+    const std::lock_guard lock(m_dictLock);
+    std::vector<Rect> left{rect};
+    for (const auto& record : m_imgList)
+        left = subtractRect(left, record.place());
+    return left;
 }
 
 std::vector<float> AfterImageTrail::shades() const

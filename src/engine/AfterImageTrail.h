@@ -54,6 +54,8 @@ public:
     [[nodiscard]] int count() const;
     /// The part of the saver view that the stills cover, as one rectangle; empty when there are none.
     [[nodiscard]] Rect area() const;
+    /// The part of `rect` that no still covers, in pieces.
+    [[nodiscard]] std::vector<Rect> uncovered(const Rect& rect) const;
     /// Opacity of the next drawing of each still, newest first.
     [[nodiscard]] std::vector<float> shades() const;
 
@@ -62,10 +64,14 @@ private:
         Picture image;
         Point pos; ///< lower left corner, in the saver view
         float shade = 1.0F;
+
+        [[nodiscard]] Rect place() const { return {pos, image.size}; }
     };
 
     void queueImage(const Capture& capture, std::stop_token stop);
     void dropOldest();
+    void drawOnBlack(Painter& painter) const;
+    void drawFaintly(Painter& painter) const;
 
     std::function<void()> m_changed;
     QObject m_mainThread; ///< receives what the capture thread has to say

@@ -259,7 +259,8 @@ void MySaver::showSignWhileSearching()
 void MySaver::drawRect(Painter& painter, const Rect& rect)
 {
     if (m_sign.isShown()) return m_sign.draw(painter, bounds(), false);
-    ScreenSaverView::drawRect(painter, rect);
+    for (const Rect& part : m_trail.uncovered(rect))
+        ScreenSaverView::drawRect(painter, part);
     if (m_windowMode) m_trail.draw(painter, false);
 }
 

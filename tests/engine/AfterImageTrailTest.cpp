@@ -189,4 +189,47 @@ TEST_F(AfterImageTrailTest, draw_laysNewerStillsOnTop)
     EXPECT_EQ(canvasAt(30, 10), QColor(Qt::green));
 }
 
+TEST_F(AfterImageTrailTest, draw_isWhatDrawingEachStillWholeOldestFirstGives)
+{
+    (void)trail.queueImageNoThread(captureOf(Qt::red, {10, 10}));
+    draw();
+    (void)trail.queueImageNoThread(captureOf(Qt::green, {20, 15}));
+    draw();
+    (void)trail.queueImageNoThread(captureOf(Qt::white, {25, 5}, {10, 60}));
+    for (int drawing = 0; drawing < 10; ++drawing)
+        draw();
+    const auto shades = trail.shades();
+    canvas.fill(Qt::blue);
+    draw();
+    const auto faint = [](QColor colour, float shade) {
+        return QColor(qRound(colour.red() * shade), qRound(colour.green() * shade),
+                      qRound(colour.blue() * shade));
+    };
+    const auto isNear = [](QColor seen, QColor wanted) {
+        return qAbs(seen.red() - wanted.red()) <= 2 && qAbs(seen.green() - wanted.green()) <= 2 &&
+               qAbs(seen.blue() - wanted.blue()) <= 2;
+    };
+    for (int x = 0; x < 200; ++x)
+        for (int y = 0; y < 100; ++y) {
+            QColor wanted = Qt::blue;
+            if (x >= 10 && x < 50 && y >= 10 && y < 30) wanted = faint(Qt::red, shades[2]);
+            if (x >= 20 && x < 60 && y >= 15 && y < 35) wanted = faint(Qt::green, shades[1]);
+            if (x >= 25 && x < 35 && y >= 5 && y < 65) wanted = faint(Qt::white, shades[0]);
+            ASSERT_TRUE(isNear(canvasAt(x, y), wanted)) << x << ' ' << y;
+        }
+}
+
+TEST_F(AfterImageTrailTest, uncovered_isWhatNoStillCovers)
+{
+    (void)trail.queueImageNoThread(captureOf(Qt::red, {10, 10}));
+    (void)trail.queueImageNoThread(captureOf(Qt::red, {30, 20}));
+    float area = 0;
+    for (const Rect& part : trail.uncovered({{0, 0}, {200, 100}})) {
+        area += part.size.width * part.size.height;
+        EXPECT_TRUE(intersectionRect(part, {{10, 10}, {40, 20}}).isEmpty());
+        EXPECT_TRUE(intersectionRect(part, {{30, 20}, {40, 20}}).isEmpty());
+    }
+    EXPECT_EQ(area, 200 * 100 - 2 * 40 * 20 + 20 * 10);
+}
+
 } // namespace kestro

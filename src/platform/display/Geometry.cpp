@@ -40,6 +40,26 @@ Rect intersectionRect(const Rect& a, const Rect& b)
     return both.isEmpty() ? Rect{} : both;
 }
 
+std::vector<Rect> subtractRect(const std::vector<Rect>& rects, const Rect& hole)
+{
+    std::vector<Rect> left;
+    const auto keep = [&left](float x, float y, float right, float top) {
+        if (right > x && top > y) left.push_back({{x, y}, {right - x, top - y}});
+    };
+    for (const Rect& rect : rects) {
+        const Rect cut = intersectionRect(rect, hole);
+        if (cut.isEmpty()) {
+            left.push_back(rect);
+            continue;
+        }
+        keep(rect.left(), rect.bottom(), rect.right(), cut.bottom());
+        keep(rect.left(), cut.top(), rect.right(), rect.top());
+        keep(rect.left(), cut.bottom(), cut.left(), cut.top());
+        keep(cut.right(), cut.bottom(), rect.right(), cut.top());
+    }
+    return left;
+}
+
 QString stringFromPoint(Point point)
 {
     return QStringLiteral("{%1, %2}").arg(textOf(point.x), textOf(point.y));

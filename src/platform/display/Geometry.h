@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace kestro {
 
 // Points of the screen as 32-bit floats, origin at the bottom left, y upwards.
@@ -39,6 +41,9 @@ struct Rect {
 
 /// What both cover; an empty rectangle at (0, 0) where they do not meet.
 [[nodiscard]] Rect intersectionRect(const Rect& a, const Rect& b);
+
+/// What `rects` cover and `hole` does not, as rectangles that do not overlap where the given ones do not.
+[[nodiscard]] std::vector<Rect> subtractRect(const std::vector<Rect>& rects, const Rect& hole);
 
 /// A point as text and back: "{12, -3.5}". Text that is none reads as (0, 0).
 [[nodiscard]] QString stringFromPoint(Point point);

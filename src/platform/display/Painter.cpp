@@ -33,11 +33,29 @@ void Painter::draw(const Picture& picture, const Rect& rect, Compositing composi
     // The device's own copy mode would mix a faint picture with what is there instead of replacing it.
     if (compositing == Compositing::Copy) clear(pixels);
     if (opacity <= 0 || picture.isNull()) return;
-    if (m_record) m_record->noteDrawn(pixels);
+    if (m_record) m_record->noteDrawn(inPart(pixels));
     m_device.setOpacity(qMin(opacity, 1.0));
     m_device.setRenderHint(QPainter::SmoothPixmapTransform, pixels.size() != picture.image.size());
     m_device.drawImage(pixels, picture.image, picture.image.rect());
     m_device.setOpacity(1);
+}
+
+void Painter::beginPart(const Rect& part)
+{
+    m_part = pixelRect(part);
+    m_device.save();
+    m_device.setClipRect(*m_part, Qt::IntersectClip);
+}
+
+void Painter::endPart()
+{
+    m_device.restore();
+    m_part.reset();
+}
+
+QRect Painter::inPart(const QRect& pixels) const
+{
+    return m_part ? pixels & *m_part : pixels;
 }
 
 QPainter& Painter::device()
@@ -52,9 +70,9 @@ void Painter::noteFill(const QRect& pixels, int alpha)
     if (!m_record) return;
     // Who has the device may have narrowed its clip: then not all of the rectangle is filled.
     if (m_isDeviceOut)
-        m_record->noteReplaced(pixels);
+        m_record->noteReplaced(inPart(pixels));
     else
-        m_record->noteFill(pixels, alpha);
+        m_record->noteFill(inPart(pixels), alpha);
 }
 
 QRectF Painter::deviceRect(const Rect& rect) const
