@@ -17,6 +17,7 @@ KESTRO = os.environ["KESTRO"]
 BOUND = 60  # seconds that anything here may take before it counts as hung
 
 RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 128, 0), (0, 0, 255), (0, 0, 0)
+IS_HALF = bytes(value >= 128 for value in range(256))  # tells bright bytes from dark ones
 COLOURS = {"red": RED, "green": GREEN, "blue": BLUE}
 
 
@@ -41,10 +42,12 @@ def movie_folder():
 
 
 @functools.cache
-def movie(name, colour="red", seconds=2, size="160x120", rate=10):
-    """A movie of one colour; `name` tells movies of the same looks apart."""
+def movie(name, colour="red", seconds=2, size="160x120", rate=10, is_blinking=False):
+    """A movie of one colour, every other second black if it blinks; `name` tells movies of the same looks apart."""
     path = movie_folder() / f"{name}.mp4"
     source = f"color=c={colour}:s={size}:r={rate}:d={seconds}"
+    if is_blinking:
+        source += ",drawbox=color=black:t=fill:enable='lt(mod(t,2),1)'"
     command = ["ffmpeg", "-nostdin", "-v", "error", "-y", "-f", "lavfi", "-i", source]
     command += ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-g", "10", str(path)]
     subprocess.run(command, check=True, timeout=BOUND, stdin=subprocess.DEVNULL)
@@ -185,6 +188,21 @@ class Pixels:
     def is_near(self, x, y, colour):
         """Whether the pixel has the colour, but for what packing a movie does to it."""
         return all(abs(a - b) < 24 for a, b in zip(self.at(x, y), colour))
+
+    def box_of_red(self, left, top, width, height):
+        """(left, top, width, height) of what is red in a part of the picture; nothing where nothing is."""
+        rows = [self._red_columns(left, top + row, width) for row in range(height)]
+        red = [(row, columns) for row, columns in enumerate(rows) if columns]
+        if not red:
+            return None
+        first, last = min(columns[0] for _, columns in red), max(columns[1] for _, columns in red)
+        return left + first, top + red[0][0], last - first + 1, red[-1][0] - red[0][0] + 1
+
+    def _red_columns(self, left, y, width):
+        """The first and the last red column of a row, counted from its left end."""
+        start = 3 * (y * self.width + left)
+        row = self.bytes[start : start + 3 * width : 3].translate(IS_HALF)
+        return (row.find(1), row.rfind(1)) if 1 in row else None
 
     def is_blank(self):
         return not any(self.bytes)
