@@ -92,13 +92,13 @@ void AfterImageTrail::cancelCapture()
     m_thread.join();
 }
 
-void AfterImageTrail::draw(Painter& painter, bool overBackground)
+void AfterImageTrail::draw(Painter& painter, bool overBackground, const Rect& hidden)
 {
     const std::lock_guard lock(m_dictLock);
     if (overBackground)
         drawFaintly(painter);
     else
-        drawOnBlack(painter);
+        drawOnBlack(painter, hidden);
     for (Record& record : m_imgList)
         record.shade = static_cast<float>(record.shade - shadeStep);
 }
@@ -111,9 +111,9 @@ void AfterImageTrail::drawFaintly(Painter& painter) const
 }
 
 // On its black each still hides what is older, so that only the part of it is drawn that no newer one covers.
-void AfterImageTrail::drawOnBlack(Painter& painter) const
+void AfterImageTrail::drawOnBlack(Painter& painter, const Rect& hidden) const
 {
-    std::vector<Rect> newer;
+    std::vector<Rect> newer{hidden};
     for (const Record& record : m_imgList) {
         std::vector<Rect> seen{record.place()};
         for (const Rect& place : newer)
@@ -144,10 +144,10 @@ Rect AfterImageTrail::area() const
     return all;
 }
 
-std::vector<Rect> AfterImageTrail::uncovered(const Rect& rect) const
+std::vector<Rect> AfterImageTrail::uncovered(const Rect& rect, const Rect& hidden) const
 {
     const std::lock_guard lock(m_dictLock);
-    std::vector<Rect> left{rect};
+    std::vector<Rect> left = subtractRect({rect}, hidden);
     for (const auto& record : m_imgList)
         left = subtractRect(left, record.place());
     return left;

@@ -48,14 +48,15 @@ public:
     /// Gives up a still that is being taken.
     void cancelCapture();
 
-    /// Draws every still, oldest first, and ages it; without a background saver each on black of its size.
-    void draw(Painter& painter, bool overBackground);
+    /// Draws every still, oldest first, and ages it; without a background saver each on black of its size,
+    /// and only outside `hidden`, a rectangle of the saver view that something else covers.
+    void draw(Painter& painter, bool overBackground, const Rect& hidden = {});
 
     [[nodiscard]] int count() const;
     /// The part of the saver view that the stills cover, as one rectangle; empty when there are none.
     [[nodiscard]] Rect area() const;
-    /// The part of `rect` that no still covers, in pieces.
-    [[nodiscard]] std::vector<Rect> uncovered(const Rect& rect) const;
+    /// The part of `rect` that no still covers, nor `hidden`, in pieces.
+    [[nodiscard]] std::vector<Rect> uncovered(const Rect& rect, const Rect& hidden = {}) const;
     /// Opacity of the next drawing of each still, newest first.
     [[nodiscard]] std::vector<float> shades() const;
 
@@ -70,7 +71,7 @@ private:
 
     void queueImage(const Capture& capture, std::stop_token stop);
     void dropOldest();
-    void drawOnBlack(Painter& painter) const;
+    void drawOnBlack(Painter& painter, const Rect& hidden) const;
     void drawFaintly(Painter& painter) const;
 
     std::function<void()> m_changed;

@@ -33,6 +33,11 @@ void ViewStage::setMovieFrame(MovieFrame& frame, const Rect& rect)
     static_cast<KTMovieView&>(frame).setFrame(rect);
 }
 
+Rect ViewStage::coveredBy(const MovieFrame&) const
+{
+    return {};
+}
+
 WindowStage::WindowStage(View& saver, const MovieFramePlatform& platform)
     : m_saver(saver)
     , m_platform(platform)
@@ -59,6 +64,13 @@ void WindowStage::removeMovieFrame(MovieFrame& frame)
 void WindowStage::setMovieFrame(MovieFrame& frame, const Rect& rect)
 {
     static_cast<KTMovieWindow&>(frame).setFrameDisplay(rect, true);
+}
+
+Rect WindowStage::coveredBy(const MovieFrame& frame) const
+{
+    const auto& window = static_cast<const KTMovieWindow&>(frame);
+    const bool covers = window.isVisible() && !window.contentView()->isHoldingPicture();
+    return covers ? window.frame() : Rect{};
 }
 
 } // namespace kestro

@@ -24,6 +24,9 @@ public:
     virtual void removeMovieFrame(MovieFrame& frame) = 0;
     /// Moves and sizes the frame: in the view's coordinates, or the desk's for a window.
     virtual void setMovieFrame(MovieFrame& frame, const Rect& rect) = 0;
+    /// The part of the desk that the frame covers, whatever lies below it; empty where it is part of the
+    /// saver's view, and while it shows nothing.
+    [[nodiscard]] virtual Rect coveredBy(const MovieFrame& frame) const = 0;
 };
 
 /// The movie is a view on the saver's view.
@@ -35,6 +38,7 @@ public:
     void addMovieFrame(MovieFrame& frame) override;
     void removeMovieFrame(MovieFrame& frame) override;
     void setMovieFrame(MovieFrame& frame, const Rect& rect) override;
+    [[nodiscard]] Rect coveredBy(const MovieFrame& frame) const override;
 
 private:
     View& m_saver;
@@ -50,6 +54,7 @@ public:
     void addMovieFrame(MovieFrame& frame) override;
     void removeMovieFrame(MovieFrame& frame) override;
     void setMovieFrame(MovieFrame& frame, const Rect& rect) override;
+    [[nodiscard]] Rect coveredBy(const MovieFrame& frame) const override;
 
 private:
     View& m_saver;

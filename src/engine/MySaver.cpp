@@ -167,6 +167,7 @@ bool MySaver::_resetMovie()
     applySound();
     resetMovieViewFrame();
     m_stage->addMovieFrame(*m_movieView);
+    if (m_windowMode) setNeedsDisplay(true);
     return true;
 }
 
@@ -259,9 +260,20 @@ void MySaver::showSignWhileSearching()
 void MySaver::drawRect(Painter& painter, const Rect& rect)
 {
     if (m_sign.isShown()) return m_sign.draw(painter, bounds(), false);
-    for (const Rect& part : m_trail.uncovered(rect))
+    const Rect hidden = coveredByMovie();
+    m_notDrawn = hidden;
+    for (const Rect& part : m_trail.uncovered(rect, hidden))
         ScreenSaverView::drawRect(painter, part);
-    if (m_windowMode) m_trail.draw(painter, false);
+    if (m_windowMode) m_trail.draw(painter, false, hidden);
+}
+
+// What the movie's window hides need not be drawn: it is at the next tick, when the window has moved on.
+Rect MySaver::coveredByMovie() const
+{
+    if (!m_movieView) return {};
+    const Rect covered = m_stage->coveredBy(*m_movieView);
+    const Point screen = m_geometry.screenFrame().origin;
+    return covered.movedBy({-screen.x, -screen.y});
 }
 
 SaverSnapshot MySaver::snapshot() const

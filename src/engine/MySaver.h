@@ -101,6 +101,7 @@ private:
     // what is left behind
     [[nodiscard]] bool hasEffects() const;
     [[nodiscard]] Point placeInView() const;
+    [[nodiscard]] Rect coveredByMovie() const;
     [[nodiscard]] AfterImageTrail::Capture captureAt(Point place) const;
     void afterImageEffect();
     void queueImageNoThread();
@@ -117,6 +118,7 @@ private:
     AfterImageTrail m_trail;
     std::unique_ptr<MovieStage> m_stage;
     std::unique_ptr<MovieFrame> m_movieView;
+    Rect m_notDrawn;       ///< what the movie's window hid at the last drawing; drawn once it has moved on
     double m_flyTime = 0;  ///< clock time of the last re-placement
     int m_stepCount = 11;  ///< window mode: ticks since the last capture; the first tick takes one
     int m_failedLoads = 0; ///< movies in a row that failed after they were opened

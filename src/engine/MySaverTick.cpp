@@ -65,7 +65,7 @@ void MySaver::moveMovieWindow()
         m_stepCount = 0;
     } else {
         ++m_stepCount;
-        setNeedsDisplayInRect(m_trail.area());
+        setNeedsDisplayInRect(unionRect(m_trail.area(), m_notDrawn));
     }
     m_movieView->setFrameOrigin(
         m_bounce.newRectFromScreen(m_movieView->frame(), m_geometry.screenFrame()).origin);

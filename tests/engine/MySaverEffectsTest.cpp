@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace kestro {
 
 namespace {
@@ -140,6 +142,35 @@ TEST_F(MySaverEffectsTest, bounce_showsTheStillBehindTheMovieAtTheWindowsSize)
     const int seen = pixelAt(static_cast<int>(corner.x), static_cast<int>(corner.y)).red();
     EXPECT_GT(seen, 180);
     EXPECT_LT(seen, 255);
+}
+
+// What the window hid when the trail was last drawn is made good as soon as it moves on.
+TEST_F(MySaverEffectsTest, bounce_leavesNothingButTheTrailBehindTheWindow)
+{
+    setMode("1");
+    setGoodPlaylist({"a.mov"}, 10000);
+    describe("a.mov", {.naturalSize = {640, 360}, .seconds = 10000, .colour = Qt::white});
+    auto& saver = started();
+    std::vector<Rect> stills;
+    for (int i = 0; i < 700; ++i) {
+        const Rect before = saver.movieView()->frame();
+        const bool takes = i % 11 == 0;
+        tickAndSettle(saver);
+        if (takes) stills.insert(stills.begin(), before);
+        if (stills.size() > 5) stills.pop_back();
+        if (i % 7 != 0) continue;
+        stills.push_back(saver.movieView()->frame());
+        for (int x = 3; x < 1920; x += 37)
+            for (int y = 5; y < 1080; y += 31) {
+                const Rect point{{static_cast<float>(x), static_cast<float>(y)}, {1, 1}};
+                const auto covers = [&](const Rect& still) {
+                    return !intersectionRect(still, point).isEmpty();
+                };
+                const bool isCovered = std::any_of(stills.begin(), stills.end(), covers);
+                ASSERT_TRUE(isCovered || pixelAt(x, y) == QColor(Qt::black)) << i << ": " << x << ' ' << y;
+            }
+        stills.pop_back();
+    }
 }
 
 TEST_F(MySaverEffectsTest, bounce_takesAStillAtASwitch_whenThereAreMoreEntries)
