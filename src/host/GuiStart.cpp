@@ -27,6 +27,12 @@ QString named(const char* variable)
     std::_Exit(ExitFailure);
 }
 
+[[noreturn]] void leaveWithoutX11()
+{
+    complain(QStringLiteral("A window can be handed over under X11 alone, and DISPLAY names no X11 display"));
+    std::exit(ExitFailure);
+}
+
 bool hasDisplay()
 {
     const auto isSet = [](const char* variable) { return !qEnvironmentVariableIsEmpty(variable); };
@@ -85,6 +91,7 @@ std::unique_ptr<QGuiApplication> startGui()
 
 std::unique_ptr<QGuiApplication> startGuiInGivenWindow()
 {
+    if (qEnvironmentVariableIsEmpty("DISPLAY")) leaveWithoutX11();
     qputenv("QT_QPA_PLATFORM", "xcb");
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
     for (const char* variable : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "SESSION_MANAGER"})

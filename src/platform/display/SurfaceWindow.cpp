@@ -16,11 +16,21 @@ SurfaceWindow::SurfaceWindow(Qt::WindowFlags flags)
 
 bool SurfaceWindow::event(QEvent* event)
 {
+    if (event->type() == QEvent::Enter) hideCursorAgain();
     if (event->type() != QEvent::Close) return QWindow::event(event);
     // Whether that ends the program is not for the window to decide.
     event->ignore();
     tell(InputEvent::Kind::CloseRequest, {});
     return true;
+}
+
+// Under Wayland a pointer's looks can be set only while it is in the window, and Qt does not tell the
+// compositor what it believes to have told before.
+void SurfaceWindow::hideCursorAgain()
+{
+    if (cursor().shape() != Qt::BlankCursor) return;
+    setCursor(Qt::ArrowCursor);
+    setCursor(Qt::BlankCursor);
 }
 
 void SurfaceWindow::exposeEvent(QExposeEvent*)

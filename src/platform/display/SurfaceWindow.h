@@ -30,6 +30,7 @@ protected:
     void touchEvent(QTouchEvent* event) override;
 
 private:
+    void hideCursorAgain();
     void tell(InputEvent::Kind kind, QPointF position) const;
 
     std::function<void(const InputEvent&)> m_onInput;
