@@ -116,6 +116,29 @@ class Ending(DisplayTest):
         self.server.run("xdotool", "getmouselocation")
         return self.shows(320, 240, RED)
 
+    def test_a_server_that_dies_ends_it_without_a_crash(self):
+        process = self.start_showing_red()
+        self.server.kill()
+        status, errors = self.ended(process)
+        self.assertEqual(status, 1, errors)
+
+    def test_it_goes_on_after_it_was_stopped(self):
+        self.home.play([movie("blinking", "red", seconds=60, is_blinking=True)], FullScreenMode="1")
+        process = self.start_showing_red()
+        process.send_signal(signal.SIGSTOP)
+        wait_until(lambda: self.state_of(process) == "T", "the process to stand still")
+        self.server.run("xdotool", "getmouselocation")
+        process.send_signal(signal.SIGCONT)
+        for colour in (BLACK, RED, BLACK):
+            wait_until(lambda wanted=colour: process.poll() is not None or self.shows(320, 240, wanted), "the movie")
+            self.assertIsNone(process.poll())
+        process.terminate()
+        self.assertEqual(self.ended(process)[0], 0)
+
+    @staticmethod
+    def state_of(process):
+        return pathlib.Path(f"/proc/{process.pid}/stat").read_text().rsplit(")", 1)[1].split()[0]
+
     def test_a_server_that_does_not_answer_does_not_hold_it_up(self):
         with socket.create_server(("127.0.0.1", 0)) as silent:
             self.home.play([f"http://127.0.0.1:{silent.getsockname()[1]}/a.mp4"], Continue="1", FullScreenMode="1")

@@ -6,7 +6,7 @@ import unittest
 from harness import BLACK, RED, ProgramTest, movie, wait_until
 from wayland import Pointer, Session
 
-LEFT, RIGHT = (400, 300, 0, 0), (320, 240, 400, 0)
+LEFT, RIGHT, BELOW = (400, 300, 0, 0), (320, 240, 400, 0), (80, 60, 400, 240)
 
 
 class WaylandTest(ProgramTest):
@@ -58,6 +58,14 @@ class Showing(WaylandTest):
         self.showing(self.start(), LEFT, RIGHT)
         picture = self.session.picture()
         self.assertTrue(all(picture.is_near(x, y, RED) for x in range(180, 230) for y in range(130, 180)))
+
+    def test_an_output_that_appears_gets_a_view(self):
+        process = self.showing(self.start(), LEFT, RIGHT)
+        self.session.tell("create_output")
+        # The view alone is looked at: sway left this output black, whatever was committed to it.
+        self.until(process, lambda: self.session.views() == sorted([LEFT, RIGHT, BELOW]), "three views")
+        process.terminate()
+        self.assertEndsWell(process)
 
     def test_an_output_of_another_size_has_the_movie_resized(self):
         process = self.showing(self.start(), LEFT, RIGHT)
