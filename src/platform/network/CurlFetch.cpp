@@ -1,0 +1,50 @@
+#include "platform/network/CurlFetch.h"
+
+#include "platform/network/HttpReader.h"
+#include "platform/network/LocalFile.h"
+
+#include <QUrl>
+
+namespace kestro {
+
+CurlFetch::CurlFetch(FetchLimits limits)
+    : m_limits(limits)
+    , m_http(std::make_unique<HttpReader>(limits))
+{
+}
+
+CurlFetch::~CurlFetch() = default;
+
+Result<QByteArray> CurlFetch::fetch(const QUrl& url)
+{
+    const Cancellation::Watch watch(m_cancellation);
+    const auto failed = [&](const QString& why) {
+        return Error{QStringLiteral("Cannot read %1: %2").arg(url.toString(), why).simplified()};
+    };
+    if (watch.isCancelled()) return failed(QStringLiteral("cancelled"));
+    auto bytes = read(url, watch);
+    if (watch.isCancelled()) return failed(QStringLiteral("cancelled"));
+    if (!bytes) return failed(bytes.error());
+    return bytes;
+}
+
+Result<QByteArray> CurlFetch::read(const QUrl& url, const Cancellation::Watch& watch)
+{
+    if (!url.isValid()) return Error{QStringLiteral("no valid URL")};
+    if (url.scheme() == u"file") return readLocalFile(url, m_limits.bytes, watch);
+    if (url.scheme() == u"http" || url.scheme() == u"https") return m_http->read(url, watch);
+    return Error{QStringLiteral("neither http, https nor file")};
+}
+
+void CurlFetch::cancel()
+{
+    m_cancellation.cancel();
+    m_http->wake();
+}
+
+void CurlFetch::allow()
+{
+    m_cancellation.allow();
+}
+
+} // namespace kestro

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/network/Cancellation.h"
+#include "platform/network/Fetch.h"
+
+#include <memory>
+
+namespace kestro {
+
+class HttpReader;
+
+/// Fetches with libcurl, and files without. Keeps its connections open from one fetch to the next. Owned by
+/// who crawls; fetch() on one thread at a time, cancel() and allow() on any.
+class CurlFetch final : public Fetch {
+public:
+    explicit CurlFetch(FetchLimits limits = {});
+    ~CurlFetch() override;
+
+    Result<QByteArray> fetch(const QUrl& url) override;
+    void cancel() override;
+    void allow() override;
+
+private:
+    Result<QByteArray> read(const QUrl& url, const Cancellation::Watch& watch);
+
+    FetchLimits m_limits;
+    Cancellation m_cancellation;
+    std::unique_ptr<HttpReader> m_http;
+};
+
+} // namespace kestro

@@ -1,0 +1,7 @@
+#include "platform/network/Fetch.h"
+
+namespace kestro {
+
+Fetch::~Fetch() = default;
+
+} // namespace kestro

@@ -1,0 +1,127 @@
+#include "platform/network/HttpReader.h"
+
+#include "platform/network/HttpTransfer.h"
+
+#include <QUrl>
+
+#include <cmath>
+#include <curl/curl.h>
+
+namespace kestro {
+
+namespace {
+
+/// Sets libcurl up once for the process; it is never taken down, as others may use it too. Answers whether it
+/// is.
+bool startedCurl()
+{
+    static const CURLcode code = curl_global_init(CURL_GLOBAL_DEFAULT);
+    return code == CURLE_OK;
+}
+
+long milliseconds(double seconds)
+{
+    return std::max(1L, std::lround(seconds * 1000));
+}
+
+} // namespace
+
+/// libcurl's handles: one transfer, used over and over, and what runs it and keeps the connections.
+class HttpReader::Handles final {
+public:
+    explicit Handles(const FetchLimits& limits)
+    {
+        if (easy) setUp(limits);
+    }
+    ~Handles()
+    {
+        curl_easy_cleanup(easy);
+        curl_multi_cleanup(multi);
+        curl_slist_free_all(headers);
+    }
+    Handles(const Handles&) = delete;
+    Handles& operator=(const Handles&) = delete;
+
+    CURL* easy = startedCurl() ? curl_easy_init() : nullptr;
+    CURLM* multi = curl_multi_init();
+
+private:
+    void setUp(const FetchLimits& limits)
+    {
+        curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+        // A search for a server's address that hangs is left behind, not waited for.
+        curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
+        curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
+        curl_easy_setopt(easy, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+        curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 1L);
+        curl_easy_setopt(easy, CURLOPT_MAXREDIRS, static_cast<long>(limits.redirects));
+        curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, milliseconds(limits.connectSeconds));
+        curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits.bytes));
+        curl_easy_setopt(easy, CURLOPT_HTTPHEADER, headers);
+        curl_easy_setopt(easy, CURLOPT_USERAGENT, "Kestro");
+    }
+
+    curl_slist* headers = curl_slist_append(nullptr, "Accept-Encoding: identity");
+};
+
+namespace {
+
+/// A transfer among those that a multi handle runs, while this lives.
+class Running final {
+public:
+    Running(CURLM* multi, CURL* easy)
+        : m_multi(multi)
+        , m_easy(easy)
+    {
+        curl_multi_add_handle(multi, easy);
+    }
+    ~Running() { curl_multi_remove_handle(m_multi, m_easy); }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+    /// How the transfer ended, once it has.
+    [[nodiscard]] CURLcode code() const
+    {
+        int left = 0;
+        while (const CURLMsg* message = curl_multi_info_read(m_multi, &left))
+            if (message->msg == CURLMSG_DONE && message->easy_handle == m_easy) return message->data.result;
+        return CURLE_FAILED_INIT;
+    }
+
+private:
+    CURLM* m_multi;
+    CURL* m_easy;
+};
+
+} // namespace
+
+HttpReader::HttpReader(const FetchLimits& limits)
+    : m_handles(std::make_unique<Handles>(limits))
+    , m_limits(limits)
+{
+}
+
+HttpReader::~HttpReader() = default;
+
+Result<QByteArray> HttpReader::read(const QUrl& url, const Cancellation::Watch& watch)
+{
+    if (!m_handles->easy || !m_handles->multi) return Error{QStringLiteral("libcurl does not start")};
+    HttpTransfer transfer(m_handles->easy, m_limits, watch);
+    curl_easy_setopt(m_handles->easy, CURLOPT_URL, url.toEncoded(QUrl::RemoveFragment).constData());
+    const Running running(m_handles->multi, m_handles->easy);
+    for (int count = 1;;) {
+        if (curl_multi_perform(m_handles->multi, &count) != CURLM_OK) break;
+        if (count == 0) break;
+        if (watch.isCancelled()) return Error{QStringLiteral("cancelled")};
+        if (transfer.isTooSilent()) return Error{QStringLiteral("the server keeps silent")};
+        curl_multi_poll(m_handles->multi, nullptr, 0, transfer.patience(), nullptr);
+    }
+    return transfer.result(running.code());
+}
+
+void HttpReader::wake()
+{
+    if (m_handles->multi) curl_multi_wakeup(m_handles->multi);
+}
+
+} // namespace kestro

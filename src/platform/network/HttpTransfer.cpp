@@ -1,0 +1,109 @@
+#include "platform/network/HttpTransfer.h"
+
+#include "platform/network/FetchError.h"
+
+#include <algorithm>
+
+namespace kestro {
+
+namespace {
+
+constexpr int longestWait = 1000;
+
+HttpTransfer& transferOf(void* self)
+{
+    return *static_cast<HttpTransfer*>(self);
+}
+
+} // namespace
+
+HttpTransfer::HttpTransfer(CURL* easy, const FetchLimits& limits, const Cancellation::Watch& watch)
+    : m_easy(easy)
+    , m_limits(limits)
+    , m_watch(watch)
+{
+    curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_words.data());
+    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &onBody);
+    curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
+    curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &onHeader);
+    curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
+    curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, &onConnected);
+    curl_easy_setopt(easy, CURLOPT_PREREQDATA, this);
+    curl_easy_setopt(easy, CURLOPT_XFERINFOFUNCTION, &onProgress);
+    curl_easy_setopt(easy, CURLOPT_XFERINFODATA, this);
+    curl_easy_setopt(easy, CURLOPT_NOPROGRESS, 0L);
+}
+
+HttpTransfer::~HttpTransfer()
+{
+    curl_easy_setopt(m_easy, CURLOPT_ERRORBUFFER, nullptr);
+    curl_easy_setopt(m_easy, CURLOPT_NOPROGRESS, 1L);
+}
+
+size_t HttpTransfer::onBody(char* bytes, size_t size, size_t count, void* self)
+{
+    HttpTransfer& transfer = transferOf(self);
+    const auto length = static_cast<qsizetype>(size) * static_cast<qsizetype>(count);
+    transfer.m_isTooLarge = transfer.m_body.size() + length > transfer.m_limits.bytes;
+    if (transfer.m_isTooLarge) return CURL_WRITEFUNC_ERROR;
+    transfer.m_body.append(bytes, length);
+    return size * count;
+}
+
+size_t HttpTransfer::onHeader(char*, size_t size, size_t count, void* self)
+{
+    HttpTransfer& transfer = transferOf(self);
+    transfer.m_silentSince = Clock::now();
+    transfer.m_headerBytes += static_cast<qint64>(size * count);
+    transfer.m_isTooLarge = transfer.m_headerBytes > transfer.m_limits.bytes;
+    return transfer.m_isTooLarge ? CURL_WRITEFUNC_ERROR : size * count;
+}
+
+int HttpTransfer::onConnected(void* self, char*, char*, int, int)
+{
+    transferOf(self).m_silentSince = Clock::now();
+    return CURL_PREREQFUNC_OK;
+}
+
+// Counts what a redirecting server sends as well, of which onBody hears nothing.
+int HttpTransfer::onProgress(void* self, curl_off_t, curl_off_t downloaded, curl_off_t, curl_off_t)
+{
+    HttpTransfer& transfer = transferOf(self);
+    if (downloaded != transfer.m_downloaded) transfer.m_silentSince = Clock::now();
+    transfer.m_downloaded = downloaded;
+    if (downloaded > transfer.m_limits.bytes) transfer.m_isTooLarge = true;
+    return transfer.m_isTooLarge || transfer.m_watch.isCancelled();
+}
+
+bool HttpTransfer::isTooSilent() const
+{
+    return m_silentSince &&
+           Clock::now() - *m_silentSince >= std::chrono::duration<double>(m_limits.silenceSeconds);
+}
+
+int HttpTransfer::patience() const
+{
+    return static_cast<int>(std::clamp(m_limits.silenceSeconds * 250, 1.0, double(longestWait)));
+}
+
+bool HttpTransfer::hasGoodStatus() const
+{
+    long status = 0;
+    curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
+    return status >= 200 && status < 300;
+}
+
+Result<QByteArray> HttpTransfer::result(CURLcode code)
+{
+    if (m_isTooLarge || code == CURLE_FILESIZE_EXCEEDED) return tooLarge(m_limits.bytes);
+    if (code != CURLE_OK) {
+        const char* words = m_words[0] != '\0' ? m_words.data() : curl_easy_strerror(code);
+        return Error{QString::fromUtf8(words)};
+    }
+    if (hasGoodStatus()) return std::move(m_body);
+    long status = 0;
+    curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
+    return Error{QStringLiteral("the server answers with status %1").arg(status)};
+}
+
+} // namespace kestro

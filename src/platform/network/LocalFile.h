@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/base/Result.h"
+#include "platform/network/Cancellation.h"
+
+#include <QByteArray>
+
+class QUrl;
+
+namespace kestro {
+
+/// The bytes of the plain file that a file URL names, `limit` at most. A folder, a pipe or a device is an
+/// error, never a wait. Any thread.
+[[nodiscard]] Result<QByteArray> readLocalFile(const QUrl& url, qint64 limit,
+                                               const Cancellation::Watch& watch);
+
+} // namespace kestro
