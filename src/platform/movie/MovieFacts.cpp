@@ -50,6 +50,25 @@ static double pictureSecondsOf(const AVStream& stream)
     return isConstant ? 1 / average : 0;
 }
 
+static double picturesPerSecondOf(const AVStream& stream)
+{
+    const double average = av_q2d(stream.avg_frame_rate);
+    return average > 0 && std::isfinite(average) ? average : MovieFacts{}.picturesPerSecond;
+}
+
+static bool isNewerCodec(AVCodecID codec)
+{
+    switch (codec) {
+    case AV_CODEC_ID_HEVC:
+    case AV_CODEC_ID_VP9:
+    case AV_CODEC_ID_AV1:
+    case AV_CODEC_ID_VVC:
+        return true;
+    default:
+        return false;
+    }
+}
+
 MovieFacts movieFacts(const AvInput& input)
 {
     AVFormatContext* const context = input.context();
@@ -62,6 +81,8 @@ MovieFacts movieFacts(const AvInput& input)
         .rotation = clockwiseRotation(*stream),
         .seconds = durationOf(*context, *stream),
         .pictureSeconds = pictureSecondsOf(*stream),
+        .picturesPerSecond = picturesPerSecondOf(*stream),
+        .hasNewerCodec = isNewerCodec(stream->codecpar->codec_id),
         .hasSound = sound >= 0,
     };
 }

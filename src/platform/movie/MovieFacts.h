@@ -10,10 +10,12 @@ class AvInput;
 struct MovieFacts {
     int codedWidth = 0; ///< pixels, as stored
     int codedHeight = 0;
-    double pixelAspect = 1;    ///< width of a pixel over its height
-    int rotation = 0;          ///< degrees clockwise to turn it upright: 0, 90, 180 or 270
-    double seconds = 0;        ///< duration; 0 when unknown
-    double pictureSeconds = 0; ///< from one picture to the next; 0 when that varies
+    double pixelAspect = 1;        ///< width of a pixel over its height
+    int rotation = 0;              ///< degrees clockwise to turn it upright: 0, 90, 180 or 270
+    double seconds = 0;            ///< duration; 0 when unknown
+    double pictureSeconds = 0;     ///< from one picture to the next; 0 when that varies
+    double picturesPerSecond = 30; ///< on average; a guess when unknown
+    bool hasNewerCodec = false;    ///< newer than H.264, harder to decode
     bool hasSound = false;
 
     /// Whether turning it upright swaps its sides.

@@ -1,6 +1,7 @@
 #include "platform/movie/MpvMovie.h"
 
 #include "platform/base/Log.h"
+#include "platform/movie/DecoderThreads.h"
 #include "platform/movie/KeyframeDistance.h"
 
 #include <QThread>
@@ -69,6 +70,12 @@ MpvMovie::MpvMovie(const QUrl& url, std::optional<MovieFacts> facts, const MpvMo
 
 MpvMovie::~MpvMovie() = default;
 
+static int threadsFor(const std::optional<MovieFacts>& facts)
+{
+    const int cores = QThread::idealThreadCount();
+    return facts ? decoderThreads(*facts, cores) : decoderThreadsOfUnknown(cores);
+}
+
 bool MpvMovie::ensurePlayer()
 {
     if (m_player || m_failed) return m_player != nullptr;
@@ -77,6 +84,7 @@ bool MpvMovie::ensurePlayer()
                                  .start = m_start,
                                  .pictureSeconds = m_facts ? m_facts->pictureSeconds : 0,
                                  .rotation = m_facts ? m_facts->rotation : 0,
+                                 .decoderThreads = threadsFor(m_facts),
                                  .reversible = turns(),
                                  .hasSound = !m_facts || m_facts->hasSound,
                                  .muted = m_muted,

@@ -56,7 +56,6 @@ static MpvHandle::Options plainOptions()
         {"hr-seek", "yes"},
         {"keep-open", "yes"},
         {"keep-open-pause", "no"},
-        {"vd-lavc-threads", "2"},
         {"pause", "yes"},
     };
 }
@@ -119,6 +118,7 @@ MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
     for (auto&& group :
          {pictureOptions(), decoderOptions(setup), sourceOptions(setup.url.isLocalFile(), setup.options)})
         options.insert(options.end(), group.begin(), group.end());
+    options.emplace_back("vd-lavc-threads", QByteArray::number(setup.decoderThreads));
     options.emplace_back("vf", rotationFilter(setup.rotation));
     options.emplace_back("aid", setup.muted ? "no" : "auto");
     options.emplace_back("volume", mpvVolume(setup.volume));

@@ -4,6 +4,7 @@
 #include "platform/display/Layer.h"
 #include "platform/movie/AvInput.h"
 #include "platform/movie/MpvOptions.h"
+#include "platform/movie/MpvTracks.h"
 
 #include <QPointer>
 
@@ -164,7 +165,7 @@ void MpvPlayer::handleReply(const mpv_event& event)
         if (event.error < 0 && isAboutThisMove) arrive(); // cannot be sought: it is where it was
         return;
     case EndReached:
-        if (isAboutThisMove && !m_moving && valueOf(event, MPV_FORMAT_FLAG, 0)) m_listener.playerReachedEnd();
+        if (isAboutThisMove && !m_moving && valueOf(event, MPV_FORMAT_FLAG, 0)) reachEnd();
         return;
     default:
         return;
@@ -203,6 +204,14 @@ void MpvPlayer::arrive()
     if (std::exchange(m_pictureWaits, false)) showPicture();
 }
 
+/// A remote movie that comes to its end without a picture (its index at the end of the file, say, on a server
+/// that sends files only whole) has failed.
+void MpvPlayer::reachEnd()
+{
+    if (isRemote() && !m_loaded) return fail();
+    m_listener.playerReachedEnd();
+}
+
 void MpvPlayer::handleEnd(const mpv_event_end_file& end)
 {
     if (end.reason == MPV_END_FILE_REASON_ERROR && !m_hasPicture) return fail();
@@ -217,25 +226,6 @@ void MpvPlayer::fail()
     m_loadTimer.stop();
     m_handle->command(Ignored, {"stop"});
     m_listener.playerFailed();
-}
-
-/// Answers the rotation of the moving picture among the tracks, negative when there is none.
-static int rotationOfMovingPicture(mpv_handle* mpv)
-{
-    std::int64_t count = 0;
-    mpv_get_property(mpv, "track-list/count", MPV_FORMAT_INT64, &count);
-    for (int i = 0; i < count; ++i) {
-        const QByteArray track = "track-list/" + QByteArray::number(i) + '/';
-        int isPicture = 0;
-        std::int64_t rotation = 0;
-        char* const type = mpv_get_property_string(mpv, (track + "type").constData());
-        const bool isVideo = type && std::strcmp(type, "video") == 0;
-        mpv_free(type);
-        mpv_get_property(mpv, (track + "image").constData(), MPV_FORMAT_FLAG, &isPicture);
-        mpv_get_property(mpv, (track + "demux-rotation").constData(), MPV_FORMAT_INT64, &rotation);
-        if (isVideo && !isPicture) return static_cast<int>(rotation);
-    }
-    return -1;
 }
 
 /// A remote movie was opened and mpv waits, so asking is quick here: nothing of it may be shown before it is

@@ -20,7 +20,8 @@ struct MpvPlayerSetup {
     double start = 0;          ///< seconds
     double pictureSeconds = 0; ///< from one picture to the next, 0 when it varies
     int rotation = 0;          ///< degrees clockwise that turn it upright; a remote movie's is found out
-    bool reversible = false;   ///< made to play backwards as well; costs read-ahead
+    int decoderThreads = 1;
+    bool reversible = false; ///< made to play backwards as well; costs read-ahead
     bool hasSound = true;
     bool muted = false; ///< sound is not even decoded until unmuted
     double volume = 1;
@@ -87,6 +88,7 @@ private:
     void handleLoaded();
     void handleSeek();
     void handleRestart();
+    void reachEnd();
     void handleEnd(const mpv_event_end_file& end);
     void handleHook(const mpv_event_hook& hook);
     void handleLog(const mpv_event_log_message& message);

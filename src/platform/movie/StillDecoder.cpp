@@ -1,6 +1,9 @@
 #include "platform/movie/StillDecoder.h"
 
 #include "platform/movie/AvFormat.h"
+#include "platform/movie/DecoderThreads.h"
+
+#include <QThread>
 
 #include <cmath>
 #include <utility>
@@ -9,7 +12,9 @@ namespace kestro {
 
 // Decoding on costs less than starting anew at a keyframe unless that one is nearer by more than this.
 static constexpr double nearerBy = 0.3;
-// Frames that end more than this ahead of the wanted time, and that no other frame needs, are not decoded.
+// Frames that end more than this ahead of the wanted time, and that no other frame needs, are not decoded:
+// half a frame where all last equally long, else seconds.
+static constexpr double skipMarginFrames = 0.5;
 static constexpr double skipMargin = 0.25;
 // Half a millisecond, so that a time that was rounded to whole units still meets its frame.
 static constexpr double timeSlack = 0.0005;
@@ -93,7 +98,7 @@ bool StillDecoder::open()
     if (!m_codec || !m_packet) return false;
     if (avcodec_parameters_to_context(m_codec.get(), m_input->video()->codecpar) < 0) return false;
     m_codec->pkt_timebase = m_input->video()->time_base;
-    m_codec->thread_count = 2;
+    m_codec->thread_count = decoderThreads(m_facts, QThread::idealThreadCount());
     return avcodec_open2(m_codec.get(), decoder, nullptr) >= 0;
 }
 
@@ -176,7 +181,8 @@ bool StillDecoder::isEarly(const AVPacket& packet, double seconds) const
 {
     const bool mayBeTheLast = m_facts.seconds <= 0; // where the end is unknown
     if (mayBeTheLast || packet.pts == AV_NOPTS_VALUE || packet.duration <= 0) return false;
-    return m_input->secondsOf(packet.pts + packet.duration) < seconds - skipMargin;
+    const double margin = m_facts.pictureSeconds > 0 ? skipMarginFrames * m_facts.pictureSeconds : skipMargin;
+    return m_input->secondsOf(packet.pts + packet.duration) < seconds - margin;
 }
 
 /// Hands the decoder one more packet, or tells it that there is none.

@@ -50,6 +50,13 @@ TEST(MovieProbe, tellsSound)
     EXPECT_FALSE(probe("plain.mp4").value().hasSound);
 }
 
+TEST(MovieProbe, tellsHowHardItIsToDecode)
+{
+    EXPECT_NEAR(probe("plain.mp4").value().picturesPerSecond, 30, 0.1);
+    EXPECT_FALSE(probe("plain.mp4").value().hasNewerCodec); // H.264
+    EXPECT_TRUE(probe("plain.webm").value().hasNewerCodec); // VP9
+}
+
 TEST(MovieProbe, appliesThePixelAspect)
 {
     EXPECT_EQ(probe("anamorphic.mp4").value().naturalSize(), (Size{1024, 576}));

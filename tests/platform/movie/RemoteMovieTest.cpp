@@ -35,10 +35,11 @@ protected:
         EXPECT_TRUE(m_server.waitForFinished(5000));
     }
 
-    [[nodiscard]] std::shared_ptr<QTMovie> open(const char* path) const
+    [[nodiscard]] std::shared_ptr<QTMovie> open(const char* path, int networkTimeout = 1) const
     {
         const QString address = QStringLiteral("http://127.0.0.1:%1/%2").arg(m_port).arg(QLatin1String(path));
-        return MpvMovieLibrary({.networkTimeout = 1, .audioOutputs = "null"}).movieWithURL(QUrl(address));
+        return MpvMovieLibrary({.networkTimeout = networkTimeout, .audioOutputs = "null"})
+            .movieWithURL(QUrl(address));
     }
 
     QProcess m_server;
@@ -199,6 +200,11 @@ TEST_P(RemoteMovieCut, playsWhatThereIs_andEnds)
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, RemoteMovieCut, testing::Values("broken/plain.mkv", "stalled/plain.mkv"));
+
+TEST_F(RemoteMovie, failsAtOnce_whenItsIndexIsAtTheEnd_andTheServerKnowsNoRanges)
+{
+    EXPECT_TRUE(fails(*open("late/plain.mp4", 600)));
+}
 
 TEST_F(RemoteMovie, mayBeLetGoOf_whileNothingAnswers)
 {
