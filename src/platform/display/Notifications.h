@@ -10,7 +10,8 @@ namespace kestro {
 /// What is told of through the notification centre.
 enum class Notice {
     ApplicationWillTerminate,
-    WindowWillClose, ///< the object is the Window
+    WindowWillClose,  ///< the object is the Window
+    SaverAboveTicked, ///< a saver that drives itself above a hosted view, the object, has had a tick
 };
 
 /// Passes notices from who posts them to who asked for them. One per desktop. Main thread.

@@ -1,5 +1,6 @@
 #include "platform/display/Painter.h"
 
+#include "platform/display/FadedPixels.h"
 #include "platform/display/PaintRecord.h"
 #include "platform/display/PixelRect.h"
 
@@ -33,29 +34,42 @@ void Painter::draw(const Picture& picture, const Rect& rect, Compositing composi
     // The device's own copy mode would mix a faint picture with what is there instead of replacing it.
     if (compositing == Compositing::Copy) clear(pixels);
     if (opacity <= 0 || picture.isNull()) return;
-    if (m_record) m_record->noteDrawn(inPart(pixels));
+    if (m_record) m_record->noteDrawn(pixels);
     m_device.setOpacity(qMin(opacity, 1.0));
     m_device.setRenderHint(QPainter::SmoothPixmapTransform, pixels.size() != picture.image.size());
     m_device.drawImage(pixels, picture.image, picture.image.rect());
     m_device.setOpacity(1);
 }
 
-void Painter::beginPart(const Rect& part)
+void Painter::drawOnBlack(const Picture& picture, const Rect& rect, const Rect& part, double opacity)
 {
-    m_part = pixelRect(part);
-    m_device.save();
-    m_device.setClipRect(*m_part, Qt::IntersectClip);
+    const QRect pixels = pixelRect(part);
+    if (pixels.isEmpty()) return;
+    if (!copyOnBlack(picture.image, pixelRect(rect), pixels, opacity)) {
+        m_device.save();
+        m_device.setClipRect(pixels, Qt::IntersectClip);
+        fill(part, Qt::black);
+        draw(picture, rect, Compositing::SourceOver, opacity);
+        m_device.restore();
+    }
+    noteFill(pixels, 255);
 }
 
-void Painter::endPart()
+/// In one pass, where the device is an image and each pixel of the picture becomes one of it.
+bool Painter::copyOnBlack(const QImage& image, const QRect& place, const QRect& part, double opacity)
 {
-    m_device.restore();
-    m_part.reset();
+    if (m_device.device()->devType() != QInternal::Image || image.size() != place.size()) return false;
+    auto& target = static_cast<QImage&>(*m_device.device());
+    for (const QRect& rect : clipped(part & target.rect())) {
+        const QRect source = rect.translated(-place.topLeft());
+        if (!copyFaded(image, source, target, rect.topLeft(), opacity)) return false;
+    }
+    return true;
 }
 
-QRect Painter::inPart(const QRect& pixels) const
+QRegion Painter::clipped(const QRect& pixels) const
 {
-    return m_part ? pixels & *m_part : pixels;
+    return m_device.hasClipping() ? m_device.clipRegion() & pixels : QRegion(pixels);
 }
 
 QPainter& Painter::device()
@@ -70,9 +84,9 @@ void Painter::noteFill(const QRect& pixels, int alpha)
     if (!m_record) return;
     // Who has the device may have narrowed its clip: then not all of the rectangle is filled.
     if (m_isDeviceOut)
-        m_record->noteReplaced(inPart(pixels));
+        m_record->noteReplaced(pixels);
     else
-        m_record->noteFill(inPart(pixels), alpha);
+        m_record->noteFill(pixels, alpha);
 }
 
 QRectF Painter::deviceRect(const Rect& rect) const

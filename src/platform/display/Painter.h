@@ -4,8 +4,6 @@
 
 #include <QColor>
 
-#include <optional>
-
 class QPainter;
 
 namespace kestro {
@@ -31,9 +29,8 @@ public:
     /// Draws the whole of `picture` scaled into `rect`.
     void draw(const Picture& picture, const Rect& rect, Compositing compositing, double opacity);
 
-    /// Between the two only what lies in `part` of the view is drawn.
-    void beginPart(const Rect& part);
-    void endPart();
+    /// Replaces `part` by black with `picture` over it, which lies scaled in `rect`, a rectangle around it.
+    void drawOnBlack(const Picture& picture, const Rect& rect, const Rect& part, double opacity);
 
     /// The device, for what the two above cannot do, in pixels from the top left of the backing store.
     [[nodiscard]] QPainter& device();
@@ -45,14 +42,15 @@ private:
     [[nodiscard]] QRect pixelRect(const Rect& rect) const;
     void clear(const QRect& pixels);
     void noteFill(const QRect& pixels, int alpha);
-    [[nodiscard]] QRect inPart(const QRect& pixels) const;
+    [[nodiscard]] bool copyOnBlack(const QImage& image, const QRect& place, const QRect& part,
+                                   double opacity);
+    [[nodiscard]] QRegion clipped(const QRect& pixels) const;
 
     QPainter& m_device;
     Point m_viewOrigin;
     float m_storeHeight;
     double m_pixelRatio;
     PaintRecord* m_record;
-    std::optional<QRect> m_part; ///< all that is drawn in, where that is not everything
     bool m_isDeviceOut = false;
 };
 

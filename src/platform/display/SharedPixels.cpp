@@ -17,10 +17,10 @@ bool hasSharedMemory(xcb_connection_t* connection)
 }
 
 /// Whether the server could take part in the memory with that system identifier.
-bool attach(xcb_connection_t* connection, std::uint32_t segment, int identifier)
+bool attach(xcb_connection_t* connection, std::uint32_t segment, int identifier, bool isReadOnly)
 {
-    const auto cookie =
-        xcb_shm_attach_checked(connection, segment, static_cast<std::uint32_t>(identifier), 1);
+    const auto cookie = xcb_shm_attach_checked(connection, segment, static_cast<std::uint32_t>(identifier),
+                                               isReadOnly ? 1 : 0);
     xcb_generic_error_t* error = xcb_request_check(connection, cookie);
     const bool isAttached = !error;
     std::free(error);
@@ -29,7 +29,8 @@ bool attach(xcb_connection_t* connection, std::uint32_t segment, int identifier)
 
 } // namespace
 
-std::unique_ptr<SharedPixels> SharedPixels::create(xcb_connection_t* connection, std::size_t bytes)
+std::unique_ptr<SharedPixels> SharedPixels::create(xcb_connection_t* connection, std::size_t bytes,
+                                                   Access access)
 {
     if (!hasSharedMemory(connection)) return nullptr;
     const int identifier = shmget(IPC_PRIVATE, bytes, IPC_CREAT | 0600);
@@ -37,7 +38,7 @@ std::unique_ptr<SharedPixels> SharedPixels::create(xcb_connection_t* connection,
     void* const memory = shmat(identifier, nullptr, 0);
     const bool isMapped = memory != reinterpret_cast<void*>(-1);
     const std::uint32_t segment = isMapped ? xcb_generate_id(connection) : 0;
-    const bool isAttached = isMapped && attach(connection, segment, identifier);
+    const bool isAttached = isMapped && attach(connection, segment, identifier, access == Access::Read);
     // From here on it lives as long as somebody has it mapped.
     shmctl(identifier, IPC_RMID, nullptr);
     if (!isAttached) {

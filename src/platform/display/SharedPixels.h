@@ -8,14 +8,17 @@ struct xcb_connection_t;
 
 namespace kestro {
 
-/// Memory that this process writes and the X server reads. Freed by the system even if this process is
-/// killed. Owned by its canvas. Main thread.
+/// Memory that this process and the X server have in common. Freed by the system even if this process is
+/// killed. Owned by who reads or writes it. Main thread.
 class SharedPixels final {
 public:
+    /// What the server may do there.
+    enum class Access { Read, ReadAndWrite };
+
     /// Zeroed, page aligned. Null where the server cannot reach this machine's memory, or there is none to be
     /// had.
-    [[nodiscard]] static std::unique_ptr<SharedPixels> create(xcb_connection_t* connection,
-                                                              std::size_t bytes);
+    [[nodiscard]] static std::unique_ptr<SharedPixels> create(xcb_connection_t* connection, std::size_t bytes,
+                                                              Access access = Access::Read);
     ~SharedPixels();
     SharedPixels(const SharedPixels&) = delete;
     SharedPixels& operator=(const SharedPixels&) = delete;

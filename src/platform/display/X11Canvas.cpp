@@ -3,6 +3,7 @@
 #include "platform/display/AlignedImage.h"
 #include "platform/display/SharedPixels.h"
 #include "platform/display/X11Connection.h"
+#include "platform/display/X11PixelFormat.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -14,27 +15,6 @@
 namespace kestro {
 
 namespace {
-
-constexpr std::uint8_t plainDepth = 24;
-
-/// Whether an image of that depth has 32 bits a pixel with the bytes in this machine's order.
-bool hasOurFormat(const xcb_setup_t* setup)
-{
-    const bool isOurOrder = setup->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
-    for (auto format = xcb_setup_pixmap_formats_iterator(setup); format.rem > 0; xcb_format_next(&format))
-        if (format.data->depth == plainDepth) return isOurOrder && format.data->bits_per_pixel == 32;
-    return false;
-}
-
-bool isBlueFirst(const xcb_setup_t* setup, xcb_visualid_t visual)
-{
-    for (auto root = xcb_setup_roots_iterator(setup); root.rem > 0; xcb_screen_next(&root))
-        for (auto depth = xcb_screen_allowed_depths_iterator(root.data); depth.rem > 0;
-             xcb_depth_next(&depth))
-            for (auto type = xcb_depth_visuals_iterator(depth.data); type.rem > 0; xcb_visualtype_next(&type))
-                if (type.data->visual_id == visual) return type.data->red_mask == 0xff0000U;
-    return false;
-}
 
 bool isSuited(xcb_connection_t* connection, xcb_window_t window)
 {

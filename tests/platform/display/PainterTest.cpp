@@ -56,6 +56,38 @@ TEST_F(PainterTest, draw_laysPictureOver_byItsOpacity)
     EXPECT_NEAR(at(12, 7).red(), 128, 1);
 }
 
+TEST_F(PainterTest, drawOnBlack_replacesThePart_byThePictureOverBlack)
+{
+    Painter painter(device, {10, 5}, 50, 1);
+    painter.fill({{0, 0}, {40, 30}}, QColor(0, 0, 255, 100));
+    Picture opaque{QImage(20, 10, QImage::Format_RGB32), {20, 10}};
+    opaque.image.fill(QColor(200, 100, 50));
+    for (const Picture& picture :
+         {opaque, plain(QColor(200, 100, 50), 20, 10), plain(QColor(200, 100, 50), 7, 3)}) {
+        painter.fill({{0, 0}, {40, 30}}, Qt::blue);
+        painter.drawOnBlack(picture, {{2, 2}, {20, 10}}, {{2, 2}, {19, 5}}, 0.5);
+        EXPECT_NEAR(at(15, 10).red(), 100, 1);
+        EXPECT_NEAR(at(15, 10).green(), 50, 1);
+        EXPECT_NEAR(at(15, 10).blue(), 25, 1);
+        EXPECT_EQ(at(15, 10).alpha(), 255);
+        EXPECT_NEAR(at(30, 10).red(), 100, 1); // the last column of the part
+        EXPECT_EQ(at(31, 10), QColor(Qt::blue));
+        EXPECT_EQ(at(15, 12), QColor(Qt::blue));
+        EXPECT_EQ(at(11, 10), QColor(Qt::blue));
+    }
+}
+
+TEST_F(PainterTest, drawOnBlack_keepsToTheClip)
+{
+    device.setClipRect(0, 0, 20, 50);
+    Painter painter(device, {0, 0}, 50, 1);
+    Picture opaque{QImage(40, 10, QImage::Format_RGB32), {40, 10}};
+    opaque.image.fill(Qt::white);
+    painter.drawOnBlack(opaque, {{0, 0}, {40, 10}}, {{0, 0}, {40, 10}}, 1);
+    EXPECT_EQ(at(19, 5), QColor(Qt::white));
+    EXPECT_EQ(at(20, 5).alpha(), 0);
+}
+
 TEST_F(PainterTest, draw_copyReplaces_andWithoutOpacityWipesClear)
 {
     Painter painter(device, {10, 5}, 50, 1);
