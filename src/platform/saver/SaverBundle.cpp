@@ -1,13 +1,13 @@
 #include "platform/saver/SaverBundle.h"
 
 #include "platform/base/Log.h"
-#include "platform/base/Result.h"
 #include "platform/plist/PropertyList.h"
+#include "platform/saver/BuiltInSavers.h"
+#include "platform/saver/SaverLibrary.h"
 #include "platform/saver/SaverPlugin.h"
 #include "platform/saver/ScreenSaverView.h"
 
 #include <QFileInfo>
-#include <QPluginLoader>
 
 #include <exception>
 
@@ -15,10 +15,8 @@ namespace kestro {
 
 namespace {
 
-struct BundleInfo {
-    QString principalName;
-    QString executable;
-};
+const QString principalKey = QStringLiteral("NSPrincipalClass");
+const QString executableKey = QStringLiteral("CFBundleExecutable");
 
 QString textAt(const QVariantMap& info, const QString& key)
 {
@@ -26,61 +24,19 @@ QString textAt(const QVariantMap& info, const QString& key)
     return value.typeId() == QMetaType::QString ? value.toString() : QString();
 }
 
-bool isPlainFileName(const QString& name)
+Result<std::shared_ptr<SaverPlugin>> pluginOf(const QString& path, const QVariantMap& info)
 {
-    return !name.isEmpty() && !name.contains(u'/') && !name.contains(QChar::Null) && name != u"." &&
-           name != u"..";
+    if (!info.contains(executableKey) && BuiltInSavers::knows(textAt(info, principalKey)))
+        return std::shared_ptr<SaverPlugin>(std::make_shared<BuiltInSavers>(path, info));
+    const Result<SaverPlugin*> loaded = loadSaverLibrary(path, textAt(info, executableKey));
+    if (!loaded) return Error{loaded.error()};
+    const auto leave = [](SaverPlugin*) {}; // the library's own, for the life of the process
+    return std::shared_ptr<SaverPlugin>(loaded.value(), leave);
 }
 
-Result<BundleInfo> readInfo(const QString& bundlePath)
+Error refusal(const QString& path, const QString& reason)
 {
-    const auto info = readPropertyListDictionary(bundlePath + QStringLiteral("/Contents/Info.plist"));
-    if (!info) return Error{QStringLiteral("it has no readable Contents/Info.plist")};
-    BundleInfo found{textAt(*info, QStringLiteral("NSPrincipalClass")),
-                     textAt(*info, QStringLiteral("CFBundleExecutable"))};
-    if (!isPlainFileName(found.executable))
-        return Error{QStringLiteral("its CFBundleExecutable is no plain file name")};
-    return found;
-}
-
-// Whatever the library throws while it is loaded ends here.
-Result<QObject*> loadInstance(const QString& library)
-{
-    QPluginLoader loader(library);
-    // With every symbol resolved now, a library that lacks one fails here and not in the middle of a run.
-    loader.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
-    try {
-        if (QObject* instance = loader.instance(); instance != nullptr) return instance;
-        return Error{loader.errorString()};
-    } catch (const std::exception& thrown) {
-        return Error{QStringLiteral("its library threw: ") + QString::fromUtf8(thrown.what())};
-    } catch (...) {
-        return Error{QStringLiteral("its library threw an unknown exception")};
-    }
-}
-
-// Empty when there is none.
-QString libraryFile(const QString& bundlePath, const QString& executable)
-{
-    const QString named = bundlePath + QStringLiteral("/Contents/Linux/") + executable;
-    for (const QString& candidate : {named, named + QStringLiteral(".so")}) {
-        if (QFileInfo(candidate).isFile()) return QFileInfo(candidate).canonicalFilePath();
-    }
-    return {};
-}
-
-Result<SaverPlugin*> loadPlugin(const QString& library)
-{
-    const Result<QObject*> instance = loadInstance(library);
-    if (!instance) return Error{instance.error()};
-    auto* plugin = qobject_cast<SaverPlugin*>(instance.value());
-    if (plugin == nullptr) return Error{QStringLiteral("its library holds no screen saver")};
-    return plugin;
-}
-
-void logRefusal(const QString& path, const QString& reason)
-{
-    logLine(QStringLiteral("saver bundle %1 not loaded: %2").arg(path, reason));
+    return {QStringLiteral("saver bundle %1 not loaded: %2").arg(path, reason)};
 }
 
 // Runs code of a plug-in. What it throws is logged, and `otherwise` is the answer.
@@ -120,31 +76,20 @@ void PrincipalClass::setOptionsForThisRun(const QVariantMap& options) const
     });
 }
 
-SaverBundle::SaverBundle(QString path, QString principalName, SaverPlugin& plugin)
+SaverBundle::SaverBundle(QString path, QString principalName, std::shared_ptr<SaverPlugin> plugin)
     : m_path(std::move(path))
     , m_principalName(std::move(principalName))
-    , m_plugin(&plugin)
+    , m_plugin(std::move(plugin))
 {
 }
 
-std::optional<SaverBundle> SaverBundle::load(const QString& path)
+Result<SaverBundle> SaverBundle::load(const QString& path)
 {
-    const Result<BundleInfo> info = readInfo(path);
-    if (!info) {
-        logRefusal(path, info.error());
-        return {};
-    }
-    const QString library = libraryFile(path, info.value().executable);
-    if (library.isEmpty()) {
-        logRefusal(path, QStringLiteral("its library is missing"));
-        return {};
-    }
-    const Result<SaverPlugin*> plugin = loadPlugin(library);
-    if (!plugin) {
-        logRefusal(path, plugin.error());
-        return {};
-    }
-    return SaverBundle(path, info.value().principalName, *plugin.value());
+    const auto info = readPropertyListDictionary(path + QStringLiteral("/Contents/Info.plist"));
+    if (!info) return refusal(path, QStringLiteral("it has no readable Contents/Info.plist"));
+    auto plugin = pluginOf(path, *info);
+    if (!plugin) return refusal(path, plugin.error());
+    return SaverBundle(path, textAt(*info, principalKey), std::move(plugin.value()));
 }
 
 QString SaverBundle::pathForResource(const QString& name, const QString& type) const
@@ -157,7 +102,7 @@ QString SaverBundle::pathForResource(const QString& name, const QString& type) c
 std::optional<PrincipalClass> SaverBundle::principalClass() const
 {
     if (m_principalName.isEmpty()) return {};
-    return PrincipalClass(*m_plugin, m_principalName);
+    return PrincipalClass(m_plugin, m_principalName);
 }
 
 } // namespace kestro

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Result.h"
 #include "platform/display/Geometry.h"
 
 #include <QString>
@@ -17,8 +18,8 @@ class ScreenSaverView;
 /// The principal class of a loaded saver bundle: makes views of it. Cheap to copy. Main thread.
 class PrincipalClass final {
 public:
-    PrincipalClass(SaverPlugin& plugin, QString name)
-        : m_plugin(&plugin)
+    PrincipalClass(std::shared_ptr<SaverPlugin> plugin, QString name)
+        : m_plugin(std::move(plugin))
         , m_name(std::move(name))
     {
     }
@@ -34,18 +35,19 @@ public:
     void setOptionsForThisRun(const QVariantMap& options) const;
 
 private:
-    SaverPlugin* m_plugin;
+    std::shared_ptr<SaverPlugin> m_plugin; ///< shared with the bundle it is from
     QString m_name;
 };
 
 /// A saver bundle: a folder with Contents/Info.plist ("NSPrincipalClass", "CFBundleExecutable"), the shared
-/// library Contents/Linux/<executable> (or <executable>.so), and Contents/Resources. Loading runs the
-/// library's code. Main thread.
+/// library Contents/Linux/<executable> (or <executable>.so), and Contents/Resources. A bundle whose principal
+/// class is one of the two built in (BuiltInSavers.h) names no executable and needs no library. Loading runs
+/// the library's code. Main thread.
 class SaverBundle final {
 public:
-    /// Loads the bundle at `path`; nothing, with a log line that says why, when it is none or its library
-    /// cannot be loaded. A second load of one bundle in a process answers the same library.
-    [[nodiscard]] static std::optional<SaverBundle> load(const QString& path);
+    /// Loads the bundle at `path`; the error is one line that says why it is none, or why its library cannot
+    /// be loaded. A second load of one bundle in a process answers the same library.
+    [[nodiscard]] static Result<SaverBundle> load(const QString& path);
 
     [[nodiscard]] const QString& path() const { return m_path; }
     /// Its file `name` of type `type` in Contents/Resources; empty when there is none.
@@ -54,11 +56,11 @@ public:
     [[nodiscard]] std::optional<PrincipalClass> principalClass() const;
 
 private:
-    SaverBundle(QString path, QString principalName, SaverPlugin& plugin);
+    SaverBundle(QString path, QString principalName, std::shared_ptr<SaverPlugin> plugin);
 
     QString m_path;
     QString m_principalName;
-    SaverPlugin* m_plugin;
+    std::shared_ptr<SaverPlugin> m_plugin; ///< shared with its principal class; a library's own is not owned
 };
 
 } // namespace kestro

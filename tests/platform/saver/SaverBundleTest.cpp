@@ -6,6 +6,7 @@
 #include "platform/display/ImageDesktop.h"
 #include "platform/display/ManualTimerSource.h"
 #include "platform/plist/PropertyList.h"
+#include "platform/saver/BuiltInSavers.h"
 #include "platform/saver/ScreenSaverView.h"
 
 #include <QDir>
@@ -52,11 +53,11 @@ protected:
     // Loading must fail with one line that holds `reason` and the bundle's path.
     void expectRefused(const char* reason)
     {
-        m_log.clear();
-        EXPECT_FALSE(SaverBundle::load(bundle()).has_value());
-        ASSERT_EQ(m_log.size(), 1) << m_log.join(u'\n').toStdString();
-        EXPECT_TRUE(m_log.front().contains(QString::fromUtf8(reason))) << m_log.front().toStdString();
-        EXPECT_TRUE(m_log.front().contains(bundle())) << m_log.front().toStdString();
+        const auto loaded = SaverBundle::load(bundle());
+        ASSERT_FALSE(loaded.isOk()) << reason;
+        EXPECT_TRUE(loaded.error().contains(QString::fromUtf8(reason))) << loaded.error().toStdString();
+        EXPECT_TRUE(loaded.error().contains(bundle())) << loaded.error().toStdString();
+        EXPECT_FALSE(loaded.error().contains(u'\n'));
     }
 
     // The view of the installed bundle's library by that class name, made on the desk.
@@ -66,7 +67,7 @@ protected:
         if (!QDir(bundle() + QStringLiteral("/Contents/Linux")).exists())
             putLibrary("TestSaver", "TestSaver");
         const auto loaded = SaverBundle::load(bundle());
-        const auto principal = loaded ? loaded->principalClass() : std::nullopt;
+        const auto principal = loaded ? loaded.value().principalClass() : std::nullopt;
         return principal ? principal->initWithFrameIsPreview(frame, true, m_desktop) : nullptr;
     }
 
@@ -84,9 +85,9 @@ protected:
 TEST_F(SaverBundles, load_makesViewsOfThePrincipalClass)
 {
     const auto loaded = SaverBundle::load(installedBundle);
-    ASSERT_TRUE(loaded.has_value()) << m_log.join(u'\n').toStdString();
-    EXPECT_EQ(loaded->path(), installedBundle);
-    const auto principal = loaded->principalClass();
+    ASSERT_TRUE(loaded.isOk()) << loaded.error().toStdString();
+    EXPECT_EQ(loaded.value().path(), installedBundle);
+    const auto principal = loaded.value().principalClass();
     ASSERT_TRUE(principal.has_value());
     EXPECT_EQ(principal->name(), QStringLiteral("TestSaverView"));
     EXPECT_TRUE(principal->isScreenSaverView());
@@ -104,7 +105,7 @@ TEST_F(SaverBundles, load_makesViewsOfThePrincipalClass)
 
 TEST_F(SaverBundles, optionsForThisRun_reachTheLibrary)
 {
-    const auto principal = SaverBundle::load(installedBundle)->principalClass();
+    const auto principal = SaverBundle::load(installedBundle).value().principalClass();
     principal->setOptionsForThisRun({{QStringLiteral("a"), 1}, {QStringLiteral("b"), 2}});
     EXPECT_EQ(principal->initWithFrameIsPreview(frame, false, m_desktop)->animationTimeInterval(), 2.0 + 2);
     principal->setOptionsForThisRun({});
@@ -118,8 +119,8 @@ TEST_F(SaverBundles, load_answersTheSameLibrary_whenLoadedAgain)
     const auto first = SaverBundle::load(installedBundle);
     const auto second = SaverBundle::load(installedBundle);
     ASSERT_TRUE(first && second);
-    const auto one = first->principalClass()->initWithFrameIsPreview(frame, false, m_desktop);
-    const auto other = second->principalClass()->initWithFrameIsPreview(frame, false, m_desktop);
+    const auto one = first.value().principalClass()->initWithFrameIsPreview(frame, false, m_desktop);
+    const auto other = second.value().principalClass()->initWithFrameIsPreview(frame, false, m_desktop);
     ASSERT_TRUE(one && other);
     const ScreenSaverView& firstView = *one;
     const ScreenSaverView& secondView = *other;
@@ -131,23 +132,23 @@ TEST_F(SaverBundles, load_findsTheLibrary_withAndWithoutItsSuffix)
 {
     putInfo("TestSaverView", "Mine");
     putLibrary("TestSaver", "Mine");
-    EXPECT_TRUE(SaverBundle::load(bundle()).has_value()) << m_log.join(u'\n').toStdString();
+    EXPECT_TRUE(SaverBundle::load(bundle()).isOk());
     ASSERT_TRUE(QDir(bundle()).removeRecursively());
 
     putInfo("TestSaverView", "Other");
     putLibrary("TestSaver", "Other.so");
-    EXPECT_TRUE(SaverBundle::load(bundle()).has_value()) << m_log.join(u'\n').toStdString();
+    EXPECT_TRUE(SaverBundle::load(bundle()).isOk());
 }
 
 TEST_F(SaverBundles, pathForResource_isThePath_orEmpty)
 {
     const auto loaded = SaverBundle::load(installedBundle);
-    ASSERT_TRUE(loaded.has_value());
+    ASSERT_TRUE(loaded.isOk());
     const QString expected = installedBundle + QStringLiteral("/Contents/Resources/settings.plist");
-    EXPECT_EQ(loaded->pathForResource(QStringLiteral("settings"), QStringLiteral("plist")), expected);
-    EXPECT_EQ(loaded->pathForResource(QStringLiteral("settings.plist"), QString()), expected);
-    EXPECT_TRUE(loaded->pathForResource(QStringLiteral("settings"), QStringLiteral("pdf")).isEmpty());
-    EXPECT_TRUE(loaded->pathForResource(QString(), QString()).isEmpty());
+    EXPECT_EQ(loaded.value().pathForResource(QStringLiteral("settings"), QStringLiteral("plist")), expected);
+    EXPECT_EQ(loaded.value().pathForResource(QStringLiteral("settings.plist"), QString()), expected);
+    EXPECT_TRUE(loaded.value().pathForResource(QStringLiteral("settings"), QStringLiteral("pdf")).isEmpty());
+    EXPECT_TRUE(loaded.value().pathForResource(QString(), QString()).isEmpty());
 }
 
 TEST_F(SaverBundles, load_refuses_whenThereIsNoReadableInfo)
@@ -195,6 +196,52 @@ TEST_F(SaverBundles, load_refuses_whatIsNoSaverLibrary)
     expectRefused("not loaded");
 }
 
+TEST_F(SaverBundles, load_namesBothVersions_whenTheLibraryIsForAnotherInterface)
+{
+    putInfo("TestSaverView", "OldInterface");
+    putLibrary("OldInterface", "OldInterface");
+    expectRefused("version 0 of the saver interface, this is version 1");
+    EXPECT_TRUE(m_log.isEmpty()) << "none of its code may have run";
+}
+
+TEST_F(SaverBundles, load_needsNoLibrary_whenThePrincipalClassIsBuiltIn)
+{
+    for (const QString& name : {hackHostName, pictureFolderName}) {
+        putInfo(QVariantMap{{QStringLiteral("NSPrincipalClass"), name}});
+        const auto loaded = SaverBundle::load(bundle());
+        ASSERT_TRUE(loaded.isOk()) << loaded.error().toStdString();
+        EXPECT_EQ(loaded.value().principalClass()->name(), name);
+        EXPECT_TRUE(loaded.value().principalClass()->isScreenSaverView());
+    }
+}
+
+TEST_F(SaverBundles, load_takesTheLibrary_whenItIsNamedBesideABuiltInClass)
+{
+    putInfo("PictureFolderView", "TestSaver");
+    expectRefused("missing");
+    putLibrary("TestSaver", "TestSaver");
+    const auto loaded = SaverBundle::load(bundle());
+    ASSERT_TRUE(loaded.isOk());
+    EXPECT_FALSE(loaded.value().principalClass()->isScreenSaverView()) << "the library has no such class";
+}
+
+TEST_F(SaverBundles, hackHost_isNoViewAndALine_whenItsInfoNamesNoProgram)
+{
+    for (const QVariantMap& more : {QVariantMap(), QVariantMap{{QStringLiteral("KestroProgram"), 5}},
+                                    QVariantMap{{QStringLiteral("KestroProgram"), QString()}},
+                                    QVariantMap{{QStringLiteral("KestroProgram"), QStringLiteral("a")},
+                                                {QStringLiteral("KestroArguments"), QVariantList{1}}}}) {
+        QVariantMap info{{QStringLiteral("NSPrincipalClass"), hackHostName}};
+        info.insert(more);
+        putInfo(info);
+        m_log.clear();
+        const auto principal = SaverBundle::load(bundle()).value().principalClass();
+        EXPECT_EQ(principal->initWithFrameIsPreview(frame, false, m_desktop), nullptr);
+        ASSERT_EQ(m_log.size(), 1);
+        EXPECT_TRUE(m_log.front().contains(bundle())) << m_log.front().toStdString();
+    }
+}
+
 TEST_F(SaverBundles, load_refuses_whenTheLibraryThrows)
 {
     putInfo("TestSaverView", "ThrowingPlugin");
@@ -207,14 +254,14 @@ TEST_F(SaverBundles, principalClass_isNothing_whenInfoNamesNone)
     putLibrary("TestSaver", "TestSaver");
     putInfo(QVariantMap{{QStringLiteral("CFBundleExecutable"), QStringLiteral("TestSaver")}});
     const auto unnamed = SaverBundle::load(bundle());
-    ASSERT_TRUE(unnamed.has_value());
-    EXPECT_FALSE(unnamed->principalClass().has_value());
+    ASSERT_TRUE(unnamed.isOk());
+    EXPECT_FALSE(unnamed.value().principalClass().has_value());
 }
 
 TEST_F(SaverBundles, view_isNull_whenTheLibraryDoesNotKnowTheClass)
 {
     EXPECT_EQ(make("NoSuchView"), nullptr);
-    EXPECT_FALSE(SaverBundle::load(bundle())->principalClass()->isScreenSaverView());
+    EXPECT_FALSE(SaverBundle::load(bundle()).value().principalClass()->isScreenSaverView());
     EXPECT_NE(make("TestSaverView"), nullptr);
 }
 
@@ -231,7 +278,7 @@ TEST_F(SaverBundles, view_isNullWithALine_whenItsConstructorThrows)
 TEST_F(SaverBundles, isScreenSaverView_isFalse_whenAskingThrows)
 {
     EXPECT_EQ(make("ThrowsWhenAsked"), nullptr);
-    EXPECT_FALSE(SaverBundle::load(bundle())->principalClass()->isScreenSaverView());
+    EXPECT_FALSE(SaverBundle::load(bundle()).value().principalClass()->isScreenSaverView());
     EXPECT_EQ(m_log.size(), 1);
 }
 
