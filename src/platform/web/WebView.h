@@ -13,8 +13,12 @@ class WebView : public View {
 public:
     using View::View;
 
-    /// Loads `url` in the page's main frame. A page that cannot be loaded leaves the view black.
+    /// Loads `url` in the page's main frame. What cannot be loaded leaves the view black.
     virtual void loadRequest(const QUrl& url) = 0;
+    /// Whether the page's sound is off; it is until it is asked for.
+    virtual void setMuted(bool muted) = 0;
+    /// Ends the page for good: it is black and silent, and costs nothing any more.
+    virtual void stopLoading() = 0;
 };
 
 /// Makes web views. Main thread.
@@ -22,6 +26,8 @@ class WebEngine {
 public:
     virtual ~WebEngine() = default;
 
+    /// Whether web content can be shown in this process; where it cannot, the log says why, once.
+    [[nodiscard]] virtual bool isAvailable() = 0;
     /// An empty page; owned by the caller.
     [[nodiscard]] virtual std::unique_ptr<WebView> makeWebView(const Rect& frame) = 0;
 };

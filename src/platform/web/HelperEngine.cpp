@@ -1,0 +1,142 @@
+#include "platform/web/HelperEngine.h"
+
+#include "platform/base/Log.h"
+#include "platform/base/Paths.h"
+#include "platform/web/HelperProcess.h"
+#include "platform/web/HelperView.h"
+#include "platform/web/ProfileFolder.h"
+#include "platform/web/WebChannel.h"
+
+#include <QFileInfo>
+
+#include <unistd.h>
+#include <utility>
+
+namespace kestro {
+
+HelperSettings HelperSettings::ofPackage()
+{
+    HelperSettings settings;
+    settings.program = packagePrefix() + QStringLiteral("/lib/kestro/kestro-web");
+    const QString ruffle = packagePrefix() + QStringLiteral("/share/kestro/ruffle");
+    settings.arguments = {ruffle};
+    settings.needed = ruffle + QStringLiteral("/ruffle.js");
+    return settings;
+}
+
+HelperEngine::HelperEngine(HelperSettings settings)
+    : m_settings(std::move(settings))
+{
+    m_pings.setInterval(m_settings.secondsOfPing * 1000);
+    m_pings.callOnTimeout([this] { ping(); });
+}
+
+HelperEngine::~HelperEngine()
+{
+    end();
+}
+
+bool HelperEngine::isAvailable()
+{
+    if (m_isGivenUp) return false;
+    const QString reason = obstacle();
+    if (!reason.isEmpty() && !std::exchange(m_isExplained, true))
+        logLine(QStringLiteral("No web content: ") + reason);
+    return reason.isEmpty();
+}
+
+QString HelperEngine::obstacle() const
+{
+    for (const QString& file : {m_settings.program, m_settings.needed})
+        if (!file.isEmpty() && !QFileInfo(file).isFile()) return file + QStringLiteral(" is not there");
+    if (geteuid() == 0 && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
+        return QStringLiteral("the browser's sandbox does not work for root");
+    return {};
+}
+
+std::unique_ptr<WebView> HelperEngine::makeWebView(const Rect& frame)
+{
+    return std::make_unique<HelperView>(frame, *this, ++m_lastNumber);
+}
+
+void HelperEngine::join(HelperView& view)
+{
+    m_views[view.number()] = &view;
+    if (m_channel || (isAvailable() && start())) return;
+    view.helperIsGone();
+}
+
+void HelperEngine::leave(const HelperView& view)
+{
+    m_views.erase(view.number());
+}
+
+bool HelperEngine::send(const WebMessage& message)
+{
+    return m_channel && m_channel->send(message);
+}
+
+bool HelperEngine::start()
+{
+    auto line = WebChannel::makePair();
+    m_home = ProfileFolder::make(temporaryFolder());
+    if (line && m_home)
+        m_process = HelperProcess::start(m_settings.program, m_settings.arguments, m_home->path(),
+                                         std::move(line->second));
+    if (!m_process) {
+        logLine(QStringLiteral("No web content: %1 cannot be started").arg(m_settings.program));
+        m_isGivenUp = true;
+        return false;
+    }
+    m_channel = std::make_unique<WebChannel>(
+        std::move(line->first), [this](const WebMessage& message) { receive(message); },
+        [this] { lose(QStringLiteral("ended")); });
+    m_isReady = false;
+    m_unanswered = 0;
+    m_pings.start();
+    return true;
+}
+
+void HelperEngine::receive(const WebMessage& message)
+{
+    if (message.kind == WebMessage::Kind::Hello) m_isReady = true;
+    if (message.kind == WebMessage::Kind::Hello || message.kind == WebMessage::Kind::Pong) m_unanswered = 0;
+    const auto view = m_views.find(message.view);
+    if (view != m_views.end()) view->second->receive(message);
+}
+
+void HelperEngine::ping()
+{
+    const int most = m_isReady ? m_settings.mostUnanswered : m_settings.mostUnansweredAtStart;
+    if (m_unanswered++ >= most) return lose(QStringLiteral("does not answer"));
+    if (m_isReady && !send({})) lose(QStringLiteral("does not listen"));
+}
+
+// Every page is black now; with a new helper they begin anew.
+void HelperEngine::lose(const QString& how)
+{
+    end();
+    const bool goesOn = m_restarts < m_settings.mostRestarts;
+    logLine(
+        QStringLiteral("Web content: the helper %1; %2")
+            .arg(how, goesOn ? QStringLiteral("it is started again") : QStringLiteral("all stays black")));
+    const auto views = m_views;
+    for (const auto& [number, view] : views)
+        view->helperIsGone();
+    m_isGivenUp = !goesOn;
+    if (!goesOn) return;
+    ++m_restarts;
+    if (views.empty() || !start()) return; // the next page starts it
+    for (const auto& [number, view] : views)
+        view->begin();
+}
+
+void HelperEngine::end()
+{
+    m_pings.stop();
+    m_channel.reset();
+    m_process.reset();
+    m_home.reset();
+}
+
+} // namespace kestro

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/web/WebMessage.h"
+#include "platform/web/WebView.h"
+
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+
+#include <map>
+#include <memory>
+
+namespace kestro {
+
+class HelperProcess;
+class HelperView;
+class ProfileFolder;
+class WebChannel;
+
+/// Where the web helper is, and how much patience there is with it.
+struct HelperSettings {
+    QString program;       ///< the helper; web content is unavailable where it is not there
+    QStringList arguments; ///< for the helper
+    QString needed;        ///< a file that the helper cannot do without
+    int secondsOfPing = 2; ///< from one question whether it is still there to the next
+    int mostUnanswered = 5;
+    int mostUnansweredAtStart = 20;
+    int mostRestarts = 3;
+
+    /// The helper of this package.
+    [[nodiscard]] static HelperSettings ofPackage();
+};
+
+/// Shows web content through a helper process, which is started for the first page and then serves all of
+/// them until this process ends. When the helper ends or no longer answers, its pages are black, the log says
+/// so, and it is started again a few times, with the same pages. Outlives its views. Main thread.
+class HelperEngine final : public WebEngine {
+public:
+    explicit HelperEngine(HelperSettings settings);
+    ~HelperEngine() override;
+
+    [[nodiscard]] bool isAvailable() override;
+    [[nodiscard]] std::unique_ptr<WebView> makeWebView(const Rect& frame) override;
+
+    // for views
+    /// From now on the view is told of the helper; the helper is started when there is none.
+    void join(HelperView& view);
+    void leave(const HelperView& view);
+    [[nodiscard]] bool isRunning() const { return m_channel != nullptr; }
+    /// False when nothing was sent.
+    bool send(const WebMessage& message);
+
+private:
+    [[nodiscard]] QString obstacle() const;
+    [[nodiscard]] bool start();
+    void receive(const WebMessage& message);
+    void ping();
+    void lose(const QString& how);
+    void end();
+
+    const HelperSettings m_settings;
+    std::map<quint32, HelperView*> m_views;
+    quint32 m_lastNumber = 0;
+    std::unique_ptr<ProfileFolder> m_home;
+    std::unique_ptr<HelperProcess> m_process;
+    std::unique_ptr<WebChannel> m_channel;
+    QTimer m_pings;
+    bool m_isReady = false;   ///< the helper has said hello
+    int m_unanswered = 0;     ///< pings, or turns without a hello
+    int m_restarts = 0;       ///< in the life of this process
+    bool m_isGivenUp = false; ///< no more restarts
+    bool m_isExplained = false;
+};
+
+} // namespace kestro

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/web/Descriptor.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <sys/types.h>
+
+namespace kestro {
+
+/// A running web helper: a program in a process group of its own that ends when its end of the line to this
+/// process is closed, however this process ends. Destroying it kills it and whatever it started. Main thread.
+class HelperProcess final {
+public:
+    /// The descriptor that the helper finds its end of the line at.
+    static constexpr int channelNumber = 3;
+
+    /// Starts `program`, which keeps what it writes in the folder `home`. Null when it cannot be started.
+    [[nodiscard]] static std::unique_ptr<HelperProcess>
+    start(const QString& program, const QStringList& arguments, const QString& home, Descriptor channel);
+    ~HelperProcess();
+    HelperProcess(const HelperProcess&) = delete;
+    HelperProcess& operator=(const HelperProcess&) = delete;
+
+    [[nodiscard]] pid_t id() const { return m_process; }
+
+private:
+    explicit HelperProcess(pid_t process)
+        : m_process(process)
+    {
+    }
+
+    pid_t m_process;
+};
+
+} // namespace kestro

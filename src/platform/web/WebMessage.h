@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/web/Descriptor.h"
+
+#include <QByteArray>
+#include <QRect>
+#include <QSize>
+
+namespace kestro {
+
+/// One thing that the saver's process and its web helper say to each other. A page is named by a number that
+/// the saver gives it. Plain values; pixels from the top left.
+struct WebMessage {
+    enum class Kind : quint32 {
+        // the saver's words
+        Ping,    ///< answer with Pong
+        Load,    ///< page `view`: show the address `text`; the page is made when it is not there
+        Resize,  ///< page `view` is `size` pixels now, at `zoom` pixels a point; its pictures go to `memory`
+        Release, ///< the picture `slot` of page `view` may be written again
+        Mute,    ///< page `view` is silent where `flag`
+        Stop,    ///< page `view` ends
+        // the helper's
+        Hello, ///< ready
+        Pong,  ///< still there
+        Frame, ///< page `view` has a new picture in `slot`; it differs from the one before in `damage`
+        Note,  ///< page `view` cannot show what it should: `text`, for the log
+    };
+
+    Kind kind = Kind::Ping;
+    quint32 view = 0;
+    quint32 generation = 0; ///< of the memory that `slot` is in: each Resize has another
+    qint32 slot = 0;
+    QSize size;
+    float zoom = 1;
+    QRect damage;
+    bool flag = false;
+    QByteArray text;   ///< UTF-8
+    Descriptor memory; ///< see SharedFrames
+};
+
+} // namespace kestro

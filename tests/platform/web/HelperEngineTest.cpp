@@ -1,0 +1,222 @@
+#include "platform/web/HelperEngine.h"
+
+#include "platform/base/Clock.h"
+#include "platform/base/Log.h"
+#include "platform/base/Random.h"
+#include "platform/display/ImageDesktop.h"
+#include "platform/display/ManualTimerSource.h"
+#include "platform/display/Screen.h"
+#include "platform/display/Surface.h"
+#include "platform/display/Window.h"
+#include "platform/web/EventLoop.h"
+
+#include <QUrl>
+
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace kestro {
+
+namespace {
+
+const QColor red(Qt::red);
+const QColor green(Qt::green);
+const QColor blue(Qt::blue);
+const QColor black(Qt::black);
+
+/// One screen of 40 by 30 points at two pixels a point, a window over it, and a helper that has no browser.
+class HelperEngineTest : public testing::Test {
+protected:
+    HelperEngineTest()
+    {
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+        settings.program = QStringLiteral(KESTRO_FAKE_HELPER);
+        settings.secondsOfPing = 1;
+        settings.mostUnanswered = 1;
+        window.setContentView(&ground);
+        window.makeKeyAndOrderFront();
+    }
+
+    std::unique_ptr<WebView> show(HelperEngine& engine, const char* address)
+    {
+        auto view = engine.makeWebView({{0, 0}, {20, 30}});
+        ground.addSubview(*view);
+        view->loadRequest(QUrl(QString::fromLatin1(address)));
+        return view;
+    }
+
+    QColor colourAt(int x, int y)
+    {
+        Screen& screen = *desktop.screens().front();
+        screen.update();
+        return screen.surface().canvas().pixelColor(x, y);
+    }
+
+    bool becomes(const QColor& colour)
+    {
+        return turnUntil([&] { return colourAt(10, 10) == colour; });
+    }
+
+    int logged(const char* fragment)
+    {
+        return static_cast<int>(lines.filter(QString::fromUtf8(fragment)).size());
+    }
+
+    QStringList lines;
+    LogCapture log{[this](const QString& line) { lines.append(line); }};
+    HelperSettings settings;
+    ManualClock clock;
+    ManualTimerSource timers{clock};
+    SeededRandom random{1};
+    ImageDesktop desktop{{Rect{{0, 0}, {40, 30}}}, 2.0, timers, clock, random};
+    View ground{{{0, 0}, {40, 30}}};
+    Window window{{{{0, 0}, {40, 30}}, desktop.screens().front(), QStringLiteral("test")}};
+};
+
+TEST_F(HelperEngineTest, isAvailable_isFalseAndSaysWhyOnce_withoutAHelper)
+{
+    settings.program = QStringLiteral("/nowhere/kestro-web");
+    HelperEngine engine(settings);
+    EXPECT_FALSE(engine.isAvailable());
+    EXPECT_FALSE(engine.isAvailable());
+    EXPECT_EQ(logged("No web content: /nowhere/kestro-web is not there"), 1);
+}
+
+TEST_F(HelperEngineTest, isAvailable_isFalse_withoutThePlayer)
+{
+    settings.needed = QStringLiteral("/nowhere/ruffle.js");
+    HelperEngine engine(settings);
+    EXPECT_FALSE(engine.isAvailable());
+}
+
+TEST_F(HelperEngineTest, isAvailable_isFalseForRootAlone_withASandbox)
+{
+    qunsetenv("QTWEBENGINE_DISABLE_SANDBOX");
+    HelperEngine engine(settings);
+    EXPECT_EQ(engine.isAvailable(), geteuid() != 0);
+}
+
+TEST_F(HelperEngineTest, view_showsWhatTheHelperPaints_overItsBoundsAlone)
+{
+    HelperEngine engine(settings);
+    const auto view = show(engine, "paint:ff0000");
+    EXPECT_TRUE(becomes(red));
+    EXPECT_EQ(colourAt(39, 59), red);
+    EXPECT_NE(colourAt(40, 10), red);
+}
+
+TEST_F(HelperEngineTest, view_startsNoHelper_beforeItHasAnAddress)
+{
+    HelperEngine engine(settings);
+    const auto view = engine.makeWebView({{0, 0}, {20, 30}});
+    EXPECT_FALSE(engine.isRunning());
+    view->loadRequest(QUrl(QStringLiteral("paint:ff0000")));
+    EXPECT_TRUE(engine.isRunning());
+}
+
+TEST_F(HelperEngineTest, view_isPaintedAtItsNewSize_afterAResize)
+{
+    HelperEngine engine(settings);
+    const auto view = show(engine, "paint:0000ff");
+    ASSERT_TRUE(becomes(blue));
+    view->setFrame({{0, 0}, {40, 30}});
+    EXPECT_TRUE(turnUntil([&] { return colourAt(79, 59) == blue; }));
+}
+
+TEST_F(HelperEngineTest, view_givesASlotBack_onceItShowsTheNextPicture)
+{
+    HelperEngine engine(settings);
+    const auto view = show(engine, "pair:");
+    EXPECT_TRUE(becomes(green)); // painted in the slot that was given back
+}
+
+TEST_F(HelperEngineTest, view_isMutedUntilToldOtherwise)
+{
+    HelperEngine engine(settings);
+    const auto muted = show(engine, "sound:");
+    ASSERT_TRUE(becomes(red));
+    muted->stopLoading();
+    const auto loud = show(engine, "sound:");
+    loud->setMuted(false);
+    EXPECT_TRUE(becomes(blue));
+}
+
+TEST_F(HelperEngineTest, view_isBlack_onceStopped)
+{
+    HelperEngine engine(settings);
+    const auto view = show(engine, "paint:ff0000");
+    ASSERT_TRUE(becomes(red));
+    view->stopLoading();
+    EXPECT_TRUE(becomes(black));
+}
+
+TEST_F(HelperEngineTest, views_shareOneHelper)
+{
+    HelperEngine engine(settings);
+    const auto one = show(engine, "paint:ff0000");
+    const auto other = show(engine, "paint:0000ff");
+    other->setFrame({{20, 0}, {20, 30}});
+    EXPECT_TRUE(turnUntil([&] { return colourAt(10, 10) == red && colourAt(50, 10) == blue; }));
+}
+
+TEST_F(HelperEngineTest, note_isLoggedWithTheAddress)
+{
+    HelperEngine engine(settings);
+    const auto view = show(engine, "note:bad");
+    EXPECT_TRUE(turnUntil([&] { return logged("Web content: note:bad: bad") == 1; }));
+}
+
+TEST_F(HelperEngineTest, crash_isLogged_andTheHelperStartedThreeTimesMore)
+{
+    HelperEngine engine(settings);
+    const auto view = show(engine, "crash:");
+    EXPECT_TRUE(turnUntil([&] { return logged("all stays black") == 1; }));
+    EXPECT_EQ(logged("the helper ended; it is started again"), 3);
+    EXPECT_FALSE(engine.isRunning());
+    EXPECT_FALSE(engine.isAvailable());
+    EXPECT_TRUE(becomes(black));
+}
+
+TEST_F(HelperEngineTest, otherPages_comeBack_afterACrash)
+{
+    HelperEngine engine(settings);
+    const auto view = show(engine, "paint:ff0000");
+    ASSERT_TRUE(becomes(red));
+    auto crashing = engine.makeWebView({{0, 0}, {1, 1}});
+    crashing->loadRequest(QUrl(QStringLiteral("crash:")));
+    ASSERT_TRUE(turnUntil([&] { return logged("it is started again") == 1; }));
+    crashing.reset();
+    EXPECT_TRUE(becomes(red));
+}
+
+TEST_F(HelperEngineTest, helperThatDoesNotAnswer_isEnded_andItsPagesBlack)
+{
+    settings.mostRestarts = 0;
+    HelperEngine engine(settings);
+    const auto view = show(engine, "hang:");
+    EXPECT_TRUE(turnUntil([&] { return logged("the helper does not answer; all stays black") == 1; }));
+    EXPECT_TRUE(becomes(black));
+    EXPECT_FALSE(engine.isRunning());
+}
+
+TEST_F(HelperEngineTest, helperThatNeverStarts_leavesTheViewBlack)
+{
+    settings.arguments = {QStringLiteral("crash")};
+    HelperEngine engine(settings);
+    const auto view = show(engine, "paint:ff0000");
+    EXPECT_TRUE(turnUntil([&] { return logged("all stays black") == 1; }));
+    EXPECT_TRUE(becomes(black));
+}
+
+TEST_F(HelperEngineTest, addressTooLongToTell_isLogged_andBlack)
+{
+    HelperEngine engine(settings);
+    const QByteArray address = "paint:" + QByteArray(20000, 'f');
+    const auto view = show(engine, address.constData());
+    EXPECT_TRUE(turnUntil([&] { return logged("cannot be shown") == 1; }));
+    EXPECT_TRUE(becomes(black));
+}
+
+} // namespace
+
+} // namespace kestro
