@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/base/Result.h"
+
+#include <QString>
+
+namespace kestro {
+
+/// The right to crawl for one list: at most one process, and one place in it, has it at a time. It is a lock
+/// on a file beside the list, so it goes with the process however that ends. Owned by who crawls; any thread.
+class CrawlLock final {
+public:
+    /// The lock of the list at `listPath`; an error where somebody else has it or it cannot be made. Never
+    /// waits.
+    [[nodiscard]] static Result<CrawlLock> take(const QString& listPath);
+
+    ~CrawlLock();
+    CrawlLock(CrawlLock&& other) noexcept;
+    CrawlLock& operator=(CrawlLock&& other) noexcept;
+    CrawlLock(const CrawlLock&) = delete;
+    CrawlLock& operator=(const CrawlLock&) = delete;
+
+private:
+    explicit CrawlLock(int file)
+        : m_file(file)
+    {
+    }
+
+    int m_file;
+};
+
+} // namespace kestro

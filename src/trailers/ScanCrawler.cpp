@@ -1,0 +1,202 @@
+#include "trailers/ScanCrawler.h"
+
+#include "platform/base/Log.h"
+#include "platform/network/Fetch.h"
+#include "trailers/LinkResolver.h"
+#include "trailers/PageBase.h"
+#include "trailers/PageParser.h"
+#include "trailers/TrailerList.h"
+#include "trailers/URLText.h"
+
+#include <QUrl>
+
+#include <utility>
+
+namespace kestro {
+
+namespace {
+
+constexpr qsizetype shortestPage = 5; // bytes
+
+QUrl urlOf(const std::string& text)
+{
+    return QUrl::fromEncoded(QByteArray::fromStdString(text));
+}
+
+QString shown(const std::string& text)
+{
+    return QString::fromStdString(text);
+}
+
+std::string_view viewOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+// "/a/b.html" is in "/a/", "/a/b" is a folder itself.
+std::string folderOf(std::string_view path)
+{
+    if (path.empty()) return "/";
+    if (!path.ends_with('/') && !pathExtension(path).empty()) path = path.substr(0, path.rfind('/') + 1);
+    return std::string(path) + (path.ends_with('/') ? "" : "/");
+}
+
+QString outcomeOf(std::size_t links, std::size_t movies)
+{
+    return QStringLiteral("%1 links to follow, %2 movies").arg(links).arg(movies);
+}
+
+} // namespace
+
+std::optional<PageBase> baseOfPage(const std::string& url)
+{
+    const auto parts = URLText::parse(url);
+    if (!parts || parts->scheme.empty()) return {};
+    return PageBase::from(std::string(parts->scheme) + "://" + std::string(parts->hostAndPort()) +
+                          folderOf(parts->path()));
+}
+
+ScanCrawler::ScanCrawler(Fetch& fetch, TrailerList& list, const QString& scratchFolder, CrawlHooks hooks)
+    : m_fetch(fetch)
+    , m_list(list)
+    , m_unpacker(scratchFolder)
+    , m_hooks(std::move(hooks))
+{
+}
+
+ScanCrawler::~ScanCrawler() = default;
+
+bool ScanCrawler::scanURLProgress(const std::string& url, bool progress)
+{
+    begin();
+    bool isWhole = enterPage(url);
+    while (!m_path.empty())
+        isWhole = step(progress);
+    m_known.clear();
+    return isWhole;
+}
+
+void ScanCrawler::begin()
+{
+    m_path.clear();
+    m_known.clear();
+    m_startFailure.clear();
+    m_pages = 0;
+    m_queue = 0;
+}
+
+// What the page that was left came to; the last one left is the first one entered.
+bool ScanCrawler::step(bool progress)
+{
+    OpenPage& page = m_path.back();
+    const bool isAtEnd = page.next == page.links.size();
+    if (isAtEnd || !m_hooks.isWanted())
+        return leavePage(isAtEnd && (!page.endsWithOtherLink || m_hooks.isWanted()), progress);
+    const std::string& link = *page.links[page.next++];
+    --m_queue;
+    // Another page may have led there meanwhile.
+    return mayFollow(link) && enterPage(link);
+}
+
+// Pages that were not followed to their end keep their movies to themselves.
+bool ScanCrawler::leavePage(bool isWhole, bool progress)
+{
+    OpenPage page = std::move(m_path.back());
+    m_path.pop_back();
+    m_queue -= static_cast<qsizetype>(page.links.size() - page.next);
+    if (!isWhole) return false;
+    m_list.store(std::move(page.movies));
+    if (progress) m_hooks.reloadTableView();
+    return true;
+}
+
+bool ScanCrawler::enterPage(const std::string& url)
+{
+    if (m_watcher) m_watcher->pageBegins(url, counts());
+    m_list.addPassed(url);
+    auto page = openPage(url);
+    if (!page) {
+        if (m_path.empty()) m_startFailure = page.error();
+        if (m_watcher) m_watcher->pageEnds(url, page.error());
+        return false;
+    }
+    ++m_pages;
+    m_queue += static_cast<qsizetype>(page.value().links.size());
+    if (m_watcher) m_watcher->pageEnds(url, outcomeOf(page.value().links.size(), page.value().movies.size()));
+    m_path.push_back(std::move(page.value()));
+    return true;
+}
+
+// The page's bytes are gone when its links are followed.
+Result<ScanCrawler::OpenPage> ScanCrawler::openPage(const std::string& url)
+{
+    const auto text = textOf(url);
+    if (!text) return Error{text.error()};
+    const auto base = baseOfPage(url);
+    if (!base) return Error{QStringLiteral("its links have no base")};
+    const PageParser parser([this](const QUrl& feed) { return feedText(feed); }, curDateStr());
+    OpenPage page;
+    takeLinks(parser.linkListFromStringBase(viewOf(text.value()), *base), page);
+    page.movies = parser.movieListFromStringBase(viewOf(text.value()), *base);
+    return page;
+}
+
+Result<QByteArray> ScanCrawler::textOf(const std::string& url)
+{
+    auto page = m_fetch.fetch(urlOf(url));
+    if (!page) return page;
+    if (page.value().size() < shortestPage) return Error{QStringLiteral("nothing in it")};
+    if (PageUnpacker::isPacked(page.value())) {
+        page = m_unpacker.unpack(page.value(), m_hooks.isWanted);
+        if (!page) logLine(QStringLiteral("Cannot unpack %1: %2").arg(shown(url), page.error()));
+    }
+    if (!canBeDecoded(page, url)) return Error{page ? QStringLiteral("no text in it") : page.error()};
+    return page;
+}
+
+// Only the first page of a crawl decides about the encoding.
+bool ScanCrawler::canBeDecoded(const Result<QByteArray>& page, const std::string& url)
+{
+    const auto hasText = [&] { return page && isText(page.value(), m_encoding); };
+    if (m_path.empty() && !(hasText() && holdsHtmlTag(page.value()))) {
+        m_encoding = PageEncoding::Ascii;
+        logLine(QStringLiteral("Encoding Changed... %1").arg(static_cast<int>(m_encoding)));
+    }
+    if (hasText()) return true;
+    logLine(QStringLiteral("No Contents (retry)....%1").arg(shown(url)));
+    if (page && isText(page.value(), PageEncoding::Ascii)) return true;
+    logLine(QStringLiteral("No Contents (return NO)....%1").arg(shown(url)));
+    return false;
+}
+
+QByteArray ScanCrawler::feedText(const QUrl& feed)
+{
+    auto text = m_fetch.fetch(feed);
+    return text ? std::move(text.value()) : QByteArray();
+}
+
+// What can not be followed now never can, because a page that was visited stays so. Left out here it takes no
+// room while the page waits.
+void ScanCrawler::takeLinks(const std::vector<std::string>& links, OpenPage& page)
+{
+    std::unordered_set<const std::string*> taken;
+    for (const std::string& link : links) {
+        page.endsWithOtherLink = !mayFollow(link);
+        if (page.endsWithOtherLink) continue;
+        const std::string* known = &*m_known.insert(link).first;
+        page.endsWithOtherLink = !taken.insert(known).second;
+        if (!page.endsWithOtherLink) page.links.push_back(known);
+    }
+}
+
+bool ScanCrawler::mayFollow(const std::string& link) const
+{
+    return isValidURL(link, m_siteHost, [this](std::string_view page) { return m_list.isPassed(page); });
+}
+
+CrawlCounts ScanCrawler::counts() const
+{
+    return {m_pages, m_list.count(), m_queue};
+}
+
+} // namespace kestro

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "platform/base/Result.h"
+#include "trailers/CrawlWatcher.h"
+#include "trailers/PageText.h"
+#include "trailers/PageUnpacker.h"
+#include "trailers/TrailerRecord.h"
+
+#include <QByteArray>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+class QUrl;
+
+namespace kestro {
+
+class Fetch;
+class PageBase;
+class TrailerList;
+
+/// What a crawl asks and tells its owner, on the crawl's thread.
+struct CrawlHooks {
+    std::function<bool()> isWanted;        ///< false ends the crawl at the next link
+    std::function<void()> reloadTableView; ///< the list has more to show
+};
+
+/// Walks the trailer site from one page, depth first, and keeps the movies that it finds in the list. A
+/// page's movies are kept once every page that it links to is done. The way down is a stack of its own, so a
+/// site may be as deep as it likes. Owned by the controller; one crawl at a time, on one thread.
+class ScanCrawler final {
+public:
+    /// `fetch` and `list` outlive the crawler; `scratchFolder` is for unpacking pages.
+    ScanCrawler(Fetch& fetch, TrailerList& list, const QString& scratchFolder, CrawlHooks hooks);
+    ~ScanCrawler();
+
+    /// The host whose pages may be fetched, with a port or for every port.
+    void setSiteHost(std::string host) { m_siteHost = std::move(host); }
+    /// Tells `watcher` of each page from the next crawl on; null for nobody.
+    void setWatcher(CrawlWatcher* watcher) { m_watcher = watcher; }
+
+    /// Scans the page at `url`, an absolute string, and every page below it. With `progress` reloadTableView
+    /// is called after each page. True when the page was scanned to its end.
+    bool scanURLProgress(const std::string& url, bool progress);
+
+    /// Pages that the last crawl has read, and why its first page could not be read.
+    [[nodiscard]] int pageCount() const { return m_pages; }
+    [[nodiscard]] const QString& startFailure() const { return m_startFailure; }
+
+private:
+    /// A page on the way down, and how far its links are followed.
+    struct OpenPage {
+        std::vector<const std::string*>
+            links; ///< in m_known; those that could be followed when it was opened
+        std::size_t next = 0;
+        bool endsWithOtherLink = false; ///< the page ends with a link that is not in `links`
+        std::vector<TrailerRecord> movies;
+    };
+
+    void begin();
+    bool step(bool progress);
+    bool leavePage(bool isWhole, bool progress);
+    [[nodiscard]] bool enterPage(const std::string& url);
+
+    [[nodiscard]] Result<OpenPage> openPage(const std::string& url);
+    [[nodiscard]] Result<QByteArray> textOf(const std::string& url);
+    [[nodiscard]] bool canBeDecoded(const Result<QByteArray>& page, const std::string& url);
+    [[nodiscard]] QByteArray feedText(const QUrl& feed);
+    void takeLinks(const std::vector<std::string>& links, OpenPage& page);
+    [[nodiscard]] bool mayFollow(const std::string& link) const;
+    [[nodiscard]] CrawlCounts counts() const;
+
+    Fetch& m_fetch;
+    TrailerList& m_list;
+    PageUnpacker m_unpacker;
+    CrawlHooks m_hooks;
+    CrawlWatcher* m_watcher = nullptr;
+    std::string m_siteHost;
+    PageEncoding m_encoding = PageEncoding::IsoLatin1; ///< once switched, for good
+    std::vector<OpenPage> m_path;                      ///< from the start page to the present one
+    std::unordered_set<std::string> m_known;           ///< each link once, however many pages have it
+    QString m_startFailure;
+    int m_pages = 0;
+    qsizetype m_queue = 0;
+};
+
+/// What the links of the page at `url` are resolved against: its folder.
+[[nodiscard]] std::optional<PageBase> baseOfPage(const std::string& url);
+
+} // namespace kestro

@@ -1,0 +1,192 @@
+#include "trailers/TrailerCont.h"
+
+#include "platform/base/Log.h"
+#include "platform/base/Paths.h"
+#include "platform/network/CurlFetch.h"
+#include "trailers/CrawlLock.h"
+#include "trailers/PageBase.h"
+
+#include <system_error>
+#include <utility>
+
+namespace kestro {
+
+namespace {
+
+// Never destroyed: savers may live until the very end of the process.
+TrailerCont*& shared()
+{
+    static TrailerCont* only = nullptr;
+    return only;
+}
+
+TrailerCont::Parts partsOfThisUser()
+{
+    return {homeFolder(),
+            packagePrefix() +
+                QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources/Kestro_Scanned_Trailers.lst"),
+            temporaryFolder(), configuredTrailerSite(), std::make_unique<CurlFetch>()};
+}
+
+ScanEnd notStarted(const QString& reason)
+{
+    return {ScanEnd::Kind::NotStarted, reason};
+}
+
+QString cannotRead(const std::string& url, const QString& reason)
+{
+    return QStringLiteral("Cannot read %1: %2").arg(QString::fromStdString(url), reason);
+}
+
+} // namespace
+
+TrailerCont& TrailerCont::sharedController()
+{
+    if (!shared()) shared() = new TrailerCont(partsOfThisUser());
+    return *shared();
+}
+
+TrailerCont* TrailerCont::sharedControllerIfMade()
+{
+    return shared();
+}
+
+TrailerCont::TrailerCont(Parts parts)
+    : m_list(parts.homeFolder, parts.seed)
+    , m_site(std::move(parts.site))
+    , m_fetch(std::move(parts.fetch))
+    , m_crawler(*m_fetch, m_list, parts.scratchFolder,
+                {[this] { return onThreading(); }, [this] { postReload(); }})
+{
+    m_list.load();
+}
+
+TrailerCont::~TrailerCont()
+{
+    stopThreading();
+    if (m_worker.joinable()) m_worker.join();
+}
+
+QList<QUrl> TrailerCont::lastTrailers(int count, int width, const QSet<QString>& excluded)
+{
+    return m_list.lastTrailers(count, width, excluded);
+}
+
+void TrailerCont::scanLatest(TrailerClient&)
+{
+    if (m_onThreading) return;
+    if (!m_site.start.isEmpty()) return detachNewThreadSelector(&TrailerCont::scanTralersWithNoProgress);
+    if (std::exchange(m_hasComplained, true)) return;
+    logLine(QStringLiteral("No new trailers are looked for: no trailer site is named in %1.")
+                .arg(configurationFile()));
+}
+
+void TrailerCont::scan()
+{
+    if (m_onThreading) return stopThreading();
+    detachNewThreadSelector(&TrailerCont::scanTralers);
+}
+
+void TrailerCont::detachNewThreadSelector(void (TrailerCont::*body)(const TrailerSite&))
+{
+    if (m_worker.joinable()) m_worker.join();
+    m_onThreading = true;
+    m_hasWorker = true;
+    m_fetch->allow();
+    try {
+        m_worker = std::thread([this, body, site = m_site] { (this->*body)(site); });
+    } catch (const std::system_error&) {
+        logLine(QStringLiteral("Cannot start a thread for the crawl."));
+        m_onThreading = false;
+        m_hasWorker = false;
+    }
+}
+
+void TrailerCont::stopThreading()
+{
+    m_onThreading = false;
+    if (!m_hasWorker) return;
+    m_fetch->cancel();
+    m_hasWorker.wait(true);
+}
+
+void TrailerCont::clear()
+{
+    m_list.clear();
+    if (m_observer) m_observer->reloadTableView();
+}
+
+void TrailerCont::scanTralers(const TrailerSite& site)
+{
+    crawl(site, true);
+    postStopProgress();
+    leaveThread();
+}
+
+void TrailerCont::scanTralersWithNoProgress(const TrailerSite& site)
+{
+    crawl(site, false);
+    if (!m_end.reason.isEmpty()) logLine(m_end.reason);
+    leaveThread();
+}
+
+void TrailerCont::crawl(const TrailerSite& site, bool progress)
+{
+    const std::string url = site.start.trimmed().toStdString();
+    const auto lock = CrawlLock::take(m_list.file().path());
+    if (!PageBase::from(url))
+        m_end = notStarted(QStringLiteral("No address of a page: \"%1\"").arg(site.start));
+    else if (!lock)
+        m_end = notStarted(lock.error());
+    else
+        crawlWithLock(url, site.hostFor(url), progress);
+    m_onThreading = false;
+    m_inThreading = false;
+}
+
+// Saving belongs to the crawl: whoever stops it waits for that too.
+void TrailerCont::crawlWithLock(const std::string& url, const std::string& host, bool progress)
+{
+    logLine(QStringLiteral("Thread started."));
+    m_inThreading = true;
+    m_crawler.setSiteHost(host);
+    m_end = scanFrom(url, progress);
+    if (!progress && m_list.isChanged()) m_list.saveList();
+    logLine(QStringLiteral("Thread exited."));
+}
+
+ScanEnd TrailerCont::scanFrom(const std::string& url, bool progress)
+{
+    m_crawler.scanURLProgress(url, progress);
+    const int pages = m_crawler.pageCount();
+    if (!m_onThreading) return {ScanEnd::Kind::Stopped, {}, pages};
+    if (pages == 0) return {ScanEnd::Kind::NoPage, cannotRead(url, m_crawler.startFailure()), pages};
+    return {ScanEnd::Kind::Whole, {}, pages};
+}
+
+void TrailerCont::leaveThread()
+{
+    m_hasWorker = false;
+    m_hasWorker.notify_all();
+}
+
+// One request at a time: a page that cannot keep up with the crawl still shows its newest state.
+void TrailerCont::postReload()
+{
+    if (m_isReloadPosted.exchange(true)) return;
+    const auto reload = [this] {
+        m_isReloadPosted = false;
+        if (m_observer) m_observer->reloadTableView();
+    };
+    QMetaObject::invokeMethod(&m_mainThread, reload, Qt::QueuedConnection);
+}
+
+void TrailerCont::postStopProgress()
+{
+    const auto stop = [this] {
+        if (m_observer) m_observer->stopProgress();
+    };
+    QMetaObject::invokeMethod(&m_mainThread, stop, Qt::QueuedConnection);
+}
+
+} // namespace kestro

@@ -1,0 +1,217 @@
+#include "trailers/TrailerList.h"
+
+#include "platform/base/Log.h"
+#include "platform/base/StoredValue.h"
+#include "settings/MovieURL.h"
+#include "trailers/TrailerRecordMap.h"
+
+#include <QDate>
+
+#include <utility>
+
+namespace kestro {
+
+namespace {
+
+int widthOf(const TrailerRecord& record)
+{
+    if (!record.size) return 0;
+    const auto end = record.size->indexOf(QStringLiteral(" x "));
+    return intValue(end < 0 ? *record.size : record.size->left(end));
+}
+
+QStringView withoutSlashesAtEnd(QStringView path)
+{
+    while (path.endsWith(u'/'))
+        path.chop(1);
+    return path;
+}
+
+// The folder of a URL string, taken as a path.
+QString folderOf(const QString& url)
+{
+    const QStringView path = withoutSlashesAtEnd(url);
+    return path.first(path.lastIndexOf(u'/') + 1).toString();
+}
+
+bool isExcluded(const QString& text, const QUrl& url, const QSet<QString>& excluded)
+{
+    return excluded.contains(text) || excluded.contains(absoluteString(url));
+}
+
+QByteArray borrowed(std::string_view text)
+{
+    return QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+QString curDateStr()
+{
+    const QDate today = QDate::currentDate();
+    return QString::asprintf("%04d/%02d/%02d", today.year(), today.month(), today.day());
+}
+
+TrailerList::TrailerList(const QString& homeFolder, QString seed)
+    : m_file(homeFolder, std::move(seed))
+{
+}
+
+void TrailerList::load()
+{
+    auto contents = m_file.load();
+    const std::lock_guard guard(m_mutex);
+    m_contents = std::move(contents);
+    m_sorted.reset();
+    m_isChanged = false;
+}
+
+bool TrailerList::saveList()
+{
+    TrailerListContents contents;
+    {
+        const std::lock_guard guard(m_mutex);
+        contents = m_contents;
+        m_isChanged = false;
+    }
+    if (m_file.save(contents)) return true;
+    logLine(QStringLiteral("Failed to save list."));
+    const std::lock_guard guard(m_mutex);
+    m_isChanged = true;
+    return false;
+}
+
+bool TrailerList::isChanged() const
+{
+    const std::lock_guard guard(m_mutex);
+    return m_isChanged;
+}
+
+void TrailerList::clear()
+{
+    const std::lock_guard guard(m_mutex);
+    m_contents = {};
+    m_sorted.reset();
+    m_isChanged = true;
+}
+
+QHash<QString, TrailerRecord> TrailerList::scanedURLs() const
+{
+    const std::lock_guard guard(m_mutex);
+    return m_contents.trailers;
+}
+
+std::optional<TrailerRecord> TrailerList::record(const QString& url) const
+{
+    const std::lock_guard guard(m_mutex);
+    const auto found = m_contents.trailers.constFind(url);
+    return found == m_contents.trailers.constEnd() ? std::nullopt : std::optional(*found);
+}
+
+qsizetype TrailerList::count() const
+{
+    const std::lock_guard guard(m_mutex);
+    return m_contents.trailers.size();
+}
+
+void TrailerList::store(std::vector<TrailerRecord> records)
+{
+    const std::lock_guard guard(m_mutex);
+    for (TrailerRecord& record : records) {
+        record.url = storableText(record.url);
+        if (record.size) record.size = storableText(*record.size);
+        const QString url = record.url;
+        m_contents.trailers.insert(url, std::move(record));
+    }
+    m_contents.hasTrailers = true;
+    m_sorted.reset();
+    m_isChanged = m_isChanged || !records.empty();
+}
+
+std::optional<QStringList> TrailerList::scanedURLList() const
+{
+    const std::lock_guard guard(m_mutex);
+    if (!m_contents.hasTrailers) return {};
+    if (!m_sorted) m_sorted = sortedURLs(m_contents.trailers, m_order);
+    return m_sorted;
+}
+
+QSet<QByteArray> TrailerList::passedList() const
+{
+    const std::lock_guard guard(m_mutex);
+    return m_contents.sites;
+}
+
+bool TrailerList::isPassed(std::string_view page) const
+{
+    const std::lock_guard guard(m_mutex);
+    return m_contents.sites.contains(borrowed(page));
+}
+
+void TrailerList::addPassed(std::string_view page)
+{
+    const std::lock_guard guard(m_mutex);
+    if (m_contents.sites.contains(borrowed(page))) return;
+    m_contents.sites.insert(QByteArray(page.data(), static_cast<qsizetype>(page.size())));
+    m_isChanged = true;
+}
+
+TrailerOrder TrailerList::order() const
+{
+    const std::lock_guard guard(m_mutex);
+    return m_order;
+}
+
+void TrailerList::setSortKey(const QString& key)
+{
+    const std::lock_guard guard(m_mutex);
+    m_order.sortKey = key;
+    m_sorted.reset();
+}
+
+void TrailerList::setAscending(bool ascending)
+{
+    const std::lock_guard guard(m_mutex);
+    m_order.ascending = ascending;
+    m_sorted.reset();
+}
+
+QStringList TrailerList::sortedURLList(const QHash<QString, TrailerRecord>& trailers) const
+{
+    return sortedURLs(trailers, order());
+}
+
+QStringList TrailerList::sortedURLListByDate(const QHash<QString, TrailerRecord>& trailers) const
+{
+    return sortedURLs(trailers, {QStringLiteral("Date"), order().ascending});
+}
+
+QList<QUrl> TrailerList::lastTrailers(int count, int width, const QSet<QString>& excluded) const
+{
+    const std::lock_guard guard(m_mutex);
+    OrderedEntries entries(entriesOfWidth(width), {QStringLiteral("Date"), m_order.ascending});
+    QSet<QString> folders;
+    QList<QUrl> picked;
+    while (!entries.isEmpty()) {
+        const QString& text = *entries.takeFirst().url;
+        const QString folder = folderOf(text);
+        if (folders.contains(folder)) continue;
+        const QUrl url(text);
+        if (!url.isValid() || isExcluded(text, url, excluded)) continue;
+        folders.insert(folder);
+        picked.prepend(url);
+        if (picked.size() == count) break;
+    }
+    return picked;
+}
+
+TrailerEntries TrailerList::entriesOfWidth(int width) const
+{
+    TrailerEntries entries;
+    const auto& trailers = m_contents.trailers;
+    for (auto trailer = trailers.begin(); trailer != trailers.end(); ++trailer)
+        if (widthOf(*trailer) == width) entries.push_back({&trailer.key(), &trailer.value()});
+    return entries;
+}
+
+} // namespace kestro

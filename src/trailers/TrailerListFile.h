@@ -1,0 +1,49 @@
+#pragma once
+
+#include "trailers/TrailerRecord.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QSet>
+#include <QString>
+
+#include <optional>
+
+namespace kestro {
+
+/// What a list file holds.
+struct TrailerListContents {
+    QHash<QString, TrailerRecord> trailers; ///< by URL string
+    QSet<QByteArray> sites;                 ///< the pages that a crawl has visited, absolute strings in UTF-8
+    bool hasTrailers = false;               ///< there was a list, even an empty one
+};
+
+/// The file that the scanned trailers are kept in, in the user's "Library/Preferences". A stateless name of a
+/// place; owned by the list. Any one thread at a time.
+class TrailerListFile final {
+public:
+    /// `seed` is the list that a user starts with, installed where there is none or only an outdated one.
+    TrailerListFile(const QString& homeFolder, QString seed);
+
+    /// What the file holds, after the seed was put in the place of a missing or outdated one. A file without
+    /// a version is outdated, as is one that cannot be read; it goes to the backup name, and one that cannot
+    /// be read to a further name where there is a backup already.
+    [[nodiscard]] TrailerListContents load() const;
+    /// Writes all of it, atomically; answers whether it did.
+    [[nodiscard]] bool save(const TrailerListContents& contents) const;
+
+    [[nodiscard]] const QString& path() const { return m_path; }
+
+private:
+    void installSeed() const;
+    void retire(bool isReadable) const;
+
+    QString m_path;
+    QString m_backup;
+    QString m_seed;
+};
+
+/// The date of records of an older list that have none.
+[[nodiscard]] QString defaultDateStr();
+
+} // namespace kestro

@@ -1,0 +1,241 @@
+#include "trailers/TrailerCont.h"
+
+#include "trailers/CrawlLock.h"
+#include "trailers/MemoryFetch.h"
+#include "trailers/TrailerListFixture.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+
+namespace kestro {
+
+namespace {
+
+constexpr int bound = 30000; // milliseconds
+
+const QString startUrl = QStringLiteral("http://h/trailers/");
+const QString innerUrl = QStringLiteral("http://h/trailers/a/");
+const QString movieUrl = QStringLiteral("http://h/trailers/a/t.mov");
+
+class NoClient final : public TrailerClient {};
+
+/// Counts what the controller tells, and on which thread.
+class CountingObserver final : public TrailerObserver {
+public:
+    void reloadTableView() override
+    {
+        ++reloads;
+        isOnMain = isOnMain && std::this_thread::get_id() == m_main;
+    }
+    void stopProgress() override
+    {
+        ++stops;
+        isOnMain = isOnMain && std::this_thread::get_id() == m_main;
+    }
+
+    int reloads = 0;
+    int stops = 0;
+    bool isOnMain = true;
+
+private:
+    std::thread::id m_main = std::this_thread::get_id();
+};
+
+} // namespace
+
+class TrailerContTest : public TrailerListFixture {
+protected:
+    TrailerContTest()
+        : m_application(m_count, m_words)
+    {
+        auto fetch = std::make_unique<MemoryFetch>();
+        m_fetch = fetch.get();
+        m_fetch->put(startUrl, "<html><a href=\"a/\"><a href=\"b/\">");
+        m_fetch->put(innerUrl, "<html>AC.Quicktime.packageMovie('m','t.mov',{width:480})");
+        m_fetch->put(QStringLiteral("http://h/trailers/b/"), "<html>");
+        m_controller = std::make_unique<TrailerCont>(
+            TrailerCont::Parts{m_home.path(), seed(), m_home.path(), {startUrl, {}}, std::move(fetch)});
+        m_controller->setObserver(&m_observer);
+    }
+    ~TrailerContTest() override { m_controller.reset(); }
+
+    // Turns the event loop until `condition` holds.
+    template <typename Condition>
+    [[nodiscard]] static bool waitUntil(Condition condition)
+    {
+        const QDeadlineTimer deadline(bound);
+        while (!condition() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+        return condition();
+    }
+    [[nodiscard]] bool waitForEnd()
+    {
+        return waitUntil([this] { return !m_controller->onThreading() && !m_controller->inThreading(); });
+    }
+
+    int m_count = 1;
+    char m_name[5] = "test";
+    char* m_words[2] = {m_name, nullptr};
+    QCoreApplication m_application;
+    NoClient m_client;
+    CountingObserver m_observer;
+    MemoryFetch* m_fetch = nullptr;
+    std::unique_ptr<TrailerCont> m_controller;
+};
+
+TEST_F(TrailerContTest, scanLatest_findsAndSavesWithoutAWord_whenItRunsToItsEnd)
+{
+    m_controller->scanLatest(m_client);
+    ASSERT_TRUE(waitForEnd());
+    m_controller->stopThreading();
+    EXPECT_EQ(m_controller->lastTrailers(6, 480, {}), QList<QUrl>{QUrl(movieUrl)});
+    EXPECT_EQ(m_log, (QStringList{QStringLiteral("Thread started."), QStringLiteral("Thread exited.")}));
+    EXPECT_EQ(m_observer.stops, 0);
+    EXPECT_EQ(m_observer.reloads, 0);
+    EXPECT_EQ(m_controller->lastEnd().kind, ScanEnd::Kind::Whole);
+
+    TrailerList saved(m_home.path(), seed());
+    saved.load();
+    EXPECT_TRUE(saved.record(movieUrl));
+    EXPECT_EQ(saved.passedList().size(), 3);
+}
+
+TEST_F(TrailerContTest, scanLatest_doesNothing_whenACrawlIsWantedAlready)
+{
+    m_fetch->setHanging(startUrl);
+    m_controller->scanLatest(m_client);
+    ASSERT_TRUE(m_fetch->waitForAsked(startUrl));
+    EXPECT_TRUE(m_controller->inThreading());
+    m_controller->scanLatest(m_client);
+    m_controller->stopThreading();
+    EXPECT_EQ(m_fetch->asked(), QStringList(startUrl));
+}
+
+TEST_F(TrailerContTest, scanLatest_saysOnceThatThereIsNoSite_whenNoStartIsSet)
+{
+    m_controller->setSite({});
+    m_controller->scanLatest(m_client);
+    m_controller->scanLatest(m_client);
+    EXPECT_FALSE(m_controller->onThreading());
+    ASSERT_EQ(m_log.size(), 1);
+    EXPECT_TRUE(m_log.front().contains(configurationFile()));
+}
+
+TEST_F(TrailerContTest, scanLatest_endsWithALine_whenTheStartIsNoAddress)
+{
+    for (const char* start : {"trailers/", "http://", "mailto:a@b", "h t t p://h/"}) {
+        m_log.clear();
+        m_controller->setSite({QLatin1String(start), {}});
+        m_controller->scanLatest(m_client);
+        ASSERT_TRUE(waitForEnd());
+        m_controller->stopThreading();
+        EXPECT_EQ(m_log,
+                  QStringList(QStringLiteral("No address of a page: \"%1\"").arg(QLatin1String(start))));
+    }
+    EXPECT_TRUE(m_fetch->asked().isEmpty());
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+TEST_F(TrailerContTest, scanLatest_leavesTheCrawlOut_whenAnotherProcessCrawls)
+{
+    auto other = CrawlLock::take(path());
+    ASSERT_TRUE(other.isOk());
+    m_controller->scanLatest(m_client);
+    ASSERT_TRUE(waitForEnd());
+    m_controller->stopThreading();
+    EXPECT_EQ(m_log, QStringList(QStringLiteral("Another crawl is running")));
+    EXPECT_TRUE(m_fetch->asked().isEmpty());
+
+    other = Error{};
+    m_controller->scanLatest(m_client);
+    ASSERT_TRUE(waitForEnd());
+    m_controller->stopThreading();
+    EXPECT_EQ(m_fetch->asked().size(), 3);
+}
+
+TEST_F(TrailerContTest, stopThreading_endsAHangingFetchAndSaves_whenThereIsAnythingNew)
+{
+    m_fetch->setHanging(QStringLiteral("http://h/trailers/b/"));
+    m_controller->scanLatest(m_client);
+    ASSERT_TRUE(m_fetch->waitForAsked(QStringLiteral("http://h/trailers/b/")));
+    m_controller->stopThreading();
+    EXPECT_FALSE(m_controller->inThreading());
+    EXPECT_EQ(m_controller->lastEnd().kind, ScanEnd::Kind::Stopped);
+    TrailerList saved(m_home.path(), seed());
+    saved.load();
+    EXPECT_TRUE(saved.record(movieUrl));
+}
+
+TEST_F(TrailerContTest, stopThreading_letsTheNextCrawlFetch_whenItHasEndedOne)
+{
+    m_fetch->setHanging(startUrl);
+    m_controller->scanLatest(m_client);
+    ASSERT_TRUE(m_fetch->waitForAsked(startUrl));
+    m_controller->stopThreading();
+    m_controller->stopThreading();
+    m_fetch->setHanging({});
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_EQ(m_controller->lastEnd().kind, ScanEnd::Kind::Whole);
+    EXPECT_EQ(m_controller->lastEnd().pages, 3);
+}
+
+TEST_F(TrailerContTest, scan_tellsTheMainThreadAndSavesNothing_whenItRuns)
+{
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_GE(m_observer.reloads, 1);
+    EXPECT_TRUE(m_observer.isOnMain);
+    EXPECT_EQ(m_controller->list().count(), 1);
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+TEST_F(TrailerContTest, scan_stopsTheCrawl_whenOneRuns)
+{
+    m_fetch->setHanging(innerUrl);
+    m_controller->scan();
+    ASSERT_TRUE(m_fetch->waitForAsked(innerUrl));
+    EXPECT_TRUE(m_controller->onThreading());
+    m_controller->scan();
+    EXPECT_FALSE(m_controller->onThreading());
+    EXPECT_FALSE(m_controller->inThreading());
+    EXPECT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_EQ(m_controller->list().count(), 0);
+}
+
+TEST_F(TrailerContTest, scan_saysWhy_whenTheStartPageCannotBeRead)
+{
+    m_controller->setSite({QStringLiteral("http://h/gone"), {}});
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_EQ(m_controller->lastEnd().kind, ScanEnd::Kind::NoPage);
+    EXPECT_EQ(m_controller->lastEnd().reason, QStringLiteral("Cannot read http://h/gone: no such page"));
+}
+
+TEST_F(TrailerContTest, scan_staysOnTheConfiguredHost_whenThereIsOne)
+{
+    m_controller->setSite({startUrl, QStringLiteral("elsewhere")});
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_EQ(m_fetch->asked(), QStringList(startUrl));
+}
+
+TEST_F(TrailerContTest, clear_makesTheTableReload_whenAsked)
+{
+    m_controller->list().store({record("http://h/a.mov")});
+    m_controller->clear();
+    EXPECT_EQ(m_observer.reloads, 1);
+    EXPECT_EQ(m_controller->list().count(), 0);
+}
+
+TEST_F(TrailerContTest, destruction_endsTheCrawl_whenItHangs)
+{
+    m_fetch->setHanging(startUrl);
+    m_controller->scanLatest(m_client);
+    ASSERT_TRUE(m_fetch->waitForAsked(startUrl));
+    m_controller.reset();
+    EXPECT_EQ(m_log.back(), QStringLiteral("Thread exited."));
+}
+
+} // namespace kestro
