@@ -92,7 +92,7 @@ void AfterImageTrail::cancelCapture()
     m_thread.join();
 }
 
-void AfterImageTrail::draw(Painter& painter, bool overBackground, const Rect& hidden)
+void AfterImageTrail::draw(Painter& painter, const Rect& rect, bool overBackground, const Rect& hidden)
 {
     const std::lock_guard lock(m_dictLock);
     if (overBackground)
@@ -101,6 +101,15 @@ void AfterImageTrail::draw(Painter& painter, bool overBackground, const Rect& hi
         drawOnBlack(painter, hidden);
     for (Record& record : m_imgList)
         record.shade = static_cast<float>(record.shade - shadeStep);
+    noteDrawn(rect, hidden);
+}
+
+void AfterImageTrail::noteDrawn(const Rect& rect, const Rect& hidden)
+{
+    std::erase_if(m_stale, [&rect](const Rect& place) { return subtractRect({place}, rect).empty(); });
+    for (const Record& record : m_imgList)
+        m_stale.push_back(record.place());
+    if (!hidden.isEmpty()) m_stale.push_back(hidden);
 }
 
 void AfterImageTrail::drawFaintly(Painter& painter) const
@@ -119,11 +128,10 @@ void AfterImageTrail::drawOnBlack(Painter& painter, const Rect& hidden) const
         for (const Rect& place : newer)
             seen = subtractRect(seen, place);
         for (const Rect& part : seen) {
-            painter.fill(part, Qt::black);
-            if (record.shade <= 0.0F) continue;
-            painter.beginPart(part);
-            painter.draw(record.image, record.place(), Compositing::SourceOver, record.shade);
-            painter.endPart();
+            if (record.shade > 0.0F)
+                painter.drawOnBlack(record.image, record.place(), part, record.shade);
+            else
+                painter.fill(part, Qt::black);
         }
         newer.push_back(record.place());
     }
@@ -135,13 +143,13 @@ int AfterImageTrail::count() const
     return static_cast<int>(m_imgList.size());
 }
 
-Rect AfterImageTrail::area() const
+std::vector<Rect> AfterImageTrail::changing() const
 {
     const std::lock_guard lock(m_dictLock);
-    Rect all;
+    std::vector<Rect> places = m_stale;
     for (const auto& record : m_imgList)
-        all = unionRect(all, record.place());
-    return all;
+        places.push_back(record.place());
+    return places;
 }
 
 std::vector<Rect> AfterImageTrail::uncovered(const Rect& rect, const Rect& hidden) const

@@ -48,13 +48,15 @@ public:
     /// Gives up a still that is being taken.
     void cancelCapture();
 
-    /// Draws every still, oldest first, and ages it; without a background saver each on black of its size,
-    /// and only outside `hidden`, a rectangle of the saver view that something else covers.
-    void draw(Painter& painter, bool overBackground, const Rect& hidden = {});
+    /// Draws every still where it lies in `rect`, oldest first, and ages it; without a background saver each
+    /// on black of its size, and only outside `hidden`, a rectangle of the saver view that something else
+    /// covers.
+    void draw(Painter& painter, const Rect& rect, bool overBackground, const Rect& hidden = {});
 
     [[nodiscard]] int count() const;
-    /// The part of the saver view that the stills cover, as one rectangle; empty when there are none.
-    [[nodiscard]] Rect area() const;
+    /// The parts of the saver view that the next drawing changes: the stills of then and now, and what was
+    /// hidden.
+    [[nodiscard]] std::vector<Rect> changing() const;
     /// The part of `rect` that no still covers, nor `hidden`, in pieces.
     [[nodiscard]] std::vector<Rect> uncovered(const Rect& rect, const Rect& hidden = {}) const;
     /// Opacity of the next drawing of each still, newest first.
@@ -71,6 +73,7 @@ private:
 
     void queueImage(const Capture& capture, std::stop_token stop);
     void dropOldest();
+    void noteDrawn(const Rect& rect, const Rect& hidden);
     void drawOnBlack(Painter& painter, const Rect& hidden) const;
     void drawFaintly(Painter& painter) const;
 
@@ -78,6 +81,7 @@ private:
     QObject m_mainThread; ///< receives what the capture thread has to say
     mutable std::mutex m_dictLock;
     std::list<Record> m_imgList; ///< newest first
+    std::vector<Rect> m_stale;   ///< drawn or hidden at the last drawing of their places
     std::atomic<bool> m_onThread = false;
     std::mutex m_doneMutex;
     std::condition_variable m_done; ///< m_onThread fell

@@ -2,6 +2,8 @@
 
 #include "platform/display/Timer.h"
 
+#include <utility>
+
 namespace kestro {
 
 namespace {
@@ -43,6 +45,24 @@ void FadeOut::stopTimer()
     m_aiTimer.reset();
 }
 
+void FadeOut::startTimer()
+{
+    m_aiTimer = m_timers.repeating(fadeInterval, [this] { fadeoutWindow(); });
+}
+
+void FadeOut::pause()
+{
+    m_isPaused = isFading();
+    stopTimer();
+}
+
+void FadeOut::resume()
+{
+    if (!std::exchange(m_isPaused, false)) return;
+    startTimer();
+    m_aiTimer->fire();
+}
+
 void FadeOut::leaveBehind(const Picture& image, const Rect& frame)
 {
     if (!isReady()) return;
@@ -66,7 +86,7 @@ void FadeOut::startFadeout()
     stopTimer();
     if (!m_backWindow) return;
     m_backWindow->setAlphaValue(1.0F);
-    m_aiTimer = m_timers.repeating(fadeInterval, [this] { fadeoutWindow(); });
+    startTimer();
 }
 
 void FadeOut::fadeoutWindow()

@@ -25,6 +25,9 @@ public:
     void close();
     /// Ends a fade in its middle.
     void stopTimer();
+    /// Holds a fade up; afterwards it goes on with a step at once. Nothing where none runs.
+    void pause();
+    void resume();
 
     /// Whether a picture left now would fade: there is a window, and no fade runs.
     [[nodiscard]] bool isReady() const { return m_backWindow && !m_aiTimer; }
@@ -46,10 +49,13 @@ public:
     [[nodiscard]] const Window* backWindow() const { return m_backWindow.get(); }
 
 private:
+    void startTimer();
+
     TimerSource& m_timers;
     AfterImageView m_aiview{{{0, 0}, {1, 1}}};
     std::unique_ptr<Window> m_backWindow;
     std::unique_ptr<Timer> m_aiTimer;
+    bool m_isPaused = false;
 };
 
 } // namespace kestro

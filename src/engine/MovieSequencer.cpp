@@ -47,7 +47,7 @@ MovieContent MovieSequencer::openEntry(const QUrl& url)
 {
     if (!isValidURL(url)) return {};
     const bool isWebContent = upperCasePathExtension(url) == u"SWF";
-    if (isWebContent && m_sources.playsWebContent) return url;
+    if (isWebContent && m_sources.playsWebContent()) return url;
 
     auto movie = isWebContent ? nullptr : m_sources.movies.movieWithURL(url);
     if (!movie) {

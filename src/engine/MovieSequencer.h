@@ -29,7 +29,7 @@ public:
         MovieLibrary& movies;
         Random& random;
         bool isPreview = false;
-        bool playsWebContent = false; ///< whether "SWF" entries can be shown
+        std::function<bool()> playsWebContent; ///< whether "SWF" entries can be shown now
     };
 
     /// `wait` lets the desktop go on for that many seconds; `searching` is told when a whole cycle through

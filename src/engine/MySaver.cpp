@@ -1,14 +1,17 @@
 #include "engine/MySaver.h"
 
+#include "engine/BackSaverHost.h"
 #include "engine/MovieStage.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
 #include "platform/base/StoredValue.h"
 #include "platform/display/Cursor.h"
 #include "platform/display/Desktop.h"
+#include "platform/display/Painter.h"
 #include "platform/display/Screen.h"
 #include "platform/display/Timer.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/web/WebView.h"
 #include "presentation/MovieFrame.h"
 #include "settings/MovieURL.h"
 #include "settings/SettingsStore.h"
@@ -21,6 +24,7 @@ namespace {
 
 constexpr double movieInterval = 0.05; ///< seconds between two ticks while a movie plays
 constexpr double signInterval = 0.1;   ///< … while the sign picture shows
+constexpr double capturePause = 10;
 
 std::unique_ptr<MovieStage> makeStage(bool windowMode, View& saver, const MovieFramePlatform& platform)
 {
@@ -33,7 +37,12 @@ std::unique_ptr<MovieStage> makeStage(bool windowMode, View& saver, const MovieF
 std::shared_ptr<ScreenSaverView> MySaver::initWithFrameIsPreview(const Rect& frame, bool isPreview,
                                                                  const SaverServices& services)
 {
-    return std::make_shared<MySaver>(frame, isPreview, services);
+    if (services.backSavers.isLoading()) return nullptr;
+    auto saver = std::make_shared<MySaver>(frame, isPreview, services);
+    auto otherSaver = saver->loadOtherSaver();
+    if (!otherSaver) return saver;
+    saver->m_piggyBack.begin(saver, otherSaver);
+    return otherSaver;
 }
 
 MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& services)
@@ -43,13 +52,14 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     , m_playlist(m_settings, services.trailers, *this, isPreview)
     , m_sequencer(
           {m_settings, m_playlist, services.movies, services.desktop.random(), isPreview,
-           services.webEngine != nullptr},
+           [web = services.webEngine] { return web && web->isAvailable(); }},
           [this](double seconds) { m_services.desktop.timers().wait(seconds); },
           [this] { showSignWhileSearching(); })
     , m_geometry(*this, m_settings, services.desktop.random())
     , m_bounce(services.desktop.random())
     , m_fadeOut(services.desktop.timers())
-    , m_trail([this] { setNeedsDisplay(true); })
+    , m_trail([this] { markTrail(); })
+    , m_piggyBack(services.desktop)
 {
     m_bounce.assignRndValuesWithSign();
     m_windowMode = !isPreview && m_settings.isBounceMode();
@@ -60,6 +70,13 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
 MySaver::~MySaver()
 {
     m_services.trailers.stopThreading();
+}
+
+std::shared_ptr<ScreenSaverView> MySaver::loadOtherSaver()
+{
+    const auto path = m_settings.backSaver();
+    if (isPreview() || !path || !m_settings.isDynamicMode()) return nullptr;
+    return m_services.backSavers.loadOtherSaverWithFrameIsPreview(*path, frame(), false, m_services.desktop);
 }
 
 void MySaver::startAnimation()
@@ -118,6 +135,7 @@ void MySaver::stopAnimation()
 {
     m_sequencer.stop();
     m_fadeOut.stopTimer();
+    m_piggyBack.stopTimers();
     storeResumePoint();
     if (m_windowMode && m_movieView) {
         m_trail.cancelCapture();
@@ -125,6 +143,8 @@ void MySaver::stopAnimation()
         m_stage->removeMovieFrame(*m_movieView);
     }
     m_fadeOut.close();
+    const auto self = m_piggyBack.close();
+    m_services.backSavers.restoreSlideFolder();
     ScreenSaverView::stopAnimation();
     m_services.desktop.cursor().unhide();
 }
@@ -141,8 +161,33 @@ void MySaver::storeResumePoint()
     store.setDefaultsForKey(storedInt(GetMovieTime(*movie)), QStringLiteral("LastPos"));
 }
 
+void MySaver::captureStop()
+{
+    const auto self = m_piggyBack.saver();
+    if (const auto behind = otherSaver()) behind->stopAnimation();
+    m_fadeOut.pause();
+    m_piggyBack.pause();
+    if (m_movieView) m_movieView->stop(this);
+
+    m_isPaused = true;
+    m_services.desktop.timers().wait(capturePause);
+    m_isPaused = false;
+
+    if (!m_sequencer.isStopped()) goOn();
+}
+
+// The movie first: a tick that found it stopped would take the next one.
+void MySaver::goOn()
+{
+    if (m_movieView) m_movieView->start(this);
+    m_fadeOut.resume();
+    m_piggyBack.resume();
+    if (const auto behind = otherSaver()) behind->startAnimation();
+}
+
 void MySaver::resetMovie()
 {
+    const auto self = m_piggyBack.saver();
     stopAnimation();
     m_sequencer.resume();
     if (m_playlist.isMovieExists() && (m_movieView || makeMovieFrame()) && _resetMovie())
@@ -259,12 +304,20 @@ void MySaver::showSignWhileSearching()
 
 void MySaver::drawRect(Painter& painter, const Rect& rect)
 {
-    if (m_sign.isShown()) return m_sign.draw(painter, bounds(), false);
-    const Rect hidden = coveredByMovie();
-    m_notDrawn = hidden;
+    const bool overBackground = otherSaver() != nullptr;
+    if (m_sign.isShown()) return m_sign.draw(painter, bounds(), overBackground);
+    const Rect hidden = overBackground ? Rect{} : coveredByMovie();
+    drawGround(painter, rect, hidden);
+    if (m_windowMode) m_trail.draw(painter, rect, overBackground, hidden);
+}
+
+// In a window of its own the saver has no black of its own: what was drawn there before goes, and what is
+// behind shows.
+void MySaver::drawGround(Painter& painter, const Rect& rect, const Rect& hidden)
+{
+    if (m_piggyBack.hasWindow()) return painter.fill(rect, Qt::transparent);
     for (const Rect& part : m_trail.uncovered(rect, hidden))
         ScreenSaverView::drawRect(painter, part);
-    if (m_windowMode) m_trail.draw(painter, false, hidden);
 }
 
 // What the movie's window hides need not be drawn: it is at the next tick, when the window has moved on.

@@ -5,6 +5,7 @@
 #include "engine/FadeOut.h"
 #include "engine/MovieGeometry.h"
 #include "engine/MovieSequencer.h"
+#include "engine/PiggyBack.h"
 #include "engine/SignImage.h"
 #include "engine/TraceSource.h"
 #include "platform/saver/ScreenSaverView.h"
@@ -16,6 +17,7 @@
 
 namespace kestro {
 
+class BackSaverHost;
 class Desktop;
 class MovieFrame;
 class MovieLibrary;
@@ -30,6 +32,7 @@ struct SaverServices {
     SettingsStore& store;
     LatestTrailers& trailers;
     SignPictures& signs;
+    BackSaverHost& backSavers;
     WebEngine* webEngine = nullptr; ///< null: web content counts as unplayable
 };
 
@@ -38,8 +41,9 @@ struct SaverServices {
 /// ticks it at its interval and stops it. Main thread.
 class MySaver final : public ScreenSaverView, public TrailerClient, public TraceSource {
 public:
-    /// Makes the saver for one screen and answers the view that the host is to show. Shared by the host and
-    /// by whatever keeps the saver running.
+    /// Makes the saver for one screen and answers the view that the host is to show: the saver, or, where
+    /// another one is chosen to run behind it, that one's view, above which the saver then runs by itself.
+    /// Null inside the making of such a view. Shared by the host and by whatever keeps the saver running.
     [[nodiscard]] static std::shared_ptr<ScreenSaverView>
     initWithFrameIsPreview(const Rect& frame, bool isPreview, const SaverServices& services);
 
@@ -54,6 +58,9 @@ public:
     void setFrame(const Rect& frame) override;
     void setFrameSize(Size size) override;
 
+    /// Holds everything up for ten seconds, this saver and the one behind it, letting events through; then
+    /// lets it go on, unless it was stopped meanwhile.
+    void captureStop();
     /// Starts anew with the settings as they are now.
     void resetMovie();
     /// Puts the next entry into the movie frame; answers false, and changes nothing, when there is none.
@@ -66,14 +73,21 @@ public:
     [[nodiscard]] MovieFrame* movieView() const { return m_movieView.get(); }
     /// Whether a still for the trail is being taken.
     [[nodiscard]] bool isCapturing() const { return m_trail.isCapturing(); }
+    /// The view of the saver behind this one, null when there is none.
+    [[nodiscard]] std::shared_ptr<ScreenSaverView> otherSaver() const { return m_piggyBack.otherSaver(); }
 
 private:
     // life cycle
+    [[nodiscard]] std::shared_ptr<ScreenSaverView> loadOtherSaver();
     void setUp();
     [[nodiscard]] bool makeMovieFrame();
     void dropMovieFrame();
     void openFadeOut();
     void storeResumePoint();
+    void goOn();
+
+    // drawing
+    void drawGround(Painter& painter, const Rect& rect, const Rect& hidden);
 
     // the sign picture
     void showSign(const Picture& sign);
@@ -105,6 +119,7 @@ private:
     [[nodiscard]] AfterImageTrail::Capture captureAt(Point place) const;
     void afterImageEffect();
     void queueImageNoThread();
+    void markTrail();
 
     SaverServices m_services;
     bool m_windowMode = false;
@@ -116,14 +131,15 @@ private:
     SignImage m_sign;
     FadeOut m_fadeOut;
     AfterImageTrail m_trail;
+    PiggyBack m_piggyBack;
     std::unique_ptr<MovieStage> m_stage;
     std::unique_ptr<MovieFrame> m_movieView;
-    Rect m_notDrawn;       ///< what the movie's window hid at the last drawing; drawn once it has moved on
     double m_flyTime = 0;  ///< clock time of the last re-placement
     int m_stepCount = 11;  ///< window mode: ticks since the last capture; the first tick takes one
     int m_failedLoads = 0; ///< movies in a row that failed after they were opened
     bool m_saverInited = false;
     bool m_isPicking = false; ///< the next entry is being looked for, further down the stack
+    bool m_isPaused = false;  ///< captureStop is waiting, further down the stack
 };
 
 } // namespace kestro

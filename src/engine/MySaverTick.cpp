@@ -19,7 +19,8 @@ constexpr int lastStepBeforeCapture = 9;
 
 void MySaver::animateOneFrame()
 {
-    if (m_isPicking) return;
+    m_piggyBack.watchForClose();
+    if (m_isPicking || m_isPaused) return;
     if (!m_movieView) return moveSign();
     if (handleFailedLoading()) return;
     if (m_movieView->isPlaying()) moveMovie();
@@ -65,7 +66,7 @@ void MySaver::moveMovieWindow()
         m_stepCount = 0;
     } else {
         ++m_stepCount;
-        setNeedsDisplayInRect(unionRect(m_trail.area(), m_notDrawn));
+        markTrail();
     }
     m_movieView->setFrameOrigin(
         m_bounce.newRectFromScreen(m_movieView->frame(), m_geometry.screenFrame()).origin);
@@ -113,6 +114,12 @@ void MySaver::moveSign()
     const Rect old = m_sign.imgBounds();
     m_sign.setImgBounds(m_bounce.newRectFromView(old, bounds()));
     displayRectIgnoringOpacity(unionRect(old, m_sign.imgBounds()));
+}
+
+void MySaver::markTrail()
+{
+    for (const Rect& place : m_trail.changing())
+        setNeedsDisplayInRect(place);
 }
 
 bool MySaver::hasEffects() const

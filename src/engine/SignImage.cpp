@@ -45,16 +45,15 @@ void SignImage::setSignImage(const Picture& image)
 
 void SignImage::draw(Painter& painter, const Rect& viewBounds, bool overBackground)
 {
-    if (overBackground) return drawOverBackground(painter);
-    if (!m_filled) painter.fill(viewBounds, Qt::black);
+    if (!m_filled) painter.fill(viewBounds, overBackground ? Qt::transparent : Qt::black);
     m_filled = true;
+    if (overBackground) return drawOverBackground(painter);
     painter.draw(m_image, m_imgBounds, Compositing::SourceOver, 1.0);
 }
 
 void SignImage::drawOverBackground(Painter& painter)
 {
-    if (m_prevPt != Point{0, 0})
-        painter.draw(m_prevImage, {m_prevPt, m_prevImage.size}, Compositing::Copy, 0.0);
+    if (m_prevPt) painter.draw(m_prevImage, {*m_prevPt, m_prevImage.size}, Compositing::Copy, 0.0);
     painter.draw(m_image, m_imgBounds, Compositing::SourceOver, 0.5);
     m_prevPt = m_imgBounds.origin;
 }

@@ -2,6 +2,8 @@
 
 #include "platform/display/Picture.h"
 
+#include <optional>
+
 namespace kestro {
 
 class Painter;
@@ -39,11 +41,11 @@ public:
     [[nodiscard]] Rect imgBounds() const { return m_imgBounds; }
     void setImgBounds(const Rect& bounds) { m_imgBounds = bounds; }
 
-    /// The ground is to be painted black again at the next drawing.
+    /// The ground is to be painted again at the next drawing.
     void forgetGround() { m_filled = false; }
 
-    /// Draws the sign: on black over the whole of `viewBounds` at its first drawing, or, over a background
-    /// saver, at half opacity with its last place wiped clear.
+    /// Draws the sign, at its first drawing on a ground over the whole of `viewBounds`. That is black, or,
+    /// over a background saver, clear; the sign is then half opaque, and its last place is wiped clear.
     void draw(Painter& painter, const Rect& viewBounds, bool overBackground);
 
 private:
@@ -52,7 +54,7 @@ private:
     Picture m_image;
     Picture m_prevImage; ///< blank, of the same size: wipes a place clear
     Rect m_imgBounds;
-    Point m_prevPt; ///< last place over a background; (0, 0) for none
+    std::optional<Point> m_prevPt; ///< last place over a background; nothing before the first drawing
     bool m_filled = false;
 };
 

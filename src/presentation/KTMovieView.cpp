@@ -16,8 +16,7 @@ namespace {
 /// A movie stands this much below the frame's lower edge, which hides the edge rows that many encoders spoil.
 constexpr float movieOffset = -2;
 
-/// A web page lives on out of sight when other content takes its place: ending one in mid-load can take its
-/// engine down.
+/// A web page lives on out of sight, ended, when other content takes its place.
 void keepForGood(std::unique_ptr<View> webView)
 {
     static auto& kept = *new std::vector<std::unique_ptr<View>>;
@@ -39,6 +38,11 @@ KTQTMovieView* KTMovieView::innerMovieView() const
     return dynamic_cast<KTQTMovieView*>(m_movieView.get());
 }
 
+WebView* KTMovieView::innerWebView() const
+{
+    return dynamic_cast<WebView*>(m_movieView.get());
+}
+
 void KTMovieView::setMovie(const MovieContent& content)
 {
     removeContent();
@@ -55,6 +59,7 @@ void KTMovieView::removeContent()
         inner->setMovie(nullptr);
         m_movieView.reset();
     } else {
+        if (auto* page = innerWebView()) page->stopLoading();
         keepForGood(std::move(m_movieView));
     }
 }
@@ -75,6 +80,7 @@ void KTMovieView::showWebContent(const QUrl& url)
     if (!m_platform.webEngine) return;
     auto view = m_platform.webEngine->makeWebView(bounds());
     addSubview(*view);
+    view->setMuted(m_mute);
     view->loadRequest(url);
     m_movieView = std::move(view);
 }
@@ -128,6 +134,7 @@ void KTMovieView::setMuted(bool muted)
 {
     m_mute = muted;
     if (auto* inner = innerMovieView()) inner->setMuted(muted);
+    if (auto* page = innerWebView()) page->setMuted(muted);
 }
 
 bool KTMovieView::isMuted() const

@@ -10,6 +10,7 @@ namespace kestro {
 class Desktop;
 class KTQTMovieView;
 class WebEngine;
+class WebView;
 
 /// What a movie frame needs of the platform. Both outlive it.
 struct MovieFramePlatform {
@@ -48,6 +49,7 @@ public:
 
 private:
     [[nodiscard]] KTQTMovieView* innerMovieView() const;
+    [[nodiscard]] WebView* innerWebView() const;
     void removeContent();
     void showMovie(const std::shared_ptr<QTMovie>& movie);
     void showWebContent(const QUrl& url);

@@ -19,8 +19,8 @@ class LatestTrailers {
 public:
     virtual ~LatestTrailers() = default;
 
-    /// The newest `count` trailers of frame width `width`, newest first, leaving out the URLs whose
-    /// absoluteString() is in `excluded`.
+    /// The newest `count` trailers of frame width `width`, the oldest of them first, leaving out the URLs
+    /// whose absoluteString() is in `excluded`; all there are where `count` is not above 0.
     [[nodiscard]] virtual QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) = 0;
     /// Refreshes the record in the background, for later; answers at once.
     virtual void scanLatest(TrailerClient& client) = 0;

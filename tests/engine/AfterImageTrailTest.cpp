@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QPainter>
 
+#include <algorithm>
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -28,11 +29,11 @@ protected:
         return {movies.movieWithURL(urlOf(name)), 0, place};
     }
 
-    void draw(bool overBackground = false)
+    void draw(bool overBackground = false, const Rect& hidden = {})
     {
         QPainter device(&canvas);
         Painter painter(device, {0, 0}, 100, 1.0);
-        trail.draw(painter, overBackground);
+        trail.draw(painter, {{0, 0}, {200, 100}}, overBackground, hidden);
     }
 
     QColor canvasAt(int x, int y) { return canvas.pixelColor(x, 99 - y); }
@@ -141,12 +142,37 @@ TEST_F(AfterImageTrailTest, capture_isGivenUp_whenAServerNeverAnswers)
     EXPECT_EQ(trail.count(), 1);
 }
 
-TEST_F(AfterImageTrailTest, area_isTheRectangleAroundAllStills)
+TEST_F(AfterImageTrailTest, changing_areTheStillsOfThisDrawingAndTheLast_andWhatWasHidden)
 {
-    EXPECT_TRUE(trail.area().isEmpty());
+    const auto isMarked = [this](float x, float y) {
+        const auto places = trail.changing();
+        const Rect point{{x, y}, {1, 1}};
+        return std::any_of(places.begin(), places.end(),
+                           [&](const Rect& place) { return !intersectionRect(place, point).isEmpty(); });
+    };
+    EXPECT_TRUE(trail.changing().empty());
     (void)trail.queueImageNoThread(captureOf(Qt::red, {10, 20}));
-    (void)trail.queueImageNoThread(captureOf(Qt::green, {100, 5}));
-    EXPECT_EQ(trail.area(), (Rect{{10, 5}, {130, 35}}));
+    EXPECT_TRUE(isMarked(12, 22));
+    draw(false, {{150, 50}, {10, 10}});
+    EXPECT_TRUE(isMarked(155, 55));
+    EXPECT_FALSE(isMarked(100, 80));
+    for (int still = 0; still < 5; ++still)
+        (void)trail.queueImageNoThread(captureOf(Qt::green, {100, 5}));
+    EXPECT_TRUE(isMarked(12, 22)); // drawn there before, gone now
+    EXPECT_TRUE(isMarked(110, 10));
+    draw();
+    EXPECT_FALSE(isMarked(12, 22));
+    EXPECT_FALSE(isMarked(155, 55));
+    EXPECT_TRUE(isMarked(110, 10));
+}
+
+TEST_F(AfterImageTrailTest, changing_keepsWhatADrawingElsewhereLeftOut)
+{
+    draw(false, {{150, 50}, {10, 10}});
+    QPainter device(&canvas);
+    Painter painter(device, {0, 0}, 100, 1.0);
+    trail.draw(painter, {{0, 0}, {20, 20}}, false);
+    EXPECT_EQ(trail.changing(), (std::vector<Rect>{{{150, 50}, {10, 10}}}));
 }
 
 TEST_F(AfterImageTrailTest, draw_agesEachStillByAFiftieth)

@@ -49,12 +49,16 @@ MySaver& EngineTest::makeSaver(bool isPreview, int screen, Size size)
     auto window = std::make_unique<Window>(Window::Description{{place->frame().origin, size}, place, "host"});
     window->setBackgroundColor(Qt::black);
     window->setLevel(WindowLevel::ScreenSaver);
-    const SaverServices services{desktop, movies, store, trailers, signs};
-    auto saver = std::make_shared<MySaver>(Rect{{0, 0}, size}, isPreview, services);
+    auto saver = std::make_shared<MySaver>(Rect{{0, 0}, size}, isPreview, services());
     window->setContentView(saver.get());
     window->orderFront();
     m_hosted.push_back({std::move(window), saver});
     return *saver;
+}
+
+SaverServices EngineTest::services()
+{
+    return {desktop, movies, store, trailers, signs, backSavers};
 }
 
 void EngineTest::tick(MySaver& saver, int times)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/BackSaverHost.h"
 #include "engine/MySaver.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
@@ -56,6 +57,8 @@ protected:
 
     /// A saver that fills a host window on a screen; lives until the test ends.
     MySaver& makeSaver(bool isPreview = false, int screen = 0, Size size = {1920, 1080});
+    /// What the savers of the test share.
+    SaverServices services();
     /// Ticks the saver at its interval, so often.
     void tick(MySaver& saver, int times = 1);
     /// Ticks until that many seconds went by.
@@ -76,6 +79,7 @@ protected:
     MemoryMovieLibrary movies{clock};
     TrailersDouble trailers;
     SignPictures signs{QStringLiteral(KESTRO_RESOURCES)};
+    BackSaverHost backSavers{home.path()};
     std::vector<QString> log;
 
 private:

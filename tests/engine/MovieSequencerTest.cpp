@@ -12,7 +12,7 @@ protected:
     MovieSequencer makeSequencer(bool isPreview = false, bool playsWebContent = false)
     {
         return MovieSequencer(
-            {settings, playlist, movies, random, isPreview, playsWebContent},
+            {settings, playlist, movies, random, isPreview, [playsWebContent] { return playsWebContent; }},
             [this](double seconds) {
                 waits.push_back(seconds);
                 if (onWait) onWait();

@@ -222,7 +222,7 @@ TEST_F(MySaverLifeTest, startAnimation_saysSo_whenTheFadeWindowHasNoScreen)
     setGoodPlaylist({"a.mov"});
     setFly();
     set("Fadeout", "1");
-    MySaver saver({{0, 0}, {800, 600}}, false, {desktop, movies, store, trailers, signs});
+    MySaver saver({{0, 0}, {800, 600}}, false, {desktop, movies, store, trailers, signs, backSavers});
     saver.startAnimation();
     EXPECT_EQ(logged("Cannot find curScreen from startAnimation."), 1);
 }
@@ -251,7 +251,7 @@ TEST_F(MySaverLifeTest, sound_isOff_whenTheOnlyScreenIsNotTheFirstMonitor)
     set("SoundOn", "1");
     OtherMonitorsDesktop elsewhere(desktop);
     Window window({{{0, 0}, {1920, 1080}}, desktop.mainScreen(), QStringLiteral("host")});
-    MySaver saver({{0, 0}, {1920, 1080}}, false, {elsewhere, movies, store, trailers, signs});
+    MySaver saver({{0, 0}, {1920, 1080}}, false, {elsewhere, movies, store, trailers, signs, backSavers});
     window.setContentView(&saver);
     saver.startAnimation();
     EXPECT_TRUE(saver.movieView()->movie()->isMuted());

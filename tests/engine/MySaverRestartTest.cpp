@@ -119,7 +119,7 @@ TEST_F(MySaverRestartTest, search_endsWhenTheSaverIsStopped_inRandomOrder)
 TEST_F(MySaverRestartTest, destruction_endsTheCrawl)
 {
     {
-        MySaver saver({{0, 0}, {800, 600}}, false, {desktop, movies, store, trailers, signs});
+        MySaver saver({{0, 0}, {800, 600}}, false, {desktop, movies, store, trailers, signs, backSavers});
     }
     EXPECT_EQ(trailers.stops, 1);
 }

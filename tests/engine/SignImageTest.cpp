@@ -60,11 +60,23 @@ TEST_F(SignImageTest, draw_isHalfOpaqueAndWipesItsLastPlace_overABackground)
     EXPECT_NEAR(canvasAt(105, 55).alpha(), 128, 1);
 }
 
-TEST_F(SignImageTest, draw_wipesNothingAtItsFirstPlace_overABackground)
+TEST_F(SignImageTest, draw_clearsTheGroundOnce_overABackground)
 {
     canvas.fill(Qt::blue);
     drawAt({50, 50}, true);
+    EXPECT_EQ(canvasAt(0, 0).alpha(), 0);
+    canvas.fill(Qt::blue);
+    drawAt({50, 50}, true);
     EXPECT_EQ(canvasAt(0, 0), QColor(Qt::blue));
+}
+
+TEST_F(SignImageTest, draw_leavesNoTraceInTheCorner_overABackground)
+{
+    canvas.fill(Qt::transparent);
+    drawAt({0, 0}, true);
+    EXPECT_NEAR(canvasAt(5, 5).alpha(), 128, 1);
+    drawAt({100, 50}, true);
+    EXPECT_EQ(canvasAt(5, 5).alpha(), 0);
 }
 
 TEST_F(SignImageTest, setSignImage_clearsTheSign_forANullPicture)

@@ -59,6 +59,16 @@ TEST_F(KTMovieViewTest, setMovie_keepsAReplacedPageAliveOutOfSight)
     EXPECT_NE(inner(), old);
     EXPECT_EQ(old->superview(), nullptr);
     EXPECT_EQ(old->loaded, page);
+    EXPECT_TRUE(old->isStopped);
+}
+
+TEST_F(KTMovieViewTest, setMuted_isFollowedByAPage_fromItsStart)
+{
+    view.setMuted(false);
+    view.setMovie(page);
+    EXPECT_FALSE(web.last->isMuted);
+    view.setMuted(true);
+    EXPECT_TRUE(web.last->isMuted);
 }
 
 TEST_F(KTMovieViewTest, setMovie_showsNothing_forAPageWithoutAWebEngine)

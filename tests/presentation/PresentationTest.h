@@ -23,13 +23,18 @@ class WebViewDouble final : public WebView {
 public:
     using WebView::WebView;
     void loadRequest(const QUrl& url) override { loaded = url; }
+    void setMuted(bool muted) override { isMuted = muted; }
+    void stopLoading() override { isStopped = true; }
 
     QUrl loaded;
+    bool isMuted = true;
+    bool isStopped = false;
 };
 
 /// Makes such views, and knows the last one made.
 class WebEngineDouble final : public WebEngine {
 public:
+    bool isAvailable() override { return true; }
     std::unique_ptr<WebView> makeWebView(const Rect& frame) override
     {
         auto view = std::make_unique<WebViewDouble>(frame);

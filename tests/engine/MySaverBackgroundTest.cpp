@@ -1,0 +1,278 @@
+// Another saver behind the movies: who is shown to the host, what runs above it, and how that ends.
+
+#include "engine/BackgroundTest.h"
+#include "platform/display/Cursor.h"
+#include "platform/display/Notifications.h"
+#include "platform/movie/QTMovie.h"
+#include "presentation/MovieFrame.h"
+
+namespace kestro {
+
+namespace {
+
+class MySaverBackgroundTest : public BackgroundTest {};
+
+} // namespace
+
+TEST_F(MySaverBackgroundTest, init_handsTheHostTheOtherSaversView)
+{
+    setGoodPlaylist({"a.mov"});
+    const auto view = make();
+    ASSERT_NE(dynamic_cast<FakeBackSaver*>(view.get()), nullptr);
+    EXPECT_EQ(view->frame(), (Rect{{0, 0}, screenSize}));
+    EXPECT_FALSE(view->isPreview());
+}
+
+TEST_F(MySaverBackgroundTest, init_answersTheSaverItself_whereNoOtherIsToRunBehind)
+{
+    struct Case {
+        const char* name;
+        QVariant backSaver;
+        const char* fullScreen;
+        bool isPreview;
+    };
+    const QVariant chosen = store.plist()["BackSaver"];
+    for (const Case& each :
+         {Case{"preview", chosen, "0", true}, Case{"full screen", chosen, "1", false},
+          Case{"none chosen", {}, "0", false}, Case{"gone", folders.savers() + "/Gone.saver", "0", false}}) {
+        if (each.backSaver.isValid())
+            set("BackSaver", each.backSaver);
+        else
+            store.plist().remove("BackSaver");
+        set("FullScreenMode", each.fullScreen);
+        EXPECT_NE(dynamic_cast<MySaver*>(make(each.isPreview).get()), nullptr) << each.name;
+    }
+    EXPECT_EQ(logged("Cannot get a class."), 1);
+}
+
+TEST_F(MySaverBackgroundTest, init_runsDirectly_whenTheOtherSaverCannotBeMade)
+{
+    setGoodPlaylist({"a.mov"});
+    set("BackSaver", SaverFolders::putBundle(folders.savers() + "/Bad.saver", "Throws"));
+    const auto view = make();
+    auto* saver = dynamic_cast<MySaver*>(view.get());
+    ASSERT_NE(saver, nullptr);
+    EXPECT_EQ(logged("Failed to create background saver."), 1);
+    show(view);
+    EXPECT_EQ(playing(*saver), "a.mov");
+    EXPECT_EQ(pixelAt(5, 5), QColor(Qt::black));
+    saver->stopAnimation();
+}
+
+TEST_F(MySaverBackgroundTest, findScreen_waitsUntilTheOtherViewIsInAWindow)
+{
+    setGoodPlaylist({"a.mov"});
+    background = std::dynamic_pointer_cast<FakeBackSaver>(make());
+    run(100);
+    EXPECT_TRUE(movies.tried().empty());
+    show(background);
+    run(0.11);
+    EXPECT_EQ(movies.tried().size(), 1U);
+    ASSERT_NE(windowOfKind("saver"), nullptr);
+}
+
+TEST_F(MySaverBackgroundTest, ticks_comeByThemselves)
+{
+    setGoodPlaylist({"a.mov", "b.mov"}, 2);
+    auto& saver = started();
+    int told = 0;
+    desktop.notifications().addObserver(&told, Notice::SaverAboveTicked, background.get(),
+                                        [&told] { ++told; });
+    run(1);
+    EXPECT_EQ(told, 20);
+    run(1.1);
+    EXPECT_EQ(playing(saver), "b.mov");
+    desktop.notifications().removeObserver(&told);
+}
+
+TEST_F(MySaverBackgroundTest, ticks_areSlower_whileTheSignShows)
+{
+    setPlaylist({});
+    started();
+    int told = 0;
+    desktop.notifications().addObserver(&told, Notice::SaverAboveTicked, background.get(),
+                                        [&told] { ++told; });
+    run(1);
+    EXPECT_EQ(told, 10);
+    desktop.notifications().removeObserver(&told);
+}
+
+TEST_F(MySaverBackgroundTest, closing_stopsTheSaverAndLetsItGo)
+{
+    set("Fadeout", "1");
+    set("Continue", "1");
+    setGoodPlaylist({"a.mov"}, 100);
+    started();
+    run(2);
+    ASSERT_EQ(trailers.stops, 0);
+    hostWindow->close();
+    EXPECT_EQ(trailers.stops, 1);
+    EXPECT_TRUE(desktop.mainScreen()->windows().empty());
+    EXPECT_EQ(store.defaultsForKey("LastMovie"), QVariant("a.mov"));
+    EXPECT_FALSE(desktop.cursor().isHidden());
+    run(5);
+    hostWindow->close();
+    EXPECT_EQ(trailers.stops, 1);
+    // The other view is the host's, and so is its end.
+    EXPECT_EQ(background->stops, 0);
+}
+
+TEST_F(MySaverBackgroundTest, terminating_stopsTheSaverAndLetsItGo)
+{
+    setGoodPlaylist({"a.mov"}, 100);
+    started();
+    desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
+    EXPECT_EQ(trailers.stops, 1);
+    EXPECT_EQ(windowOfKind("saver"), nullptr);
+}
+
+TEST_F(MySaverBackgroundTest, terminating_endsTheWaiting)
+{
+    const auto view = make();
+    desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
+    EXPECT_EQ(trailers.stops, 1);
+}
+
+TEST_F(MySaverBackgroundTest, otherWindowsMayClose)
+{
+    setGoodPlaylist({"a.mov"}, 100);
+    started();
+    run(1);
+    Window other({{{0, 0}, {10, 10}}, desktop.mainScreen(), "other"});
+    other.close();
+    EXPECT_EQ(trailers.stops, 0);
+}
+
+TEST_F(MySaverBackgroundTest, terminating_doesNothing_whenRunDirectly)
+{
+    store.plist().remove("BackSaver");
+    setGoodPlaylist({"a.mov"}, 100);
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
+    saver.window()->close();
+    EXPECT_TRUE(saver.isAnimating());
+    EXPECT_EQ(playing(saver), "a.mov");
+}
+
+TEST_F(MySaverBackgroundTest, hostThatDropsTheView_endsTheSaver)
+{
+    setGoodPlaylist({"a.mov"}, 100);
+    started();
+    background.reset();
+    hostWindow.reset();
+    run(0.1);
+    EXPECT_EQ(trailers.stops, 1);
+    EXPECT_EQ(windowOfKind("saver"), nullptr);
+}
+
+TEST_F(MySaverBackgroundTest, hostThatNeverShowsTheView_endsTheSaver)
+{
+    make().reset();
+    run(0.1);
+    EXPECT_EQ(trailers.stops, 1);
+    EXPECT_TRUE(movies.tried().empty());
+}
+
+TEST_F(MySaverBackgroundTest, stopWhileAMovieIsLookedFor_endsTheSaver)
+{
+    set("RandomMode", "1");
+    setPlaylist({"x.mov", "y.mov"});
+    background = std::dynamic_pointer_cast<FakeBackSaver>(make());
+    show(background);
+    const auto end = timers.repeating(3, [this] {
+        hostWindow->close();
+        desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
+        timers.stopWaiting();
+    });
+    run(10);
+    EXPECT_EQ(trailers.stops, 1);
+    EXPECT_EQ(windowOfKind("saver"), nullptr);
+}
+
+TEST_F(MySaverBackgroundTest, stop_putsTheSlideFolderBack)
+{
+    folders.putPictureFolderSaver();
+    const QString file = folders.byHost() + "/com.apple.screensaver.slideshow.0017f2.plist";
+    const QVariantMap original{{"SlideFolder", "/home/me/Holiday"}};
+    SaverFolders::putPreferences(file, original);
+    set("BackSaver", folders.savers() + "/Five.slideSaver");
+    const auto view = make();
+    EXPECT_EQ(SaverFolders::preferences(file).value("SlideFolder"),
+              folders.savers() + "/Five.slideSaver/Contents/Resources");
+    show(view);
+    run(1);
+    EXPECT_NE(SaverFolders::preferences(file), original);
+    hostWindow->close();
+    EXPECT_EQ(SaverFolders::preferences(file), original);
+}
+
+TEST_F(MySaverBackgroundTest, stop_putsTheSlideFolderBack_whenTheSaverRunsDirectly)
+{
+    const QString file = folders.byHost() + "/com.apple.screensaver.slideshow.0017f2.plist";
+    const QVariantMap original{{"SlideFolder", "/home/me/Holiday"}};
+    SaverFolders::putPreferences(file, original);
+    set("BackSaver", folders.savers() + "/Five.slideSaver");
+    const auto view = make();
+    ASSERT_NE(dynamic_cast<MySaver*>(view.get()), nullptr);
+    EXPECT_NE(SaverFolders::preferences(file), original);
+    show(view);
+    view->stopAnimation();
+    EXPECT_EQ(SaverFolders::preferences(file), original);
+}
+
+TEST_F(MySaverBackgroundTest, captureStop_holdsEverythingUpForTenSeconds)
+{
+    set("Interval", "1000");
+    setGoodPlaylist({"a.mov"}, 100);
+    auto& saver = started();
+    const auto movie = saver.movieView()->movie();
+    const double begun = clock.now();
+    const auto position = movie->currentTime().timeValue;
+    int stopsMeanwhile = 0;
+    const auto look =
+        timers.repeating(5, [&] { stopsMeanwhile = background->stops - background->starts + 1; });
+    saver.captureStop();
+    EXPECT_NEAR(clock.now() - begun, 10, 1e-6);
+    EXPECT_EQ(stopsMeanwhile, 1);
+    EXPECT_EQ(movie->currentTime().timeValue, position);
+    EXPECT_EQ(background->stops, 1);
+    EXPECT_EQ(background->starts, 2);
+    EXPECT_EQ(saver.movieView()->movie()->rate(), 1.0F);
+    int told = 0;
+    desktop.notifications().addObserver(&told, Notice::SaverAboveTicked, background.get(),
+                                        [&told] { ++told; });
+    run(1);
+    EXPECT_EQ(told, 20);
+    desktop.notifications().removeObserver(&told);
+}
+
+TEST_F(MySaverBackgroundTest, captureStop_holdsAFadeUp)
+{
+    set("Fadeout", "1");
+    setGoodPlaylist({"a.mov"}, 100);
+    auto& saver = started();
+    while (!saver.snapshot().isFading)
+        run(0.05);
+    const float before = windowOfKind("fade")->alphaValue();
+    saver.captureStop();
+    EXPECT_NEAR(windowOfKind("fade")->alphaValue(), before - 0.05F, 1e-5);
+    run(1.1);
+    EXPECT_FALSE(saver.snapshot().isFading);
+}
+
+TEST_F(MySaverBackgroundTest, captureStop_doesNotGoOn_whenStoppedMeanwhile)
+{
+    setGoodPlaylist({"a.mov"}, 100);
+    auto& saver = started();
+    run(1);
+    const auto end = timers.repeating(3, [this] {
+        hostWindow->close();
+        timers.stopWaiting();
+    });
+    saver.captureStop();
+    EXPECT_EQ(background->starts, 1);
+    EXPECT_EQ(trailers.stops, 1);
+}
+
+} // namespace kestro
