@@ -31,9 +31,9 @@ Error outOfBounds(const QString& option, const QString& text, const QString& kin
                 .arg(dashed(option), kind, QString::number(least), QString::number(most), text)};
 }
 
-QString optionLine(const Option& option, qsizetype width)
+QString helpLine(const QString& usage, const QString& help, qsizetype width)
 {
-    return QStringLiteral("  %1  %2\n").arg(usageOf(option).leftJustified(width), option.help);
+    return QStringLiteral("  %1  %2\n").arg(usage.leftJustified(width), help);
 }
 
 QList<Option> withHelp(const Syntax& syntax)
@@ -52,9 +52,17 @@ const Option* Syntax::find(const QString& optionName) const
 Result<Arguments> Arguments::parse(const Syntax& syntax, const QStringList& words)
 {
     Arguments arguments;
+    bool onlyOperands = false;
     for (auto word = words.begin(); word != words.end(); ++word) {
-        const int dashes = dashesOf(*word, syntax);
-        if (dashes == 0) return Error{QStringLiteral("Unexpected argument \"%1\"").arg(*word)};
+        const int dashes = onlyOperands ? 0 : dashesOf(*word, syntax);
+        if (dashes == 0) {
+            if (arguments.m_operands.size() == syntax.operands.size() && !syntax.more)
+                return Error{QStringLiteral("Unexpected argument \"%1\"").arg(*word)};
+            arguments.m_operands.append(*word);
+            continue;
+        }
+        onlyOperands = *word == u"--" && (!syntax.operands.isEmpty() || syntax.more);
+        if (onlyOperands) continue;
         const auto equals = word->indexOf(u'=');
         const QString name = word->mid(dashes, equals < 0 ? -1 : equals - dashes);
         const Option* option = syntax.find(name);
@@ -70,6 +78,9 @@ Result<Arguments> Arguments::parse(const Syntax& syntax, const QStringList& word
         }
         arguments.m_values.insert(name, value);
     }
+    const auto given = arguments.m_operands.size();
+    if (given < syntax.operands.size() && !arguments.has(helpName))
+        return Error{QStringLiteral("%1 is missing").arg(syntax.operands[given].name)};
     return arguments;
 }
 
@@ -105,14 +116,22 @@ QString helpText(const Syntax& syntax)
     QString usage = QStringLiteral("Usage: kestro");
     if (!syntax.name.isEmpty()) usage += u' ' + syntax.name;
     qsizetype width = 0;
+    for (const Operand& operand : syntax.operands) {
+        usage += u' ' + operand.name;
+        width = std::max(width, operand.name.size());
+    }
+    if (syntax.more) usage += QStringLiteral(" [%1...]").arg(syntax.more->name);
     const QList<Option> options = withHelp(syntax);
     for (const Option& option : options) {
         usage += (option.isRequired ? QStringLiteral(" %1") : QStringLiteral(" [%1]")).arg(usageOf(option));
         width = std::max(width, usageOf(option).size());
     }
     QString text = usage + QStringLiteral("\n\n") + syntax.summary + QStringLiteral("\n\n");
+    for (const Operand& operand : syntax.operands)
+        text += helpLine(operand.name, operand.help, width);
+    if (syntax.more) text += helpLine(syntax.more->name, syntax.more->help, width);
     for (const Option& option : options)
-        text += optionLine(option, width);
+        text += helpLine(usageOf(option), option.help, width);
     return text;
 }
 

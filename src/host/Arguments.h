@@ -19,12 +19,20 @@ struct Option {
     bool isRequired = false; ///< for the help; whether it was given is for the command to check
 };
 
+/// A word that a command needs, told by its place and not by dashes.
+struct Operand {
+    QString name; ///< what it is called in the help
+    QString help;
+};
+
 /// What may be written after a command's name, for the parser and for the help. "help" is always understood.
 struct Syntax {
     QString name; ///< empty for the program without a command
     QString summary;
     QList<Option> options;
-    bool isOneDashEnough = false; ///< "-name" counts as "--name"
+    bool isOneDashEnough = false;     ///< "-name" counts as "--name"
+    QList<Operand> operands = {};     ///< each of them must be given
+    std::optional<Operand> more = {}; ///< any number of these may follow them
 
     [[nodiscard]] const Option* find(const QString& optionName) const;
 };
@@ -33,13 +41,17 @@ struct Syntax {
 /// below turn them into numbers within bounds. A plain value.
 class Arguments final {
 public:
-    /// Reads `words`, what stands after the command's name: "--name", "--name value" and "--name=value"; of
-    /// one option given twice the last counts. The error names the word that is not understood.
+    /// Reads `words`, what stands after the command's name: "--name", "--name value" and "--name=value", and
+    /// the operands between them; of one option given twice the last counts, and after "--" every word is an
+    /// operand. The error names the word that is not understood, or the operand that is missing; none is when
+    /// help is asked for.
     [[nodiscard]] static Result<Arguments> parse(const Syntax& syntax, const QStringList& words);
 
     [[nodiscard]] bool has(const QString& option) const { return m_values.contains(option); }
     /// The text given to `option`, nothing when it was not given.
     [[nodiscard]] std::optional<QString> text(const QString& option) const;
+    /// The operands in their order, at least as many as the syntax names unless help is asked for.
+    [[nodiscard]] const QStringList& operands() const { return m_operands; }
     /// A whole number from `least` to `most`; `fallback` when it was not given.
     [[nodiscard]] Result<int> integer(const QString& option, int fallback, int least, int most) const;
     /// A real number, with a point, from `least` to `most`; `fallback` when it was not given.
@@ -48,6 +60,7 @@ public:
 
 private:
     QHash<QString, QString> m_values;
+    QStringList m_operands;
 };
 
 /// The help of one command: how it is written, what it does, each option a line.

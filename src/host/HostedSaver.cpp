@@ -1,6 +1,7 @@
 #include "host/HostedSaver.h"
 
 #include "platform/display/Desktop.h"
+#include "platform/display/Notifications.h"
 #include "platform/display/Screen.h"
 #include "platform/display/Timer.h"
 #include "platform/saver/ScreenSaverView.h"
@@ -20,6 +21,7 @@ HostedSaver::HostedSaver(Screen& screen, std::shared_ptr<ScreenSaverView> view, 
     : m_screen(screen)
     , m_view(std::move(view))
     , m_window({screen.frame(), &screen, QStringLiteral("host")})
+    , m_notifications(screen.desktop().notifications())
     , m_onTick(std::move(onTick))
 {
     m_window.setLevel(WindowLevel::ScreenSaver);
@@ -27,10 +29,12 @@ HostedSaver::HostedSaver(Screen& screen, std::shared_ptr<ScreenSaverView> view, 
     m_window.setBackgroundColor(Qt::black);
     m_window.setContentView(m_view.get());
     m_window.makeKeyAndOrderFront();
+    m_notifications.addObserver(this, Notice::SaverAboveTicked, m_view.get(), [this] { saverAboveTicked(); });
 }
 
 HostedSaver::~HostedSaver()
 {
+    m_notifications.removeObserver(this);
     m_window.setContentView(nullptr);
 }
 
@@ -52,7 +56,9 @@ void HostedSaver::stop()
     const State before = m_state;
     m_state = State::Stopped;
     m_timer.reset();
+    if (before == State::Stopped) return;
     if (before == State::Running) m_view->stopAnimation();
+    m_window.close();
 }
 
 void HostedSaver::fitToScreen()
@@ -69,9 +75,22 @@ void HostedSaver::tick()
     m_isBusy = false;
     // Stopped inside the tick: the screen may be gone, there is nothing to tell of and nothing to come.
     if (m_state != State::Running) return;
+    if (!m_isSaverAbove) tickIsOver();
+    if (m_state == State::Running) schedule();
+}
+
+void HostedSaver::saverAboveTicked()
+{
+    if (m_state != State::Running) return;
+    const auto self = shared_from_this();
+    m_isSaverAbove = true;
+    tickIsOver();
+}
+
+void HostedSaver::tickIsOver()
+{
     ++m_ticks;
     if (m_onTick) m_onTick(*this);
-    if (m_state == State::Running) schedule();
 }
 
 void HostedSaver::schedule()

@@ -7,6 +7,7 @@
 
 namespace kestro {
 
+class NotificationCenter;
 class Screen;
 class ScreenSaverView;
 class Timer;
@@ -25,30 +26,35 @@ public:
     /// Starts the view, then ticks it at the interval that it asks for, until stopped. A tick never starts
     /// while the view is still busy starting or with the one before. Nothing once stopped.
     void start();
-    /// Ends the ticks and stops the view, at once even where it is busy; nothing when it was never started.
+    /// Ends the ticks, stops the view, at once even where it is busy (not one that was never started), and
+    /// closes the window.
     void stop();
     /// Fits the window, and the view with it, to its screen as it is now.
     void fitToScreen();
 
     [[nodiscard]] Screen& screen() const { return m_screen; }
     [[nodiscard]] ScreenSaverView& view() const { return *m_view; }
-    /// Ticks that are over.
+    /// Ticks that are over: the view's, or those of a saver that runs above the view by itself.
     [[nodiscard]] int ticks() const { return m_ticks; }
 
 private:
     enum class State { Made, Running, Stopped };
 
     void tick();
+    void saverAboveTicked();
+    void tickIsOver();
     void schedule();
 
     Screen& m_screen;
     std::shared_ptr<ScreenSaverView> m_view; ///< shared: in piggy-back running the saver refers to it as well
     Window m_window;
+    NotificationCenter& m_notifications;
     TickHandler m_onTick;
     std::unique_ptr<Timer> m_timer;
     double m_interval = 0; ///< of m_timer, seconds
     State m_state = State::Made;
     bool m_isBusy = false;
+    bool m_isSaverAbove = false; ///< one that runs by itself; its ticks are counted then
     int m_ticks = 0;
 };
 

@@ -47,7 +47,10 @@ Result<QByteArray> read(const QString& path)
 QString write(const QString& path, const QByteArray& text)
 {
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit()) return {};
+    // flush() because commit() does not notice when the last, still buffered bytes find no room.
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() && file.commit();
+    if (isWritten) return {};
     return QStringLiteral("Cannot write %1: %2").arg(path, file.errorString());
 }
 

@@ -9,8 +9,11 @@ std::optional<PrincipalClass> kestroSaver()
 {
     const QString path = packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver");
     const auto bundle = SaverBundle::load(path);
-    if (!bundle) return std::nullopt; // load() has said why
-    const auto principal = bundle->principalClass();
+    if (!bundle) {
+        complain(bundle.error());
+        return std::nullopt;
+    }
+    const auto principal = bundle.value().principalClass();
     if (principal && principal->isScreenSaverView()) return principal;
     complain(QStringLiteral("No screen saver in ") + path);
     return std::nullopt;

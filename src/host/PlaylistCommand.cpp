@@ -2,10 +2,10 @@
 
 #include "host/Program.h"
 #include "platform/base/Paths.h"
-#include "settings/NoTrailers.h"
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
 #include "settings/SettingsStore.h"
+#include "trailers/SharedTrailers.h"
 
 namespace kestro {
 
@@ -21,7 +21,7 @@ int showPlaylist(const Arguments& arguments)
     SettingsStore store(homeFolder());
     // As a preview, for which no crawl is ever started; what is listed does not depend on it.
     Settings settings(store, {.isPreview = true});
-    NoTrailers trailers;
+    SharedTrailers trailers;
     NoClient client;
     Playlist playlist(settings, trailers, client, true);
     QByteArray lines;

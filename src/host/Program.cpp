@@ -1,9 +1,14 @@
 #include "host/Program.h"
 
+#include "host/ImportHacksCommand.h"
+#include "host/InspectPageCommand.h"
 #include "host/InstallXscreensaverCommand.h"
+#include "host/LatestCommand.h"
 #include "host/PlaylistCommand.h"
+#include "host/PublishCommand.h"
 #include "host/RenderCommand.h"
 #include "host/RunCommand.h"
+#include "host/ScanCommand.h"
 #include "host/ShowSettingsCommand.h"
 
 #include <algorithm>
@@ -74,8 +79,11 @@ QString Program::overview() const
 
 QList<Command> allCommands()
 {
-    return {runCommand(), showSettingsCommand(), playlistCommand(), renderCommand(),
-            installXscreensaverCommand()};
+    return {runCommand(),         showSettingsCommand(),
+            playlistCommand(),    scanCommand(),
+            latestCommand(),      renderCommand(),
+            inspectPageCommand(), publishCommand(),
+            importHacksCommand(), installXscreensaverCommand()};
 }
 
 } // namespace kestro

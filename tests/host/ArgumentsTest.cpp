@@ -15,6 +15,14 @@ Syntax syntax()
              {QStringLiteral("times"), QStringLiteral("N"), QStringLiteral("how often")}}};
 }
 
+Syntax syntaxWithOperands()
+{
+    Syntax draw = syntax();
+    draw.operands = {{QStringLiteral("FIRST"), QStringLiteral("the one")},
+                     {QStringLiteral("SECOND"), QStringLiteral("the other")}};
+    return draw;
+}
+
 Arguments parsed(const QStringList& words)
 {
     const auto result = Arguments::parse(syntax(), words);
@@ -44,6 +52,51 @@ TEST(Arguments, parse_readsFlagsAndBothFormsOfValues_whenTheyAreKnown)
     EXPECT_TRUE(given.has(QStringLiteral("all")));
     EXPECT_EQ(given.text(QStringLiteral("to")), QStringLiteral("--x y"));
     EXPECT_EQ(given.text(times), QStringLiteral("a=b"));
+}
+
+TEST(Arguments, parse_readsOperandsInTheirOrder_whenOptionsStandBetweenThem)
+{
+    const auto given = Arguments::parse(syntaxWithOperands(),
+                                        {QStringLiteral("-1"), QStringLiteral("--all"), QStringLiteral("b")});
+    ASSERT_TRUE(given.isOk());
+    EXPECT_EQ(given.value().operands(), (QStringList{QStringLiteral("-1"), QStringLiteral("b")}));
+    EXPECT_TRUE(given.value().has(QStringLiteral("all")));
+}
+
+TEST(Arguments, parse_takesEveryWordAsOperand_whenTwoDashesStandBefore)
+{
+    const auto given = Arguments::parse(
+        syntaxWithOperands(), {QStringLiteral("--"), QStringLiteral("--all"), QStringLiteral("--")});
+    ASSERT_TRUE(given.isOk());
+    EXPECT_EQ(given.value().operands(), (QStringList{QStringLiteral("--all"), QStringLiteral("--")}));
+    EXPECT_FALSE(given.value().has(QStringLiteral("all")));
+}
+
+TEST(Arguments, parse_namesTheOperand_whenItIsMissingOrTooMany)
+{
+    const auto missing = Arguments::parse(syntaxWithOperands(), {QStringLiteral("a")});
+    ASSERT_FALSE(missing.isOk());
+    EXPECT_EQ(missing.error(), QStringLiteral("SECOND is missing"));
+    const auto tooMany = Arguments::parse(syntaxWithOperands(),
+                                          {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+    ASSERT_FALSE(tooMany.isOk());
+    EXPECT_EQ(tooMany.error(), QStringLiteral("Unexpected argument \"c\""));
+    EXPECT_TRUE(Arguments::parse(syntaxWithOperands(), {QStringLiteral("--help")}).isOk());
+}
+
+TEST(Arguments, parse_takesAnyNumberOfFurtherOperands_whenTheSyntaxHasThem)
+{
+    Syntax open = syntax();
+    open.more = Operand{QStringLiteral("NAME"), QStringLiteral("one of many")};
+    EXPECT_TRUE(Arguments::parse(open, {}).value().operands().isEmpty());
+    const QStringList words{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("--"),
+                            QStringLiteral("--all")};
+    const auto given = Arguments::parse(open, words);
+    ASSERT_TRUE(given.isOk());
+    EXPECT_EQ(given.value().operands(),
+              (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("--all")}));
+    EXPECT_TRUE(helpText(open).startsWith(QStringLiteral("Usage: kestro draw [NAME...] ")));
+    EXPECT_TRUE(helpText(open).contains(QStringLiteral("one of many")));
 }
 
 TEST(Arguments, parse_knowsHelp_whenTheSyntaxDoesNotNameIt)
@@ -127,6 +180,17 @@ TEST(Arguments, helpText_tellsUsageAndEachOption_whenAsked)
                              "  --to FILE  where to\n"
                              "  --times N  how often\n"
                              "  --help     show this help\n"));
+}
+
+TEST(Arguments, helpText_tellsOperandsBeforeOptions_whenThereAreAny)
+{
+    Syntax draw = syntaxWithOperands();
+    draw.options.clear();
+    EXPECT_EQ(helpText(draw), QStringLiteral("Usage: kestro draw FIRST SECOND [--help]\n\n"
+                                             "Draw it\n\n"
+                                             "  FIRST   the one\n"
+                                             "  SECOND  the other\n"
+                                             "  --help  show this help\n"));
 }
 
 } // namespace kestro

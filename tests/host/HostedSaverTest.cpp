@@ -1,4 +1,5 @@
 #include "FakeDesk.h"
+#include "platform/display/Notifications.h"
 
 #include <gtest/gtest.h>
 
@@ -40,6 +41,41 @@ TEST_F(HostedSaverTest, window_leavesTheScreen_whenDestroyed)
 {
     make().reset();
     EXPECT_TRUE(desk.screen(0).windows().empty());
+}
+
+TEST_F(HostedSaverTest, window_closes_whenStopped)
+{
+    const auto saver = make();
+    int closes = 0;
+    desk.desktop.notifications().addObserver(&closes, Notice::WindowWillClose, view->window(),
+                                             [&closes] { ++closes; });
+    saver->start();
+    EXPECT_EQ(closes, 0);
+    saver->stop();
+    saver->stop();
+    EXPECT_EQ(closes, 1);
+    EXPECT_TRUE(desk.screen(0).windows().empty());
+    desk.desktop.notifications().removeObserver(&closes);
+}
+
+TEST_F(HostedSaverTest, ticks_areThoseOfTheSaverAbove_whenThereIsOne)
+{
+    const auto saver = make();
+    const auto tickAbove = [this] {
+        desk.desktop.notifications().post(Notice::SaverAboveTicked, view.get());
+    };
+    tickAbove();
+    EXPECT_EQ(reported, 0);
+    saver->start();
+    tickAbove();
+    desk.timers.advance(1);
+    EXPECT_EQ(ticks(), 10);
+    EXPECT_EQ(saver->ticks(), 1);
+    tickAbove();
+    EXPECT_EQ(reported, 2);
+    saver->stop();
+    tickAbove();
+    EXPECT_EQ(reported, 2);
 }
 
 TEST_F(HostedSaverTest, tick_comesAtTheInterval_whenRunning)

@@ -2,6 +2,8 @@
 
 #include "platform/base/Log.h"
 
+#include <QSet>
+
 #include <gtest/gtest.h>
 
 namespace kestro {
@@ -88,8 +90,10 @@ TEST(AllCommands, names_areUniqueWithTheFullScreenRunFirst_whenListed)
     QStringList names;
     for (const Command& command : allCommands())
         names.append(command.syntax.name);
-    EXPECT_EQ(names, (QStringList{QString(), QStringLiteral("show-settings"), QStringLiteral("playlist"),
-                                  QStringLiteral("render"), QStringLiteral("install-xscreensaver")}));
+    ASSERT_FALSE(names.isEmpty());
+    EXPECT_EQ(names.front(), QString());
+    EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
+    EXPECT_TRUE(names.contains(QStringLiteral("install-xscreensaver")));
 }
 
 } // namespace kestro

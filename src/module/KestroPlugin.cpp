@@ -1,0 +1,69 @@
+#include "module/KestroPlugin.h"
+
+#include "engine/BackSaverHost.h"
+#include "engine/MySaver.h"
+#include "platform/base/Paths.h"
+#include "platform/display/Desktop.h"
+#include "platform/display/Notifications.h"
+#include "platform/display/OpenGL.h"
+#include "platform/movie/MpvMovieLibrary.h"
+#include "platform/web/HelperEngine.h"
+#include "settings/SettingsStore.h"
+#include "trailers/SharedTrailers.h"
+
+namespace kestro {
+
+namespace {
+
+/// What every saver of the process shares. Never destroyed: savers may live until the very end of the
+/// process.
+struct Shared {
+    MpvMovieLibrary movies;
+    HelperEngine web{HelperSettings::ofPackage()};
+    SettingsStore store{homeFolder()};
+    SharedTrailers trailers;
+    BackSaverHost backSavers{homeFolder()};
+    SignPictures signs{packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources")};
+};
+
+Shared& shared()
+{
+    static auto& instance = *new Shared;
+    return instance;
+}
+
+/// A host may leave the process without taking its savers apart. A crawl that runs then is to keep what it
+/// has.
+void stopCrawlAtTheEnd(NotificationCenter& notifications)
+{
+    notifications.removeObserver(&shared());
+    notifications.addObserver(&shared(), Notice::ApplicationWillTerminate, nullptr,
+                              [] { shared().trailers.stopThreading(); });
+}
+
+} // namespace
+
+bool KestroPlugin::isScreenSaverView(const QString& className) const
+{
+    return className == u"MySaver";
+}
+
+void KestroPlugin::setOptionsForThisRun(const QVariantMap& options)
+{
+    shared().store.setOptionsForThisRun(options);
+}
+
+std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QString& className,
+                                                                      const Rect& frame, bool isPreview,
+                                                                      Desktop& desktop)
+{
+    if (!isScreenSaverView(className)) return nullptr;
+    auto& common = shared();
+    common.movies.setOpenGL(desktop.openGL());
+    stopCrawlAtTheEnd(desktop.notifications());
+    return MySaver::initWithFrameIsPreview(frame, isPreview,
+                                           {desktop, common.movies, common.store, common.trailers,
+                                            common.signs, common.backSavers, &common.web});
+}
+
+} // namespace kestro
