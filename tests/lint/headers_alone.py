@@ -30,7 +30,7 @@ def needs_compiling(root, header):
 
 
 def flags_by_folder(build):
-    """The compile flags of some source of each folder, absolute folder path to list; without file names."""
+    """The most compile flags that a source of each folder has, by its absolute path; without file names."""
     with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
         entries = json.load(file)
     flags = {}
@@ -40,7 +40,8 @@ def flags_by_folder(build):
         for index, word in enumerate(words):
             if word == "-isystem":
                 kept += words[index : index + 2]
-        flags[os.path.dirname(entry["file"])] = kept
+        folder = os.path.dirname(entry["file"])
+        flags[folder] = max(flags.get(folder, []), kept, key=len)
     return flags
 
 

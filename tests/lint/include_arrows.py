@@ -21,7 +21,9 @@ ALLOWED = PLATFORM | {
     "trailers": BELOW_ENGINE,
     "config_ui": BELOW_ENGINE,
     "engine": BELOW_ENGINE,
-    "host": BELOW_ENGINE | {"engine", "trailers", "config_ui"},
+    "module": BELOW_ENGINE | {"engine", "trailers"},
+    "publish": {"platform/base", "platform/display", "platform/movie"},
+    "host": BELOW_ENGINE | {"engine", "trailers", "config_ui", "publish"},
 }
 
 # The headers of each foreign library, and the one folder that may include them.
@@ -83,6 +85,11 @@ SAMPLES = [
     ("src/engine/MySaver.cpp", '#include "host/Program.h"', 1),
     ("src/settings/Settings.h", '#include "engine/MySaver.h"', 1),
     ("src/trailers/TrailerList.h", '#include "engine/TraceSource.h"', 1),
+    ("src/engine/MySaver.cpp", '#include "trailers/TrailerCont.h"', 1),
+    ("src/module/KestroPlugin.cpp", '#include "trailers/SharedTrailers.h"\n#include "engine/MySaver.h"', 0),
+    ("src/module/KestroPlugin.cpp", '#include "host/Program.h"', 1),
+    ("src/publish/MovieReader.cpp", '#include "platform/movie/StillDecoder.h"', 0),
+    ("src/publish/SitePages.cpp", '#include "trailers/PageParser.h"', 1),
     ("src/config_ui/ConfigSheet.cpp", '#  include "engine/MySaver.h"', 1),
     ("src/platform/base/Log.cpp", '#include "platform/plist/PropertyList.h"', 1),
     ("src/platform/movie/MpvMovie.cpp", "#include <mpv/client.h>\n#include <libavcodec/avcodec.h>", 0),

@@ -29,6 +29,25 @@ WRONG = [
     ["show-settings", "--help=yes"],
     ["playlist", "--expanded", "yes"],
     ["playlist", "--expanded=yes"],
+    ["scan", "now"],
+    ["scan", "--start"],
+    ["scan", "--forget=yes"],
+    ["latest"],
+    ["latest", "6"],
+    ["latest", "six", "480"],
+    ["latest", "6", "480x"],
+    ["latest", "6", "480", "more"],
+    ["inspect-page"],
+    ["inspect-page", "page.html"],
+    ["inspect-page", "--base", "http://h/"],
+    ["inspect-page", "page.html", "--base"],
+    ["inspect-page", "a.html", "b.html", "--base", "http://h/"],
+    ["publish"],
+    ["publish", "movies"],
+    ["publish", "movies", "DIR", "more"],
+    ["publish", "movies", ""],
+    ["publish", "movies", "DIR", "--copy=yes"],
+    *[["publish", "movies", "DIR", "--base-url", url] for url in ["", "host", "ftp://host/", "http://host/?a=1"]],
     ["render"],
     ["render", "--out"],
     ["render", "--out", ""],
@@ -44,7 +63,7 @@ WRONG = [
     ["render", "--out=DIR", "--size=8192x8192", "--screens=8"],
 ]
 
-COMMANDS = ["show-settings", "playlist", "render", "install-xscreensaver"]
+COMMANDS = ["show-settings", "playlist", "scan", "latest", "inspect-page", "publish", "render", "install-xscreensaver"]
 
 
 class Usage(ProgramTest):
@@ -69,7 +88,9 @@ class Usage(ProgramTest):
             self.assertIn(f"kestro {command}", text)
 
     def test_each_command_has_help_with_its_options(self):
-        options = {"show-settings": [], "playlist": ["--expanded"],
+        options = {"show-settings": [], "playlist": ["--expanded"], "inspect-page": ["FILE", "--base URL"],
+                   "scan": ["--start URL", "--host NAME", "--forget", "--verbose"], "latest": ["N ", "W "],
+                   "publish": ["MOVIES", "SITE", "--base-url URL", "--copy"],
                    "install-xscreensaver": ["--remove"],
                    "render": ["--out DIR", "--seconds S", "--size WxH", "--screens N", "--every S", "--trace FILE"]}
         for command in COMMANDS:

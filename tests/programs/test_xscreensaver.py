@@ -150,6 +150,56 @@ class Running(XscreensaverTest):
         self.assertEqual([path for path in self.user.home.iterdir() if path.name.startswith("core")], [])
 
 
+class AboveAHack(XscreensaverTest):
+    """Another of xscreensaver's savers behind the movies, on each of the two monitors."""
+
+    HACK = "fuzzyflakes"
+
+    def setUp(self):
+        super().setUp()
+        done = self.user.run(self.user.kestro, "import-hacks", self.HACK)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        [bundle] = (self.user.home / "Library" / "Screen Savers").iterdir()
+        # Of more than half of either monitor's size, so that it covers the middle of both wherever it stands.
+        settings = {"Ver": "5", "FileList": [url(self.user.takes(movie("half-red", "red", seconds=60, size="320x210")))],
+                    "FullScreenMode": "0", "PartialMode": "0", "Interval": "1000", "BackSaver": str(bundle)}
+        (self.user.preferences / "Kestro.plist").write_bytes(plistlib.dumps(settings))
+
+    def hacks(self):
+        """The processes of the hack that are this test's."""
+        found = []
+        for entry in pathlib.Path("/proc").iterdir():
+            try:
+                if entry.name.isdigit() and (entry / "comm").read_text().strip() == self.HACK and \
+                        str(self.user.home).encode() in (entry / "environ").read_bytes():
+                    found.append(int(entry.name))
+            except OSError:
+                continue  # it is gone, or not ours
+        return found
+
+    def test_both_monitors_show_the_hack_around_the_movie_and_nothing_is_left(self):
+        daemon = self.start()
+        self.assertEqual(daemon.tell("-activate"), 0)
+        looks = ([], [])
+
+        def both_move():
+            picture = self.server.picture()
+            if not (picture.is_near(300, 200, RED) and picture.is_near(800, 150, RED)):
+                return False
+            for seen, left, width, height in zip(looks, (0, 600), (600, 400), (400, 300)):
+                around = [picture.at(left + x, y) for x in range(2, width, 4) for y in range(2, height, 4)
+                          if not picture.is_near(left + x, y, RED)]
+                if around not in seen and set(around) != {(0, 0, 0)}:
+                    seen.append(around)
+            return all(len(seen) >= 3 for seen in looks)
+
+        wait_until(both_move, "the hack around the movie on both monitors")
+        self.assertEqual(len(self.hacks()), 2)
+        self.assertEqual(daemon.tell("-deactivate"), 0)
+        wait_until(lambda: not self.processes() and not self.hacks(), "the end of every process")
+        self.assertNoCrash(daemon)
+
+
 class Description(unittest.TestCase):
     """The file that xscreensaver's settings window reads."""
 

@@ -1,0 +1,262 @@
+"""What web content may not do, each shown by a page or a Flash movie that tries, and a site that sees whether it did."""
+
+import os
+import pathlib
+import plistlib
+import re
+import unittest
+
+import swf
+from harness import wait_until
+from plainuser import PlainUser
+from webtest import LiveRendering, PageRun, WebTest, helpers_of, members_of, processes
+
+SHOWN = b"<body style='background:red'>"
+RED, BLUE, BLACK = (255, 0, 0), (0, 0, 255), (0, 0, 0)
+
+# Turns the box's ground from blue to red once the variable "found" has come from where it was looked for: the box is
+# as large as the stage, and stands beside it until then.
+SHOW_WHEN_FOUND = swf.if_equal("found", "1", swf.put_clip("box", 0))
+
+
+def looking(*addresses):
+    """A movie that loads variables from each address at its first frame, and shows a red box when any has found=1."""
+    look = swf.once(swf.put_clip("box", 400) + b"".join(swf.load_variables(address) for address in addresses))
+    return swf.avm1(look + SHOW_WHEN_FOUND, side=320)
+
+
+class WebContentTest(WebTest):
+    def assertPlays(self, entry, is_red):
+        """It plays, and after a while the box is there, or still is not."""
+        self.home.play([entry], FullScreenMode="1")
+        rendering = LiveRendering(self)
+        if is_red:
+            rendering.wait_for(lambda picture: picture.at(160, 120) == RED)
+        else:
+            rendering.wait_for(lambda picture: picture.at(160, 120) == BLUE)
+            self.assertEqual(rendering.wait_for_more(5).at(160, 120), BLUE)
+        rendering.end()
+
+
+class MoviesOfFiles(WebContentTest):
+    def test_one_reads_nothing_beside_itself(self):
+        self.file("vars.txt", b"found=1")
+        beside = (self.folder / "vars.txt").as_uri()
+        self.assertPlays(self.file("a.swf", looking("vars.txt", beside)), is_red=False)
+
+    def test_one_reads_nothing_from_the_net(self):
+        site = self.site({"/vars.txt": ("text/plain", b"found=1", ("Access-Control-Allow-Origin", "*"))})
+        self.assertPlays(self.file("a.swf", looking(site.url("/vars.txt"))), is_red=False)
+        self.assertEqual(site.requests, [])
+
+    def test_one_leads_nowhere(self):
+        site = self.site({"/there": ("text/html", SHOWN)})
+        go = swf.once(swf.get_url(site.url("/there"), "_self") + swf.get_url(site.url("/there"), "_blank"))
+        self.assertPlays(self.file("a.swf", swf.avm1(go)), is_red=False)
+        self.assertEqual(site.requests, [])
+
+
+class MoviesOfTheNet(WebContentTest):
+    OPEN = ("Access-Control-Allow-Origin", "*")
+
+    def test_one_reads_from_its_own_site(self):
+        site = self.site({"/vars.txt": ("text/plain", b"found=1")})
+        site.pages["/a.swf"] = ("application/x-shockwave-flash", looking("vars.txt"))
+        self.assertPlays(site.url("/a.swf"), is_red=True)
+
+    def test_one_reads_from_no_other_site_even_where_that_would_allow_it(self):
+        other = self.site({"/vars.txt": ("text/plain", b"found=1", self.OPEN), "/crossdomain.xml": ("text/xml", b"")})
+        site = self.site()
+        site.pages["/a.swf"] = ("application/x-shockwave-flash", looking(other.url("/vars.txt")))
+        self.assertPlays(site.url("/a.swf"), is_red=False)
+        self.assertEqual(other.requests, [])
+
+    def test_one_is_not_led_to_another_site(self):
+        other = self.site({"/vars.txt": ("text/plain", b"found=1", self.OPEN)})
+        site = self.site()
+        led = site.url("/led.txt")
+        site.answer = redirecting(site, "/led.txt", other.url("/vars.txt"))
+        site.pages["/a.swf"] = ("application/x-shockwave-flash", looking(led))
+        self.assertPlays(site.url("/a.swf"), is_red=False)
+        self.assertTrue(site.asked("/led.txt"))
+        self.assertEqual(other.requests, [])
+
+    def test_one_reads_no_file(self):
+        secret = self.file("vars.txt", b"found=1").as_uri()
+        site = self.site()
+        site.pages["/a.swf"] = ("application/x-shockwave-flash", looking(secret))
+        self.assertPlays(site.url("/a.swf"), is_red=False)
+
+
+def redirecting(site, path, target):
+    usual = site.answer
+
+    def answer(handler):
+        if handler.path != path:
+            return usual(handler)
+        handler.send_response(302)
+        handler.send_header("Location", target)
+        handler.send_header("Access-Control-Allow-Origin", "*")
+        handler.send_header("Content-Length", "0")
+        handler.end_headers()
+
+    return answer
+
+
+class Pages(WebTest):
+    def tries(self, script, pages=None, **environment):
+        """Shows a page that runs a script, which may tell(name, value), until a good while after; answers the site."""
+        site = self.site({"/said": ("text/plain", b""), **(pages or {})})
+        site.pages["/page.html"] = ("text/html", self.page_of(script))
+        run = PageRun(self, site.url("/page.html"), **environment)
+        wait_until(lambda: site.said("end"), "the page to have tried")
+        self.assertEqual(run.end(), "")
+        return site
+
+    @staticmethod
+    def page_of(script):
+        tell = "const tell = (name, value) => fetch('/said?' + name + '=' + encodeURIComponent(value));"
+        end = "setTimeout(() => tell('end', 1), 2000);"
+        return SHOWN + f"<script>{tell}\n{end}\n{script}</script>".encode()
+
+    def test_a_page_is_shown(self):
+        site = self.site({"/page.html": ("text/html", SHOWN)})
+        PageRun(self, site.url("/page.html")).wait_for(RED)
+
+    def test_an_swf_by_its_type_or_its_first_bytes_alone_plays(self):
+        still = swf.still(RED)
+        site = self.site({"/typed": ("application/x-shockwave-flash", still), "/bytes": ("application/octet-stream", still)})
+        for address in (site.url("/typed"), site.url("/bytes"), self.file("unnamed", still).as_uri()):
+            with self.subTest(address):
+                PageRun(self, address).wait_for(RED)
+
+    def test_no_file_can_be_read(self):
+        secret = self.file("secret.html", b"<body style='background:red'>secret</body>").as_uri()
+        site = self.tries(f"""
+            fetch('{secret}').then(() => tell('read', 1), () => tell('refused', 1));
+            const frame = document.createElement('iframe');
+            frame.src = '{secret}';
+            document.body.append(frame);
+            setTimeout(() => {{ location = '{secret}'; tell('still', 1); }}, 500);""")
+        self.assertEqual((site.said("refused"), site.said("read"), site.said("still")), (["1"], [], ["1"]))
+
+    def test_nothing_pops_up(self):
+        site = self.tries("""
+            const opened = window.open('/popup.html');
+            tell('opened', opened !== null);
+            const link = document.createElement('a');
+            link.href = '/popup.html'; link.target = '_blank';
+            document.body.append(link); link.click();
+            alert('stop'); tell('after', confirm('go on?'));""")
+        self.assertEqual((site.said("opened"), site.said("after")), (["false"], ["false"]))
+        self.assertFalse(site.asked("/popup.html"))
+
+    def test_nothing_is_downloaded(self):
+        archive = ("application/zip", b"PK" * 1000, ("Content-Disposition", "attachment; filename=a.zip"))
+        site = self.tries("""
+            const link = document.createElement('a');
+            link.href = '/a.zip'; link.download = 'a.zip';
+            document.body.append(link); link.click(); tell('clicked', 1);""", {"/a.zip": archive})
+        self.assertEqual(site.said("clicked"), ["1"])
+        self.assertEqual([str(path) for path in self.home.path.rglob("*.zip*")], [])
+
+    def test_no_permission_is_granted(self):
+        site = self.tries("""
+            navigator.geolocation.getCurrentPosition(() => tell('place', 'given'), () => tell('place', 'refused'));
+            Notification.requestPermission().then(answer => tell('notices', answer));
+            const media = navigator.mediaDevices;
+            if (media) media.getUserMedia({audio: true}).then(() => tell('ear', 'given'), () => tell('ear', 'refused'));""")
+        self.assertEqual(site.said("place"), ["refused"])
+        self.assertNotIn("granted", site.said("notices"))
+        self.assertNotIn("given", site.said("ear"))
+
+    def test_no_other_program_is_started(self):
+        programs = self.home.path / "programs"
+        programs.mkdir()
+        for name in ("xdg-open", "x-www-browser", "xdg-email", "sensible-browser"):
+            program = programs / name
+            program.write_text(f"#!/bin/sh\ntouch {self.home.path}/started\n")
+            program.chmod(0o755)
+        self.tries("""
+            for (const address of ['mailto:a@b.org', 'tel:1', 'kestro:x', 'file:///tmp']) {
+                const frame = document.createElement('iframe');
+                frame.src = address; document.body.append(frame);
+            }
+            setTimeout(() => { location = 'mailto:a@b.org'; }, 300);""", PATH=f"{programs}:{os.environ['PATH']}")
+        self.assertFalse((self.home.path / "started").exists())
+
+    def test_nothing_is_kept_for_the_next_run(self):
+        script = """
+            tell('cookie', document.cookie); tell('stored', localStorage.getItem('mark'));
+            document.cookie = 'mark=1; max-age=99999'; localStorage.setItem('mark', '1');
+            fetch('/kept.txt');"""
+        kept = ("text/plain", b"kept", ("Cache-Control", "public, max-age=99999"))
+        site = self.tries(script, {"/kept.txt": kept})
+        PageRun(self, site.url("/page.html"))
+        wait_until(lambda: len(site.said("end")) == 2, "the page's second run")
+        self.assertEqual(site.said("cookie"), ["", ""])
+        self.assertEqual(site.said("stored"), ["null", "null"])
+        self.assertEqual(sum(request.path == "/kept.txt" for request in site.requests), 2)
+        self.assertFalse(any("mark" in (request.cookie or "") for request in site.requests if request.path == "/page.html"))
+
+    def test_what_is_written_goes_with_the_profile(self):
+        before = set(self.home.path.rglob("*"))
+        self.tries("localStorage.setItem('a', 1);")
+        wait_until(lambda: not list(self.home.runtime.glob("kestro/web-*")), "the profile to go")
+        new = {path.name.lower() for path in set(self.home.path.rglob("*")) - before}
+        self.assertEqual({name for name in new if "web" in name or "qt" in name}, set())
+
+    def test_a_page_that_is_not_there_is_black(self):
+        run = PageRun(self, self.site().url("/gone.html"))
+        run.wait_for(BLACK)
+        line = run.next_line()
+        self.assertIn("Web content: ", line)
+        self.assertEqual(run.at_centre(), BLACK)
+        self.assertEqual(run.end(), "")
+
+    def test_a_page_that_never_comes_is_black(self):
+        site = self.site({"/never": None})
+        run = PageRun(self, site.url("/never"))
+        wait_until(lambda: site.asked("/never"), "the page to be asked for")
+        run.wait_for(BLACK)
+
+    def test_a_page_that_hangs_becomes_black_and_is_logged(self):
+        site = self.site()
+        site.pages["/page.html"] = ("text/html", SHOWN + b"<script>setTimeout(() => { for (;;); }, 2000);</script>")
+        run = PageRun(self, site.url("/page.html"))
+        run.wait_for(RED)
+        self.assertIn("the page hangs", run.next_line())
+        run.wait_for(BLACK)
+
+
+def filters_of(pid):
+    """How many filters of system calls a process lives under; none for one that has ended."""
+    try:
+        return int(re.search(r"Seccomp_filters:\s+(\d+)", pathlib.Path(f"/proc/{pid}/status").read_text())[1])
+    except OSError:
+        return 0
+
+
+class Sandbox(unittest.TestCase):
+    """With an ordinary user's rights the browser's sandbox is on, whatever the environment says."""
+
+    def test_the_page_runs_under_the_browsers_filter_of_system_calls(self):
+        user = PlainUser()
+        self.addCleanup(user.close)
+        entry = user.prefix / "a.swf"
+        entry.write_bytes(swf.still(RED))
+        settings = user.preferences / "Kestro.plist"
+        settings.write_bytes(plistlib.dumps({"Ver": "5", "FileList": [entry.as_uri()], "FullScreenMode": "1"}))
+        log = (user.prefix / "log").open("w+")
+        self.addCleanup(log.close)
+        process = user.start(user.kestro, output=log, QT_QPA_PLATFORM="offscreen", QTWEBENGINE_DISABLE_SANDBOX="1",
+                             QTWEBENGINE_CHROMIUM_FLAGS="--no-sandbox", KESTRO_RENDERER="software")
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        helper = wait_until(lambda: helpers_of(process), "the web helper")[0]
+        wait_until(lambda: any(filters_of(pid) > filters_of(helper) for pid in members_of(helper)), "a filtered process")
+        self.assertNotIn("--no-sandbox", " ".join(command for _, group, command in processes().values() if group == helper))
+
+
+if __name__ == "__main__":
+    unittest.main()
