@@ -1,6 +1,6 @@
 """Measures the moving movie and what it leaves behind: cost beside mpv's, stills, and growth over many switches.
 
-usage: bounce_bench.py KESTRO [BENCH...]     benches: bounce soak
+usage: bounce_bench.py KESTRO [BENCH...]     benches: bounce stills soak
 """
 
 import os
@@ -53,6 +53,18 @@ class Bench:
         print(f"  kestro {own:.3f} CPU s/s, X server {server:.3f}; mpv --vo=null {null:.3f}")
         bar("cost against mpv --vo=null", own / null, 2.5)
 
+    def stills(self):
+        """Stills of a 1080p movie, each 0.55 s after the one before, and the pictures of the movie meanwhile."""
+        movie = make_movie(self.folder, "large.mp4", "1920x1080", 20)
+        program = os.path.join(os.path.dirname(self.kestro), "../bench/still_bench")
+        answer = subprocess.run([program, movie], check=True, capture_output=True, text=True).stdout
+        numbers = dict((words[0], [float(word) for word in words[1:]]) for words in map(str.split, answer.splitlines()))
+        print(f"  longest still {numbers['still'][1]:.0f} ms")
+        bar("processor time of a still, ms", numbers["still"][0], 60)
+        without, taken = numbers["pictures"]
+        print(f"  pictures in ten seconds: {without:.0f} without stills, {taken:.0f} with")
+        bar("pictures lost because of stills", without - taken, 1)
+
     def soak(self):
         """Movies of two seconds, bouncing: memory and descriptors at the end beside those after the first minute."""
         movies = [make_movie(self.folder, f"two{i}.mp4", "640x360", 2) for i in range(2)]
@@ -79,7 +91,7 @@ class Bench:
 
 
 def main():
-    kestro, names = os.path.abspath(sys.argv[1]), sys.argv[2:] or ["bounce", "soak"]
+    kestro, names = os.path.abspath(sys.argv[1]), sys.argv[2:] or ["bounce", "stills", "soak"]
     with tempfile.TemporaryDirectory() as folder:
         bench = Bench(kestro, folder)
         for name in names:

@@ -14,6 +14,8 @@ import time
 import desk
 
 ROUNDS = 5
+# What decoding costs goes up and down by a tenth from run to run, for each player on its own.
+PLAY_ROUNDS = 9
 QUIET = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
 MPV = ["mpv", "--no-config", "--no-audio", "--really-quiet", "--loop-file=inf", "--no-osc"]
 
@@ -79,12 +81,13 @@ class Bench:
     def play(self):
         """Full screen 1080p30 in a 1920x1080 window."""
         rows = {name: [] for name in self.peers()}
-        for _ in range(ROUNDS):
+        for _ in range(PLAY_ROUNDS):
             for name, (command, home) in self.peers().items():
                 rows[name].append(self.run_cost(command, home))
         medians = {name: [statistics.median(column) for column in zip(*values)] for name, values in rows.items()}
         for name, (own, server, peak) in medians.items():
-            print(f"  {name:14} {own:.3f} CPU s/s, X server {server:.3f}, peak {peak:.0f} MB")
+            each = " ".join(f"{row[0]:.3f}" for row in rows[name])
+            print(f"  {name:14} {own:.3f} CPU s/s, X server {server:.3f}, peak {peak:.0f} MB; each {each}")
         ours, null, x11 = (medians[name] for name in ("kestro", "mpv --vo=null", "mpv --vo=x11"))
         bar("cost against mpv --vo=null", ours[0] / null[0], 1.25)
         bar("cost against mpv --vo=x11", ours[0] / x11[0], 0.75)

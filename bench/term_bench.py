@@ -75,6 +75,23 @@ def loading(kestro, screen, window, folder):
         return [milliseconds_to_end(kestro, screen, window, home, is_asked) for _ in range(ROUNDS)]
 
 
+def crawling(kestro, screen, window, folder, movie):
+    """While a crawl for trailers waits for a page that never comes."""
+    with socket.create_server(("127.0.0.1", 0)) as silent:
+        home = make_home(folder, "crawling", ["file://" + movie, "auto://LatestTrailers/6/480"], Continue="1")
+        configuration = os.path.join(home, ".config", "kestro")
+        os.makedirs(configuration)
+        with open(os.path.join(configuration, "kestro.conf"), "w", encoding="ascii") as file:
+            file.write(f"[trailers]\nstart=http://127.0.0.1:{silent.getsockname()[1]}/trailers/\n")
+        connections = []
+
+        def is_asked():
+            connections.append(silent.accept()[0])
+            return True
+
+        return [milliseconds_to_end(kestro, screen, window, home, is_asked) for _ in range(ROUNDS)]
+
+
 def main():
     kestro = os.path.abspath(sys.argv[1])
     screen = desk.Screen()
@@ -86,6 +103,7 @@ def main():
                playing(kestro, screen, window, folder, "bounce", movie, FullScreenMode="0", PartialMode="1",
                        Fadeout="1", Scale="0.6"))
         report("TERM while a server does not answer", loading(kestro, screen, window, folder))
+        report("TERM while a crawl hangs", crawling(kestro, screen, window, folder, movie))
     desk.end(giver)
     screen.close()
 
