@@ -67,7 +67,9 @@ bool replacePropertyListFile(const QString& path, const QByteArray& bytes)
     const QString target = pastLinks(path);
     if (!isReplaceable(target) || !QDir().mkpath(QFileInfo(target).path())) return false;
     QSaveFile file(target);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    // flush() because commit() does not notice when the last, still buffered bytes find no room.
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+           file.commit();
 }
 
 } // namespace kestro

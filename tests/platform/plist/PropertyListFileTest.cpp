@@ -167,25 +167,28 @@ TEST_F(PropertyListFile, replace_answersFalse_whenItsFolderIsReadOnly)
     ASSERT_EQ(chmod(QFile::encodeName(in("locked")).constData(), 0755), 0);
 }
 
+// Short contents are written at the very end only, from a buffer.
 TEST_F(PropertyListFile, replace_leavesTheOldFileWhole_whenTheDiskIsFull)
 {
-    putFile(in("file"), "old");
-    const auto writeWithRoomFor = [this](rlim_t room) {
-        return answersTrueInChild([this, room] {
+    const auto writeWithRoomFor = [this](rlim_t room, qsizetype size) {
+        return answersTrueInChild([this, room, size] {
             std::signal(SIGXFSZ, SIG_IGN);
             const rlimit limit = {room, room};
             setrlimit(RLIMIT_FSIZE, &limit);
-            return replacePropertyListFile(in("file"), QByteArray(100'000, 'n'));
+            return replacePropertyListFile(in("file"), QByteArray(size, 'n'));
         });
     };
-    for (const rlim_t room : {0U, 1U, 4096U, 99'999U}) {
-        EXPECT_FALSE(writeWithRoomFor(room)) << room;
-        EXPECT_EQ(bytesOf(in("file")), "old") << room;
+    for (const rlim_t size : {1'000U, 100'000U}) {
+        putFile(in("file"), "old");
+        for (const rlim_t room : {rlim_t(0), rlim_t(1), size / 2, size - 1}) {
+            EXPECT_FALSE(writeWithRoomFor(room, qsizetype(size))) << room;
+            EXPECT_EQ(bytesOf(in("file")), "old") << room;
+        }
+        EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden),
+                  QStringList{QStringLiteral("file")});
+        EXPECT_TRUE(writeWithRoomFor(size, qsizetype(size)));
+        EXPECT_EQ(bytesOf(in("file")), QByteArray(qsizetype(size), 'n'));
     }
-    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden),
-              QStringList{QStringLiteral("file")});
-    EXPECT_TRUE(writeWithRoomFor(100'000));
-    EXPECT_EQ(bytesOf(in("file")), QByteArray(100'000, 'n'));
 }
 
 } // namespace kestro
