@@ -33,15 +33,18 @@ function(kestro_library name)
     install(TARGETS ${name} LIBRARY DESTINATION lib/kestro)
 endfunction()
 
-# kestro_test(NAME [GUI] SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE …])
+# kestro_test(NAME [GUI|WIDGETS] SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE …])
 # One test program per folder of tests/; each of its tests is one ctest entry. With GUI the tests run inside a Qt
-# application without a display (tests/support/GuiMain.cpp).
+# application without a display (tests/support/GuiMain.cpp), with WIDGETS in one that has widgets (WidgetMain.cpp).
 function(kestro_test name)
-    cmake_parse_arguments(ARG "GUI" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(ARG "GUI;WIDGETS" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     if(ARG_GUI)
         target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/GuiMain.cpp)
         target_link_libraries(${name} PRIVATE Qt6::Gui)
+    elseif(ARG_WIDGETS)
+        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/WidgetMain.cpp)
+        target_link_libraries(${name} PRIVATE Qt6::Widgets)
     else()
         target_link_libraries(${name} PRIVATE GTest::gtest_main)
     endif()

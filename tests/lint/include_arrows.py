@@ -19,20 +19,35 @@ ALLOWED = PLATFORM | {
     "settings": {"platform/base", "platform/plist", "platform/display"},
     "presentation": set(PLATFORM),
     "trailers": BELOW_ENGINE,
-    "config_ui": BELOW_ENGINE,
+    "widgets": set(PLATFORM) | {"settings", "presentation"},
+    "config_ui": BELOW_ENGINE | {"widgets"},
+    "trailers/panel": BELOW_ENGINE | {"trailers", "widgets"},
     "engine": BELOW_ENGINE,
     "module": BELOW_ENGINE | {"engine", "trailers"},
     "publish": {"platform/base", "platform/display", "platform/movie"},
-    "host": BELOW_ENGINE | {"engine", "trailers", "config_ui", "publish"},
+    "host": BELOW_ENGINE | {"engine", "trailers", "publish"},
+    "host/preferences": BELOW_ENGINE | {"engine", "trailers", "trailers/panel", "widgets", "config_ui", "host"},
 }
 
-# The headers of each foreign library, and the one folder that may include them.
+# What a process that runs the saver must not load, and the folders of the program that shows its settings.
+QT_WIDGETS = (
+    r"QtWidgets/|Q(Abstract(Button|Item(Delegate|View)|ScrollArea|Slider|SpinBox)|Application|\w*Layout|\w*Widget|"
+    r"\w*Dialog|\w*Dialog\w+|\w*Button\w*|Check\w+|\w*Combo\w+|\w*SpinBox|Frame|GroupBox|Header\w+|Label|\w*LineEdit|"
+    r"(List|Table|Tree|Column)(View|Widget\w*)|Menu\w*|MessageBox|(Plain)?TextEdit|Progress\w+|\w*Style(?!Hints)\w*|"
+    r"Scroll\w+|Slider|Splitter\w*|Size(Grip|Policy)|\w+Item(Delegate|View)|SpacerItem|SplashScreen|StatusBar|"
+    r"SystemTrayIcon|\w*Tab(Bar|Widget)|Tool(Bar|Box|Tip)|Graphics\w+)$"
+)
+WIDGET_FOLDERS = ("widgets", "config_ui", "trailers/panel", "host/preferences")
+
+# The headers of each foreign library, and the folders that may include them.
 FOREIGN = [
-    (r"curl/", "platform/network"),
-    (r"xcb/|X11/|GL/|GLES\d/|EGL/|vulkan/|wayland-", "platform/display"),
-    (r"Q(Svg|BackingStore|OpenGL|RasterWindow|Window\b|Screen\b)|qpa/|QtGui/(private|qpa)/", "platform/display"),
-    (r"mpv/|libav|libsw", "platform/movie"),
-    (r"QtWebEngine|QWebEngine|QtQuick|QQuick|QQml|QtQml", "platform/web"),
+    (r"curl/", ("platform/network",)),
+    (r"xcb/|X11/|GL/|GLES\d/|EGL/|vulkan/|wayland-", ("platform/display",)),
+    (r"Q(Svg|BackingStore|OpenGL|RasterWindow)|qpa/|QtGui/(private|qpa)/", ("platform/display",)),
+    (r"Q(Window|Screen)\b", ("platform/display", *WIDGET_FOLDERS)),
+    (r"mpv/|libav|libsw", ("platform/movie",)),
+    (r"QtWebEngine|QWebEngine|QtQuick|QQuick|QQml|QtQml", ("platform/web",)),
+    (QT_WIDGETS, WIDGET_FOLDERS),
 ]
 # Other headers in angle brackets that lie in folders: those of the system and of Qt.
 KNOWN_FOLDERS = r"(sys|linux|arpa|netinet|net|bits|Qt[A-Z]\w*)/"
@@ -42,7 +57,7 @@ INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>)', re.M
 
 def folder_of(path):
     """The folder of the table that a path relative to src/ lies in; None for one outside all of them."""
-    return next((folder for folder in ALLOWED if path.startswith(folder + "/")), None)
+    return max((folder for folder in ALLOWED if path.startswith(folder + "/")), key=len, default=None)
 
 
 def check_own(own, path, included):
@@ -58,9 +73,9 @@ def check_own(own, path, included):
 
 
 def check_foreign(own, header):
-    for pattern, owner in FOREIGN:
+    for pattern, owners in FOREIGN:
         if re.match(pattern, header):
-            return None if own == owner else f"<{header}> is for {owner} only"
+            return None if own in owners else f"<{header}> is for {', '.join(owners)} only"
     if "/" in header and not re.match(KNOWN_FOLDERS, header):
         return f"<{header}> is of a library that has no folder: add it to FOREIGN"
     return None
@@ -103,6 +118,13 @@ SAMPLES = [
     ("src/engine/MySaver.cpp", '#include "../host/Program.h"', 1),
     ("src/engine/MySaver.cpp", '#include "MySaver.h"', 0),
     ("src/attic/Old.h", "", 1),
+    ("src/trailers/panel/TrailerPanel.cpp", '#include "trailers/TrailerCont.h"\n#include <QTableView>', 0),
+    ("src/trailers/TrailerCont.cpp", '#include "trailers/panel/TrailerPanel.h"', 1),
+    ("src/trailers/TrailerCont.cpp", "#include <QTableView>", 1),
+    ("src/widgets/MoviePreview.cpp", "#include <QScreen>", 0),
+    ("src/engine/MySaver.cpp", "#include <QScreen>", 1),
+    ("src/host/main.cpp", "#include <QApplication>\n#include <QGuiApplication>\n#include <QStyleHints>", 1),
+    ("src/engine/MySaver.cpp", "#include <QVBoxLayout>\n#include <QDialogButtonBox>\n#include <QLabel>", 3),
 ]
 
 if __name__ == "__main__":
