@@ -5,8 +5,6 @@
 
 #include <QDir>
 
-#include <utility>
-
 namespace kestro {
 
 namespace {
@@ -97,7 +95,8 @@ bool SlideRedirection::point(const QString& folder)
 void SlideRedirection::restore()
 {
     const std::lock_guard lock(m_defdictLock);
-    const auto backup = std::exchange(m_slideSaverDictPathBackup, {});
+    const std::optional<QVariant> backup = m_slideSaverDictPathBackup;
+    m_slideSaverDictPathBackup.reset();
     if (!m_slideSaverDictPath) findPreferences();
     if (!m_slideSaverDictPath) return;
     auto preferences = readPropertyListDictionary(*m_slideSaverDictPath);

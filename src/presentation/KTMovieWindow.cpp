@@ -8,6 +8,7 @@ KTMovieWindow::KTMovieWindow(const Rect& rect, Screen& screen, const MovieFrameP
     : Window({rect.movedBy(screen.frame().origin), &screen, QStringLiteral("movie")})
     , m_movieView({{0, 0}, rect.size}, platform)
 {
+    setHasShadow(true);
     setOpaque(false);
     setContentView(&m_movieView);
     setBackgroundColor(Qt::transparent);

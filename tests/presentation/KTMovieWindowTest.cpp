@@ -23,6 +23,7 @@ TEST_F(KTMovieWindowTest, construction_countsTheRectangleFromTheScreensOrigin)
 
 TEST_F(KTMovieWindowTest, construction_makesATransparentWindowAtTheShieldingLevel)
 {
+    EXPECT_TRUE(window.hasShadow());
     EXPECT_FALSE(window.isOpaque());
     EXPECT_EQ(window.backgroundColor(), QColor(Qt::transparent));
     EXPECT_EQ(window.level(), WindowLevel::Shielding);

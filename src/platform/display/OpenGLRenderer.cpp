@@ -22,6 +22,19 @@ bool isAbsurd(QSize size)
     return size.isEmpty() || qint64{size.width()} * size.height() > mostPixels;
 }
 
+/// The picture of anything but a layer.
+const QImage& imageOf(const SceneItem& item)
+{
+    switch (item.kind) {
+    case SceneItem::Kind::Shadow:
+        return item.shadow;
+    case SceneItem::Kind::Held:
+        return item.view->heldPicture()->image;
+    default:
+        return item.window->shownPixels();
+    }
+}
+
 } // namespace
 
 OpenGLRenderer::OpenGLRenderer(std::shared_ptr<OpenGLDevice> device, Surface& surface)
@@ -83,8 +96,7 @@ bool OpenGLRenderer::prepareItem(const SceneItem& item)
 {
     Content& content = contentOf(item);
     if (item.kind == SceneItem::Kind::Layer) return renderLayer(item, content);
-    const bool isHeld = item.kind == SceneItem::Kind::Held;
-    const QImage& image = isHeld ? item.view->heldPicture()->image : item.window->shownPixels();
+    const QImage& image = imageOf(item);
     if (image.isNull() || content.key == image.cacheKey()) return true;
     content.texture.upload(image, content.stale.isEmpty() ? QRegion(image.rect()) : content.stale);
     content.key = image.cacheKey();
@@ -127,8 +139,7 @@ void OpenGLRenderer::paint(const Scene& scene, const QRegion& damage)
 void OpenGLRenderer::paintItem(const SceneItem& item, const QRegion& region)
 {
     if (item.kind == SceneItem::Kind::Backing) return paintBacking(item, region);
-    const bool isSolid =
-        item.kind == SceneItem::Kind::Layer || !item.view->heldPicture()->image.hasAlphaChannel();
+    const bool isSolid = item.kind == SceneItem::Kind::Layer || !imageOf(item).hasAlphaChannel();
     m_device->program().draw(contentOf(item).texture, item.rect, region, {qMin(item.alpha, 1.0F), isSolid});
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/display/Identity.h"
 
+#include <QImage>
 #include <QRect>
 #include <QRegion>
 
@@ -15,19 +16,20 @@ class Window;
 
 /// One thing that is seen on a screen. Pixels of the canvas.
 struct SceneItem {
-    enum class Kind { Backing, Layer, Held };
+    enum class Kind { Shadow, Backing, Layer, Held };
 
     Kind kind = Kind::Backing;
     Identity identity = 0; ///< of the thing; the same in the scenes of successive pictures
     Identity windowOf = 0; ///< identity of the window it belongs to
     Window* window =
         nullptr;          ///< may be followed only while the picture is composed that the scene was made for
-    View* view = nullptr; ///< likewise; null for a backing store
+    View* view = nullptr; ///< likewise; null for a backing store and a shadow
     QRect rect;           ///< where the whole of it lies
     QRegion area;         ///< where it paints anything
     QRegion opaque;       ///< where, at alpha 1, it hides what is below
     QRegion visible;      ///< the area, less what is hidden by what lies above
     QRegion painted;      ///< what views drew since the picture before
+    QImage shadow;        ///< as large as the rect, of a shadow alone
     float alpha = 1;
     Identity revision = 0; ///< another one for each new picture of a layer
 };

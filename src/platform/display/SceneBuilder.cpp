@@ -5,6 +5,7 @@
 #include "platform/display/View.h"
 #include "platform/display/ViewGeometry.h"
 #include "platform/display/Window.h"
+#include "platform/display/WindowShadow.h"
 
 namespace kestro {
 
@@ -23,6 +24,12 @@ View* findShowing(View* view, const SceneItem& item)
     return nullptr;
 }
 
+/// A window larger than the screen is not worth the memory of its shadow.
+bool fitsInto(const QRect& place, QSize canvas)
+{
+    return place.width() <= canvas.width() && place.height() <= canvas.height();
+}
+
 } // namespace
 
 void SceneBuilder::add(Window& window)
@@ -32,8 +39,10 @@ void SceneBuilder::add(Window& window)
         return;
     }
     if (window.alphaValue() <= 0) return;
+    const auto itemsBelow = m_scene.items.size();
     addBacking(window);
     if (window.contentView()) addViews(window, *window.contentView());
+    if (window.hasShadow() && m_scene.items.size() > itemsBelow) insertShadow(window, itemsBelow);
 }
 
 Scene SceneBuilder::finish()
@@ -49,12 +58,29 @@ void SceneBuilder::addFrozen(Window& window)
         SceneItem item = old;
         item.window = &window;
         item.painted = {};
-        if (item.kind != SceneItem::Kind::Backing) {
+        if (item.kind == SceneItem::Kind::Layer || item.kind == SceneItem::Kind::Held) {
             item.view = findShowing(window.contentView(), item);
             if (!item.view) continue;
         }
         m_scene.items.push_back(std::move(item));
     }
+}
+
+void SceneBuilder::insertShadow(Window& window, size_t itemsBelow)
+{
+    const QRect place = m_mapping.pixelRect(window.frame());
+    if (!fitsInto(place, m_mapping.pixels)) return;
+    SceneItem item;
+    item.kind = SceneItem::Kind::Shadow;
+    item.identity = window.shadowIdentity();
+    item.windowOf = window.identity();
+    item.window = &window;
+    item.alpha = window.alphaValue();
+    item.rect = place.marginsAdded(WindowShadow::reach(m_mapping.ratio));
+    item.area = layersIn(item.rect, itemsBelow) - place;
+    if (item.area.isEmpty()) return;
+    item.shadow = window.shadow(place.size());
+    m_scene.items.insert(m_scene.items.begin() + static_cast<std::ptrdiff_t>(itemsBelow), std::move(item));
 }
 
 void SceneBuilder::addBacking(Window& window)
@@ -115,6 +141,14 @@ void SceneBuilder::addHeld(Window& window, View& view)
     if (!held.image.hasAlphaChannel()) item.opaque = item.area;
     item.alpha = window.alphaValue();
     if (!item.area.isEmpty()) m_scene.items.push_back(std::move(item));
+}
+
+QRegion SceneBuilder::layersIn(const QRect& rect, size_t itemCount) const
+{
+    QRegion layers;
+    for (size_t i = 0; i < itemCount; ++i)
+        if (m_scene.items[i].kind == SceneItem::Kind::Layer) layers += m_scene.items[i].area & rect;
+    return layers;
 }
 
 QRegion SceneBuilder::onCanvas(const Rect& global) const

@@ -158,6 +158,9 @@ void SoftwareRenderer::paintItem(QPainter& painter, const SceneItem& item, const
 {
     painter.setOpacity(qMin(item.alpha, 1.0F));
     switch (item.kind) {
+    case SceneItem::Kind::Shadow:
+        drawPart(painter, item.shadow, item.rect, region);
+        break;
     case SceneItem::Kind::Backing:
         paintBacking(painter, item, region);
         break;

@@ -6,6 +6,7 @@
 #include "platform/display/Screen.h"
 #include "platform/display/Surface.h"
 #include "platform/display/View.h"
+#include "platform/display/WindowShadow.h"
 
 #include <utility>
 
@@ -90,6 +91,19 @@ void Window::setOpaque(bool opaque)
     scheduleUpdate();
 }
 
+void Window::setHasShadow(bool hasShadow)
+{
+    m_hasShadow = hasShadow;
+    scheduleUpdate();
+}
+
+const QImage& Window::shadow(QSize pixels)
+{
+    if (pixels != m_shadowOf) m_shadow = WindowShadow::image(pixels, pixelRatio());
+    m_shadowOf = pixels;
+    return m_shadow;
+}
+
 void Window::setBackgroundColor(const QColor& colour)
 {
     if (colour == m_background) return;
@@ -164,7 +178,9 @@ void Window::scheduleUpdate()
 
 void Window::screenChanged()
 {
-    if (m_store->pixelRatio() != pixelRatio()) resetStore();
+    if (m_store->pixelRatio() == pixelRatio()) return;
+    m_shadowOf = {};
+    resetStore();
 }
 
 void Window::screenGone()

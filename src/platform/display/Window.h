@@ -58,6 +58,9 @@ public:
     /// Whether the whole window hides what is below it.
     void setOpaque(bool opaque);
     [[nodiscard]] bool isOpaque() const { return m_opaque; }
+    /// Whether it throws a shadow: on layers below it, such as a hosted saver. On black none could be seen.
+    void setHasShadow(bool hasShadow);
+    [[nodiscard]] bool hasShadow() const { return m_hasShadow; }
     /// What the backing store is filled with before views draw; transparent unless set.
     void setBackgroundColor(const QColor& colour);
     [[nodiscard]] const QColor& backgroundColor() const { return m_background; }
@@ -80,6 +83,9 @@ public:
 
     // For views and the compositor.
     [[nodiscard]] Identity identity() const { return m_identity; }
+    [[nodiscard]] Identity shadowIdentity() const { return m_shadowIdentity; }
+    /// The shadow of the window at that size in pixels; kept until another is wanted.
+    [[nodiscard]] const QImage& shadow(QSize pixels);
     [[nodiscard]] BackingStore& store() { return *m_store; }
     /// What is on the screen of the backing store.
     [[nodiscard]] const QImage& shownPixels() const;
@@ -99,6 +105,7 @@ private:
 
     QString m_kind;
     Identity m_identity = makeIdentity();
+    Identity m_shadowIdentity = makeIdentity();
     Screen* m_screen = nullptr;
     Desktop* m_desktop = nullptr;
     Rect m_frame;
@@ -108,6 +115,9 @@ private:
     float m_alpha = 1;
     WindowLevel m_level = WindowLevel::Normal;
     int m_flushDisables = 0;
+    QSize m_shadowOf; ///< the window's size that the shadow was made for
+    QImage m_shadow;
+    bool m_hasShadow = false;
     bool m_opaque = true;
     bool m_visible = false;
     QColor m_background = Qt::transparent;
