@@ -4,6 +4,7 @@
 #include "platform/base/Paths.h"
 #include "platform/saver/SaverBundle.h"
 #include "platform/saver/ScreenSaverView.h"
+#include "settings/BackSaverMenu.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -80,10 +81,7 @@ void BackSaverHost::reloadBackSavers()
 
 QStringList BackSaverHost::backSaverPopup() const
 {
-    QStringList items{QStringLiteral("Disable")};
-    for (const QString& path : m_backSaverList)
-        items.append(path.section(u'/', -1));
-    return items;
+    return backSaverItems(m_backSaverList);
 }
 
 std::shared_ptr<ScreenSaverView> BackSaverHost::loadOtherSaverWithFrameIsPreview(const QString& path,

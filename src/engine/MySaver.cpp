@@ -13,6 +13,7 @@
 #include "platform/movie/QTMovie.h"
 #include "platform/web/WebView.h"
 #include "presentation/MovieFrame.h"
+#include "settings/BackSaverMenu.h"
 #include "settings/MovieURL.h"
 #include "settings/SettingsStore.h"
 
@@ -65,11 +66,25 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     m_windowMode = !isPreview && m_settings.isBounceMode();
     m_settings.setWindowMode(m_windowMode);
     m_stage = makeStage(m_windowMode, *this, {services.desktop, services.webEngine});
+    forgetBackSaverThatIsGone();
 }
 
 MySaver::~MySaver()
 {
     m_services.trailers.stopThreading();
+}
+
+// What the sheet does when it opens counts from the start. The folders of savers are only read where one is
+// chosen.
+void MySaver::forgetBackSaverThatIsGone()
+{
+    if (m_settings.backSaver()) selectBackSaver(m_settings, backSaverItems(reloadBackSavers()));
+}
+
+QStringList MySaver::reloadBackSavers()
+{
+    m_services.backSavers.reloadBackSavers();
+    return m_services.backSavers.backSaverList();
 }
 
 std::shared_ptr<ScreenSaverView> MySaver::loadOtherSaver()
@@ -108,10 +123,16 @@ bool MySaver::makeMovieFrame()
 {
     m_movieView = m_stage->createMovieFrame(bounds());
     if (!m_movieView) return false;
-    if (const auto mode = m_settings.loopMode(m_playlist.fileList().size())) m_movieView->setLoopMode(*mode);
+    applyLoopMode();
     m_movieView->showControllerAdjustingSize(false, false);
     m_stage->addMovieFrame(*m_movieView);
     return true;
+}
+
+void MySaver::applyLoopMode()
+{
+    const auto mode = m_movieView ? m_settings.loopMode(m_playlist.fileList().size()) : std::nullopt;
+    if (mode) m_movieView->setLoopMode(*mode);
 }
 
 void MySaver::dropMovieFrame()

@@ -9,6 +9,7 @@
 #include "engine/SignImage.h"
 #include "engine/TraceSource.h"
 #include "platform/saver/ScreenSaverView.h"
+#include "settings/ConfigurableSaver.h"
 #include "settings/LatestTrailers.h"
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
@@ -39,7 +40,10 @@ struct SaverServices {
 /// The movie screen saver: the view of one screen. It conducts: what plays next, how large and where, how it
 /// moves and what it leaves behind are the concerns of the classes it holds. A host creates it, starts it,
 /// ticks it at its interval and stops it. Main thread.
-class MySaver final : public ScreenSaverView, public TrailerClient, public TraceSource {
+class MySaver final : public ScreenSaverView,
+                      public TrailerClient,
+                      public TraceSource,
+                      public ConfigurableSaver {
 public:
     /// Makes the saver for one screen and answers the view that the host is to show: the saver, or, where
     /// another one is chosen to run behind it, that one's view, above which the saver then runs by itself.
@@ -62,13 +66,17 @@ public:
     /// lets it go on, unless it was stopped meanwhile.
     void captureStop();
     /// Starts anew with the settings as they are now.
-    void resetMovie();
+    void resetMovie() override;
     /// Puts the next entry into the movie frame; answers false, and changes nothing, when there is none.
     bool _resetMovie();
 
     [[nodiscard]] SaverSnapshot snapshot() const override;
 
-    [[nodiscard]] const Settings& settings() const { return m_settings; }
+    [[nodiscard]] Settings& settings() override { return m_settings; }
+    [[nodiscard]] Playlist& playlist() override { return m_playlist; }
+    [[nodiscard]] QStringList reloadBackSavers() override;
+    void applyLoopMode() override;
+
     /// The movie frame, null while the sign picture shows.
     [[nodiscard]] MovieFrame* movieView() const { return m_movieView.get(); }
     /// Whether a still for the trail is being taken.
@@ -78,6 +86,7 @@ public:
 
 private:
     // life cycle
+    void forgetBackSaverThatIsGone();
     [[nodiscard]] std::shared_ptr<ScreenSaverView> loadOtherSaver();
     void setUp();
     [[nodiscard]] bool makeMovieFrame();

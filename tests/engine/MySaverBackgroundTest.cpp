@@ -6,6 +6,8 @@
 #include "platform/movie/QTMovie.h"
 #include "presentation/MovieFrame.h"
 
+#include <QFileInfo>
+
 namespace kestro {
 
 namespace {
@@ -32,9 +34,10 @@ TEST_F(MySaverBackgroundTest, init_answersTheSaverItself_whereNoOtherIsToRunBehi
         bool isPreview;
     };
     const QVariant chosen = store.plist()["BackSaver"];
-    for (const Case& each :
-         {Case{"preview", chosen, "0", true}, Case{"full screen", chosen, "1", false},
-          Case{"none chosen", {}, "0", false}, Case{"gone", folders.savers() + "/Gone.saver", "0", false}}) {
+    const QString file = folders.savers() + "/File.saver";
+    SaverFolders::putFile(file);
+    for (const Case& each : {Case{"preview", chosen, "0", true}, Case{"full screen", chosen, "1", false},
+                             Case{"none chosen", {}, "0", false}, Case{"no saver", file, "0", false}}) {
         if (each.backSaver.isValid())
             set("BackSaver", each.backSaver);
         else
@@ -43,6 +46,41 @@ TEST_F(MySaverBackgroundTest, init_answersTheSaverItself_whereNoOtherIsToRunBehi
         EXPECT_NE(dynamic_cast<MySaver*>(make(each.isPreview).get()), nullptr) << each.name;
     }
     EXPECT_EQ(logged("Cannot get a class."), 1);
+}
+
+TEST_F(MySaverBackgroundTest, init_forgetsTheOtherSaverInMemory_whenItIsInstalledNoMore)
+{
+    const QString gone = folders.savers() + "/Gone.saver";
+    for (const bool isPreview : {false, true}) {
+        log.clear();
+        set("BackSaver", gone);
+        EXPECT_NE(dynamic_cast<MySaver*>(make(isPreview).get()), nullptr);
+        EXPECT_FALSE(store.plist().contains("BackSaver"));
+        EXPECT_EQ(log, std::vector<QString>{"The background saver is not installed any more: " + gone});
+    }
+    EXPECT_FALSE(QFileInfo::exists(store.plistPath()));
+}
+
+TEST_F(MySaverBackgroundTest, init_keepsTheOtherSaver_whenOneOfItsNameIsInstalledElsewhere)
+{
+    const QString elsewhere = folders.home() + "/Downloads/Blue.saver";
+    set("BackSaver", elsewhere);
+    EXPECT_NE(make(true), nullptr);
+    EXPECT_EQ(store.plist()["BackSaver"], elsewhere);
+}
+
+TEST_F(MySaverBackgroundTest, init_listsNoSavers_whenNoneIsChosen)
+{
+    store.plist().remove("BackSaver");
+    EXPECT_NE(make(), nullptr);
+    EXPECT_TRUE(savers.backSaverList().isEmpty());
+}
+
+TEST_F(MySaverBackgroundTest, reloadBackSavers_answersTheBundles)
+{
+    const auto saver = make(true);
+    EXPECT_EQ(dynamic_cast<ConfigurableSaver&>(*saver).reloadBackSavers(),
+              QStringList{folders.savers() + "/Blue.saver"});
 }
 
 TEST_F(MySaverBackgroundTest, init_runsDirectly_whenTheOtherSaverCannotBeMade)
@@ -197,6 +235,7 @@ TEST_F(MySaverBackgroundTest, stop_putsTheSlideFolderBack)
     const QVariantMap original{{"SlideFolder", "/home/me/Holiday"}};
     SaverFolders::putPreferences(file, original);
     set("BackSaver", folders.savers() + "/Five.slideSaver");
+    SaverFolders::putFile(folders.savers() + "/Five.slideSaver/Contents/Resources/one.png");
     const auto view = make();
     EXPECT_EQ(SaverFolders::preferences(file).value("SlideFolder"),
               folders.savers() + "/Five.slideSaver/Contents/Resources");
@@ -213,6 +252,7 @@ TEST_F(MySaverBackgroundTest, stop_putsTheSlideFolderBack_whenTheSaverRunsDirect
     const QVariantMap original{{"SlideFolder", "/home/me/Holiday"}};
     SaverFolders::putPreferences(file, original);
     set("BackSaver", folders.savers() + "/Five.slideSaver");
+    SaverFolders::putFile(folders.savers() + "/Five.slideSaver/Contents/Resources/one.png");
     const auto view = make();
     ASSERT_NE(dynamic_cast<MySaver*>(view.get()), nullptr);
     EXPECT_NE(SaverFolders::preferences(file), original);

@@ -66,6 +66,23 @@ TEST_F(MySaverRestartTest, resetMovie_fallsBackToThePreviewSign_whenNothingOpens
     EXPECT_EQ(pixelAt(960, 540).red(), pixelAt(960, 540).green());
 }
 
+TEST_F(MySaverRestartTest, applyLoopMode_followsTheSettingsOfNow)
+{
+    setGoodPlaylist({"a.mov"});
+    auto& saver = makeSaver(true);
+    saver.applyLoopMode();
+    saver.startAnimation();
+    ASSERT_TRUE(saver.movieView()->movie()->attribute(MovieAttribute::Loops));
+    set("BackAndForth", "1");
+    saver.applyLoopMode();
+    EXPECT_TRUE(saver.movieView()->movie()->attribute(MovieAttribute::LoopsBackAndForth));
+    setGoodPlaylist({"a.mov", "b.mov"});
+    saver.playlist().dropFileList();
+    saver.applyLoopMode();
+    EXPECT_FALSE(saver.movieView()->movie()->attribute(MovieAttribute::Loops));
+    EXPECT_FALSE(saver.movieView()->movie()->attribute(MovieAttribute::LoopsBackAndForth));
+}
+
 TEST_F(MySaverRestartTest, setFrame_placesTheMovieAnew)
 {
     setGoodPlaylist({"a.mov"});

@@ -85,10 +85,10 @@ class ThirdPartySaver(unittest.TestCase):
         self.assertIn("version 99", done.stderr)
 
     def test_picturesSaver_isLoaded_whereTheDesktopHasIt(self):
-        saver = ("share/kestro/root/System/Library/Frameworks/ScreenSaver.framework/Versions/A/Resources/"
-                 "Pictures Folder.saver")
-        done, _ = self.draw(os.path.join(self.prefix, saver))
-        self.assertEqual(done.returncode, 0, done.stderr)
+        for folder in ("Frameworks/ScreenSaver.framework/Versions/A/Resources", "Screen Savers"):
+            saver = f"share/kestro/root/System/Library/{folder}/Pictures Folder.saver"
+            done, _ = self.draw(os.path.join(self.prefix, saver))
+            self.assertEqual(done.returncode, 0, done.stderr)
 
 
 if __name__ == "__main__":

@@ -54,11 +54,11 @@ class SlidePreferences:
 
 
 def put_picture_background(home, colour="blue", size="640x480"):
-    """A picture folder of one colour as the system's slide show; answers the saver to put into "BackSaver"."""
+    """A picture folder of one colour as the slide show of the user; answers the saver to put into "BackSaver"."""
     pictures = home.path / "Behind"
     draw_pictures(pictures, [colour], size)
     SlidePreferences(home).write(SlideFolder=str(pictures))
-    return str(put_pictures_saver(home))
+    return str(write_bundle(savers_of(home) / "Pictures Folder.saver", NSPrincipalClass="PictureFolderView"))
 
 
 def processes_with(text):

@@ -328,12 +328,15 @@ class NoBackground(BackgroundTest):
         return done.log
 
     def test_what_is_no_bundle(self):
+        file = savers_of(self.home) / "File.saver"
+        file.parent.mkdir(parents=True)
+        file.write_text("no bundle")
+        log = self.assertSays(file, "Not a screensaver.", "Cannot get a class.")
+        self.assertIn(f"Not a screensaver. {file}\n", log)
+
+    def test_what_is_not_installed_any_more(self):
         missing = savers_of(self.home) / "Missing.saver"
-        log = self.assertSays(missing, "Not a screensaver.", "Cannot get a class.")
-        self.assertIn(f"Not a screensaver. {missing}\n", log)
-        savers_of(self.home).mkdir(parents=True)
-        (savers_of(self.home) / "File.saver").write_text("no bundle")
-        self.assertSays(savers_of(self.home) / "File.saver", "Not a screensaver.", "Cannot get a class.")
+        self.assertIn(f"The background saver is not installed any more: {missing}\n", self.assertSays(missing))
 
     def test_a_bundle_without_its_library(self):
         bundle = self.bundle("Bare.saver", NSPrincipalClass="Bare", CFBundleExecutable="Bare")
@@ -354,7 +357,12 @@ class NoBackground(BackgroundTest):
         self.assertSays(bundle, "Failed to create background saver.")
 
     def test_this_saver_itself(self):
-        self.assertSays(KESTRO_BUNDLE, "Failed to create background saver.")
+        self.assertIn(f"The background saver is not installed any more: {KESTRO_BUNDLE}\n",
+                      self.assertSays(KESTRO_BUNDLE))
+        other = savers_of(self.home) / "Other.saver"
+        other.parent.mkdir(parents=True)
+        other.symlink_to(KESTRO_BUNDLE)
+        self.assertSays(other, "Failed to create background saver.")
 
     def test_a_slide_show_where_no_saver_ever_had_preferences(self):
         put_pictures_saver(self.home)
