@@ -1,0 +1,55 @@
+#include "widgets/WidgetDesktop.h"
+
+#include "platform/base/Clock.h"
+#include "platform/base/Random.h"
+#include "platform/display/QtTimerSource.h"
+#include "platform/display/Screen.h"
+#include "widgets/WidgetSurface.h"
+
+#include <QWidget>
+
+namespace kestro {
+
+namespace {
+
+Rect frameOf(const QWidget& widget)
+{
+    return {{0, 0}, {static_cast<float>(widget.width()), static_cast<float>(widget.height())}};
+}
+
+} // namespace
+
+SurfaceServices SurfaceServices::real()
+{
+    static QtTimerSource timers;
+    static const SystemClock clock;
+    static SystemRandom random;
+    return {timers, clock, random};
+}
+
+WidgetDesktop::WidgetDesktop(QWidget& widget, const SurfaceServices& services)
+    : WidgetDesktop(widget, services, std::make_unique<WidgetSurface>(widget))
+{
+}
+
+WidgetDesktop::WidgetDesktop(QWidget& widget, const SurfaceServices& services,
+                             std::unique_ptr<WidgetSurface> surface)
+    : m_widget(widget)
+    , m_services(services)
+    , m_surface(*surface)
+    , m_screen(std::make_unique<Screen>(*this, frameOf(widget), std::move(surface)))
+{
+}
+
+WidgetDesktop::~WidgetDesktop() = default;
+
+bool WidgetDesktop::follow()
+{
+    const bool isOtherCanvas = m_surface.follow();
+    if (!isOtherCanvas && frameOf(m_widget) == m_screen->frame()) return false;
+    m_screen->setFrame(frameOf(m_widget));
+    if (m_observer.resized) m_observer.resized(*m_screen);
+    return true;
+}
+
+} // namespace kestro
