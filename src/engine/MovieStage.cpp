@@ -53,7 +53,10 @@ std::unique_ptr<MovieFrame> WindowStage::createMovieFrame(const Rect& rect)
 
 void WindowStage::addMovieFrame(MovieFrame& frame)
 {
-    static_cast<KTMovieWindow&>(frame).makeKeyAndOrderFront();
+    auto& window = static_cast<KTMovieWindow&>(frame);
+    // On the saver's own black nothing but the stills could show the shadow, which is not worth its cost.
+    window.setHasShadow(m_saver.window() && !m_saver.window()->isOpaque());
+    window.makeKeyAndOrderFront();
 }
 
 void WindowStage::removeMovieFrame(MovieFrame& frame)

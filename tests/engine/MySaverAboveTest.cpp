@@ -2,6 +2,7 @@
 
 #include "engine/BackgroundTest.h"
 #include "platform/display/Cursor.h"
+#include "platform/display/WindowShadow.h"
 #include "platform/movie/QTMovie.h"
 #include "presentation/MovieFrame.h"
 
@@ -10,6 +11,15 @@ namespace kestro {
 namespace {
 
 class MySaverAboveTest : public BackgroundTest {};
+
+Rect withShadow(const Rect& window)
+{
+    const QMargins reach = WindowShadow::reach(1);
+    return {{window.origin.x - static_cast<float>(reach.left()),
+             window.origin.y - static_cast<float>(reach.bottom())},
+            {window.size.width + static_cast<float>(reach.left() + reach.right()),
+             window.size.height + static_cast<float>(reach.top() + reach.bottom())}};
+}
 
 } // namespace
 
@@ -103,6 +113,17 @@ TEST_F(MySaverAboveTest, bounce_blendsEachStillWithTheBackground)
     EXPECT_EQ(mixed.blue(), 255);
 }
 
+TEST_F(MySaverAboveTest, bounce_throwsTheMoviesShadowOnTheBackground)
+{
+    set("PartialMode", "1");
+    setGoodPlaylist({"a.mov"}, 10000);
+    auto& saver = started();
+    runSettled(saver, 1);
+    const Rect movie = saver.movieView()->frame();
+    EXPECT_LT(seen({movie.left() + 20, movie.bottom() - 2}).blue(), 230);
+    EXPECT_EQ(seen({movie.left() + 20, movie.bottom() - 20}), QColor(Qt::blue));
+}
+
 TEST_F(MySaverAboveTest, bounce_leavesNothingButTheTrailOnTheBackground)
 {
     set("PartialMode", "1");
@@ -120,7 +141,7 @@ TEST_F(MySaverAboveTest, bounce_leavesNothingButTheTrailOnTheBackground)
         ASSERT_GE(saver.snapshot().trail, trail);
         if (i % 7 != 0) continue;
         std::vector<Rect> covered = stills;
-        covered.push_back(saver.movieView()->frame());
+        covered.push_back(withShadow(saver.movieView()->frame()));
         expectBlueBut(covered, "bouncing");
     }
     EXPECT_EQ(saver.snapshot().trail, 5);

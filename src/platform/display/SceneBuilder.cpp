@@ -77,7 +77,7 @@ void SceneBuilder::insertShadow(Window& window, size_t itemsBelow)
     item.window = &window;
     item.alpha = window.alphaValue();
     item.rect = place.marginsAdded(WindowShadow::reach(m_mapping.ratio));
-    item.area = layersIn(item.rect, itemsBelow) - place;
+    item.area = QRegion(m_mapping.canvasRect() & item.rect) - place;
     if (item.area.isEmpty()) return;
     item.shadow = window.shadow(place.size());
     m_scene.items.insert(m_scene.items.begin() + static_cast<std::ptrdiff_t>(itemsBelow), std::move(item));
@@ -141,14 +141,6 @@ void SceneBuilder::addHeld(Window& window, View& view)
     if (!held.image.hasAlphaChannel()) item.opaque = item.area;
     item.alpha = window.alphaValue();
     if (!item.area.isEmpty()) m_scene.items.push_back(std::move(item));
-}
-
-QRegion SceneBuilder::layersIn(const QRect& rect, size_t itemCount) const
-{
-    QRegion layers;
-    for (size_t i = 0; i < itemCount; ++i)
-        if (m_scene.items[i].kind == SceneItem::Kind::Layer) layers += m_scene.items[i].area & rect;
-    return layers;
 }
 
 QRegion SceneBuilder::onCanvas(const Rect& global) const

@@ -25,8 +25,6 @@ private:
     void addHeld(Window& window, View& view);
     /// Below what the window shows, and above the first `itemsBelow` items.
     void insertShadow(Window& window, size_t itemsBelow);
-    /// Where the first `itemCount` items show layers.
-    [[nodiscard]] QRegion layersIn(const QRect& rect, size_t itemCount) const;
     [[nodiscard]] QRegion onCanvas(const Rect& global) const;
 
     const ScreenMapping& m_mapping;

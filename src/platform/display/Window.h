@@ -58,7 +58,7 @@ public:
     /// Whether the whole window hides what is below it.
     void setOpaque(bool opaque);
     [[nodiscard]] bool isOpaque() const { return m_opaque; }
-    /// Whether it throws a shadow: on layers below it, such as a hosted saver. On black none could be seen.
+    /// Whether it throws a shadow on what lies below it, as soon as it shows anything.
     void setHasShadow(bool hasShadow);
     [[nodiscard]] bool hasShadow() const { return m_hasShadow; }
     /// What the backing store is filled with before views draw; transparent unless set.
