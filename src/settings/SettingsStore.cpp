@@ -26,6 +26,11 @@ QVariantMap& SettingsStore::plist()
     return loadedOnce(m_plist, plistPath());
 }
 
+bool SettingsStore::writePlist()
+{
+    return writePropertyList(plistPath(), plist());
+}
+
 QVariantMap& SettingsStore::defaultsPlist()
 {
     return loadedOnce(m_defaultsPlist, defaultsPlistPath());

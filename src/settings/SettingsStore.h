@@ -16,6 +16,8 @@ public:
 
     /// The options ("Kestro.plist"): an empty dictionary when the file is missing or cannot be read.
     [[nodiscard]] QVariantMap& plist();
+    /// Writes plist() whole, atomically; answers whether it was written.
+    bool writePlist();
     /// The resume keys ("Kestro.def.plist"), by the same rule.
     [[nodiscard]] QVariantMap& defaultsPlist();
 

@@ -1,0 +1,239 @@
+#include "config_ui/ConfigModel.h"
+
+#include "config_ui/ConfigPanels.h"
+#include "platform/base/StoredValue.h"
+#include "settings/BackSaverMenu.h"
+#include "settings/ConfigurableSaver.h"
+#include "settings/MovieURL.h"
+#include "settings/Playlist.h"
+#include "settings/Settings.h"
+#include "settings/SettingsStore.h"
+#include "settings/TrailerBrowser.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QSettings>
+
+namespace kestro {
+
+namespace {
+
+const QString lastFolderKey = QStringLiteral("SSLastPath");
+const QString slideShowExtension = QStringLiteral("slideSaver");
+
+/// Of the settings file that is written here.
+const QString formatVersion = QStringLiteral("5");
+
+constexpr int flyRow = 0;
+
+} // namespace
+
+ConfigModel::ConfigModel(const Sources& sources)
+    : m_sources(sources)
+{
+    resetInterfaces();
+}
+
+void ConfigModel::resetInterfaces()
+{
+    Settings& settings = m_sources.saver.settings();
+    m_backSaverList = m_sources.saver.reloadBackSavers();
+    m_backSaverItems = kestro::backSaverItems(m_backSaverList);
+    m_controls.backSaverPopup = selectBackSaver(settings, m_backSaverItems);
+    Q_EMIT backSaversReloaded();
+    reloadPlayList();
+
+    m_controls.soundChk = settings.isSoundOn();
+    m_controls.partialModeRadio = settings.partialMode();
+    m_controls.randomChk = settings.isRandomMode();
+    m_controls.continueChk = settings.isContinue();
+    m_controls.fadeoutChk = settings.fadeoutEffect();
+    m_controls.backAndForthChk = settings.backAndForth();
+    m_controls.fullScreenChk = settings.isFullScreen();
+    m_controls.playModeRadio = settings.playMode();
+    m_controls.timeIntervalField = fieldText(settings.timeInterval());
+    m_controls.reposRadio = settings.reposition();
+    m_controls.scaleSlider = settings.scaleFactor();
+
+    checkFullScreen();
+    checkDynamic();
+    checkBackAndForthCondition();
+}
+
+void ConfigModel::reloadPlayList()
+{
+    Playlist& playlist = m_sources.saver.playlist();
+    const QList<QUrl> urls = playlist.plistFileList();
+    const QStringList texts = playlist.movieFileStrings(false);
+    QList<PlaylistEntry> entries;
+    entries.reserve(urls.size());
+    for (qsizetype i = 0; i < urls.size(); ++i)
+        entries.append({urls[i], texts[i]});
+    m_playList.reset(entries);
+}
+
+void ConfigModel::checkFullScreen()
+{
+    const bool isPartial = !m_controls.fullScreenChk;
+    m_enabling.playModeRadio = !isPartial;
+    m_enabling.partialModeRadio = isPartial;
+    m_enabling.scaleSlider = isPartial;
+    m_enabling.scaleField = isPartial;
+    m_enabling.fadeoutChk = isPartial;
+    m_enabling.backSaverPopup = isPartial;
+    m_enabling.timeIntervalField = isPartial && m_controls.partialModeRadio == flyRow;
+    m_enabling.reposRadio = m_enabling.timeIntervalField;
+    Q_EMIT controlsChanged();
+}
+
+// Full screen is not looked at here: the way of moving is only chosen where it is off.
+void ConfigModel::checkDynamic()
+{
+    m_enabling.timeIntervalField = m_controls.partialModeRadio == flyRow;
+    m_enabling.reposRadio = m_enabling.timeIntervalField;
+    Q_EMIT controlsChanged();
+}
+
+void ConfigModel::checkBackAndForthCondition()
+{
+    m_enabling.backAndForthChk = m_playList.entries().size() == 1;
+    if (!m_enabling.backAndForthChk) m_controls.backAndForthChk = false;
+    Q_EMIT controlsChanged();
+}
+
+void ConfigModel::closeConfig(int tag)
+{
+    m_sources.panels.endSheet();
+    if (tag == 0)
+        resetInterfaces();
+    else
+        save();
+    if (m_sources.trailers != nullptr) m_sources.trailers->close();
+}
+
+// The options in memory are whole before anybody is asked anything: the saver may read them meanwhile.
+void ConfigModel::save()
+{
+    ConfigurableSaver& saver = m_sources.saver;
+    SettingsStore& store = saver.settings().store();
+    store.plist() = settingsToSave();
+    saver.playlist().dropFileList();
+    alertOfSlideSaver();
+    (void)store.writePlist();
+
+    saver.applyLoopMode();
+    saver.settings().resetContinue();
+    saver.resetMovie();
+}
+
+// Options of older releases, which the controls do not show, end here.
+QVariantMap ConfigModel::settingsToSave() const
+{
+    QVariantList files;
+    for (const PlaylistEntry& entry : m_playList.entries())
+        files.append(entry.text);
+
+    QVariantMap plist{{QStringLiteral("FileList"), files}};
+    const auto put = [&plist](const char* key, int value) {
+        plist.insert(QString::fromLatin1(key), storedInt(value));
+    };
+    const auto putReal = [&plist](const char* key, float value) {
+        plist.insert(QString::fromLatin1(key), storedFloat(static_cast<double>(value)));
+    };
+    put("SoundOn", m_controls.soundChk);
+    put("PartialMode", m_controls.partialModeRadio);
+    put("RandomMode", m_controls.randomChk);
+    put("Continue", m_controls.continueChk);
+    put("FullScreenMode", m_controls.fullScreenChk);
+    put("PlayMode", m_controls.playModeRadio);
+    put("Fadeout", m_controls.fadeoutChk);
+    put("BackAndForth", m_controls.backAndForthChk);
+    putReal("Interval", floatValue(m_controls.timeIntervalField));
+    put("Reposition", m_controls.reposRadio);
+    putReal("Scale", m_controls.scaleSlider);
+
+    const QString backSaver = chosenBackSaver();
+    if (!backSaver.isEmpty()) plist.insert(QStringLiteral("BackSaver"), backSaver);
+    plist.insert(QStringLiteral("Ver"), formatVersion);
+    return plist;
+}
+
+QString ConfigModel::chosenBackSaver() const
+{
+    return m_backSaverList.value(m_controls.backSaverPopup - 1);
+}
+
+void ConfigModel::alertOfSlideSaver()
+{
+    if (QFileInfo(chosenBackSaver()).suffix() != slideShowExtension) return;
+    m_sources.panels.runAlert(QCoreApplication::translate(
+        "Kestro",
+        "You selected '.slideSaver'. \nYou may need to restart 'System Preferences.app' to take effect "
+        "properly."));
+}
+
+void ConfigModel::alertOfURL()
+{
+    m_sources.panels.runAlert(QCoreApplication::translate("Kestro", "Invalid URL string."));
+}
+
+void ConfigModel::selectMovie()
+{
+    const auto choice = m_sources.panels.runOpenPanel(m_sources.defaults.value(lastFolderKey).toString());
+    if (!choice) return;
+    addMovieFiles(choice->files);
+    m_sources.defaults.setValue(lastFolderKey, choice->folder);
+}
+
+void ConfigModel::addMovieFiles(const QStringList& files)
+{
+    QList<PlaylistEntry> accepted;
+    for (const QString& file : files)
+        if (const auto entry = entryOfFile(file); isValidURL(entry.url)) accepted.append(entry);
+    if (files.size() == 1 && accepted.isEmpty()) alertOfURL();
+    append(accepted);
+}
+
+void ConfigModel::deleteMovie(const QList<int>& rows)
+{
+    m_playList.remove(rows);
+    checkBackAndForthCondition();
+}
+
+bool ConfigModel::closeURLPanel(int tag, const QString& urlField)
+{
+    if (tag == 0) return true;
+    const auto entry = entryOfText(urlField);
+    if (!entry || !isValidURL(entry->url)) {
+        alertOfURL();
+        return false;
+    }
+    append({*entry});
+    return true;
+}
+
+void ConfigModel::openTrailerPanel()
+{
+    if (m_sources.trailers != nullptr) m_sources.trailers->showPanel(*this);
+}
+
+void ConfigModel::addURLList(const QList<QUrl>& urls)
+{
+    QList<PlaylistEntry> entries;
+    for (const QUrl& url : urls)
+        entries.append(entryOfURL(url));
+    append(entries);
+}
+
+void ConfigModel::append(const QList<PlaylistEntry>& entries)
+{
+    m_playList.append(entries);
+    checkBackAndForthCondition();
+}
+
+bool ConfigModel::editEntry(int row, const QString& text)
+{
+    return m_playList.replace(row, text);
+}
+
+} // namespace kestro

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "config_ui/ConfigControls.h"
+#include "config_ui/EditedPlaylist.h"
+#include "settings/URLListReceiver.h"
+
+#include <QObject>
+#include <QStringList>
+
+class QSettings;
+
+namespace kestro {
+
+class ConfigPanels;
+class ConfigurableSaver;
+class TrailerBrowser;
+
+/// The state and the rules of the configuration sheet, without its widgets: what the controls show, which of
+/// them can be used, the playlist that is edited, and what OK and Cancel do. The settings change on OK only.
+/// Owned by the sheet. Main thread.
+class ConfigModel final : public QObject, public URLListReceiver {
+    Q_OBJECT
+
+public:
+    /// What the sheet works with; all of it outlives the sheet.
+    struct Sources {
+        ConfigurableSaver& saver;
+        ConfigPanels& panels;
+        QSettings& defaults;                ///< of the application that shows the sheet
+        TrailerBrowser* trailers = nullptr; ///< null where trailers cannot be browsed
+    };
+
+    explicit ConfigModel(const Sources& sources);
+
+    /// What the controls show. Who changes what a rule depends on applies the rule.
+    [[nodiscard]] ConfigControls& controls() { return m_controls; }
+    [[nodiscard]] const ConfigEnabling& enabling() const { return m_enabling; }
+    [[nodiscard]] EditedPlaylist& playList() { return m_playList; }
+    /// Full paths of the savers that may run behind the movies, and the items of their pop-up menu.
+    [[nodiscard]] const QStringList& backSaverList() const { return m_backSaverList; }
+    [[nodiscard]] const QStringList& backSaverItems() const { return m_backSaverItems; }
+
+    /// Fills everything from the settings.
+    void resetInterfaces();
+    /// OK (`tag` not 0): stores what the controls hold and starts the saver anew. Cancel (0): back to the
+    /// settings. Ends the sheet first, and closes the trailer browser last.
+    void closeConfig(int tag);
+
+    /// The rules on what can be used: after full screen was switched; after the way of moving was chosen;
+    /// after the playlist changed.
+    void checkFullScreen();
+    void checkDynamic();
+    void checkBackAndForthCondition();
+
+    /// Adds movie files that are chosen in a panel.
+    void selectMovie();
+    /// Adds movie files as if chosen: one alone is refused with an alert, among several in silence.
+    void addMovieFiles(const QStringList& files);
+    /// Removes the entries at these rows.
+    void deleteMovie(const QList<int>& rows);
+    /// OK (`tag` not 0) adds the typed URL; Cancel (0) does nothing. Answers whether the URL panel closes.
+    [[nodiscard]] bool closeURLPanel(int tag, const QString& urlField);
+    void openTrailerPanel();
+    void addURLList(const QList<QUrl>& urls) override;
+    /// Puts the URL that was typed into a row there; text that is no URL is ignored.
+    bool editEntry(int row, const QString& text);
+
+Q_SIGNALS:
+    /// The controls, or which of them can be used, changed by a rule.
+    void controlsChanged();
+    /// The list of savers that may run behind the movies was read anew.
+    void backSaversReloaded();
+
+private:
+    void append(const QList<PlaylistEntry>& entries);
+    void reloadPlayList();
+    void save();
+    [[nodiscard]] QVariantMap settingsToSave() const;
+    [[nodiscard]] QString chosenBackSaver() const;
+    void alertOfSlideSaver();
+    void alertOfURL();
+
+    Sources m_sources;
+    ConfigControls m_controls;
+    ConfigEnabling m_enabling;
+    EditedPlaylist m_playList;
+    QStringList m_backSaverList;
+    QStringList m_backSaverItems;
+};
+
+} // namespace kestro

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace kestro {
+
+/// What the rules of the sheet ask of the person in front of it. Each answers once the person has; the
+/// events of others go on meanwhile. Main thread.
+class ConfigPanels {
+public:
+    /// What was chosen in the panel that opens files.
+    struct Choice {
+        QStringList files; ///< absolute paths, in the panel's order
+        QString folder;    ///< where the panel stood at the end
+    };
+
+    virtual ~ConfigPanels() = default;
+
+    /// Takes the sheet from sight.
+    virtual void endSheet() = 0;
+    /// Shows an alert with one button.
+    virtual void runAlert(const QString& message) = 0;
+    /// Lets files be chosen, several at once, no folders, starting in `folder` (where empty, in a place of
+    /// the panel's own); nothing when that was cancelled.
+    [[nodiscard]] virtual std::optional<Choice> runOpenPanel(const QString& folder) = 0;
+};
+
+} // namespace kestro
