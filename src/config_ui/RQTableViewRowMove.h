@@ -11,6 +11,8 @@
 #include <memory>
 #include <optional>
 
+class QDrag;
+
 namespace kestro {
 
 /// Whether a list of pasteboard types holds `type`.
@@ -107,10 +109,8 @@ protected:
     void rowsInserted(const QModelIndex& parent, int start, int end) override;
     void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
 
-    /// Hands the picture to the desktop's drag and drop, its upper left corner at `at`, and waits for its
-    /// end. The pasteboard belongs to the drag.
-    virtual void dragImage(const QPixmap& image, const QPoint& at, const QPoint& mouse,
-                           std::unique_ptr<QMimeData> pasteboard);
+    /// Hands the drag to the desktop and waits for its end; answers what became of it.
+    virtual Qt::DropAction runDrag(QDrag& drag);
 
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -139,6 +139,8 @@ private:
     void handlePress(QMouseEvent& press);
     bool moveRow(const RowMoveEvent& press);
     bool moveRowFreely(const RowMoveEvent& press);
+    void dragImage(const QPixmap& image, const QPoint& at, const QPoint& mouse,
+                   std::unique_ptr<QMimeData> pasteboard);
     void takeRow(int row);
     void selectRowAlone(int row);
     void followEvent(const RowMoveEvent& event);

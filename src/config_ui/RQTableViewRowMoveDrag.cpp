@@ -55,16 +55,23 @@ bool RQTableViewRowMove::moveRowFreely(const RowMoveEvent& press)
     return true;
 }
 
+// The picture's upper left corner is `at`. The table may be gone when the drag ends.
 void RQTableViewRowMove::dragImage(const QPixmap& image, const QPoint& at, const QPoint& mouse,
                                    std::unique_ptr<QMimeData> pasteboard)
 {
     const QPointer<RQTableViewRowMove> self = this;
-    auto* drag = new QDrag(this); // deletes itself
+    const QPointer<QDrag> drag = new QDrag(this);
     drag->setMimeData(pasteboard.release());
     drag->setPixmap(image);
     drag->setHotSpot(mouse - at);
-    const Qt::DropAction done = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    const Qt::DropAction done = runDrag(*drag);
+    if (drag) drag->deleteLater();
     if (self) draggedImageEndedAtDeposited(QCursor::pos(), done != Qt::IgnoreAction);
+}
+
+Qt::DropAction RQTableViewRowMove::runDrag(QDrag& drag)
+{
+    return drag.exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
 }
 
 bool RQTableViewRowMove::copyRowToPasteboard(int row, QMimeData& pasteboard)

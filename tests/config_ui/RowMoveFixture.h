@@ -5,16 +5,40 @@
 #include "platform/display/ManualTimerSource.h"
 
 #include <QApplication>
+#include <QDrag>
 #include <QHeaderView>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStandardItemModel>
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <utility>
 #include <vector>
 
 namespace kestro::test {
+
+/// A table that notes a drag instead of handing it to the desktop.
+class RecordingTable final : public RQTableViewRowMove {
+public:
+    struct Drag {
+        QPixmap image;
+        QPoint hotSpot;
+        std::unique_ptr<QMimeData> pasteboard;
+    };
+    std::vector<Drag> m_drags;
+
+protected:
+    Qt::DropAction runDrag(QDrag& drag) override
+    {
+        auto pasteboard = std::make_unique<QMimeData>();
+        for (const QString& format : drag.mimeData()->formats())
+            pasteboard->setData(format, drag.mimeData()->data(format));
+        m_drags.push_back({drag.pixmap(), drag.hotSpot(), std::move(pasteboard)});
+        return Qt::MoveAction;
+    }
+};
 
 /// A table of 20 rows "0" … "19", each 20 points high, of which five are visible, and its delegate. The
 /// timers stand still until they are advanced.
@@ -120,7 +144,7 @@ protected:
     ManualClock m_clock;
     ManualTimerSource m_timers{m_clock};
     QStandardItemModel m_model;
-    RQTableViewRowMove m_table;
+    RecordingTable m_table;
     Rows m_asked;    ///< row, column
     Rows m_deposits; ///< from, to
     bool m_may = true;
