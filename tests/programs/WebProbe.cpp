@@ -1,6 +1,6 @@
 // Shows one address in a web view, because the saver itself hands web views Flash movies alone. Each line
-// that it reads is a wish: "picture" writes what is shown to the file, "again" shows the address in another
-// view and ends the one before. It answers "done" to each, and ends at the end of its input.
+// that it reads is a wish: "picture" writes what is shown to the file, an address is shown in another view,
+// and the one before ends. It answers "done" to each, and ends at the end of its input.
 //
 // usage: web_probe URL PICTURE
 
@@ -30,20 +30,19 @@ const Rect frame{{0, 0}, {320, 240}};
 /// The probe's screen, and the view on it.
 class Probe {
 public:
-    Probe(QUrl address, QString picture)
-        : m_address(std::move(address))
-        , m_picture(std::move(picture))
+    explicit Probe(QString picture)
+        : m_picture(std::move(picture))
     {
         m_window.makeKeyAndOrderFront();
     }
 
     [[nodiscard]] bool isAvailable() { return m_engine.isAvailable(); }
 
-    void show()
+    void show(const QByteArray& address)
     {
         m_view = m_engine.makeWebView(frame);
         m_window.setContentView(m_view.get());
-        m_view->loadRequest(m_address);
+        m_view->loadRequest(QUrl(QString::fromLocal8Bit(address)));
     }
 
     void write()
@@ -53,7 +52,6 @@ public:
     }
 
 private:
-    const QUrl m_address;
     const QString m_picture;
     SystemClock m_clock;
     SystemRandom m_random;
@@ -71,15 +69,15 @@ int main(int argc, char** argv)
 {
     if (argc != 3) return 2;
     const QGuiApplication application(argc, argv);
-    Probe probe(QUrl(QString::fromLocal8Bit(argv[1])), QString::fromLocal8Bit(argv[2]));
+    Probe probe(QString::fromLocal8Bit(argv[2]));
     if (!probe.isAvailable()) return 1;
-    probe.show();
+    probe.show(argv[1]);
     QSocketNotifier wishes(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&wishes, &QSocketNotifier::activated, &wishes, [&] {
-        char wish[16] = {};
-        if (read(STDIN_FILENO, wish, sizeof wish - 1) <= 0) return QGuiApplication::quit();
-        if (QByteArray(wish) == "picture\n") probe.write();
-        if (QByteArray(wish) == "again\n") probe.show();
+        char line[1024] = {};
+        if (read(STDIN_FILENO, line, sizeof line - 1) <= 0) return QGuiApplication::quit();
+        const QByteArray wish = QByteArray(line).trimmed();
+        wish == "picture" ? probe.write() : probe.show(wish);
         std::puts("done");
         std::fflush(stdout);
     });

@@ -8,13 +8,14 @@ import subprocess
 import unittest
 
 import swf
-from harness import BLACK, GREEN, KESTRO, RED, Pixels, movie, url, wait_until
+from harness import BLACK, BLUE, BOUND, GREEN, KESTRO, RED, Pixels, movie, seconds_of, url, wait_until
 from webtest import LiveRendering, PageRun, WebTest, helpers_of, members_of
 from xserver import XServer
 
 FULL_SCREEN = {"FullScreenMode": "1"}
 FLY = {"FullScreenMode": "0", "PartialMode": "0", "Interval": "600"}
-MOVING = swf.move_clip("box", 4)
+RATE = 24  # frames a second
+MOVING = swf.move_clip("box", 1)
 
 
 class Pictures(WebTest):
@@ -23,14 +24,15 @@ class Pictures(WebTest):
         return LiveRendering(self, *words)
 
     def assertMovesAtItsOwnRate(self, rendering):
+        """One pixel a frame; a busy machine shows fewer frames, and each may come a little late."""
         rendering.wait_for(lambda picture: picture.box_of_red(0, 0, 320, 240))
-        rendering.wait_for_more(3)
-        boxes = [picture.box_of_red(0, 0, 320, 240) for picture in rendering.pictures()]
-        lefts = [box[0] for box in boxes if box and box[1:] == (0, 60, 60)]
-        self.assertGreaterEqual(len(lefts), 3, boxes)
-        # 4 pixels a frame at 24 frames a second, half a second apart; a machine with more to do shows fewer frames.
-        steps = [after - before for before, after in zip(lefts, lefts[1:])]
-        self.assertTrue(all(0 < step <= 76 for step in steps), boxes)
+        rendering.wait_for_more(8)
+        boxes = [(seconds_of(path.name), Pixels(path).box_of_red(0, 0, 320, 240)) for path in rendering.paths()]
+        places = [(seconds, box[0]) for seconds, box in boxes if box and box[1:] == (0, 60, 60)]
+        self.assertGreaterEqual(len({left for _, left in places}), 3, boxes)
+        self.assertEqual(places, sorted(places), boxes)
+        (begun, first), (ended, last) = places[0], places[-1]
+        self.assertLessEqual(last - first, RATE * (ended - begun + 2), boxes)
 
     def test_actionscript_1_plays(self):
         self.assertMovesAtItsOwnRate(self.render(self.file("a.swf", swf.avm1(MOVING))))
@@ -39,7 +41,7 @@ class Pictures(WebTest):
         self.assertMovesAtItsOwnRate(self.render(self.file("a.swf", swf.avm1(MOVING, is_packed=True))))
 
     def test_actionscript_3_plays(self):
-        self.assertMovesAtItsOwnRate(self.render(self.file("a.swf", swf.avm2(4))))
+        self.assertMovesAtItsOwnRate(self.render(self.file("a.swf", swf.avm2(1))))
 
     def test_one_from_the_net_plays(self):
         site = self.site({"/a/b.swf": ("application/x-shockwave-flash", swf.avm1(MOVING))})
@@ -47,15 +49,16 @@ class Pictures(WebTest):
 
     def test_it_is_scaled_to_the_screen_whole_and_on_black(self):
         entry = self.file("wide.swf", swf.still((255, 0, 0), size=(160, 60)))
-        shown = self.render(entry).wait_for(lambda picture: picture.at(160, 120) == RED)
-        self.assertEqual(shown.box_of_red(0, 0, 320, 240), (0, 60, 320, 120))
+        shown = self.render(entry).wait_for(lambda picture: picture.box_of_red(0, 0, 320, 240) == (0, 60, 320, 120))
         self.assertEqual(shown.at(160, 20), BLACK)
         self.assertEqual(shown.at(160, 220), BLACK)
 
     def test_smaller_than_the_screen_it_has_a_quarter_of_it_times_the_scale(self):
         entry = self.file("a.swf", swf.still((255, 0, 0)))
-        shown = self.render(entry, **FLY, Scale="1.0").wait_for(lambda picture: picture.box_of_red(0, 0, 320, 240))
-        self.assertEqual(shown.box_of_red(0, 0, 320, 240)[2:], (80, 60))
+        rendering = self.render(entry, **FLY, Scale="1.0")
+        box_of = lambda picture: picture.box_of_red(0, 0, 320, 240)
+        shown = rendering.wait_for(lambda picture: box_of(picture) and box_of(picture)[2:] == (80, 60))
+        self.assertEqual(box_of(rendering.wait_for_more(2)), box_of(shown))
 
     def test_it_bounces_in_a_window_of_its_own(self):
         entry = self.file("a.swf", swf.still((255, 0, 0)))
@@ -84,18 +87,20 @@ class Pictures(WebTest):
 
 class Turns(WebTest):
     def test_one_takes_over_from_another_and_one_helper_serves_all(self):
-        run = PageRun(self, self.file("a.swf", swf.still((255, 0, 0))).as_uri())
+        red, blue = (self.file(f"{name}.swf", swf.still(colour)).as_uri() for name, colour in (("red", RED), ("blue", BLUE)))
+        run = PageRun(self, red)
         run.wait_for(RED)
-        for _ in range(3):
-            run.wish("again")
-            run.wait_for(BLACK)
-            run.wait_for(RED)
+        helpers = run.helpers()
+        for address, colour in ((blue, BLUE), (red, RED), (blue, BLUE)):
+            run.show(address)
+            run.wait_for(colour)
+        self.assertEqual((len(helpers), run.helpers()), (1, helpers))
         self.assertEqual(run.end(), "")
 
 
 class Failures(WebTest):
     def assertBlackAndLogged(self, fragment, *entries):
-        """Until the log says so, and a little longer; the picture before the end is black."""
+        """Black, and stays so, once the log says why."""
         self.home.play(list(entries), **FULL_SCREEN)
         rendering = LiveRendering(self)
         logged = ""
@@ -103,6 +108,7 @@ class Failures(WebTest):
             line = rendering.process.stderr.readline()
             self.assertTrue(line, "it has ended")
             logged += line
+        rendering.wait_for(lambda picture: picture.is_blank())
         self.assertTrue(rendering.wait_for_more(3).is_blank())
         logged += rendering.end()
         self.assertEqual(logged.count("Web content: "), 1, logged)
@@ -142,7 +148,7 @@ class Failures(WebTest):
         self.home.play([broken, movie("green", "green")], **FULL_SCREEN)
         out = self.home.path / "out"
         done = subprocess.run([str(prefix / "bin" / "kestro"), "render", "--out", str(out), "--seconds", "1", "--size",
-                               "64x48"], env=self.home.environment(), capture_output=True, text=True, timeout=60)
+                               "64x48"], env=self.home.environment(), capture_output=True, text=True, timeout=BOUND)
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual(done.stderr.count("No web content: "), 1, done.stderr)
         self.assertIn(f"Failed to load movie:{url(broken)}", done.stderr)
@@ -162,16 +168,16 @@ class OnAScreen(WebTest):
     def shows(self, colour):
         return self.server.picture().is_near(320, 240, colour)
 
-    def assertEndsAtOnce(self, process):
-        """Within 200 ms, as far as a test may tell the time; the bench measures it."""
+    def assertEnds(self, process):
+        """By itself; how soon that is, the bench measures."""
         process.send_signal(signal.SIGTERM)
-        self.assertEqual(process.wait(timeout=5), 0)
+        self.assertEqual(process.wait(timeout=BOUND), 0)
 
     def test_it_plays_until_told_to_end_and_leaves_nothing_behind(self):
         process = self.start(self.file("a.swf", swf.still((255, 0, 0))))
         wait_until(lambda: self.shows(RED), "the movie")
         helper = self.helper_of(process)
-        self.assertEndsAtOnce(process)
+        self.assertEnds(process)
         self.assertNothingLeft(helper)
 
     def test_nothing_is_left_when_it_is_killed(self):
@@ -179,7 +185,7 @@ class OnAScreen(WebTest):
         wait_until(lambda: self.shows(RED), "the movie")
         helper = self.helper_of(process)
         process.kill()
-        process.wait(timeout=5)
+        process.wait(timeout=BOUND)
         self.assertNothingLeft(helper)
 
     def test_a_helper_that_crashes_is_started_again(self):
@@ -197,7 +203,7 @@ class OnAScreen(WebTest):
         process = self.start(self.file("a.swf", swf.avm1(swf.endless_loop())))
         self.helper_of(process)
         wait_until(lambda: self.server.windows(), "the saver's window")
-        self.assertEndsAtOnce(process)
+        self.assertEnds(process)
 
     def test_a_helper_that_hangs_is_ended_and_another_started(self):
         process = self.start(self.file("a.swf", swf.still((255, 0, 0))))
@@ -218,7 +224,7 @@ class OnAScreen(WebTest):
         self.assertEqual(helpers_of(process), [])
         libraries = pathlib.Path(f"/proc/{process.pid}/maps").read_text()
         self.assertNotIn("WebEngine", libraries)
-        self.assertEndsAtOnce(process)
+        self.assertEnds(process)
 
 
 if __name__ == "__main__":

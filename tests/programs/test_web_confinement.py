@@ -26,14 +26,15 @@ def looking(*addresses):
 
 
 class WebContentTest(WebTest):
-    def assertPlays(self, entry, is_red):
-        """It plays, and after a while the box is there, or still is not."""
+    def assertPlays(self, entry, is_red, until=None):
+        """It plays, and after a while the box is there, or still is not; a while begins when `until` is true."""
         self.home.play([entry], FullScreenMode="1")
         rendering = LiveRendering(self)
         if is_red:
             rendering.wait_for(lambda picture: picture.at(160, 120) == RED)
         else:
             rendering.wait_for(lambda picture: picture.at(160, 120) == BLUE)
+            wait_until(until or (lambda: True), "what the movie tries")
             self.assertEqual(rendering.wait_for_more(5).at(160, 120), BLUE)
         rendering.end()
 
@@ -77,8 +78,7 @@ class MoviesOfTheNet(WebContentTest):
         led = site.url("/led.txt")
         site.answer = redirecting(site, "/led.txt", other.url("/vars.txt"))
         site.pages["/a.swf"] = ("application/x-shockwave-flash", looking(led))
-        self.assertPlays(site.url("/a.swf"), is_red=False)
-        self.assertTrue(site.asked("/led.txt"))
+        self.assertPlays(site.url("/a.swf"), is_red=False, until=lambda: site.asked("/led.txt"))
         self.assertEqual(other.requests, [])
 
     def test_one_reads_no_file(self):
@@ -104,14 +104,20 @@ def redirecting(site, path, target):
 
 
 class Pages(WebTest):
-    def tries(self, script, pages=None, **environment):
-        """Shows a page that runs a script, which may tell(name, value), until a good while after; answers the site."""
+    def tries(self, script, *told, pages=None, **environment):
+        """Shows a page that runs a script, which may tell(name, value), until it has told all that it should, and a
+        good while is over; then it is there still. Answers the site."""
         site = self.site({"/said": ("text/plain", b""), **(pages or {})})
         site.pages["/page.html"] = ("text/html", self.page_of(script))
-        run = PageRun(self, site.url("/page.html"), **environment)
-        wait_until(lambda: site.said("end"), "the page to have tried")
-        self.assertEqual(run.end(), "")
+        self.sees(site, told, **environment)
         return site
+
+    def sees(self, site, told, times=1, **environment):
+        run = PageRun(self, site.url("/page.html"), **environment)
+        for name in ("end", *told):
+            wait_until(lambda: len(site.said(name)) >= times, f"the page to tell {name}")
+        run.wait_for(RED)
+        self.assertEqual(run.end(), "")
 
     @staticmethod
     def page_of(script):
@@ -128,7 +134,9 @@ class Pages(WebTest):
         site = self.site({"/typed": ("application/x-shockwave-flash", still), "/bytes": ("application/octet-stream", still)})
         for address in (site.url("/typed"), site.url("/bytes"), self.file("unnamed", still).as_uri()):
             with self.subTest(address):
-                PageRun(self, address).wait_for(RED)
+                run = PageRun(self, address)
+                run.wait_for(RED)
+                self.assertEqual(run.end(), "")
 
     def test_no_file_can_be_read(self):
         secret = self.file("secret.html", b"<body style='background:red'>secret</body>").as_uri()
@@ -137,7 +145,7 @@ class Pages(WebTest):
             const frame = document.createElement('iframe');
             frame.src = '{secret}';
             document.body.append(frame);
-            setTimeout(() => {{ location = '{secret}'; tell('still', 1); }}, 500);""")
+            setTimeout(() => {{ location = '{secret}'; tell('still', 1); }}, 500);""", "refused", "still")
         self.assertEqual((site.said("refused"), site.said("read"), site.said("still")), (["1"], [], ["1"]))
 
     def test_nothing_pops_up(self):
@@ -147,25 +155,31 @@ class Pages(WebTest):
             const link = document.createElement('a');
             link.href = '/popup.html'; link.target = '_blank';
             document.body.append(link); link.click();
-            alert('stop'); tell('after', confirm('go on?'));""")
+            alert('stop'); tell('after', confirm('go on?'));""", "opened", "after")
         self.assertEqual((site.said("opened"), site.said("after")), (["false"], ["false"]))
         self.assertFalse(site.asked("/popup.html"))
 
     def test_nothing_is_downloaded(self):
         archive = ("application/zip", b"PK" * 1000, ("Content-Disposition", "attachment; filename=a.zip"))
-        site = self.tries("""
-            const link = document.createElement('a');
-            link.href = '/a.zip'; link.download = 'a.zip';
-            document.body.append(link); link.click(); tell('clicked', 1);""", {"/a.zip": archive})
-        self.assertEqual(site.said("clicked"), ["1"])
-        self.assertEqual([str(path) for path in self.home.path.rglob("*.zip*")], [])
+        image = "const image = new Image(); image.src = '/never'; document.body.append(image);"
+        link = "const link = document.createElement('a'); link.href = '/a.zip'; document.body.append(link);"
+        for when, script in (("by its words", f"{link} link.download = 'a.zip'; link.click();"),
+                             ("by its type", f"{link} link.click();"),
+                             ("before all is there", f"{image} {link} link.click();"),
+                             ("once all is there", f"{link} onload = () => setTimeout(() => link.click(), 100);"),
+                             ("in a frame", "document.body.innerHTML = \"<iframe src='/a.zip'>\";")):
+            with self.subTest(when):
+                site = self.tries(script, pages={"/a.zip": archive, "/never": None})
+                self.assertEqual(sum(request.path == "/a.zip" for request in site.requests), 1)
+                self.assertEqual([str(path) for path in self.home.path.rglob("*.zip*")], [])
 
     def test_no_permission_is_granted(self):
         site = self.tries("""
             navigator.geolocation.getCurrentPosition(() => tell('place', 'given'), () => tell('place', 'refused'));
             Notification.requestPermission().then(answer => tell('notices', answer));
             const media = navigator.mediaDevices;
-            if (media) media.getUserMedia({audio: true}).then(() => tell('ear', 'given'), () => tell('ear', 'refused'));""")
+            if (media) media.getUserMedia({audio: true}).then(() => tell('ear', 'given'), () => tell('ear', 'refused'));""",
+                          "place")
         self.assertEqual(site.said("place"), ["refused"])
         self.assertNotIn("granted", site.said("notices"))
         self.assertNotIn("given", site.said("ear"))
@@ -189,11 +203,11 @@ class Pages(WebTest):
         script = """
             tell('cookie', document.cookie); tell('stored', localStorage.getItem('mark'));
             document.cookie = 'mark=1; max-age=99999'; localStorage.setItem('mark', '1');
-            fetch('/kept.txt');"""
+            fetch('/kept.txt').then(() => tell('fetched', 1));"""
+        told = ("cookie", "stored", "fetched")
         kept = ("text/plain", b"kept", ("Cache-Control", "public, max-age=99999"))
-        site = self.tries(script, {"/kept.txt": kept})
-        PageRun(self, site.url("/page.html"))
-        wait_until(lambda: len(site.said("end")) == 2, "the page's second run")
+        site = self.tries(script, *told, pages={"/kept.txt": kept})
+        self.sees(site, told, times=2)
         self.assertEqual(site.said("cookie"), ["", ""])
         self.assertEqual(site.said("stored"), ["null", "null"])
         self.assertEqual(sum(request.path == "/kept.txt" for request in site.requests), 2)
@@ -208,11 +222,9 @@ class Pages(WebTest):
 
     def test_a_page_that_is_not_there_is_black(self):
         run = PageRun(self, self.site().url("/gone.html"))
+        run.wait_for_log("Web content: ")
         run.wait_for(BLACK)
-        line = run.next_line()
-        self.assertIn("Web content: ", line)
-        self.assertEqual(run.at_centre(), BLACK)
-        self.assertEqual(run.end(), "")
+        self.assertEqual(run.end().count("\n"), 1)
 
     def test_a_page_that_never_comes_is_black(self):
         site = self.site({"/never": None})
@@ -221,11 +233,13 @@ class Pages(WebTest):
         run.wait_for(BLACK)
 
     def test_a_page_that_hangs_becomes_black_and_is_logged(self):
-        site = self.site()
-        site.pages["/page.html"] = ("text/html", SHOWN + b"<script>setTimeout(() => { for (;;); }, 2000);</script>")
+        script = "setInterval(async () => { if (await (await fetch('/word')).text() === 'hang') for (;;); }, 100);"
+        site = self.site({"/word": ("text/plain", b"go on")})
+        site.pages["/page.html"] = ("text/html", SHOWN + f"<script>{script}</script>".encode())
         run = PageRun(self, site.url("/page.html"))
         run.wait_for(RED)
-        self.assertIn("the page hangs", run.next_line())
+        site.pages["/word"] = ("text/plain", b"hang")
+        run.wait_for_log("the page hangs")
         run.wait_for(BLACK)
 
 

@@ -65,7 +65,7 @@ class WebTest(ProgramTest):
         return wait_until(lambda: helpers_of(process), "the web helper")[0]
 
     def assertNothingLeft(self, group):
-        wait_until(lambda: not members_of(group), "the helper's processes to end", bound=10)
+        wait_until(lambda: not members_of(group), "the helper's processes to end")
         self.assertEqual(list(self.home.runtime.glob("kestro/web-*")), [])
 
 
@@ -97,7 +97,7 @@ class LiveRendering:
             picture = Pixels(paths[-1])
             return picture if condition(picture) else None
 
-        return wait_until(newest, "the wanted picture", bound=BOUND)
+        return wait_until(newest, "the wanted picture")
 
     def wait_for_more(self, count):
         """Waits until some more pictures are there, and answers the newest."""
@@ -116,31 +116,38 @@ class PageRun:
     """The probe that shows one address in a view, as a page or a movie. Ended by end()."""
 
     def __init__(self, test, address, **environment):
-        self._picture = pathlib.Path(tempfile.mkdtemp(dir=test.home.path), "page.png")
-        self._process = subprocess.Popen([os.environ["WEB_PROBE"], address, str(self._picture)], text=True, bufsize=1,
-                                         env=test.home.environment(QT_QPA_PLATFORM="offscreen", **environment),
-                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        folder = pathlib.Path(tempfile.mkdtemp(dir=test.home.path))
+        self._picture, self._log = folder / "page.png", folder / "log"
+        with self._log.open("wb") as log:
+            self._process = subprocess.Popen([os.environ["WEB_PROBE"], address, str(self._picture)], text=True, bufsize=1,
+                                             env=test.home.environment(QT_QPA_PLATFORM="offscreen", **environment),
+                                             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=log)
         test.addCleanup(self.end)
-        self._log = None
 
-    def wish(self, what):
+    def show(self, address):
+        """Shows another address in another view."""
+        self._wish(address)
+
+    def _wish(self, what):
         self._process.stdin.write(what + "\n")
         self._process.stdin.flush()
         assert self._process.stdout.readline() == "done\n"
 
     def at_centre(self):
-        self.wish("picture")
+        self._wish("picture")
         return Pixels(self._picture).at(160, 120)
 
     def wait_for(self, colour):
         wait_until(lambda: self.at_centre() == colour, f"the page to be {colour}")
 
-    def next_line(self):
-        """The next line of its log, however long that takes."""
-        return self._process.stderr.readline()
+    def helpers(self):
+        return helpers_of(self._process)
+
+    def wait_for_log(self, fragment):
+        wait_until(lambda: fragment in self._log.read_text(), f"the log to say: {fragment}")
 
     def end(self):
-        """Ends it, and answers what else it has logged."""
-        if self._log is None:
-            _, self._log = self._process.communicate(timeout=BOUND)
-        return self._log
+        """Ends it, and answers what it has logged."""
+        if self._process.returncode is None:
+            self._process.communicate(timeout=BOUND)
+        return self._log.read_text()

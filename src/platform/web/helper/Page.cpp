@@ -163,9 +163,8 @@ void Page::titleSet(const QString& title)
     if (title.startsWith(failedTitle)) fail(title.mid(failedTitle.size()));
 }
 
-void Page::downloadRefused(const QUrl& url, const QString& type)
+void Page::cameAsDownload(const QUrl& url, const QString& type)
 {
-    if (m_isShown || m_isPlayer) return;
     if (isSwfType(type)) return playSwf(url);
     m_sniffer.ask(url, [this, url, type](bool isSwf) {
         if (isSwf) return playSwf(url);

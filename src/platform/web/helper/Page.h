@@ -48,7 +48,8 @@ public:
     Q_INVOKABLE void loadFailed(const QString& reason);
     Q_INVOKABLE void loadSucceeded();
     Q_INVOKABLE void titleSet(const QString& title);
-    Q_INVOKABLE void downloadRefused(const QUrl& url, const QString& type);
+    /// The page's own address led to something that the browser does not show.
+    Q_INVOKABLE void cameAsDownload(const QUrl& url, const QString& type);
     Q_INVOKABLE void crashed();
     Q_INVOKABLE void answered(const QString& address);
 
@@ -80,7 +81,6 @@ private:
     bool m_isMuted = true;
     bool m_isShown = false; ///< there is something to see
     bool m_isFailed = false;
-    bool m_isNoted = false;  ///< the saver was told why something is amiss
     bool m_isPlayer = false; ///< the player's page is under way
     int m_unanswered = 0;    ///< questions that the page did not answer
     int m_turnsUnshown = 0;  ///< checks in which there was nothing to see

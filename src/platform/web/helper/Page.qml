@@ -68,7 +68,8 @@ WebEngineView {
         function onDownloadRequested(download) {
             const address = download.url, type = download.mimeType
             download.cancel()
-            view.page.downloadRefused(address, type)
+            // Where a document stands already, a link of it led there, and the document goes on.
+            if (view.history.items.rowCount() === 0) view.page.cameAsDownload(address, type)
         }
     }
 }
