@@ -7,11 +7,14 @@
 
 #include <QDate>
 
+#include <set>
 #include <utility>
 
 namespace kestro {
 
 namespace {
+
+const QString selKey = QStringLiteral("Sel");
 
 int widthOf(const TrailerRecord& record)
 {
@@ -128,6 +131,15 @@ void TrailerList::store(std::vector<TrailerRecord> records)
     m_isChanged = m_isChanged || !records.empty();
 }
 
+void TrailerList::setSel(const QString& url, const QVariant& value)
+{
+    const std::lock_guard guard(m_mutex);
+    const auto found = m_contents.trailers.find(url);
+    if (found == m_contents.trailers.end()) return;
+    found->other.insert(selKey, value);
+    m_isChanged = true;
+}
+
 std::optional<QStringList> TrailerList::scanedURLList() const
 {
     const std::lock_guard guard(m_mutex);
@@ -203,6 +215,18 @@ QList<QUrl> TrailerList::lastTrailers(int count, int width, const QSet<QString>&
         if (picked.size() == count) break;
     }
     return picked;
+}
+
+QStringList TrailerList::frameWidths() const
+{
+    const std::lock_guard guard(m_mutex);
+    std::set<int> widths;
+    for (const TrailerRecord& trailer : m_contents.trailers)
+        if (const int width = widthOf(trailer); width > 0) widths.insert(width);
+    QStringList texts;
+    for (const int width : widths)
+        texts.append(QString::number(width));
+    return texts;
 }
 
 TrailerEntries TrailerList::entriesOfWidth(int width) const

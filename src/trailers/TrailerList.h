@@ -37,6 +37,8 @@ public:
     [[nodiscard]] qsizetype count() const;
     /// Keeps each record under its URL, in the place of one that is there.
     void store(std::vector<TrailerRecord> records);
+    /// Keeps `value`, a property-list value, as the record's "Sel"; nothing where there is no such record.
+    void setSel(const QString& url, const QVariant& value);
     /// The URLs in the present order; nothing before anything was loaded or scanned, and after clear(). It is
     /// sorted when it is asked for, not at every page of a crawl.
     [[nodiscard]] std::optional<QStringList> scanedURLList() const;
@@ -60,6 +62,9 @@ public:
     /// leaving out the URL strings in `excluded`; the last one picked stands first. All there are where
     /// `count` is not above 0.
     [[nodiscard]] QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) const;
+
+    /// The frame widths that records have, each once, the smallest first.
+    [[nodiscard]] QStringList frameWidths() const;
 
     [[nodiscard]] const TrailerListFile& file() const { return m_file; }
 

@@ -260,4 +260,37 @@ TEST_F(TrailerListTest, list_staysWhole_whenAWorkerWritesWhileOthersRead)
     EXPECT_EQ(m_list.passedList().size(), 300);
 }
 
+TEST_F(TrailerListTest, setSel_keepsTheValueInTheRecordAndTheFile)
+{
+    TrailerList list(m_home.path(), seed());
+    list.store({record("http://h/a.mov")});
+    ASSERT_TRUE(list.saveList());
+    list.setSel(QStringLiteral("http://h/a.mov"), true);
+    EXPECT_TRUE(list.isChanged());
+    ASSERT_TRUE(list.saveList());
+    TrailerList loaded(m_home.path(), seed());
+    loaded.load();
+    EXPECT_EQ(loaded.record(QStringLiteral("http://h/a.mov"))->other.value(QStringLiteral("Sel")),
+              QVariant(true));
+}
+
+TEST_F(TrailerListTest, setSel_makesNoRecord_whenThereIsNone)
+{
+    TrailerList list(m_home.path(), seed());
+    list.setSel(QStringLiteral("http://h/a.mov"), true);
+    EXPECT_EQ(list.count(), 0);
+    EXPECT_FALSE(list.isChanged());
+}
+
+TEST_F(TrailerListTest, frameWidths_areEachOnce_theSmallestFirst)
+{
+    TrailerList list(m_home.path(), seed());
+    EXPECT_TRUE(list.frameWidths().isEmpty());
+    TrailerRecord sizeless = record("http://h/e.mov");
+    sizeless.size.reset();
+    list.store({record("http://h/a.mov", "1280 x 720"), record("http://h/b.mov", "480 x 204"),
+                record("http://h/c.mov", "480 x ---"), record("http://h/d.mov", "--- x 204"), sizeless});
+    EXPECT_EQ(list.frameWidths(), (QStringList{QStringLiteral("480"), QStringLiteral("1280")}));
+}
+
 } // namespace kestro

@@ -1,0 +1,102 @@
+#include "trailers/panel/PanelWindow.h"
+
+#include "trailers/panel/TrailerTableModel.h"
+#include "ui_TrailerCont.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QShortcut>
+
+namespace kestro {
+
+PanelWindow::PanelWindow(TrailerTableModel& model)
+    : QWidget(nullptr, Qt::Window)
+    , m_ui(std::make_unique<Ui::TrailerCont>())
+{
+    m_ui->setupUi(this);
+    m_ui->listView->showModel(model);
+    connect(m_ui->listView->horizontalHeader(), &QHeaderView::sectionClicked, this,
+            &PanelWindow::columnSelected);
+    addShortcuts();
+    addMenu();
+    showScanning(false);
+    showEndOfScan({}, {});
+}
+
+PanelWindow::~PanelWindow() = default;
+
+void PanelWindow::addShortcuts()
+{
+    const auto onKey = [this](const QKeySequence& key, auto action) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, action);
+    };
+    onKey(QKeySequence::Close, [this] { close(); });
+    onKey(Qt::Key_Escape, [this] { close(); });
+    onKey(QKeySequence::Find, [this] {
+        m_ui->findField->setFocus();
+        m_ui->findField->selectAll();
+    });
+    onKey(QKeySequence::FindNext, [this] { Q_EMIT m_ui->findField->returnPressed(); });
+}
+
+// What the buttons and the header do, where the keyboard finds it as well.
+void PanelWindow::addMenu()
+{
+    TrailerListView* list = m_ui->listView;
+    for (QPushButton* button : {m_ui->previewBtn, m_ui->saveBtn, m_ui->addBtn}) {
+        auto* action = new QAction(button->text(), list);
+        connect(action, &QAction::triggered, button, &QPushButton::click);
+        list->addAction(action);
+    }
+    auto* separator = new QAction(list);
+    separator->setSeparator(true);
+    list->addAction(separator);
+    const auto addSorting = [&](const QString& text, int column) {
+        auto* action = new QAction(text, list);
+        connect(action, &QAction::triggered, this, [this, column] { Q_EMIT columnSelected(column); });
+        list->addAction(action);
+    };
+    addSorting(tr("Sort by &URL"), TrailerTableModel::Url);
+    addSorting(tr("Sort by &Date"), TrailerTableModel::Date);
+    list->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void PanelWindow::showScanning(bool isScanning)
+{
+    m_ui->scanBtn->setText(isScanning ? tr("Stop") : tr("Scan"));
+    m_ui->progress->setVisible(isScanning);
+    if (isScanning) showEndOfScan({}, {});
+}
+
+void PanelWindow::showEndOfScan(const QString& line, const QString& details)
+{
+    m_ui->scanEnd->setText(line);
+    m_ui->scanEnd->setToolTip(details);
+}
+
+void PanelWindow::showState(qsizetype selected, qsizetype count)
+{
+    m_ui->stateField->setText(QStringLiteral("%1/%2").arg(selected).arg(count));
+    for (QPushButton* button : {m_ui->previewBtn, m_ui->saveBtn, m_ui->addBtn})
+        button->setEnabled(selected > 0);
+    for (QAction* action : m_ui->listView->actions().first(3))
+        action->setEnabled(selected > 0);
+}
+
+void PanelWindow::showSorting(const SortDescriptor& by)
+{
+    QHeaderView& header = *m_ui->listView->horizontalHeader();
+    for (int column = 0; column < TrailerTableModel::ColumnCount; ++column) {
+        const auto prototype = TrailerTableModel::sortDescriptorPrototype(column);
+        if (prototype && prototype->key == by.key)
+            header.setSortIndicator(column, by.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    }
+}
+
+void PanelWindow::closeEvent(QCloseEvent* event)
+{
+    Q_EMIT windowWillClose();
+    QWidget::closeEvent(event);
+}
+
+} // namespace kestro

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class TrailerCont;
+}
+
+namespace kestro {
+
+class TrailerTableModel;
+struct SortDescriptor;
+
+/// The browser's window: its controls and what they show, without any of what they do. Owned by the panel;
+/// the model must outlive it. Main thread.
+class PanelWindow final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PanelWindow(TrailerTableModel& model);
+    ~PanelWindow() override;
+
+    [[nodiscard]] Ui::TrailerCont& controls() { return *m_ui; }
+
+    /// Whether a crawl of the panel's runs.
+    void showScanning(bool isScanning);
+    /// How the last crawl ended, in a short line, and more of it where the pointer rests.
+    void showEndOfScan(const QString& line, const QString& details);
+    void showState(qsizetype selected, qsizetype count);
+    /// The column that has that key is marked with the direction.
+    void showSorting(const SortDescriptor& by);
+
+Q_SIGNALS:
+    void windowWillClose();
+    /// A column was chosen to sort by.
+    void columnSelected(int column);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void addShortcuts();
+    void addMenu();
+
+    std::unique_ptr<Ui::TrailerCont> m_ui;
+};
+
+} // namespace kestro

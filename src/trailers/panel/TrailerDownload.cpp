@@ -1,0 +1,76 @@
+#include "trailers/panel/TrailerDownload.h"
+
+#include "platform/base/Log.h"
+#include "platform/network/CurlFetch.h"
+#include "settings/MovieURL.h"
+
+#include <QLabel>
+#include <QProgressDialog>
+#include <QUrl>
+
+#include <system_error>
+#include <thread>
+
+namespace kestro {
+
+namespace {
+
+// A movie is kept in memory until it is whole.
+constexpr qint64 largestMovie = qint64(2) * 1024 * 1024 * 1024; // bytes
+
+// Names that come from a site are never taken for markup.
+QLabel* plainLabel(const QString& text)
+{
+    auto* label = new QLabel(text); // the dialog takes it over
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+} // namespace
+
+TrailerDownload::TrailerDownload(std::unique_ptr<Fetch> fetch)
+    : m_fetch(std::move(fetch))
+{
+}
+
+TrailerDownload::~TrailerDownload() = default;
+
+std::optional<QByteArray> TrailerDownload::run(const QUrl& url, QWidget* parent)
+{
+    QProgressDialog progress(QString(), tr("Cancel"), 0, 0, parent);
+    progress.setLabel(plainLabel(tr("Saving %1…").arg(lastPathComponent(url))));
+    progress.setWindowTitle(tr("Save Trailer"));
+    progress.setMinimumDuration(0);
+    QObject::connect(&progress, &QProgressDialog::canceled, [this] { m_fetch->cancel(); });
+    const auto contents = fetchBehind(progress, url);
+    if (progress.wasCanceled()) return {};
+    if (contents) return contents.value();
+    logLine(QStringLiteral("Cannot save %1: %2").arg(absoluteString(url), contents.error()));
+    return {};
+}
+
+Result<QByteArray> TrailerDownload::fetchBehind(QProgressDialog& progress, const QUrl& url)
+{
+    Result<QByteArray> contents = Error{QStringLiteral("no thread")};
+    const auto work = [&] {
+        contents = m_fetch->fetch(url);
+        QMetaObject::invokeMethod(&progress, &QProgressDialog::accept, Qt::QueuedConnection);
+    };
+    try {
+        std::thread worker(work);
+        progress.exec();
+        m_fetch->cancel(); // it has come to its end, or is to
+        worker.join();
+    } catch (const std::system_error&) { // contents say it
+    }
+    return contents;
+}
+
+std::unique_ptr<Fetch> TrailerDownload::movieFetch()
+{
+    FetchLimits limits;
+    limits.bytes = largestMovie;
+    return std::make_unique<CurlFetch>(limits);
+}
+
+} // namespace kestro

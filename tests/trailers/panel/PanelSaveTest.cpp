@@ -1,0 +1,108 @@
+#include "trailers/panel/PanelTest.h"
+#include "trailers/panel/PanelWindow.h"
+#include "ui_TrailerCont.h"
+
+#include <QFileDialog>
+#include <QLabel>
+#include <QProgressDialog>
+
+namespace kestro {
+
+/// The panel with one trailer, the file of which is saved.
+class PanelSaveTest : public PanelTest {
+protected:
+    PanelSaveTest()
+    {
+        storeTrailers(1);
+        m_panel = std::make_unique<TrailerPanel>(*m_controller, m_movies, m_services);
+        m_panel->setMakeFetch([this] {
+            auto fetch = std::make_unique<MemoryFetch>();
+            fetch->put(urlOf(0), "moving pictures");
+            fetch->setHanging(m_hanging);
+            ++m_fetches;
+            return fetch;
+        });
+        m_panel->showPanel(m_receiver);
+        m_panel->panel().controls().listView->selectRowAlone(0);
+    }
+
+    // Accepts the save panel with `name` in the home folder.
+    void typeName(const QString& name)
+    {
+        answerModal([this, name](QWidget& window) {
+            auto& savePanel = dynamic_cast<QFileDialog&>(window);
+            savePanel.setDirectory(m_home.path());
+            savePanel.selectFile(name);
+            QMetaObject::invokeMethod(&savePanel, "accept");
+        });
+    }
+    [[nodiscard]] QString saved() const { return m_home.filePath(QStringLiteral("mine.mov")); }
+
+    NotingReceiver m_receiver;
+    QString m_hanging;
+    int m_fetches = 0;
+    std::unique_ptr<TrailerPanel> m_panel;
+};
+
+TEST_F(PanelSaveTest, saveURL_writesTheWholeContents)
+{
+    typeName(QStringLiteral("mine.mov"));
+    m_panel->panel().controls().saveBtn->click();
+    EXPECT_EQ(bytesOf(saved()), QByteArray("moving pictures"));
+}
+
+TEST_F(PanelSaveTest, saveURL_asksNothing_whenNoRowIsSelected)
+{
+    m_panel->panel().controls().listView->clearSelection();
+    m_panel->saveURL();
+    EXPECT_EQ(m_fetches, 0);
+}
+
+TEST_F(PanelSaveTest, saveURL_fetchesNothing_whenTheSavePanelIsGivenUp)
+{
+    answerModal([](QWidget& window) { dynamic_cast<QFileDialog&>(window).reject(); });
+    m_panel->saveURL();
+    EXPECT_EQ(m_fetches, 0);
+}
+
+TEST_F(PanelSaveTest, saveURL_isSilent_whenTheFetchFails)
+{
+    list().clear();
+    list().store({record("http://h/gone.mov")});
+    m_panel->reloadTableView();
+    m_panel->panel().controls().listView->selectRowAlone(0);
+    typeName(QStringLiteral("mine.mov"));
+    m_panel->saveURL();
+    EXPECT_FALSE(QFile::exists(saved()));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(m_log, QStringList(QStringLiteral("Cannot save http://h/gone.mov: no such page")));
+}
+
+TEST_F(PanelSaveTest, saveURL_keepsTheOldFile_whenItIsCancelled)
+{
+    QFile old(saved());
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("old");
+    old.close();
+    m_hanging = urlOf(0);
+    QString label;
+    answerModal([&](QWidget& window) {
+        auto& savePanel = dynamic_cast<QFileDialog&>(window);
+        savePanel.setOption(QFileDialog::DontConfirmOverwrite);
+        savePanel.setDirectory(m_home.path());
+        savePanel.selectFile(QStringLiteral("mine.mov"));
+        answerModal([&](QWidget&) {
+            answerModal([&](QWidget& progress) {
+                label = progress.findChild<QLabel*>()->text();
+                dynamic_cast<QProgressDialog&>(progress).cancel();
+            });
+        });
+        QMetaObject::invokeMethod(&savePanel, "accept");
+    });
+    m_panel->saveURL();
+    EXPECT_EQ(bytesOf(saved()), QByteArray("old"));
+    EXPECT_EQ(label, QStringLiteral("Saving 000.mov…"));
+    EXPECT_TRUE(m_log.isEmpty());
+}
+
+} // namespace kestro

@@ -1,0 +1,171 @@
+#include "trailers/CrawlLock.h"
+#include "trailers/panel/PanelTest.h"
+#include "trailers/panel/PanelWindow.h"
+#include "ui_TrailerCont.h"
+
+#include <QTest>
+
+namespace kestro {
+
+namespace {
+
+const QString startUrl = QStringLiteral("http://h/trailers/");
+const QString innerUrl = QStringLiteral("http://h/trailers/a/");
+const QString otherUrl = QStringLiteral("http://other/trailers/");
+
+} // namespace
+
+/// The panel in front of a site of two pages with a movie on each.
+class PanelScanTest : public PanelTest {
+protected:
+    PanelScanTest()
+    {
+        m_fetch->put(startUrl, "<html><a href=\"a/\">AC.Quicktime.packageMovie('m','s.mov',{width:480})");
+        m_fetch->put(innerUrl, "<html>AC.Quicktime.packageMovie('m','t.mov',{width:480})");
+        m_panel = std::make_unique<TrailerPanel>(*m_controller, m_movies, m_services);
+        m_panel->showPanel(m_receiver);
+    }
+
+    [[nodiscard]] Ui::TrailerCont& controls() { return m_panel->panel().controls(); }
+    [[nodiscard]] int rows() { return controls().listView->model()->rowCount(); }
+    [[nodiscard]] bool reads(const char* text) { return controls().scanBtn->text() == QLatin1String(text); }
+    void scanUntilItHangsAt(const QString& url)
+    {
+        m_fetch->setHanging(url);
+        controls().scanBtn->click();
+        ASSERT_TRUE(m_fetch->waitForAsked(url));
+    }
+
+    NotingReceiver m_receiver;
+    std::unique_ptr<TrailerPanel> m_panel;
+};
+
+TEST_F(PanelScanTest, scan_fillsTheTableAndSaysHowItEnded)
+{
+    controls().scanBtn->click();
+    EXPECT_TRUE(reads("Stop"));
+    EXPECT_TRUE(controls().progress->isVisible());
+    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    EXPECT_FALSE(controls().progress->isVisible());
+    EXPECT_EQ(rows(), 2);
+    EXPECT_EQ(controls().stateField->text(), QStringLiteral("0/2"));
+    EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("Scan finished. Pages read: 2"));
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+TEST_F(PanelScanTest, scan_showsEachPageAsItIsDone)
+{
+    m_fetch->put(startUrl, "<html><a href=\"a/\"><a href=\"b/\">");
+    scanUntilItHangsAt(QStringLiteral("http://h/trailers/b/"));
+    EXPECT_TRUE(comesTrue([this] { return rows() == 1; }));
+    EXPECT_TRUE(reads("Stop"));
+}
+
+TEST_F(PanelScanTest, scan_stopsTheCrawl_whenItIsPressedAgain)
+{
+    m_fetch->put(startUrl,
+                 "<html><a href=\"a/\"><a href=\"b/\">AC.Quicktime.packageMovie('m','s.mov',{width:480})");
+    scanUntilItHangsAt(innerUrl);
+    controls().scanBtn->click();
+    EXPECT_FALSE(m_controller->inThreading());
+    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    EXPECT_EQ(rows(), 0);
+    EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("Scan stopped. Pages read: 1"));
+}
+
+TEST_F(PanelScanTest, scan_leavesTheWindowAlive_whenTheServerHangs)
+{
+    scanUntilItHangsAt(startUrl);
+    QTest::keyClicks(controls().findField, QStringLiteral("ada"));
+    EXPECT_EQ(controls().findField->text(), QStringLiteral("ada"));
+    EXPECT_TRUE(m_controller->inThreading());
+    m_panel->scan();
+    EXPECT_TRUE(comesTrue([this] { return reads("Scan"); }));
+}
+
+TEST_F(PanelScanTest, scan_beginsAtTheAddressInTheField)
+{
+    m_fetch->put(otherUrl, "<html>AC.Quicktime.packageMovie('m','o.mov',{width:480})");
+    controls().urlField->setText(otherUrl);
+    QTest::keyClick(controls().urlField, Qt::Key_Return);
+    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    EXPECT_EQ(m_fetch->asked(), QStringList(otherUrl));
+    EXPECT_EQ(rows(), 1);
+}
+
+TEST_F(PanelScanTest, urlField_doesNotStopTheCrawl_whenReturnIsPressedInIt)
+{
+    scanUntilItHangsAt(innerUrl);
+    QTest::keyClick(controls().urlField, Qt::Key_Return);
+    EXPECT_TRUE(m_controller->onThreading());
+}
+
+TEST_F(PanelScanTest, urlField_setsWhereAnyCrawlBegins)
+{
+    m_panel.reset();
+    m_controller->setSite({startUrl, QStringLiteral("h")});
+    m_panel = std::make_unique<TrailerPanel>(*m_controller, m_movies, m_services);
+    controls().urlField->setText(otherUrl);
+    EXPECT_EQ(m_controller->site().start, otherUrl);
+    EXPECT_TRUE(m_controller->site().host.isEmpty());
+    controls().urlField->setText(startUrl);
+    EXPECT_EQ(m_controller->site().host, QStringLiteral("h"));
+}
+
+TEST_F(PanelScanTest, scan_saysWhy_whenNothingCanBeScanned)
+{
+    const auto endOf = [this](const QString& start) {
+        controls().urlField->setText(start);
+        controls().scanBtn->click();
+        EXPECT_TRUE(comesTrue([this] { return reads("Scan"); }));
+        return controls().scanEnd->text();
+    };
+    EXPECT_EQ(endOf(QString()), QStringLiteral("This is not the address of a page."));
+    EXPECT_EQ(endOf(QStringLiteral("h t t p")), QStringLiteral("This is not the address of a page."));
+    EXPECT_EQ(endOf(QStringLiteral("http://none/trailers/")),
+              QStringLiteral("The page at this address cannot be read."));
+    EXPECT_EQ(controls().scanEnd->toolTip(), m_controller->lastEnd().reason);
+}
+
+TEST_F(PanelScanTest, scan_saysThatAnotherScans_whenAnotherProcessDoes)
+{
+    const auto other = CrawlLock::take(path());
+    ASSERT_TRUE(other.isOk());
+    controls().scanBtn->click();
+    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("The site is being scanned already."));
+}
+
+TEST_F(PanelScanTest, close_endsTheCrawlAndSavesWhatItFound)
+{
+    m_fetch->put(startUrl, "<html><a href=\"a/\"><a href=\"b/\">");
+    scanUntilItHangsAt(QStringLiteral("http://h/trailers/b/"));
+    m_panel->close();
+    EXPECT_FALSE(m_controller->inThreading());
+    TrailerList saved(m_home.path(), seed());
+    saved.load();
+    EXPECT_TRUE(saved.record(innerUrl + QStringLiteral("t.mov")));
+}
+
+TEST_F(PanelScanTest, panel_endsItsCrawl_whenItGoes)
+{
+    scanUntilItHangsAt(innerUrl);
+    m_panel.reset();
+    EXPECT_FALSE(m_controller->onThreading());
+    EXPECT_FALSE(m_controller->inThreading());
+}
+
+TEST_F(PanelScanTest, silentCrawl_changesNoButton_andIsStoppedByScan)
+{
+    class NoClient final : public TrailerClient {
+    } client;
+    m_fetch->setHanging(startUrl);
+    m_controller->scanLatest(client);
+    ASSERT_TRUE(m_fetch->waitForAsked(startUrl));
+    EXPECT_TRUE(reads("Scan"));
+    controls().scanBtn->click();
+    EXPECT_FALSE(m_controller->inThreading());
+    EXPECT_TRUE(reads("Scan"));
+}
+
+} // namespace kestro

@@ -1,0 +1,377 @@
+#include "trailers/panel/TrailerPanel.h"
+
+#include "trailers/panel/LatestPanel.h"
+#include "trailers/panel/PanelTest.h"
+#include "trailers/panel/PanelWindow.h"
+#include "trailers/panel/PreviewWindow.h"
+#include "ui_TrailerCont.h"
+#include "widgets/MoviePreview.h"
+
+#include <QComboBox>
+#include <QMessageBox>
+#include <QTest>
+
+namespace kestro {
+
+class TrailerPanelTest : public PanelTest {
+protected:
+    void open()
+    {
+        m_panel = std::make_unique<TrailerPanel>(*m_controller, m_movies, m_services);
+        m_panel->showPanel(m_receiver);
+        ASSERT_TRUE(comesTrue([this] { return m_panel->panel().isActiveWindow(); }));
+    }
+    void openWith(int trailers)
+    {
+        storeTrailers(trailers);
+        open();
+    }
+    [[nodiscard]] Ui::TrailerCont& controls() { return m_panel->panel().controls(); }
+    [[nodiscard]] TrailerListView& table() { return *controls().listView; }
+    [[nodiscard]] QString state() { return controls().stateField->text(); }
+    [[nodiscard]] QStringList urls() { return *list().scanedURLList(); }
+    void select(std::initializer_list<int> rows)
+    {
+        table().clearSelection();
+        for (const int row : rows)
+            table().selectionModel()->select(table().model()->index(row, 0),
+                                             QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    void clickHeader(int column)
+    {
+        const QHeaderView& header = *table().horizontalHeader();
+        const QPoint place(header.sectionViewportPosition(column) + header.sectionSize(column) / 2,
+                           header.height() / 2);
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
+    }
+    [[nodiscard]] std::pair<int, Qt::SortOrder> indicator()
+    {
+        const QHeaderView& header = *table().horizontalHeader();
+        return {header.sortIndicatorSection(), header.sortIndicatorOrder()};
+    }
+    // The alert that `action` raises, its button pressed: title, text, buttons.
+    template <typename Action>
+    [[nodiscard]] QStringList alertOf(Action action)
+    {
+        QStringList seen;
+        answerModal([&](QWidget& window) {
+            auto& box = dynamic_cast<QMessageBox&>(window);
+            seen = {box.windowTitle(), box.text()};
+            for (QAbstractButton* button : box.buttons())
+                seen.append(button->text());
+            box.buttons().first()->click();
+        });
+        action();
+        return seen;
+    }
+
+    NotingReceiver m_receiver;
+    std::unique_ptr<TrailerPanel> m_panel;
+    const QStringList m_alert{QStringLiteral("Alert"),
+                              QStringLiteral("Failed to create movie.\nPlease try again."),
+                              QStringLiteral("OK")};
+};
+
+TEST_F(TrailerPanelTest, showPanel_showsTheListAsItWasLoaded)
+{
+    openWith(3);
+    EXPECT_TRUE(m_panel->panel().isVisible());
+    EXPECT_EQ(table().model()->rowCount(), 3);
+    EXPECT_EQ(state(), QStringLiteral("0/3"));
+    EXPECT_EQ(controls().urlField->text(), QStringLiteral("http://h/trailers/"));
+    EXPECT_EQ(controls().scanBtn->text(), QStringLiteral("Scan"));
+    EXPECT_FALSE(controls().progress->isVisible());
+}
+
+TEST_F(TrailerPanelTest, stateField_countsWhatIsSelected_whenTheSelectionChanges)
+{
+    openWith(5);
+    select({1, 3});
+    EXPECT_EQ(state(), QStringLiteral("2/5"));
+    table().selectAll();
+    EXPECT_EQ(state(), QStringLiteral("5/5"));
+    table().clearSelection();
+    EXPECT_EQ(state(), QStringLiteral("0/5"));
+}
+
+TEST_F(TrailerPanelTest, stateField_isZero_whenThereIsNoList)
+{
+    open();
+    EXPECT_EQ(state(), QStringLiteral("0/0"));
+    EXPECT_EQ(table().model()->rowCount(), 0);
+}
+
+TEST_F(TrailerPanelTest, buttons_areEnabled_whenTheyHaveARow)
+{
+    openWith(2);
+    EXPECT_FALSE(controls().previewBtn->isEnabled());
+    EXPECT_FALSE(controls().saveBtn->isEnabled());
+    EXPECT_FALSE(controls().addBtn->isEnabled());
+    EXPECT_TRUE(controls().latestBtn->isEnabled());
+    select({0});
+    EXPECT_TRUE(controls().previewBtn->isEnabled());
+    EXPECT_TRUE(controls().saveBtn->isEnabled());
+    EXPECT_TRUE(controls().addBtn->isEnabled());
+}
+
+TEST_F(TrailerPanelTest, header_sortsByItsColumnAndReversesThePresentOne)
+{
+    list().store(
+        {record("http://h/b.mov", "1 x 1", "2001/01/01"), record("http://h/a.mov", "1 x 1", "2002/01/01")});
+    open();
+    const QString a = QStringLiteral("http://h/a.mov"), b = QStringLiteral("http://h/b.mov");
+    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::DescendingOrder));
+    EXPECT_EQ(urls(), (QStringList{a, b}));
+    clickHeader(TrailerTableModel::Date);
+    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::AscendingOrder));
+    EXPECT_EQ(urls(), (QStringList{b, a}));
+    clickHeader(TrailerTableModel::Url);
+    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Url), Qt::AscendingOrder));
+    EXPECT_EQ(urls(), (QStringList{a, b}));
+    clickHeader(TrailerTableModel::Url);
+    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Url), Qt::DescendingOrder));
+    clickHeader(TrailerTableModel::Date);
+    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::AscendingOrder));
+    EXPECT_EQ(table().model()->index(0, TrailerTableModel::Url).data(), b);
+}
+
+TEST_F(TrailerPanelTest, header_changesNothing_whenItsColumnDoesNotSort)
+{
+    openWith(2);
+    clickHeader(TrailerTableModel::Size);
+    clickHeader(TrailerTableModel::Sel);
+    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::DescendingOrder));
+    EXPECT_TRUE(list().order().sortKey.isNull());
+}
+
+TEST_F(TrailerPanelTest, sorting_isThatOfTheList_whenItWasSortedBefore)
+{
+    storeTrailers(2);
+    list().setSortKey(QStringLiteral("URL"));
+    list().setAscending(true);
+    open();
+    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Url), Qt::AscendingOrder));
+    m_panel->tableViewSortDescriptorsDidChange(TrailerTableModel::Url);
+    EXPECT_FALSE(list().order().ascending);
+}
+
+TEST_F(TrailerPanelTest, findNext_selectsTheNextRowAlone)
+{
+    openWith(120); // highest first
+    select({3, 5});
+    QTest::keyClicks(controls().findField, QStringLiteral("/00"));
+    QTest::keyClick(controls().findField, Qt::Key_Return);
+    EXPECT_EQ(table().selectedRows(), QList<int>{110});
+    EXPECT_EQ(state(), QStringLiteral("1/120"));
+    QTest::keyClick(controls().findField, Qt::Key_Return);
+    EXPECT_EQ(table().selectedRows(), QList<int>{111});
+    EXPECT_TRUE(table().viewport()->rect().contains(table().visualRect(table().model()->index(111, 1))));
+}
+
+TEST_F(TrailerPanelTest, findNext_changesNothing_whenNothingIsFound)
+{
+    open();
+    m_panel->findNext();
+    EXPECT_TRUE(table().selectedRows().isEmpty());
+    storeTrailers(5);
+    m_panel->reloadTableView();
+    select({2});
+    controls().findField->setText(QStringLiteral("nowhere"));
+    m_panel->findNext();
+    EXPECT_EQ(table().selectedRows(), QList<int>{2});
+}
+
+TEST_F(TrailerPanelTest, addURL_sendsTheSelectedURLsInTheTablesOrder)
+{
+    openWith(4);
+    select({3, 0});
+    controls().addBtn->click();
+    EXPECT_EQ(m_receiver.given, (QList<QList<QUrl>>{{QUrl(urlOf(3)), QUrl(urlOf(0))}}));
+}
+
+TEST_F(TrailerPanelTest, addURL_skipsWhatMakesNoURL)
+{
+    list().store({record("http://h:x/a.mov"), record("http://h/b.mov")});
+    open();
+    table().selectAll();
+    m_panel->addURL();
+    EXPECT_EQ(m_receiver.given, QList<QList<QUrl>>{{QUrl(QStringLiteral("http://h/b.mov"))}});
+}
+
+TEST_F(TrailerPanelTest, addURL_sendsAnEmptyList_whenNothingIsSelected)
+{
+    openWith(2);
+    m_panel->addURL();
+    ASSERT_EQ(m_receiver.given.size(), 1);
+    EXPECT_TRUE(m_receiver.given[0].isEmpty());
+}
+
+TEST_F(TrailerPanelTest, addURL_sendsToWhomWasSetLast)
+{
+    openWith(1);
+    NotingReceiver other;
+    m_panel->setSaver(&other);
+    m_panel->addURL();
+    m_panel->setSaver(nullptr);
+    m_panel->addURL();
+    EXPECT_EQ(other.given.size(), 1);
+    EXPECT_TRUE(m_receiver.given.isEmpty());
+}
+
+TEST_F(TrailerPanelTest, addLatest_sendsTheEntryAlone)
+{
+    list().store({record("http://h/b.mov", "640 x 360"), record("http://h/a.mov", "320 x 180")});
+    open();
+    QStringList offered;
+    answerModal([&](QWidget& window) {
+        auto& popup = *window.findChild<QComboBox*>(QStringLiteral("resPopup"));
+        for (int item = 0; item < popup.count(); ++item)
+            offered.append(popup.itemText(item));
+        popup.setCurrentIndex(1);
+        window.findChild<QPushButton*>(QStringLiteral("okBtn"))->click();
+    });
+    controls().latestBtn->click();
+    EXPECT_EQ(offered, (QStringList{QStringLiteral("320"), QStringLiteral("640")}));
+    EXPECT_EQ(m_receiver.given, QList<QList<QUrl>>{{QUrl(QStringLiteral("auto://LatestTrailers/6/640"))}});
+}
+
+TEST_F(TrailerPanelTest, addLatest_sendsNothing_whenItIsGivenUp)
+{
+    openWith(1);
+    answerModal(
+        [](QWidget& window) { window.findChild<QPushButton*>(QStringLiteral("cancelBtn"))->click(); });
+    controls().latestBtn->click();
+    EXPECT_TRUE(m_receiver.given.isEmpty());
+}
+
+TEST_F(TrailerPanelTest, preview_playsTheSelectedTrailer)
+{
+    openWith(3);
+    m_movies.describe(urlOf(1), {.naturalSize = {200, 100}});
+    select({1});
+    Q_EMIT table().doubleAction();
+    EXPECT_TRUE(m_panel->previewWin().isVisible());
+    EXPECT_EQ(m_panel->previewWin().windowTitle(), QStringLiteral("001.mov"));
+    EXPECT_EQ(m_panel->previewWin().qtViewer().movie()->rate(), 1);
+}
+
+TEST_F(TrailerPanelTest, preview_doesNothing_whenNoRowIsSelected)
+{
+    openWith(3);
+    m_panel->preview();
+    EXPECT_TRUE(m_movies.tried().empty());
+    EXPECT_FALSE(m_panel->previewWin().isVisible());
+}
+
+TEST_F(TrailerPanelTest, preview_alerts_whenNoMovieCanBeMade)
+{
+    openWith(1);
+    select({0});
+    EXPECT_EQ(alertOf([this] { controls().previewBtn->click(); }), m_alert);
+    EXPECT_EQ(m_panel->previewWin().qtViewer().movie(), nullptr);
+}
+
+TEST_F(TrailerPanelTest, preview_alerts_whenALoadingMovieTurnsOutToBeNone)
+{
+    openWith(1);
+    m_movies.describe(urlOf(0), {.loadsAfter = 1, .failsLoading = true});
+    select({0});
+    const QStringList seen = alertOf([this] {
+        m_panel->preview();
+        m_timers.advance(2);
+        QCoreApplication::processEvents();
+    });
+    EXPECT_EQ(seen, m_alert);
+}
+
+TEST_F(TrailerPanelTest, close_savesTheListAndClosesThePreview_alsoWhenNothingChanged)
+{
+    openWith(1);
+    ASSERT_TRUE(list().saveList());
+    ASSERT_TRUE(QFile::remove(path()));
+    m_movies.describe(urlOf(0), {});
+    select({0});
+    m_panel->preview();
+    m_panel->close();
+    EXPECT_FALSE(m_panel->panel().isVisible());
+    EXPECT_FALSE(m_panel->previewWin().isVisible());
+    EXPECT_EQ(m_panel->previewWin().qtViewer().movie()->rate(), 0);
+    EXPECT_TRUE(QFile::exists(path()));
+}
+
+TEST_F(TrailerPanelTest, close_savesTheList_whenTheUserClosesTheWindow)
+{
+    openWith(1);
+    QTest::keyClick(&m_panel->panel(), Qt::Key_Escape);
+    EXPECT_FALSE(m_panel->panel().isVisible());
+    EXPECT_TRUE(QFile::exists(path()));
+    m_panel->addURL();
+    EXPECT_EQ(m_receiver.given.size(), 1);
+}
+
+TEST_F(TrailerPanelTest, close_doesNothing_whenItWasNeverShown)
+{
+    storeTrailers(1);
+    m_panel = std::make_unique<TrailerPanel>(*m_controller, m_movies, m_services);
+    m_panel->close();
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+TEST_F(TrailerPanelTest, close_letsGoOfTheSaver)
+{
+    openWith(1);
+    m_panel->close();
+    m_panel->addURL();
+    EXPECT_TRUE(m_receiver.given.isEmpty());
+}
+
+TEST_F(TrailerPanelTest, clear_emptiesTheTable_andLeavesTheCountAndTheFile)
+{
+    openWith(3);
+    ASSERT_TRUE(list().saveList());
+    const QByteArray before = bytesOf(path());
+    controls().clearBtn->click();
+    EXPECT_EQ(table().model()->rowCount(), 0);
+    EXPECT_FALSE(list().scanedURLList());
+    EXPECT_EQ(state(), QStringLiteral("0/3"));
+    EXPECT_EQ(bytesOf(path()), before);
+}
+
+TEST_F(TrailerPanelTest, clear_countsAnew_whenRowsWereSelected)
+{
+    openWith(3);
+    select({1});
+    controls().clearBtn->click();
+    EXPECT_EQ(state(), QStringLiteral("0/0"));
+}
+
+TEST_F(TrailerPanelTest, controls_canBeReachedAndNamed)
+{
+    openWith(1);
+    EXPECT_EQ(controls().urlLabel->buddy(), controls().urlField);
+    EXPECT_EQ(controls().findLabel->buddy(), controls().findField);
+    EXPECT_FALSE(table().accessibleName().isEmpty());
+    EXPECT_FALSE(controls().progress->accessibleName().isEmpty());
+    for (QPushButton* button : m_panel->panel().findChildren<QPushButton*>())
+        EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus) << button->objectName().toStdString();
+    QTest::keyClick(&m_panel->panel(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(controls().findField->hasFocus());
+}
+
+TEST_F(TrailerPanelTest, menu_sortsAndAdds_withoutAMouse)
+{
+    openWith(2);
+    const auto act = [this](const QString& text) {
+        for (QAction* action : table().actions())
+            if (action->text() == text) action->trigger();
+    };
+    act(QStringLiteral("Sort by &URL"));
+    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Url), Qt::AscendingOrder));
+    act(QStringLiteral("A&dd"));
+    EXPECT_TRUE(m_receiver.given.isEmpty());
+    select({0});
+    act(QStringLiteral("A&dd"));
+    EXPECT_EQ(m_receiver.given.size(), 1);
+}
+
+} // namespace kestro
