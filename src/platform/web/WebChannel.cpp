@@ -18,7 +18,6 @@ struct Head {
     qint32 width, height;
     float zoom;
     qint32 left, top, damageWidth, damageHeight;
-    quint32 flag;
 };
 
 Head headOf(const WebMessage& message)
@@ -34,8 +33,7 @@ Head headOf(const WebMessage& message)
             damage.left(),
             damage.top(),
             damage.width(),
-            damage.height(),
-            message.flag ? 1U : 0U};
+            damage.height()};
 }
 
 WebMessage messageOf(const Head& head, const char* text, qsizetype length)
@@ -48,7 +46,6 @@ WebMessage messageOf(const Head& head, const char* text, qsizetype length)
     message.size = {head.width, head.height};
     message.zoom = head.zoom;
     message.damage = {head.left, head.top, head.damageWidth, head.damageHeight};
-    message.flag = head.flag != 0;
     message.text = QByteArray(text, length);
     return message;
 }
