@@ -4,16 +4,23 @@
 #include "ui_TrailerCont.h"
 
 #include <QAction>
-#include <QMenu>
+#include <QScreen>
 #include <QShortcut>
 
 namespace kestro {
+
+namespace {
+
+constexpr double shareOfScreen = 0.9; // at most
+
+} // namespace
 
 PanelWindow::PanelWindow(TrailerTableModel& model)
     : QWidget(nullptr, Qt::Window)
     , m_ui(std::make_unique<Ui::TrailerCont>())
 {
     m_ui->setupUi(this);
+    resize(size().boundedTo(screen()->availableSize() * shareOfScreen));
     m_ui->listView->showModel(model);
     connect(m_ui->listView->horizontalHeader(), &QHeaderView::sectionClicked, this,
             &PanelWindow::columnSelected);

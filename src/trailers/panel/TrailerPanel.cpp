@@ -48,11 +48,12 @@ TrailerPanel::TrailerPanel(TrailerCont& controller, MovieLibrary& movies, const 
     , m_previewWin(std::make_unique<PreviewWindow>(movies, services))
     , m_latestPanel(std::make_unique<LatestPanel>(m_panel.get()))
     , m_makeFetch(TrailerDownload::movieFetch)
+    , m_reloads(services, [this] { showList(); })
     , m_sortDescriptors{presentOrder(controller.list())}
 {
     awakeFromNib();
     m_controller.setObserver(this);
-    reloadTableView();
+    showList();
 }
 
 TrailerPanel::~TrailerPanel()
@@ -110,12 +111,18 @@ void TrailerPanel::panelWillClose()
 
 void TrailerPanel::reloadTableView()
 {
+    m_reloads.request();
+}
+
+void TrailerPanel::showList()
+{
     m_panel->controls().listView->reloadData();
     updateStateField();
 }
 
 void TrailerPanel::stopProgress()
 {
+    m_reloads.finish();
     m_isScanning = false;
     m_panel->showScanning(false);
     m_panel->showEndOfScan(endOfScan(), m_controller.lastEnd().reason);

@@ -2,6 +2,7 @@
 
 #include "settings/TrailerBrowser.h"
 #include "trailers/TrailerCont.h"
+#include "trailers/panel/ReloadPacer.h"
 #include "trailers/panel/SortDescriptor.h"
 #include "trailers/panel/TrailerTableModel.h"
 #include "widgets/WidgetDesktop.h"
@@ -70,6 +71,7 @@ public:
 
 private:
     void awakeFromNib();
+    void showList();
     void panelWillClose();
     void siteWasEdited();
     void alert();
@@ -83,6 +85,7 @@ private:
     std::unique_ptr<PreviewWindow> m_previewWin;
     std::unique_ptr<LatestPanel> m_latestPanel;
     MakeFetch m_makeFetch;
+    ReloadPacer m_reloads;
     QList<SortDescriptor> m_sortDescriptors; ///< the last choice first
     URLListReceiver* m_saver = nullptr;
     bool m_wasShown = false;

@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTest>
 
 namespace kestro {
@@ -356,6 +357,15 @@ TEST_F(TrailerPanelTest, controls_canBeReachedAndNamed)
         EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus) << button->objectName().toStdString();
     QTest::keyClick(&m_panel->panel(), Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(controls().findField->hasFocus());
+}
+
+TEST_F(TrailerPanelTest, panel_fitsOntoTheScreen)
+{
+    open();
+    const QSize room = m_panel->panel().screen()->availableSize();
+    EXPECT_LE(m_panel->panel().width(), room.width());
+    EXPECT_LE(m_panel->panel().minimumSizeHint().width(), 512); // 1024 x 768 at 200 %
+    EXPECT_LE(m_panel->panel().minimumSizeHint().height(), 384);
 }
 
 TEST_F(TrailerPanelTest, menu_sortsAndAdds_withoutAMouse)
