@@ -86,7 +86,7 @@ int LoopbackServer::connections() const
 bool LoopbackServer::waitForRequests(std::size_t count) const
 {
     std::unique_lock lock(m_mutex);
-    return m_asked.wait_for(lock, std::chrono::minutes(1), [&] { return m_requests.size() >= count; });
+    return m_hasAnswered.wait_for(lock, std::chrono::minutes(3), [&] { return m_answered >= count; });
 }
 
 void LoopbackServer::serve()
@@ -135,13 +135,18 @@ bool LoopbackServer::answer(const Client& client, const std::string& head)
 {
     const auto begin = head.find(' ') + 1;
     const std::string path = head.substr(begin, head.find(' ', begin) - begin);
+    {
+        // Before the answer, so that whoever has that finds the request here.
+        const std::lock_guard lock(m_mutex);
+        m_requests.push_back(path);
+    }
     const Answer answer = m_answering(path, head);
     bool isOpen = send(client.socket, answer.bytes);
     {
         const std::lock_guard lock(m_mutex);
-        m_requests.push_back(path);
+        ++m_answered;
     }
-    m_asked.notify_all();
+    m_hasAnswered.notify_all();
     while (isOpen && answer.then == Then::Repeat)
         isOpen = send(client.socket, answer.bytes);
     return isOpen && answer.then != Then::Close;

@@ -44,7 +44,7 @@ public:
     /// How often somebody connected.
     [[nodiscard]] int connections() const;
     /// Returns once `count` requests have been answered, or are being answered without end; false when that
-    /// takes a minute.
+    /// takes three minutes.
     [[nodiscard]] bool waitForRequests(std::size_t count) const;
 
 private:
@@ -66,8 +66,9 @@ private:
     int m_end[2] = {-1, -1}; ///< a pipe; closed at the writing end when the server is to end
     std::vector<Client> m_clients;
     mutable std::mutex m_mutex;
-    mutable std::condition_variable m_asked;
+    mutable std::condition_variable m_hasAnswered;
     std::vector<std::string> m_requests;
+    std::size_t m_answered = 0;
     int m_connections = 0;
     bool m_isOver = false;
     std::thread m_thread;
