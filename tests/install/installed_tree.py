@@ -34,7 +34,7 @@ class InstalledTree(unittest.TestCase):
         environment = {name: value for name, value in os.environ.items() if name not in MANAGED_VARIABLES}
         command = [os.path.join(self.prefix, "bin/kestro"), *words]
         return subprocess.run(
-            command, env={**environment, "HOME": home}, capture_output=True, text=True, timeout=120, check=False
+            command, env={**environment, "HOME": home}, capture_output=True, text=True, timeout=240, check=False
         )
 
     def elf_files(self):

@@ -38,7 +38,7 @@ class ThirdPartySaver(unittest.TestCase):
 
     def draw(self, bundle):
         picture = os.path.join(self.holder.name, "picture.png")
-        done = subprocess.run([DRAWER, bundle, picture], capture_output=True, text=True, timeout=60,
+        done = subprocess.run([DRAWER, bundle, picture], capture_output=True, text=True, timeout=240,
                               env={**os.environ, "QT_QPA_PLATFORM": "offscreen"})
         return done, picture
 

@@ -147,7 +147,7 @@ class Ending(DisplayTest):
             connection, _ = silent.accept()
             with connection:
                 process.send_signal(signal.SIGTERM)
-                self.assertEqual(process.wait(timeout=5), 0)
+                self.assertEqual(process.wait(timeout=20), 0)
 
 
 class TwoMonitors(DisplayTest):

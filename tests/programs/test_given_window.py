@@ -153,7 +153,7 @@ class Ending(GivenWindow):
             connection, _ = silent.accept()
             with connection:
                 process.terminate()
-                self.assertEqual(process.wait(timeout=5), -signal.SIGTERM)
+                self.assertEqual(process.wait(timeout=20), -signal.SIGTERM)
 
     def test_a_display_that_stands_still_does_not_hold_it_up(self):
         process = self.showing(self.in_window())

@@ -131,7 +131,7 @@ class ShowSettings(ProgramTest):
     def test_a_full_disk_is_a_failure(self):
         with open("/dev/full", "w") as full:
             done = subprocess.run([KESTRO, "show-settings"], env=self.home.environment(), stdout=full,
-                                  stderr=subprocess.PIPE, text=True, timeout=60)
+                                  stderr=subprocess.PIPE, text=True, timeout=240)
         self.assertEqual(done.returncode, 1)
         self.assertOneLine(done.stderr, "standard output")
 

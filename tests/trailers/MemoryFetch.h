@@ -52,7 +52,7 @@ public:
     [[nodiscard]] bool waitForAsked(const QString& url)
     {
         while (!asked().contains(url))
-            if (!m_arrivals.try_acquire_for(std::chrono::seconds(30))) return false;
+            if (!m_arrivals.try_acquire_for(std::chrono::minutes(3))) return false;
         return true;
     }
 

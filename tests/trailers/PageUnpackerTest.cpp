@@ -24,7 +24,7 @@ QByteArray packed(const QString& script)
 {
     QProcess shell;
     shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), script + QStringLiteral(" | gzip -nc1")});
-    return shell.waitForFinished(60000) ? shell.readAllStandardOutput() : QByteArray();
+    return shell.waitForFinished(180000) ? shell.readAllStandardOutput() : QByteArray();
 }
 
 class PageUnpackerTest : public testing::Test {

@@ -12,7 +12,7 @@ namespace kestro {
 
 namespace {
 
-constexpr int bound = 30000; // milliseconds
+constexpr int bound = 180000; // milliseconds
 
 const QString startUrl = QStringLiteral("http://h/trailers/");
 const QString innerUrl = QStringLiteral("http://h/trailers/a/");

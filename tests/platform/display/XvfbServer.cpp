@@ -31,7 +31,7 @@ bool waitUntil(const std::function<bool()>& holds)
     });
     QObject::connect(&bound, &QTimer::timeout, &loop, &QEventLoop::quit);
     look.start(2);
-    bound.start(30000);
+    bound.start(180000);
     loop.exec();
     return held;
 }

@@ -14,7 +14,7 @@ class OpenGL;
 class QTMovie;
 
 /// Turns the event loop until `done`, ten seconds at most; answers whether it came to be.
-[[nodiscard]] bool waitUntil(const std::function<bool()>& done, int milliseconds = 10000);
+[[nodiscard]] bool waitUntil(const std::function<bool()>& done, int milliseconds = 180000);
 
 /// The test movie of that name, as a URL.
 [[nodiscard]] QUrl testMovie(const char* name);

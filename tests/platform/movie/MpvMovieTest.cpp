@@ -17,7 +17,7 @@ using namespace kestro;
 /// Waits until the movie draws that number.
 static bool shows(QTMovie& movie, int number)
 {
-    return waitUntil([&] { return numberIn(drawn(movie)) == number; }, 3000);
+    return waitUntil([&] { return numberIn(drawn(movie)) == number; });
 }
 
 TEST(MpvMovieLibrary, refusesAtOnce_whatIsNoMovie)

@@ -21,7 +21,7 @@ protected:
     {
         m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_server.start(QStringLiteral(MOVIE_SERVER), {QStringLiteral(KESTRO_TEST_MOVIES)});
-        ASSERT_TRUE(m_server.waitForReadyRead(10000));
+        ASSERT_TRUE(m_server.waitForReadyRead(180000));
         m_port = m_server.readLine().trimmed().toInt();
         ASSERT_GT(m_port, 0);
     }
@@ -32,7 +32,7 @@ protected:
     {
         if (m_server.state() == QProcess::NotRunning) return;
         m_server.closeWriteChannel();
-        EXPECT_TRUE(m_server.waitForFinished(5000));
+        EXPECT_TRUE(m_server.waitForFinished(180000));
     }
 
     [[nodiscard]] std::shared_ptr<QTMovie> open(const char* path, int networkTimeout = 1) const
@@ -117,7 +117,7 @@ TEST_F(RemoteMovie, isSoughtExactly)
     ASSERT_TRUE(loads(*movie));
     for (const int number : {44, 3}) {
         movie->setCurrentTime({number * 20, 600});
-        EXPECT_TRUE(waitUntil([&] { return numberIn(drawn(*movie)) == number; }, 3000));
+        EXPECT_TRUE(waitUntil([&] { return numberIn(drawn(*movie)) == number; }));
     }
 }
 
@@ -219,5 +219,5 @@ TEST_F(RemoteMovie, mayBeLetGoOf_whileNothingAnswers)
         movie->play();
         ASSERT_TRUE(loads(*movie));
     }
-    EXPECT_TRUE(waitUntil([before] { return threadCount() == before; }, 1000));
+    EXPECT_TRUE(waitUntil([before] { return threadCount() == before; }));
 }

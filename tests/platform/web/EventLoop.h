@@ -10,7 +10,7 @@ namespace kestro {
 /// Turns the event loop until the condition holds; false where it does not within half a minute.
 inline bool turnUntil(const std::function<bool()>& condition)
 {
-    constexpr int bound = 30000;
+    constexpr int bound = 180000;
     constexpr int step = 5;
     QEventLoop loop;
     QTimer look;
