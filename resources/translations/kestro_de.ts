@@ -1,0 +1,266 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en_US">
+<context>
+    <name>Kestro</name>
+    <message>
+        <source>You selected &apos;.slideSaver&apos;. 
+You may need to restart &apos;System Preferences.app&apos; to take effect properly.</source>
+        <translation>Sie haben einen „.slideSaver“ ausgewählt. 
+Eventuell müssen Sie „System Preferences.app“ neu starten, damit dies richtig wirksam wird.</translation>
+    </message>
+    <message>
+        <source>Invalid URL string.</source>
+        <translation>Ungültige URL.</translation>
+    </message>
+    <message>
+        <source>Alert</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Failed to create movie.
+Please try again.</source>
+        <translation>Der Film konnte nicht geöffnet werden.
+Bitte versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>LatestPanel</name>
+    <message>
+        <source>Latest Trailers</source>
+        <translation>Neueste Trailer</translation>
+    </message>
+    <message>
+        <source>Adds an entry that always plays the newest trailers found.</source>
+        <translation>Fügt einen Eintrag hinzu, der stets die neuesten gefundenen Trailer abspielt.</translation>
+    </message>
+    <message>
+        <source>&amp;Number of trailers:</source>
+        <translation>&amp;Anzahl der Trailer:</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Frame &amp;width:</source>
+        <translation>&amp;Bildbreite:</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>TrailerCont</name>
+    <message>
+        <source>Trailers</source>
+        <translation>Trailer</translation>
+    </message>
+    <message>
+        <source>Site &amp;address:</source>
+        <translation>&amp;Adresse der Site:</translation>
+    </message>
+    <message>
+        <source>The page of a trailer site that a scan begins with</source>
+        <translation>Die Seite einer Trailer-Site, bei der die Suche beginnt</translation>
+    </message>
+    <message>
+        <source>Looks for trailers on the site, or stops looking</source>
+        <translation>Sucht auf der Site nach Trailern oder bricht die Suche ab</translation>
+    </message>
+    <message>
+        <source>Trailers found</source>
+        <translation>Gefundene Trailer</translation>
+    </message>
+    <message>
+        <source>Selected trailers, and all trailers</source>
+        <translation>Ausgewählte Trailer und alle Trailer</translation>
+    </message>
+    <message>
+        <source>Scanning</source>
+        <translation>Site wird durchsucht</translation>
+    </message>
+    <message>
+        <source>&amp;Find:</source>
+        <translation>&amp;Suchen:</translation>
+    </message>
+    <message>
+        <source>Return selects the next trailer whose address contains this text</source>
+        <translation>Die Eingabetaste wählt den nächsten Trailer, dessen Adresse diesen Text enthält</translation>
+    </message>
+    <message>
+        <source>Forgets all trailers and all pages that were read</source>
+        <translation>Vergisst alle Trailer und alle gelesenen Seiten</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>&amp;Liste leeren</translation>
+    </message>
+    <message>
+        <source>Plays the selected trailer in a window of its own</source>
+        <translation>Spielt den ausgewählten Trailer in einem eigenen Fenster ab</translation>
+    </message>
+    <message>
+        <source>&amp;Preview</source>
+        <translation>&amp;Vorschau</translation>
+    </message>
+    <message>
+        <source>Saves the movie file of the selected trailer</source>
+        <translation>Speichert die Filmdatei des ausgewählten Trailers</translation>
+    </message>
+    <message>
+        <source>&amp;Save…</source>
+        <translation>S&amp;peichern…</translation>
+    </message>
+    <message>
+        <source>Adds an entry to the playlist that stands for the newest trailers</source>
+        <translation>Fügt der Wiedergabeliste einen Eintrag hinzu, der für die neuesten Trailer steht</translation>
+    </message>
+    <message>
+        <source>Add &amp;Latest…</source>
+        <translation>&amp;Neueste hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Adds the selected trailers to the playlist</source>
+        <translation>Fügt die ausgewählten Trailer zur Wiedergabeliste hinzu</translation>
+    </message>
+    <message>
+        <source>A&amp;dd</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PanelWindow</name>
+    <message>
+        <source>Sort by &amp;URL</source>
+        <translation>Nach &amp;URL sortieren</translation>
+    </message>
+    <message>
+        <source>Sort by &amp;Date</source>
+        <translation>Nach &amp;Datum sortieren</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Durchsuchen</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlayButton</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PreviewWindow</name>
+    <message>
+        <source>Movie Trailer</source>
+        <translation>Filmtrailer</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::RQTableViewRowMove</name>
+    <message>
+        <source>To move a row, drag it, or select it and press Alt+Up or Alt+Down.</source>
+        <translation>Um eine Zeile zu verschieben, ziehen Sie sie, oder wählen Sie sie aus und drücken Sie Alt+Aufwärts oder Alt+Abwärts.</translation>
+    </message>
+    <message>
+        <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
+        <translation>Um eine Zeile zu verschieben, ziehen Sie sie bei gedrückter Alt-Taste, oder wählen Sie sie aus und drücken Sie Alt+Aufwärts oder Alt+Abwärts. Manche Fensterverwaltungen verschieben beim Ziehen mit Alt das Fenster: Benutzen Sie dort die Tasten.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::SaveTrailer</name>
+    <message>
+        <source>%1 already exists.
+Replace it?</source>
+        <translation>%1 ist bereits vorhanden.
+Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Save Trailer</source>
+        <translation>Trailer speichern</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ScrubBar</name>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::TrailerDownload</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Saving %1…</source>
+        <translation>%1 wird gespeichert…</translation>
+    </message>
+    <message>
+        <source>Save Trailer</source>
+        <translation>Trailer speichern</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::TrailerPanel</name>
+    <message>
+        <source>Scan finished. Pages read: %1</source>
+        <translation>Suche beendet. Gelesene Seiten: %1</translation>
+    </message>
+    <message>
+        <source>Scan stopped. Pages read: %1</source>
+        <translation>Suche angehalten. Gelesene Seiten: %1</translation>
+    </message>
+    <message>
+        <source>The page at this address cannot be read.</source>
+        <translation>Die Seite unter dieser Adresse kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The site is being scanned already.</source>
+        <translation>Die Site wird bereits durchsucht.</translation>
+    </message>
+    <message>
+        <source>This is not the address of a page.</source>
+        <translation>Dies ist nicht die Adresse einer Seite.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::TrailerTableModel</name>
+    <message>
+        <source>SEL</source>
+        <translation>AUSW.</translation>
+    </message>
+    <message>
+        <source>URL</source>
+        <translation>URL</translation>
+    </message>
+    <message>
+        <source>SIZE</source>
+        <translation>GRÖSSE</translation>
+    </message>
+    <message>
+        <source>DATE</source>
+        <translation>DATUM</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,266 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en_US">
+<context>
+    <name>Kestro</name>
+    <message>
+        <source>You selected &apos;.slideSaver&apos;. 
+You may need to restart &apos;System Preferences.app&apos; to take effect properly.</source>
+        <translation>Vous avez sélectionné un « .slideSaver ». 
+Il peut être nécessaire de redémarrer « System Preferences.app » pour que cela prenne effet correctement.</translation>
+    </message>
+    <message>
+        <source>Invalid URL string.</source>
+        <translation>URL incorrecte.</translation>
+    </message>
+    <message>
+        <source>Alert</source>
+        <translation>Alerte</translation>
+    </message>
+    <message>
+        <source>Failed to create movie.
+Please try again.</source>
+        <translation>Impossible d’ouvrir le film.
+Veuillez réessayer.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>LatestPanel</name>
+    <message>
+        <source>Latest Trailers</source>
+        <translation>Dernières bandes-annonces</translation>
+    </message>
+    <message>
+        <source>Adds an entry that always plays the newest trailers found.</source>
+        <translation>Ajoute une entrée qui joue toujours les dernières bandes-annonces trouvées.</translation>
+    </message>
+    <message>
+        <source>&amp;Number of trailers:</source>
+        <translation>&amp;Nombre de bandes-annonces :</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Toutes</translation>
+    </message>
+    <message>
+        <source>Frame &amp;width:</source>
+        <translation>&amp;Largeur d’image :</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>TrailerCont</name>
+    <message>
+        <source>Trailers</source>
+        <translation>Bandes-annonces</translation>
+    </message>
+    <message>
+        <source>Site &amp;address:</source>
+        <translation>&amp;Adresse du site :</translation>
+    </message>
+    <message>
+        <source>The page of a trailer site that a scan begins with</source>
+        <translation>La page d’un site de bandes-annonces par laquelle l’analyse commence</translation>
+    </message>
+    <message>
+        <source>Looks for trailers on the site, or stops looking</source>
+        <translation>Cherche des bandes-annonces sur le site, ou arrête la recherche</translation>
+    </message>
+    <message>
+        <source>Trailers found</source>
+        <translation>Bandes-annonces trouvées</translation>
+    </message>
+    <message>
+        <source>Selected trailers, and all trailers</source>
+        <translation>Bandes-annonces sélectionnées, et toutes</translation>
+    </message>
+    <message>
+        <source>Scanning</source>
+        <translation>Analyse en cours</translation>
+    </message>
+    <message>
+        <source>&amp;Find:</source>
+        <translation>&amp;Rechercher :</translation>
+    </message>
+    <message>
+        <source>Return selects the next trailer whose address contains this text</source>
+        <translation>Entrée sélectionne la bande-annonce suivante dont l’adresse contient ce texte</translation>
+    </message>
+    <message>
+        <source>Forgets all trailers and all pages that were read</source>
+        <translation>Oublie toutes les bandes-annonces et toutes les pages lues</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>&amp;Vider la liste</translation>
+    </message>
+    <message>
+        <source>Plays the selected trailer in a window of its own</source>
+        <translation>Joue la bande-annonce sélectionnée dans sa propre fenêtre</translation>
+    </message>
+    <message>
+        <source>&amp;Preview</source>
+        <translation>A&amp;perçu</translation>
+    </message>
+    <message>
+        <source>Saves the movie file of the selected trailer</source>
+        <translation>Enregistre le fichier du film de la bande-annonce sélectionnée</translation>
+    </message>
+    <message>
+        <source>&amp;Save…</source>
+        <translation>&amp;Enregistrer…</translation>
+    </message>
+    <message>
+        <source>Adds an entry to the playlist that stands for the newest trailers</source>
+        <translation>Ajoute à la liste de lecture une entrée qui représente les dernières bandes-annonces</translation>
+    </message>
+    <message>
+        <source>Add &amp;Latest…</source>
+        <translation>Ajouter les &amp;dernières…</translation>
+    </message>
+    <message>
+        <source>Adds the selected trailers to the playlist</source>
+        <translation>Ajoute les bandes-annonces sélectionnées à la liste de lecture</translation>
+    </message>
+    <message>
+        <source>A&amp;dd</source>
+        <translation>A&amp;jouter</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PanelWindow</name>
+    <message>
+        <source>Sort by &amp;URL</source>
+        <translation>Trier par &amp;URL</translation>
+    </message>
+    <message>
+        <source>Sort by &amp;Date</source>
+        <translation>Trier par da&amp;te</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Analyser</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlayButton</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lecture</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PreviewWindow</name>
+    <message>
+        <source>Movie Trailer</source>
+        <translation>Bande-annonce</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::RQTableViewRowMove</name>
+    <message>
+        <source>To move a row, drag it, or select it and press Alt+Up or Alt+Down.</source>
+        <translation>Pour déplacer une ligne, faites-la glisser, ou sélectionnez-la et appuyez sur Alt+Haut ou Alt+Bas.</translation>
+    </message>
+    <message>
+        <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
+        <translation>Pour déplacer une ligne, faites-la glisser en maintenant Alt, ou sélectionnez-la et appuyez sur Alt+Haut ou Alt+Bas. Certains gestionnaires de fenêtres déplacent la fenêtre quand on glisse avec Alt : utilisez alors les touches.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::SaveTrailer</name>
+    <message>
+        <source>%1 already exists.
+Replace it?</source>
+        <translation>%1 existe déjà.
+Le remplacer ?</translation>
+    </message>
+    <message>
+        <source>Save Trailer</source>
+        <translation>Enregistrer la bande-annonce</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ScrubBar</name>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::TrailerDownload</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Saving %1…</source>
+        <translation>Enregistrement de %1…</translation>
+    </message>
+    <message>
+        <source>Save Trailer</source>
+        <translation>Enregistrer la bande-annonce</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::TrailerPanel</name>
+    <message>
+        <source>Scan finished. Pages read: %1</source>
+        <translation>Analyse terminée. Pages lues : %1</translation>
+    </message>
+    <message>
+        <source>Scan stopped. Pages read: %1</source>
+        <translation>Analyse arrêtée. Pages lues : %1</translation>
+    </message>
+    <message>
+        <source>The page at this address cannot be read.</source>
+        <translation>La page à cette adresse ne peut pas être lue.</translation>
+    </message>
+    <message>
+        <source>The site is being scanned already.</source>
+        <translation>Le site est déjà en cours d’analyse.</translation>
+    </message>
+    <message>
+        <source>This is not the address of a page.</source>
+        <translation>Ce n’est pas l’adresse d’une page.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::TrailerTableModel</name>
+    <message>
+        <source>SEL</source>
+        <translation>SÉL.</translation>
+    </message>
+    <message>
+        <source>URL</source>
+        <translation>URL</translation>
+    </message>
+    <message>
+        <source>SIZE</source>
+        <translation>TAILLE</translation>
+    </message>
+    <message>
+        <source>DATE</source>
+        <translation>DATE</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,266 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en_US">
+<context>
+    <name>Kestro</name>
+    <message>
+        <source>You selected &apos;.slideSaver&apos;. 
+You may need to restart &apos;System Preferences.app&apos; to take effect properly.</source>
+        <translation>“.slideSaver”が選択されました。 
+正しく反映するには“System Preferences.app”の再起動が必要な場合があります。</translation>
+    </message>
+    <message>
+        <source>Invalid URL string.</source>
+        <translation>URLが正しくありません。</translation>
+    </message>
+    <message>
+        <source>Alert</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Failed to create movie.
+Please try again.</source>
+        <translation>ムービーを開けませんでした。
+もう一度やり直してください。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>LatestPanel</name>
+    <message>
+        <source>Latest Trailers</source>
+        <translation>最新の予告編</translation>
+    </message>
+    <message>
+        <source>Adds an entry that always plays the newest trailers found.</source>
+        <translation>見つかった最新の予告編を常に再生する項目を追加します。</translation>
+    </message>
+    <message>
+        <source>&amp;Number of trailers:</source>
+        <translation>予告編の数(&amp;N):</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>Frame &amp;width:</source>
+        <translation>フレームの幅(&amp;W):</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>TrailerCont</name>
+    <message>
+        <source>Trailers</source>
+        <translation>予告編</translation>
+    </message>
+    <message>
+        <source>Site &amp;address:</source>
+        <translation>サイトのアドレス(&amp;A):</translation>
+    </message>
+    <message>
+        <source>The page of a trailer site that a scan begins with</source>
+        <translation>スキャンを始める予告編サイトのページ</translation>
+    </message>
+    <message>
+        <source>Looks for trailers on the site, or stops looking</source>
+        <translation>サイトで予告編を探します。探している間は中止します</translation>
+    </message>
+    <message>
+        <source>Trailers found</source>
+        <translation>見つかった予告編</translation>
+    </message>
+    <message>
+        <source>Selected trailers, and all trailers</source>
+        <translation>選択中の予告編とすべての予告編の数</translation>
+    </message>
+    <message>
+        <source>Scanning</source>
+        <translation>スキャン中</translation>
+    </message>
+    <message>
+        <source>&amp;Find:</source>
+        <translation>検索(&amp;F):</translation>
+    </message>
+    <message>
+        <source>Return selects the next trailer whose address contains this text</source>
+        <translation>Returnキーで、アドレスにこの文字列を含む次の予告編を選択します</translation>
+    </message>
+    <message>
+        <source>Forgets all trailers and all pages that were read</source>
+        <translation>すべての予告編と読み込んだページを消去します</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>リストを消去(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Plays the selected trailer in a window of its own</source>
+        <translation>選択した予告編を別のウインドウで再生します</translation>
+    </message>
+    <message>
+        <source>&amp;Preview</source>
+        <translation>プレビュー(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Saves the movie file of the selected trailer</source>
+        <translation>選択した予告編のムービーファイルを保存します</translation>
+    </message>
+    <message>
+        <source>&amp;Save…</source>
+        <translation>保存(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>Adds an entry to the playlist that stands for the newest trailers</source>
+        <translation>最新の予告編を表す項目を再生リストに追加します</translation>
+    </message>
+    <message>
+        <source>Add &amp;Latest…</source>
+        <translation>最新の予告編を追加(&amp;L)…</translation>
+    </message>
+    <message>
+        <source>Adds the selected trailers to the playlist</source>
+        <translation>選択した予告編を再生リストに追加します</translation>
+    </message>
+    <message>
+        <source>A&amp;dd</source>
+        <translation>追加(&amp;D)</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PanelWindow</name>
+    <message>
+        <source>Sort by &amp;URL</source>
+        <translation>URL順に並べ替え(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Sort by &amp;Date</source>
+        <translation>日付順に並べ替え(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>中止</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>スキャン</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlayButton</name>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PreviewWindow</name>
+    <message>
+        <source>Movie Trailer</source>
+        <translation>映画の予告編</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::RQTableViewRowMove</name>
+    <message>
+        <source>To move a row, drag it, or select it and press Alt+Up or Alt+Down.</source>
+        <translation>行を移動するには、ドラッグするか、選択してAlt+上矢印またはAlt+下矢印を押します。</translation>
+    </message>
+    <message>
+        <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
+        <translation>行を移動するには、Altキーを押しながらドラッグするか、選択してAlt+上矢印またはAlt+下矢印を押します。Altキーを押しながらのドラッグでウインドウが移動するウインドウマネージャーでは、キーを使ってください。</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::SaveTrailer</name>
+    <message>
+        <source>%1 already exists.
+Replace it?</source>
+        <translation>%1はすでにあります。
+置き換えますか?</translation>
+    </message>
+    <message>
+        <source>Save Trailer</source>
+        <translation>予告編を保存</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ScrubBar</name>
+    <message>
+        <source>Position</source>
+        <translation>再生位置</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::TrailerDownload</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Saving %1…</source>
+        <translation>%1を保存しています…</translation>
+    </message>
+    <message>
+        <source>Save Trailer</source>
+        <translation>予告編を保存</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::TrailerPanel</name>
+    <message>
+        <source>Scan finished. Pages read: %1</source>
+        <translation>スキャンが終わりました。読み込んだページ: %1</translation>
+    </message>
+    <message>
+        <source>Scan stopped. Pages read: %1</source>
+        <translation>スキャンを中止しました。読み込んだページ: %1</translation>
+    </message>
+    <message>
+        <source>The page at this address cannot be read.</source>
+        <translation>このアドレスのページを読み込めません。</translation>
+    </message>
+    <message>
+        <source>The site is being scanned already.</source>
+        <translation>このサイトはすでにスキャン中です。</translation>
+    </message>
+    <message>
+        <source>This is not the address of a page.</source>
+        <translation>これはページのアドレスではありません。</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::TrailerTableModel</name>
+    <message>
+        <source>SEL</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>URL</source>
+        <translation>URL</translation>
+    </message>
+    <message>
+        <source>SIZE</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>DATE</source>
+        <translation>日付</translation>
+    </message>
+</context>
+</TS>
