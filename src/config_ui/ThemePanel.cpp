@@ -1,0 +1,170 @@
+#include "config_ui/ThemePanel.h"
+
+#include "platform/movie/MovieLibrary.h"
+#include "platform/movie/NSMovie.h"
+#include "platform/movie/QTMovie.h"
+#include "ui_ThemePanel.h"
+#include "widgets/MoviePreview.h"
+
+#include <QHeaderView>
+#include <QScreen>
+#include <QShowEvent>
+#include <QStyle>
+
+namespace kestro {
+
+namespace {
+
+constexpr int tableCharacters = 72; ///< that the table shows beside the preview
+
+/// A red that stands out from the table's ground, whether that is light or dark.
+QColor recommendedColour(const QPalette& palette)
+{
+    const bool isDark = palette.color(QPalette::Base).lightness() < 128;
+    return isDark ? QColor(255, 112, 104) : QColor(196, 0, 0);
+}
+
+} // namespace
+
+ThemePanel::ThemePanel(URLListReceiver& playlist, MovieLibrary& movies, QWidget* parent,
+                       const SurfaceServices& services)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::ThemePanel>())
+    , m_browser(playlist)
+    , m_movies(movies)
+    , m_themeMovieView(new MoviePreview(this, services))
+{
+    m_ui->setupUi(this);
+    setModal(true);
+    m_themeMovieView->setAccessibleName(tr("Preview of the selected movie"));
+    m_themeMovieView->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_ui->previewPlace->addWidget(m_themeMovieView);
+    setUpTable();
+    setUpButtons();
+    colourRows();
+    showWhatCanBeDone();
+}
+
+// The widgets outlive the members that they look at.
+ThemePanel::~ThemePanel()
+{
+    m_ui->themeTable->removeEventFilter(this);
+    m_ui->themeTable->setModel(nullptr);
+}
+
+void ThemePanel::setUpTable()
+{
+    QTableView& table = *m_ui->themeTable;
+    table.setModel(&m_rows);
+    table.installEventFilter(this);
+    QHeaderView& header = *table.horizontalHeader();
+    header.setSectionResizeMode(ThemeTableModel::ThemeColumn, QHeaderView::ResizeToContents);
+    header.setSectionResizeMode(ThemeTableModel::PathColumn, QHeaderView::Stretch);
+    header.setSectionResizeMode(ThemeTableModel::RecommendedColumn, QHeaderView::ResizeToContents);
+    header.setHighlightSections(false);
+    table.verticalHeader()->setDefaultSectionSize(table.verticalHeader()->minimumSectionSize());
+    connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ThemePanel::previewSelection);
+    connect(&table, &QTableView::doubleClicked, this, &ThemePanel::selectIDVDTheme);
+}
+
+void ThemePanel::setUpButtons()
+{
+    connect(m_ui->playButton, &QPushButton::clicked, this, &ThemePanel::selectIDVDTheme);
+    connect(m_ui->stopButton, &QPushButton::clicked, this, &ThemePanel::stopTheme);
+    connect(m_ui->addButton, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->cancelButton, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void ThemePanel::showIDVDThemes()
+{
+    const auto before = m_browser.themeList().size();
+    m_browser.showIDVDThemes();
+    if (m_browser.themeList().size() != before) m_rows.reload();
+    if (m_browser.themeList().isEmpty()) m_ui->explanation->setText(tr("No theme movies were found."));
+    m_ui->themeTable->setFocus();
+    open();
+}
+
+void ThemePanel::closeIDVDThemesPanel(int tag)
+{
+    m_browser.closeIDVDThemesPanel(tag, selectedRows());
+    QDialog::done(tag == 0 ? Rejected : Accepted);
+}
+
+// Whatever closes the panel, the key for it and the window's own button included.
+void ThemePanel::done(int result)
+{
+    closeIDVDThemesPanel(result == Accepted ? 1 : 0);
+}
+
+void ThemePanel::selectIDVDTheme()
+{
+    m_themeMovieView->start();
+}
+
+void ThemePanel::stopTheme()
+{
+    m_themeMovieView->stop();
+}
+
+QList<int> ThemePanel::selectedRows() const
+{
+    QList<int> rows;
+    for (const QModelIndex& index : m_ui->themeTable->selectionModel()->selectedRows())
+        rows.append(index.row());
+    return rows;
+}
+
+// Of several selected movies it is the one that was selected last.
+void ThemePanel::previewSelection()
+{
+    const QList<int> rows = selectedRows();
+    if (!rows.isEmpty()) {
+        const int current = m_ui->themeTable->currentIndex().row();
+        const QUrl url = m_browser.movieURL(rows.contains(current) ? current : rows.last());
+        const auto& shown = m_themeMovieView->movie();
+        if (!shown || shown->url() != url) {
+            m_themeMovieView->setMovie(NSMovie(m_movies.movieWithURL(url)));
+            selectIDVDTheme();
+        }
+    }
+    showWhatCanBeDone();
+}
+
+void ThemePanel::showWhatCanBeDone()
+{
+    const bool hasMovie = m_themeMovieView->movie() != nullptr;
+    m_ui->playButton->setEnabled(hasMovie);
+    m_ui->stopButton->setEnabled(hasMovie);
+    m_ui->addButton->setEnabled(!selectedRows().isEmpty());
+}
+
+void ThemePanel::colourRows()
+{
+    m_rows.setRecommendedColour(recommendedColour(m_ui->themeTable->palette()));
+}
+
+// The table's palette follows the panel's, and the desktop's, on its own.
+bool ThemePanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_ui->themeTable && event->type() == QEvent::PaletteChange) colourRows();
+    return QDialog::eventFilter(watched, event);
+}
+
+void ThemePanel::fitToScreen()
+{
+    const QSize room =
+        screen()->availableSize() - QSize(0, 2 * style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const int tableWidth = fontMetrics().averageCharWidth() * tableCharacters;
+    const QSize best(tableWidth * 5 / 3, tableWidth * 2 / 3);
+    resize(best.expandedTo(minimumSizeHint()).boundedTo(room));
+}
+
+void ThemePanel::showEvent(QShowEvent* event)
+{
+    if (!testAttribute(Qt::WA_Resized)) fitToScreen();
+    QDialog::showEvent(event);
+}
+
+} // namespace kestro
