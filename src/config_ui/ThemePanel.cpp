@@ -15,7 +15,7 @@ namespace kestro {
 
 namespace {
 
-constexpr int tableCharacters = 72; ///< that the table shows beside the preview
+constexpr int tableCharacters = 96; ///< that the table shows beside the preview
 
 /// A red that stands out from the table's ground, whether that is light or dark.
 QColor recommendedColour(const QPalette& palette)
@@ -157,7 +157,7 @@ void ThemePanel::fitToScreen()
     const QSize room =
         screen()->availableSize() - QSize(0, 2 * style()->pixelMetric(QStyle::PM_TitleBarHeight));
     const int tableWidth = fontMetrics().averageCharWidth() * tableCharacters;
-    const QSize best(tableWidth * 5 / 3, tableWidth * 2 / 3);
+    const QSize best(tableWidth * 5 / 3, tableWidth * 3 / 4);
     resize(best.expandedTo(minimumSizeHint()).boundedTo(room));
 }
 
