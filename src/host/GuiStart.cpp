@@ -64,7 +64,7 @@ private:
     }
 };
 
-std::unique_ptr<QGuiApplication> makeApplication()
+std::unique_ptr<QGuiApplication> makeApplication(const ApplicationMaker& maker)
 {
     // Qt keeps references to both. It gets no arguments: ours are checked, and it would take its own from
     // them.
@@ -72,15 +72,21 @@ std::unique_ptr<QGuiApplication> makeApplication()
     static char* words[] = {name, nullptr};
     static int count = 1;
     const QuietStart quiet;
-    return std::make_unique<QGuiApplication>(count, words);
+    return maker(count, words);
 }
 
 } // namespace
 
 std::unique_ptr<QGuiApplication> startGui()
 {
+    return startGuiWith(
+        [](int& count, char** words) { return std::make_unique<QGuiApplication>(count, words); });
+}
+
+std::unique_ptr<QGuiApplication> startGuiWith(const ApplicationMaker& maker)
+{
     if (!hasDisplay()) leaveWithoutDisplay();
-    auto application = makeApplication();
+    auto application = makeApplication(maker);
     QGuiApplication::setApplicationName(QStringLiteral("kestro"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // The application object has set the user's locale; libmpv refuses to start under one with another

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 class QGuiApplication;
@@ -10,6 +11,11 @@ namespace kestro {
 /// our own. Where no display can be reached the process says so in one line on standard error and ends with a
 /// failure: Qt would abort it, and gives no other way out. Never null; once a process; main thread.
 [[nodiscard]] std::unique_ptr<QGuiApplication> startGui();
+
+/// Makes an application object of a kind of its own of what it is given, which lives as long as the process.
+using ApplicationMaker = std::function<std::unique_ptr<QGuiApplication>(int& count, char** words)>;
+/// The same with an application object that `maker` makes.
+[[nodiscard]] std::unique_ptr<QGuiApplication> startGuiWith(const ApplicationMaker& maker);
 
 /// The same for drawing in an X11 window that another program hands over, point by pixel, whatever window
 /// system and scale the environment asks for. The process is not for a session to start anew.

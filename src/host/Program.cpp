@@ -9,6 +9,7 @@
 #include "host/RenderCommand.h"
 #include "host/RunCommand.h"
 #include "host/ScanCommand.h"
+#include "host/SettingsCommand.h"
 #include "host/ShowSettingsCommand.h"
 
 #include <algorithm>
@@ -79,11 +80,17 @@ QString Program::overview() const
 
 QList<Command> allCommands()
 {
-    return {runCommand(),         showSettingsCommand(),
-            playlistCommand(),    scanCommand(),
-            latestCommand(),      renderCommand(),
-            inspectPageCommand(), publishCommand(),
-            importHacksCommand(), installXscreensaverCommand()};
+    return {runCommand(),
+            settingsCommand(),
+            showSettingsCommand(),
+            playlistCommand(),
+            scanCommand(),
+            latestCommand(),
+            renderCommand(),
+            inspectPageCommand(),
+            publishCommand(),
+            importHacksCommand(),
+            installXscreensaverCommand()};
 }
 
 } // namespace kestro

@@ -107,12 +107,17 @@ QList<XscreensaverFile::Lines> XscreensaverFile::kestroEntries() const
     return found;
 }
 
+bool XscreensaverFile::isListed() const
+{
+    const auto present = kestroEntries();
+    return !std::ranges::all_of(present, [this](Lines entry) { return isOff(entry); });
+}
+
 void XscreensaverFile::add(const QByteArray& command)
 {
     const auto present = kestroEntries();
-    const auto isOff = [this](Lines entry) { return payload(entry).startsWith('-'); };
     if (!present.isEmpty()) {
-        if (!std::ranges::all_of(present, isOff)) return;
+        if (isListed()) return;
         QByteArray& line = m_lines[present.front().begin];
         line[line.indexOf('-')] = ' ';
         return;

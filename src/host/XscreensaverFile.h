@@ -14,6 +14,8 @@ public:
 
     [[nodiscard]] QByteArray text() const { return m_lines.join(); }
 
+    /// Whether Kestro is in the list and switched on.
+    [[nodiscard]] bool isListed() const;
     /// Puts Kestro, run by `command`, at the end of the list, where no other entry's number changes: the
     /// chosen saver is stored as one. Switches it on where it is there but off; nothing where it is there and
     /// on. Where the file has no list it gets one: xscreensaver adds its own savers to it.
@@ -32,6 +34,7 @@ private:
     [[nodiscard]] Lines find(const QByteArray& key) const;
     [[nodiscard]] QList<Lines> kestroEntries() const;
     [[nodiscard]] QByteArray payload(Lines lines) const;
+    [[nodiscard]] bool isOff(Lines entry) const { return payload(entry).startsWith('-'); }
     void append(Lines list, const QByteArray& entry);
     void removeEntry(Lines entry);
     void keepChosen(qsizetype removedNumber);

@@ -60,6 +60,15 @@ TEST(XscreensaverFile, addAndRemove_changeNothing_whenThereIsNothingToDo)
     EXPECT_EQ(removed({}), QByteArray());
 }
 
+TEST(XscreensaverFile, isListed_tellsOfAnEntryThatIsOn)
+{
+    EXPECT_FALSE(XscreensaverFile({}).isListed());
+    EXPECT_FALSE(XscreensaverFile(fileWith(others)).isListed());
+    EXPECT_FALSE(XscreensaverFile(fileWith("- " + ours.trimmed() + "\n")).isListed());
+    EXPECT_TRUE(XscreensaverFile(fileWith(others + ours)).isListed());
+    EXPECT_TRUE(XscreensaverFile(fileWith("- " + ours.trimmed() + "\n" + ours)).isListed());
+}
+
 TEST(XscreensaverFile, add_switchesTheEntryOn_whenItIsOff)
 {
     const QByteArray off = "- GL:  \"My movies\" /opt/bin/kestro --root --mode fly \\n\\\n";

@@ -71,6 +71,18 @@ class InstalledTree(unittest.TestCase):
         with open(trace, encoding="utf-8") as file:
             self.assertIn(f"{self.prefix}/share/kestro/root/".replace(" ", "%20"), file.read())
 
+    def test_settings_areInTheDesktopsMenu_whenInstalled(self):
+        entry = os.path.join(self.prefix, "share/applications/kestro-settings.desktop")
+        checked = subprocess.run(["desktop-file-validate", entry], capture_output=True, text=True, timeout=60, check=False)
+        self.assertEqual((checked.returncode, checked.stdout + checked.stderr), (0, ""))
+        with open(entry, encoding="utf-8") as file:
+            keys = dict(line.rstrip().split("=", 1) for line in file if "=" in line)
+        program, *words = keys["Exec"].split()
+        self.assertEqual(self.kestro(*words, "--help").returncode, 0)
+        self.assertTrue(os.access(os.path.join(self.prefix, "bin", program), os.X_OK))
+        self.assertTrue(os.path.isfile(os.path.join(self.prefix, f"share/icons/hicolor/scalable/apps/{keys['Icon']}.svg")))
+        self.assertTrue(os.access(os.path.join(self.prefix, "lib/kestro/kestro-settings"), os.X_OK))
+
     def test_package_holdsItsDocuments_whenInstalled(self):
         for path in ("share/man/man1/kestro.1", "share/doc/kestro/README.md", "share/doc/kestro/LICENSE"):
             self.assertTrue(os.path.isfile(os.path.join(self.prefix, path)), path)

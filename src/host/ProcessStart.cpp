@@ -1,0 +1,50 @@
+#include "host/ProcessStart.h"
+
+#include <QFile>
+
+#include <clocale>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <langinfo.h>
+#include <malloc.h>
+
+namespace kestro {
+
+namespace {
+
+/// File names and URLs are UTF-8 here whatever the shell's locale says; set before Qt looks, it has nothing
+/// to warn of.
+void useUtf8()
+{
+    std::setlocale(LC_CTYPE, "");
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) setenv("LC_ALL", "C.UTF-8", 1);
+}
+
+/// Each movie brings threads of its own, and each thread would get a share of memory of its own that keeps
+/// what it once held: after an hour of short movies the double of what is in use.
+void shareMemoryAmongThreads()
+{
+    mallopt(M_ARENA_MAX, 2);
+}
+
+} // namespace
+
+void prepareProcess()
+{
+    useUtf8();
+    shareMemoryAmongThreads();
+    // A reader that goes away (a log that nobody reads any more, `kestro playlist | head`) is no reason to
+    // die: it shows where something is written.
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+QStringList wordsFrom(int count, char** words)
+{
+    QStringList list;
+    for (int i = 1; i < count; ++i)
+        list.append(QFile::decodeName(words[i]));
+    return list;
+}
+
+} // namespace kestro

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QStringList>
+
+namespace kestro {
+
+// What each program of the package does first. Main thread.
+
+/// Readies the process: names in UTF-8, one share of memory for all threads, no death by a reader that goes
+/// away. Before Qt is used.
+void prepareProcess();
+
+/// The words after the program's name.
+[[nodiscard]] QStringList wordsFrom(int count, char** words);
+
+} // namespace kestro

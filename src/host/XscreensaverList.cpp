@@ -1,0 +1,106 @@
+#include "host/XscreensaverList.h"
+
+#include "host/XscreensaverFile.h"
+#include "platform/base/Paths.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+
+namespace kestro {
+
+namespace {
+
+Result<QByteArray> read(const QString& path)
+{
+    QFile file(path);
+    if (!file.exists()) return QByteArray();
+    if (file.open(QIODevice::ReadOnly)) return file.readAll();
+    return Error{QStringLiteral("Cannot read %1: %2").arg(path, file.errorString())};
+}
+
+/// Writes the whole file or nothing; a link stays a link and the mode what it is. Answers the error.
+std::optional<Error> write(const QString& path, const QByteArray& text)
+{
+    QSaveFile file(path);
+    // flush() because commit() does not notice when the last, still buffered bytes find no room.
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() && file.commit();
+    if (isWritten) return std::nullopt;
+    return Error{QStringLiteral("Cannot write %1: %2").arg(path, file.errorString())};
+}
+
+} // namespace
+
+XscreensaverList::XscreensaverList(QString path, QString program)
+    : m_path(std::move(path))
+    , m_program(std::move(program))
+{
+}
+
+XscreensaverList XscreensaverList::ofUser(const QString& program)
+{
+    return {homeFolder() + QStringLiteral("/.xscreensaver"), program};
+}
+
+Result<bool> XscreensaverList::isListed() const
+{
+    const auto text = read(m_path);
+    if (!text) return Error{text.error()};
+    return XscreensaverFile(text.value()).isListed();
+}
+
+Result<XscreensaverList::Change> XscreensaverList::add() const
+{
+    const auto before = read(m_path);
+    if (!before) return Error{before.error()};
+    const auto own = command();
+    if (!own) return Error{own.error()};
+    XscreensaverFile file(before.value());
+    file.add(own.value() + " --root");
+    return store(before.value(), file.text());
+}
+
+Result<XscreensaverList::Change> XscreensaverList::remove() const
+{
+    const auto before = read(m_path);
+    if (!before) return Error{before.error()};
+    XscreensaverFile file(before.value());
+    file.remove();
+    return store(before.value(), file.text());
+}
+
+/// How a shell is to call the program: by its name where the search path leads to it, else by its path.
+Result<QByteArray> XscreensaverList::command() const
+{
+    const QString self = QFileInfo(m_program).canonicalFilePath();
+    const QString found = QStandardPaths::findExecutable(QStringLiteral("kestro"));
+    if (QFileInfo(found).canonicalFilePath() == self && !found.isEmpty()) return QByteArrayLiteral("kestro");
+    const QByteArray path = QFile::encodeName(self);
+    const auto isPlain = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) || std::strchr("/._-+", c);
+    };
+    if (std::ranges::all_of(path, isPlain)) return path;
+    // Neither a quote nor what the file's own format makes something else of can be quoted.
+    for (const char unfit : {'\'', '\\', '\n', '"'})
+        if (path.contains(unfit)) return Error{QStringLiteral("xscreensaver cannot run ") + self};
+    return QByteArray('\'' + path + '\'');
+}
+
+Result<XscreensaverList::Change> XscreensaverList::store(const QByteArray& before,
+                                                         const QByteArray& after) const
+{
+    if (after == before) return Change{};
+    const bool isNew = !QFile::exists(m_path);
+    const QString backup = isNew ? QString() : m_path + QStringLiteral(".kestro-backup");
+    if (const auto error = isNew ? std::nullopt : write(backup, before)) return *error;
+    if (const auto error = write(m_path, after)) return *error;
+    return Change{true, backup};
+}
+
+} // namespace kestro

@@ -1,0 +1,93 @@
+#include "host/preferences/SaverPreview.h"
+
+#include "engine/MySaver.h"
+#include "host/HostedSaver.h"
+#include "platform/display/Notifications.h"
+#include "platform/display/Screen.h"
+#include "platform/display/Timer.h"
+#include "platform/saver/ScreenSaverView.h"
+#include "presentation/MovieFrame.h"
+#include "settings/ConfigurableSaver.h"
+#include "widgets/SurfaceWidget.h"
+
+#include <utility>
+
+namespace kestro {
+
+SaverPreview::SaverPreview(ViewFactory factory, QWidget* parent, const SurfaceServices& services)
+    : QWidget(parent)
+    , m_factory(std::move(factory))
+    , m_surface(new SurfaceWidget(this, services))
+{
+    setAccessibleName(tr("Preview"));
+    m_surface->setAccessibleName(tr("Preview"));
+    m_surface->desktop().setScreenObserver({{},
+                                            [this](Screen&) {
+                                                if (m_hosted) m_hosted->fitToScreen();
+                                            },
+                                            {}});
+}
+
+SaverPreview::~SaverPreview()
+{
+    end();
+    m_hosted.reset();
+    m_view.reset(); // while there is still a desktop that it is on
+    m_surface->desktop().setScreenObserver({});
+}
+
+bool SaverPreview::start()
+{
+    m_view = m_factory({{0, 0}, m_surface->screen().frame().size}, m_surface->desktop());
+    if (m_view) apply();
+    return m_view != nullptr;
+}
+
+void SaverPreview::setPaused(Pause reason, bool paused)
+{
+    m_pauses = paused ? m_pauses | reason : m_pauses & ~unsigned{reason};
+    apply();
+}
+
+void SaverPreview::apply()
+{
+    const bool mayRun = m_view && m_pauses == 0 && !m_isOver;
+    if (mayRun == isRunning()) return;
+    if (!mayRun) return halt();
+    m_hosted = std::make_shared<HostedSaver>(m_surface->screen(), m_view, nullptr);
+    const auto hosted = m_hosted; // it may be paused while it starts
+    hosted->start();
+}
+
+/// A view that is stopped lets its movie run on, which would be decoded for nobody; started again, it has the
+/// movie go on.
+void SaverPreview::halt()
+{
+    std::exchange(m_hosted, nullptr)->stop();
+    const auto* movies = dynamic_cast<MySaver*>(m_view.get());
+    if (movies && movies->movieView()) movies->movieView()->stop(this);
+}
+
+ConfigurableSaver* SaverPreview::saver() const
+{
+    if (auto* own = dynamic_cast<ConfigurableSaver*>(m_view.get())) return own;
+    for (const Window* window : m_surface->screen().windows())
+        if (auto* above = dynamic_cast<ConfigurableSaver*>(window->contentView())) return above;
+    return nullptr;
+}
+
+void SaverPreview::end()
+{
+    if (std::exchange(m_isOver, true)) return;
+    apply();
+    WidgetDesktop& desktop = m_surface->desktop();
+    desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
+    desktop.timers().stopWaiting();
+}
+
+void SaverPreview::resizeEvent(QResizeEvent*)
+{
+    m_surface->setGeometry(rect());
+}
+
+} // namespace kestro

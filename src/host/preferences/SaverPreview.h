@@ -1,0 +1,63 @@
+#pragma once
+
+#include "widgets/WidgetDesktop.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+namespace kestro {
+
+class ConfigurableSaver;
+class HostedSaver;
+class ScreenSaverView;
+class SurfaceWidget;
+struct Rect;
+
+/// A saver that runs in a widget, as a host runs it on a screen: its view is made once, started, ticked,
+/// fitted to the widget, and stopped when the widget goes. Owned as any widget is. Main thread.
+class SaverPreview final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Makes the view, `frame` at (0, 0), on that desktop; null when it cannot.
+    using ViewFactory = std::function<std::shared_ptr<ScreenSaverView>(const Rect& frame, Desktop& desktop)>;
+
+    explicit SaverPreview(ViewFactory factory, QWidget* parent = nullptr,
+                          const SurfaceServices& services = SurfaceServices::real());
+    ~SaverPreview() override;
+
+    /// Makes the view and runs it; answers false when there is none. Once; lets events through meanwhile.
+    [[nodiscard]] bool start();
+    /// Why the saver does not run just now.
+    enum Pause : unsigned { OtherRuns = 1, Unseen = 2 };
+    /// The saver runs while nothing keeps it from it; it goes on where it was.
+    void setPaused(Pause reason, bool paused);
+    [[nodiscard]] bool isRunning() const { return m_hosted != nullptr; }
+
+    /// The saver whose options are edited: the view's own, or, where the view is of a saver that only stands
+    /// behind the movies, the one in a window above it. Null where none has options.
+    [[nodiscard]] ConfigurableSaver* saver() const;
+
+    /// Stops the saver for good, and tells all that the application ends.
+    void end();
+
+    [[nodiscard]] SurfaceWidget& surface() { return *m_surface; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void apply();
+    void halt();
+
+    ViewFactory m_factory;
+    SurfaceWidget* m_surface;                ///< Qt's parent owns it
+    std::shared_ptr<ScreenSaverView> m_view; ///< shared with who runs it
+    std::shared_ptr<HostedSaver> m_hosted;   ///< while it runs; shared as HostedSaver says
+    unsigned m_pauses = 0;
+    bool m_isOver = false;
+};
+
+} // namespace kestro

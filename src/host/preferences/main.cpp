@@ -1,0 +1,76 @@
+#include "host/Console.h"
+#include "host/GuiStart.h"
+#include "host/KestroBundle.h"
+#include "host/ProcessStart.h"
+#include "host/StopSignals.h"
+#include "host/preferences/PreferencesWindow.h"
+#include "host/preferences/Translations.h"
+#include "platform/base/Paths.h"
+#include "platform/saver/ScreenSaverView.h"
+
+#include <QApplication>
+#include <QSettings>
+
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+namespace kestro {
+
+namespace {
+
+constexpr unsigned patience = 2; // seconds
+
+/// Leaves the process without taking it apart, which would wait for players and fetches. A disk that stands
+/// still does not hold it up.
+[[noreturn]] void leave(PreferencesWindow& window)
+{
+    alarm(patience);
+    window.end();
+    std::fflush(nullptr);
+    std::_Exit(ExitSuccess);
+}
+
+std::unique_ptr<QGuiApplication> startWidgets()
+{
+    auto application =
+        startGuiWith([](int& count, char** words) { return std::make_unique<QApplication>(count, words); });
+    QGuiApplication::setDesktopFileName(QStringLiteral("kestro-settings"));
+    QGuiApplication::setWindowIcon(
+        QIcon(packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources/kestro.svg")));
+    installTranslations();
+    return application;
+}
+
+SaverPreview::ViewFactory viewsOf()
+{
+    return [](const Rect& frame, Desktop& desktop) -> std::shared_ptr<ScreenSaverView> {
+        const auto principal = kestroSaver();
+        return principal ? principal->initWithFrameIsPreview(frame, true, desktop) : nullptr;
+    };
+}
+
+int showSettings()
+{
+    const auto application = startWidgets();
+    const QString program = packagePrefix() + QStringLiteral("/bin/kestro");
+    QSettings state(homeFolder() + QStringLiteral("/.config/kestro/settings-window.conf"),
+                    QSettings::IniFormat);
+    PreferencesWindow window({viewsOf(), {}, program, XscreensaverList::ofUser(program), state});
+    const StopSignals signalWatch([&](int) { leave(window); });
+    QObject::connect(&window, &PreferencesWindow::closed, [&] { leave(window); });
+    window.show();
+    return QApplication::exec();
+}
+
+} // namespace
+
+} // namespace kestro
+
+int main(int argc, char**)
+{
+    kestro::prepareProcess();
+    if (argc == 1) return kestro::showSettings();
+    kestro::complain(QStringLiteral("kestro-settings takes no arguments (see kestro settings --help)"));
+    return kestro::ExitWrongUsage;
+}

@@ -1,0 +1,98 @@
+#include "host/XscreensaverList.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace kestro {
+
+namespace {
+
+class XscreensaverListTest : public testing::Test {
+protected:
+    void write(const QByteArray& text) const
+    {
+        QFile written(file());
+        ASSERT_TRUE(written.open(QIODevice::WriteOnly));
+        written.write(text);
+    }
+    [[nodiscard]] QByteArray text() const { return read(file()); }
+    [[nodiscard]] static QByteArray read(const QString& path)
+    {
+        QFile readFile(path);
+        return readFile.open(QIODevice::ReadOnly) ? readFile.readAll() : QByteArray();
+    }
+    [[nodiscard]] QString file() const { return home.filePath(QStringLiteral(".xscreensaver")); }
+    [[nodiscard]] XscreensaverList list(const QString& program = QStringLiteral("/opt/some/bin/kestro")) const
+    {
+        return {file(), program};
+    }
+
+    QTemporaryDir home;
+};
+
+} // namespace
+
+TEST_F(XscreensaverListTest, isListed_isFalse_whenThereIsNoFile)
+{
+    const auto listed = list().isListed();
+    ASSERT_TRUE(listed);
+    EXPECT_FALSE(listed.value());
+}
+
+TEST_F(XscreensaverListTest, add_makesTheFile_andRemoveTakesTheEntryOut)
+{
+    QFile program(home.filePath(QStringLiteral("kestro")));
+    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+    const XscreensaverList own = list(program.fileName());
+    const auto added = own.add();
+    ASSERT_TRUE(added);
+    EXPECT_TRUE(added.value().isChanged);
+    EXPECT_EQ(added.value().backup, QString());
+    EXPECT_TRUE(text().contains(QFile::encodeName(program.fileName()) + " --root"));
+    EXPECT_TRUE(own.isListed().value());
+    const auto removed = own.remove();
+    ASSERT_TRUE(removed);
+    EXPECT_TRUE(removed.value().isChanged);
+    EXPECT_FALSE(own.isListed().value());
+}
+
+TEST_F(XscreensaverListTest, add_keepsTheFileAsItWas_whenThereIsOne)
+{
+    const QByteArray before = "programs:\\\n  maze --root \\n\\\n\n";
+    write(before);
+    const auto added = list().add();
+    ASSERT_TRUE(added);
+    EXPECT_EQ(added.value().backup, file() + QStringLiteral(".kestro-backup"));
+    EXPECT_EQ(read(added.value().backup), before);
+}
+
+TEST_F(XscreensaverListTest, add_changesNothing_whenTheEntryIsThere)
+{
+    write("programs:\\\n  kestro --root \\n\\\n\n");
+    const auto added = list().add();
+    ASSERT_TRUE(added);
+    EXPECT_FALSE(added.value().isChanged);
+    EXPECT_FALSE(QFile::exists(file() + QStringLiteral(".kestro-backup")));
+}
+
+TEST_F(XscreensaverListTest, operations_sayWhy_whenTheFileCannotBeRead)
+{
+    ASSERT_TRUE(QDir(home.path()).mkdir(QStringLiteral(".xscreensaver")));
+    for (const QString& error : {list().isListed().error(), list().add().error(), list().remove().error()})
+        EXPECT_TRUE(error.startsWith(QStringLiteral("Cannot read ") + file())) << qPrintable(error);
+}
+
+TEST_F(XscreensaverListTest, add_refusesAProgramThatCannotBeQuoted)
+{
+    QFile program(home.filePath(QStringLiteral("it's")));
+    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+    const auto added = list(program.fileName()).add();
+    ASSERT_FALSE(added);
+    EXPECT_TRUE(added.error().startsWith(QStringLiteral("xscreensaver cannot run ")));
+    EXPECT_FALSE(QFile::exists(file()));
+}
+
+} // namespace kestro

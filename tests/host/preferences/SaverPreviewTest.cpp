@@ -1,0 +1,135 @@
+#include "host/preferences/SaverPreview.h"
+
+#include "host/preferences/PreferencesTest.h"
+#include "platform/display/Notifications.h"
+#include "widgets/SurfaceWidget.h"
+
+namespace kestro {
+
+namespace {
+
+class SaverPreviewTest : public PreferencesTest {
+protected:
+    SaverPreviewTest()
+    {
+        preview.resize(160, 90);
+        preview.show();
+    }
+
+    SaverPreview preview{views(), nullptr, services};
+};
+
+} // namespace
+
+TEST_F(SaverPreviewTest, start_makesAViewOfTheWidgetsSizeAndRunsIt)
+{
+    ASSERT_TRUE(preview.start());
+    EXPECT_EQ(frames, std::vector<Rect>({Rect{{0, 0}, {160, 90}}}));
+    EXPECT_EQ(journal, QStringList{QStringLiteral("start")});
+    timers.advance(0.25);
+    EXPECT_EQ(journal.count(QStringLiteral("tick")), 2);
+    EXPECT_TRUE(preview.isRunning());
+}
+
+TEST_F(SaverPreviewTest, saver_isSeenInTheWidget)
+{
+    ASSERT_TRUE(preview.start());
+    preview.surface().screen().update();
+    const QImage shown = preview.grab().toImage();
+    EXPECT_EQ(shown.pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_EQ(shown.pixelColor(159, 89), QColor(Qt::red));
+}
+
+TEST_F(SaverPreviewTest, view_isFitted_whenTheWidgetIsResized)
+{
+    ASSERT_TRUE(preview.start());
+    preview.resize(200, 100);
+    EXPECT_EQ(saver->frame(), (Rect{{0, 0}, {200, 100}}));
+}
+
+TEST_F(SaverPreviewTest, start_fails_whenNoViewCanBeMade)
+{
+    SaverPreview none([](const Rect&, Desktop&) { return nullptr; }, nullptr, services);
+    EXPECT_FALSE(none.start());
+    EXPECT_FALSE(none.isRunning());
+    EXPECT_EQ(none.saver(), nullptr);
+}
+
+TEST_F(SaverPreviewTest, saver_goesOnAsItWas_whenNothingHoldsItAnyMore)
+{
+    ASSERT_TRUE(preview.start());
+    preview.setPaused(SaverPreview::OtherRuns, true);
+    preview.setPaused(SaverPreview::Unseen, true);
+    EXPECT_FALSE(preview.isRunning());
+    preview.setPaused(SaverPreview::OtherRuns, false);
+    EXPECT_FALSE(preview.isRunning());
+    journal.clear();
+    timers.advance(1);
+    EXPECT_EQ(journal, QStringList());
+    preview.setPaused(SaverPreview::Unseen, false);
+    EXPECT_TRUE(preview.isRunning());
+    EXPECT_EQ(journal, QStringList{QStringLiteral("start")});
+    EXPECT_EQ(frames.size(), 1U);
+    timers.advance(0.1);
+    EXPECT_EQ(journal.back(), QStringLiteral("tick"));
+}
+
+TEST_F(SaverPreviewTest, saver_waits_whenPausedBeforeItStarts)
+{
+    preview.setPaused(SaverPreview::OtherRuns, true);
+    ASSERT_TRUE(preview.start());
+    EXPECT_EQ(journal, QStringList());
+    preview.setPaused(SaverPreview::OtherRuns, false);
+    EXPECT_EQ(journal, QStringList{QStringLiteral("start")});
+}
+
+TEST_F(SaverPreviewTest, end_stopsTheSaverForGood_andTellsSo)
+{
+    ASSERT_TRUE(preview.start());
+    int told = 0;
+    preview.surface().desktop().notifications().addObserver(this, Notice::ApplicationWillTerminate, nullptr,
+                                                            [&told] { ++told; });
+    preview.end();
+    preview.end();
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(journal.back(), QStringLiteral("stop"));
+    preview.setPaused(SaverPreview::OtherRuns, false);
+    EXPECT_FALSE(preview.isRunning());
+}
+
+TEST_F(SaverPreviewTest, saver_isTheViewsOwn)
+{
+    ASSERT_TRUE(preview.start());
+    EXPECT_EQ(preview.saver(), saver.get());
+}
+
+TEST_F(SaverPreviewTest, saver_isTheOneAbove_whenTheViewIsOfOneBehind)
+{
+    SaverPreview behind(
+        [this](const Rect& frame, Desktop&) {
+            return std::make_shared<FakeSaver>(frame, QStringLiteral("behind"), journal);
+        },
+        nullptr, services);
+    ASSERT_TRUE(behind.start());
+    EXPECT_EQ(behind.saver(), nullptr);
+    OptionSaver above({{0, 0}, {10, 10}}, journal);
+    Window window({{{0, 0}, {10, 10}}, &behind.surface().screen(), QStringLiteral("saver")});
+    window.setContentView(&above);
+    window.orderFront();
+    EXPECT_EQ(behind.saver(), &above);
+}
+
+TEST_F(SaverPreviewTest, view_goesBeforeItsDesktop)
+{
+    std::weak_ptr<ScreenSaverView> held;
+    {
+        SaverPreview other(views(), nullptr, services);
+        ASSERT_TRUE(other.start());
+        held = saver;
+        saver.reset();
+    }
+    EXPECT_TRUE(held.expired());
+    EXPECT_EQ(journal.back(), QStringLiteral("stop"));
+}
+
+} // namespace kestro

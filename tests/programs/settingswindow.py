@@ -1,0 +1,86 @@
+"""The window with the settings on a display of its own, for the tests that use it as a person would."""
+
+import os
+import pathlib
+import re
+import subprocess
+
+from harness import BOUND, KESTRO, ProgramTest, end_process, wait_until
+from xserver import XServer
+
+TITLE = "Kestro Settings"
+PROGRAM = pathlib.Path(KESTRO).resolve().parent.parent / "lib/kestro/kestro-settings"
+
+
+class SettingsTest(ProgramTest):
+    """A test with a display of 1024 by 768 and a window manager."""
+
+    def setUp(self):
+        super().setUp()
+        self.server = XServer("1024x768")
+        self.addCleanup(self.server.close)
+        manager = subprocess.Popen(["openbox"], env=self.display(), start_new_session=True, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(end_process, manager)
+        wait_until(lambda: "window id # 0x" in self.server.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "openbox")
+
+    def display(self, **more):
+        return self.home.environment(DISPLAY=self.server.display, **more)
+
+    def start_window(self, **environment):
+        """The program and the number of its window, once that has the focus."""
+        process = self.start_kestro("settings", DISPLAY=self.server.display, **environment)
+        return process, self.window(TITLE)
+
+    def window(self, title):
+        """The number of the window of that title, once it is shown and has the focus."""
+        return wait_until(lambda: self._focused(title), f'the window "{title}"')
+
+    def _focused(self, title):
+        active = re.search(r"# (0x[0-9a-f]+)", self.server.run("xprop", "-root", "_NET_ACTIVE_WINDOW"))
+        return active and self.title(active[1]) == title and active[1]
+
+    def title(self, window):
+        shown = subprocess.run(["xprop", "-id", window, "_NET_WM_NAME"], env=self.display(), capture_output=True, text=True,
+                               timeout=BOUND, check=False).stdout
+        found = re.search(r'= "(.*)"', shown)
+        return found and found[1]
+
+    def titles(self):
+        """Of all windows that the window manager has."""
+        listed = self.server.run("xprop", "-root", "_NET_CLIENT_LIST")
+        return [self.title(number) for number in re.findall(r"0x[0-9a-f]+", listed)]
+
+    def place(self, window):
+        """(x, y, width, height) of a window, without its frame."""
+        shown = self.server.run("xwininfo", "-id", window)
+        names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        return tuple(int(re.search(rf"{name}: +(-?\d+)", shown)[1]) for name in names)
+
+    def press(self, *keys):
+        self.server.run("xdotool", "key", "--clearmodifiers", *keys)
+
+    def middle_of_preview(self, window):
+        """A place well inside the preview, which is the upper part of the window."""
+        x, y, width, height = self.place(window)
+        return x + width // 2, y + height // 3
+
+    def shows(self, window, colour):
+        """Whether the preview shows a movie of that colour."""
+        return self.server.picture().is_near(*self.middle_of_preview(window), colour)
+
+    def children(self, process):
+        """What the program has started that is still there."""
+        listed = subprocess.run(["pgrep", "-P", str(process.pid)], capture_output=True, text=True, check=False).stdout
+        return [int(number) for number in listed.split()]
+
+    def close_window(self, process):
+        """Closes the window; the program must end with success and leave nothing behind."""
+        children = self.children(process)
+        # A key that comes while the window manager still moves the focus is lost.
+        wait_until(lambda: process.poll() is not None or self.press("ctrl+w"), "the end of the program")
+        status, errors = self.ended(process)
+        self.assertEqual(status, 0, errors)
+        for child in children:
+            self.assertFalse(os.path.exists(f"/proc/{child}"), "a process is left")
+        return errors

@@ -1,0 +1,171 @@
+"""`kestro settings`: its window from outside, used with keys as a person would."""
+
+import os
+import pathlib
+import plistlib
+import shutil
+import signal
+import unittest
+
+from harness import BLUE, GREEN, KESTRO, RED, movie, url, wait_until
+from settingswindow import PROGRAM, TITLE, SettingsTest
+
+
+class SettingsWindow(SettingsTest):
+    def setUp(self):
+        super().setUp()
+        self.home.play([movie("red")])
+
+    def test_preview_showsTheMovie_whenTheWindowOpens(self):
+        process, window = self.start_window()
+        wait_until(lambda: self.shows(window, RED), "the movie")
+        self.close_window(process)
+
+    def test_process_hasBecomeTheSettingsProgram(self):
+        process, _ = self.start_window()
+        self.assertEqual(pathlib.Path(os.readlink(f"/proc/{process.pid}/exe")), PROGRAM)
+        self.close_window(process)
+
+    def test_preview_hasTheShapeOfTheScreen(self):
+        process, window = self.start_window()
+        wait_until(lambda: self.shows(window, RED), "the movie")
+        # A movie of four by three fills the preview of a screen of 1024 by 768.
+        picture = self.server.picture()
+        x, y = self.middle_of_preview(window)
+        width = sum(picture.is_near(column, y, RED) for column in range(picture.width))
+        height = sum(picture.is_near(x, row, RED) for row in range(picture.height))
+        self.assertAlmostEqual(width / height, 4 / 3, delta=0.02)
+        self.close_window(process)
+
+    def test_window_endsCleanly_whenSignalled(self):
+        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+            with self.subTest(number):
+                process, _ = self.start_window()
+                process.send_signal(number)
+                self.assertEqual(self.ended(process)[0], 0)
+
+    def test_window_comesBackAtItsPlace(self):
+        process, window = self.start_window()
+        self.server.run("xdotool", "windowsize", "--sync", window, "500", "450")
+        self.close_window(process)
+        process, window = self.start_window()
+        self.assertEqual(self.place(window)[2:], (500, 450))
+        self.close_window(process)
+
+    def test_window_isWhole_onASmallScreenAtTwiceTheScale(self):
+        process, window = self.start_window(QT_SCALE_FACTOR="2")
+        wait_until(lambda: self.shows(window, RED), "the movie")
+        x, y, width, height = self.place(window)
+        self.assertTrue(x >= 0 and y >= 0 and x + width <= 1024 and y + height <= 768, (x, y, width, height))
+        self.close_window(process)
+
+    def test_window_staysOpen_whenNoMovieCanBePlayed(self):
+        self.home.play(["file:///nowhere/a.mov", "http://127.0.0.1:1/b.mp4"])
+        process, window = self.start_window()
+        x, y, width, height = self.place(window)
+
+        def sign_shows():
+            picture = self.server.picture()
+            preview = [picture.at(x + i, y + height // 3) for i in range(width // 5, width * 4 // 5, 3)]
+            return len(set(preview)) > 1 or picture.at(*self.middle_of_preview(window)) == (0, 0, 0)
+
+        wait_until(sign_shows, "the preview")
+        self.assertIsNone(process.poll())
+        self.close_window(process)
+
+
+class Trial(SettingsTest):
+    def setUp(self):
+        super().setUp()
+        self.home.play([movie("red")])
+
+    def try_it(self):
+        process, window = self.start_window()
+        wait_until(lambda: self.shows(window, RED), "the movie")
+        self.press("alt+t")
+        corners = [(2, 2), (1021, 2), (2, 765), (1021, 765)]
+        wait_until(lambda: all(self.server.picture().is_near(*at, RED) for at in corners), "the saver, full screen")
+        return process, window
+
+    def test_saver_runsFullScreenAndEnds_whenAKeyIsPressed(self):
+        process, window = self.try_it()
+        self.assertEqual(len(self.children(process)), 1)
+        self.press("a")
+        wait_until(lambda: not self.children(process), "the saver's end")
+        wait_until(lambda: not self.server.picture().is_near(2, 2, RED), "the window")
+        wait_until(lambda: self.shows(window, RED), "the movie in the preview again")
+        self.window(TITLE)
+        self.close_window(process)
+
+    def test_saver_endsWithTheWindow(self):
+        process, _ = self.try_it()
+        children = self.children(process)
+        process.send_signal(signal.SIGTERM)
+        self.assertEqual(self.ended(process)[0], 0)
+        wait_until(lambda: not any(os.path.exists(f"/proc/{child}") for child in children), "the saver's end")
+
+    def test_saver_ends_whenTheWindowIsKilled(self):
+        process, _ = self.try_it()
+        children = self.children(process)
+        process.kill()
+        process.wait(timeout=60)
+        wait_until(lambda: not any(os.path.exists(f"/proc/{child}") for child in children), "the saver's end")
+
+
+class Xscreensaver(SettingsTest):
+    def setUp(self):
+        super().setUp()
+        self.home.play([movie("red")])
+        self.file = self.home.path / ".xscreensaver"
+        self.file.write_text("# mine\nprograms:\\\n  maze --root \\n\\\n\nselected: 0\n")
+
+    def test_button_editsTheUsersList(self):
+        before = self.file.read_text()
+        process, _ = self.start_window()
+        self.press("alt+a")
+        wait_until(lambda: "kestro --root" in self.file.read_text(), "the entry")
+        self.assertIn("maze --root", self.file.read_text())
+        self.assertIn(f"{pathlib.Path(KESTRO).resolve()} --root", self.file.read_text())
+        self.press("alt+r")
+        wait_until(lambda: self.file.read_text() == before, "the file as it was")
+        self.close_window(process)
+
+    def test_button_isNotThere_whenXscreensaverIsNotInstalled(self):
+        folder = self.home.path / "bin"
+        folder.mkdir()
+        before = self.file.read_text()
+        process, _ = self.start_window(PATH=str(folder))
+        self.press("alt+a", "alt+r")
+        self.close_window(process)
+        self.assertEqual(self.file.read_text(), before)
+
+
+class Failure(SettingsTest):
+    def test_command_saysWhy_whenThereIsNoDisplay(self):
+        done = self.run_kestro("settings", status=1)
+        self.assertOneLine(done.stderr, "No display can be reached")
+
+    def test_command_saysWhy_whenTheProgramIsMissing(self):
+        prefix = self.home.path / "prefix"
+        source = pathlib.Path(KESTRO).resolve().parent.parent
+        shutil.copytree(source / "lib/kestro", prefix / "lib/kestro", ignore=shutil.ignore_patterns("kestro-settings", "kestro-web"))
+        done = self.run_kestro("settings", status=1, environment=self.home.environment(LD_LIBRARY_PATH=str(prefix / "lib/kestro")))
+        self.assertOneLine(done.stderr, f"Cannot start {prefix}/lib/kestro/kestro-settings: No such file")
+
+    def test_command_refusesWhatItDoesNotKnow(self):
+        done = self.run_kestro("settings", "--fast", status=2)
+        self.assertOneLine(done.stderr, "--fast")
+
+    def test_command_hasHelp(self):
+        self.assertIn("kestro settings", self.run_kestro("settings", "--help").stdout)
+
+    def test_kestro_linksNoWidgets(self):
+        process = self.start_kestro("--root", DISPLAY=self.server.display)
+        maps = pathlib.Path(f"/proc/{process.pid}/maps")
+        wait_until(lambda: "Kestro.so" in maps.read_text() or "libKestro" in maps.read_text(), "the saver")
+        self.assertNotIn("Qt6Widgets", maps.read_text())
+        process.terminate()
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
