@@ -25,18 +25,31 @@ class Bench:
         self.movie = make_movie(folder, "small.mp4", "640x360", 20)
         self.homes = 0
 
-    def start(self, screen, **keys):
+    def start(self, screen, hack=None):
+        """Kestro on that screen, above a hack: a program's path, or nothing."""
         self.homes += 1
-        home = make_home(self.folder, f"home{self.homes}", ["file://" + self.movie], **FLY, **keys)
+        name = f"home{self.homes}"
+        keys = dict(FLY)
+        if hack:
+            keys["BackSaver"] = self.install(os.path.join(self.folder, name, "Library/Screen Savers"), hack)
+        home = make_home(self.folder, name, ["file://" + self.movie], **keys)
         more = {"KESTRO_HOME": home, "KESTRO_RENDERER": "software"}
         return subprocess.Popen([self.kestro], env=screen.environment(**more), **QUIET)
 
-    def cost(self, **keys):
+    @staticmethod
+    def install(savers, hack):
+        """A bundle of the hack where savers are looked for."""
+        os.makedirs(savers)
+        return make_bundle(savers, os.path.basename(hack), hack)
+
+    def cost(self, hack=None):
         """Cost of Kestro, of its screen's server, and of what Kestro started."""
         screen = desk.Screen()
-        process = self.start(screen, **keys)
+        process = self.start(screen, hack)
         time.sleep(3)
         below = sorted(children(process.pid))
+        if bool(below) != bool(hack):
+            sys.exit(f"above_bench.py: {len(below)} processes behind the movies, with {hack}")
         own, server, *rest = desk.cost([process.pid, screen.process.pid, *below], 2, 10)
         desk.end(process)
         screen.close()
@@ -45,8 +58,7 @@ class Bench:
     def above(self):
         """A movie of 640x360 that flies above a hack on 1920x1080, less the same without it, less the hack alone."""
         for hack in MOVING:
-            bundle = make_bundle(self.folder, hack, HACKS + hack)
-            rounds = [(self.cost(BackSaver=bundle), self.cost(), alone(HACKS + hack))
+            rounds = [(self.cost(HACKS + hack), self.cost(), alone(HACKS + hack))
                       for _ in range(ROUNDS)]
             for title, place in (("with", 0), ("without", 1), ("the hack alone", 2)):
                 medians = [statistics.median(column) for column in zip(*(each[place] for each in rounds))]
@@ -60,8 +72,7 @@ class Bench:
         with open(script, "w") as file:
             file.write("#!/bin/sh\nexec sleep 1000\n")
         os.chmod(script, 0o755)
-        bundle = make_bundle(self.folder, "still", script)
-        rounds = [(self.cost(BackSaver=bundle), self.cost()) for _ in range(ROUNDS)]
+        rounds = [(self.cost(script), self.cost()) for _ in range(ROUNDS)]
         bar("movies above what does not change, more than without, CPU s/s",
             statistics.median(sum(both) - sum(movies) for both, movies in rounds), 0.01)
 
@@ -70,7 +81,7 @@ class Bench:
         screen = desk.Screen()
         left = 0
         for number in range(50):
-            process = self.start(screen, BackSaver=make_bundle(self.folder, "left", HACKS + MOVING[number % 3]))
+            process = self.start(screen, HACKS + MOVING[number % 3])
             while len(children(process.pid)) < 2:
                 time.sleep(0.02)
             time.sleep(0.02 * (number % 25))  # before, while and after the movie begins
