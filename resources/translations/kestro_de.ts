@@ -60,6 +60,37 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>ThemePanel</name>
+    <message>
+        <source>Theme Movies</source>
+        <translation>Themenfilme</translation>
+    </message>
+    <message>
+        <source>T&amp;heme movies. Those in red are recommended as backgrounds.</source>
+        <translation>T&amp;hemenfilme. Rot markierte sind als Hintergrund empfohlen.</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>Themenfilme</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>Ab&amp;spielen</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>A&amp;nhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>Hin&amp;zufügen</translation>
+    </message>
+</context>
+<context>
     <name>TrailerCont</name>
     <message>
         <source>Trailers</source>
@@ -169,6 +200,29 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::PreferencesWindow</name>
+    <message>
+        <source>&amp;Options…</source>
+        <translation>&amp;Optionen…</translation>
+    </message>
+    <message>
+        <source>&amp;Try it</source>
+        <translation>&amp;Ausprobieren</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Kestro Settings</source>
+        <translation>Kestro-Einstellungen</translation>
+    </message>
+    <message>
+        <source>The screen saver cannot be loaded.</source>
+        <translation>Der Bildschirmschoner kann nicht geladen werden.</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PreviewWindow</name>
     <message>
         <source>Movie Trailer</source>
@@ -200,10 +254,62 @@ Ersetzen?</translation>
     </message>
 </context>
 <context>
+    <name>kestro::SaverPreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::SaverRun</name>
+    <message>
+        <source>The saver ended unexpectedly.</source>
+        <translation>Der Bildschirmschoner wurde unerwartet beendet.</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>%1 kann nicht gestartet werden: %2</translation>
+    </message>
+    <message>
+        <source>The saver could not run.</source>
+        <translation>Der Bildschirmschoner konnte nicht laufen.</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScrubBar</name>
     <message>
         <source>Position</source>
         <translation>Position</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemePanel</name>
+    <message>
+        <source>Preview of the selected movie</source>
+        <translation>Vorschau des ausgewählten Films</translation>
+    </message>
+    <message>
+        <source>No theme movies were found.</source>
+        <translation>Es wurden keine Themenfilme gefunden.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemeTableModel</name>
+    <message>
+        <source>Recommended</source>
+        <translation>Empfohlen</translation>
+    </message>
+    <message>
+        <source>Not recommended</source>
+        <translation>Nicht empfohlen</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Thema</translation>
+    </message>
+    <message>
+        <source>Movie</source>
+        <translation>Film</translation>
     </message>
 </context>
 <context>
@@ -261,6 +367,29 @@ Ersetzen?</translation>
     <message>
         <source>DATE</source>
         <translation>DATUM</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::XscreensaverPanel</name>
+    <message>
+        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
+        <translation>XScreenSaver ist nicht installiert: Nichts startet Kestro von selbst, wenn Sie nicht am Platz sind. Der Befehl „kestro“ startet es jederzeit.</translation>
+    </message>
+    <message>
+        <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
+        <translation>Kestro ist in Ihrer Liste der Bildschirmschoner von XScreenSaver.</translation>
+    </message>
+    <message>
+        <source>Kestro is not in your list of XScreenSaver&apos;s savers.</source>
+        <translation>Kestro ist nicht in Ihrer Liste der Bildschirmschoner von XScreenSaver.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from XScreenSaver</source>
+        <translation>Aus XScreenSaver &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Add to XScreenSaver</source>
+        <translation>Zu XScreenSaver &amp;hinzufügen</translation>
     </message>
 </context>
 </TS>

@@ -60,6 +60,37 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>ThemePanel</name>
+    <message>
+        <source>Theme Movies</source>
+        <translation>Películas temáticas</translation>
+    </message>
+    <message>
+        <source>T&amp;heme movies. Those in red are recommended as backgrounds.</source>
+        <translation>Películas &amp;temáticas. Las que están en rojo se recomiendan como fondo.</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>Películas temáticas</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Reproducir</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Detener</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Cancelar</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Añadir</translation>
+    </message>
+</context>
+<context>
     <name>TrailerCont</name>
     <message>
         <source>Trailers</source>
@@ -169,6 +200,29 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::PreferencesWindow</name>
+    <message>
+        <source>&amp;Options…</source>
+        <translation>&amp;Opciones…</translation>
+    </message>
+    <message>
+        <source>&amp;Try it</source>
+        <translation>&amp;Probar</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>Kestro Settings</source>
+        <translation>Ajustes de Kestro</translation>
+    </message>
+    <message>
+        <source>The screen saver cannot be loaded.</source>
+        <translation>No se puede cargar el salvapantallas.</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PreviewWindow</name>
     <message>
         <source>Movie Trailer</source>
@@ -200,10 +254,62 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::SaverPreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>Vista previa</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::SaverRun</name>
+    <message>
+        <source>The saver ended unexpectedly.</source>
+        <translation>El salvapantallas terminó inesperadamente.</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>No se puede iniciar %1: %2</translation>
+    </message>
+    <message>
+        <source>The saver could not run.</source>
+        <translation>El salvapantallas no se pudo ejecutar.</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScrubBar</name>
     <message>
         <source>Position</source>
         <translation>Posición</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemePanel</name>
+    <message>
+        <source>Preview of the selected movie</source>
+        <translation>Vista previa de la película seleccionada</translation>
+    </message>
+    <message>
+        <source>No theme movies were found.</source>
+        <translation>No se han encontrado películas temáticas.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemeTableModel</name>
+    <message>
+        <source>Recommended</source>
+        <translation>Recomendada</translation>
+    </message>
+    <message>
+        <source>Not recommended</source>
+        <translation>No recomendada</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Tema</translation>
+    </message>
+    <message>
+        <source>Movie</source>
+        <translation>Película</translation>
     </message>
 </context>
 <context>
@@ -261,6 +367,29 @@ Replace it?</source>
     <message>
         <source>DATE</source>
         <translation>FECHA</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::XscreensaverPanel</name>
+    <message>
+        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
+        <translation>XScreenSaver no está instalado: nada inicia Kestro por sí solo cuando usted no está. La orden «kestro» lo ejecuta en cualquier momento.</translation>
+    </message>
+    <message>
+        <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
+        <translation>Kestro está en su lista de salvapantallas de XScreenSaver.</translation>
+    </message>
+    <message>
+        <source>Kestro is not in your list of XScreenSaver&apos;s savers.</source>
+        <translation>Kestro no está en su lista de salvapantallas de XScreenSaver.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from XScreenSaver</source>
+        <translation>&amp;Quitar de XScreenSaver</translation>
+    </message>
+    <message>
+        <source>&amp;Add to XScreenSaver</source>
+        <translation>&amp;Añadir a XScreenSaver</translation>
     </message>
 </context>
 </TS>

@@ -60,6 +60,37 @@ Veuillez réessayer.</translation>
     </message>
 </context>
 <context>
+    <name>ThemePanel</name>
+    <message>
+        <source>Theme Movies</source>
+        <translation>Films de thème</translation>
+    </message>
+    <message>
+        <source>T&amp;heme movies. Those in red are recommended as backgrounds.</source>
+        <translation>Films de t&amp;hème. Ceux en rouge sont recommandés comme arrière-plan.</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>Films de thème</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Lire</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>A&amp;rrêter</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>A&amp;jouter</translation>
+    </message>
+</context>
+<context>
     <name>TrailerCont</name>
     <message>
         <source>Trailers</source>
@@ -169,6 +200,29 @@ Veuillez réessayer.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::PreferencesWindow</name>
+    <message>
+        <source>&amp;Options…</source>
+        <translation>&amp;Options…</translation>
+    </message>
+    <message>
+        <source>&amp;Try it</source>
+        <translation>&amp;Essayer</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Kestro Settings</source>
+        <translation>Réglages de Kestro</translation>
+    </message>
+    <message>
+        <source>The screen saver cannot be loaded.</source>
+        <translation>L’économiseur d’écran ne peut pas être chargé.</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PreviewWindow</name>
     <message>
         <source>Movie Trailer</source>
@@ -200,10 +254,62 @@ Le remplacer ?</translation>
     </message>
 </context>
 <context>
+    <name>kestro::SaverPreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>Aperçu</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::SaverRun</name>
+    <message>
+        <source>The saver ended unexpectedly.</source>
+        <translation>L’économiseur s’est arrêté de façon inattendue.</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>Impossible de démarrer %1 : %2</translation>
+    </message>
+    <message>
+        <source>The saver could not run.</source>
+        <translation>L’économiseur n’a pas pu s’exécuter.</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScrubBar</name>
     <message>
         <source>Position</source>
         <translation>Position</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemePanel</name>
+    <message>
+        <source>Preview of the selected movie</source>
+        <translation>Aperçu du film sélectionné</translation>
+    </message>
+    <message>
+        <source>No theme movies were found.</source>
+        <translation>Aucun film de thème n’a été trouvé.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemeTableModel</name>
+    <message>
+        <source>Recommended</source>
+        <translation>Recommandé</translation>
+    </message>
+    <message>
+        <source>Not recommended</source>
+        <translation>Non recommandé</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Thème</translation>
+    </message>
+    <message>
+        <source>Movie</source>
+        <translation>Film</translation>
     </message>
 </context>
 <context>
@@ -261,6 +367,29 @@ Le remplacer ?</translation>
     <message>
         <source>DATE</source>
         <translation>DATE</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::XscreensaverPanel</name>
+    <message>
+        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
+        <translation>XScreenSaver n’est pas installé : rien ne démarre Kestro de lui-même en votre absence. La commande « kestro » le lance à tout moment.</translation>
+    </message>
+    <message>
+        <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
+        <translation>Kestro figure dans votre liste d’économiseurs de XScreenSaver.</translation>
+    </message>
+    <message>
+        <source>Kestro is not in your list of XScreenSaver&apos;s savers.</source>
+        <translation>Kestro ne figure pas dans votre liste d’économiseurs de XScreenSaver.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from XScreenSaver</source>
+        <translation>&amp;Retirer de XScreenSaver</translation>
+    </message>
+    <message>
+        <source>&amp;Add to XScreenSaver</source>
+        <translation>&amp;Ajouter à XScreenSaver</translation>
     </message>
 </context>
 </TS>

@@ -60,6 +60,37 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>ThemePanel</name>
+    <message>
+        <source>Theme Movies</source>
+        <translation>テーマムービー</translation>
+    </message>
+    <message>
+        <source>T&amp;heme movies. Those in red are recommended as backgrounds.</source>
+        <translation>テーマムービー(&amp;H)。赤いものは背景としておすすめです。</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>テーマムービー</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>再生(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>キャンセル(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>追加(&amp;A)</translation>
+    </message>
+</context>
+<context>
     <name>TrailerCont</name>
     <message>
         <source>Trailers</source>
@@ -169,6 +200,29 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::PreferencesWindow</name>
+    <message>
+        <source>&amp;Options…</source>
+        <translation>オプション(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>&amp;Try it</source>
+        <translation>試す(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Kestro Settings</source>
+        <translation>Kestroの設定</translation>
+    </message>
+    <message>
+        <source>The screen saver cannot be loaded.</source>
+        <translation>スクリーンセーバを読み込めません。</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PreviewWindow</name>
     <message>
         <source>Movie Trailer</source>
@@ -200,10 +254,62 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::SaverPreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>プレビュー</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::SaverRun</name>
+    <message>
+        <source>The saver ended unexpectedly.</source>
+        <translation>スクリーンセーバが予期せず終了しました。</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>%1を起動できません: %2</translation>
+    </message>
+    <message>
+        <source>The saver could not run.</source>
+        <translation>スクリーンセーバを実行できませんでした。</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScrubBar</name>
     <message>
         <source>Position</source>
         <translation>再生位置</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemePanel</name>
+    <message>
+        <source>Preview of the selected movie</source>
+        <translation>選択したムービーのプレビュー</translation>
+    </message>
+    <message>
+        <source>No theme movies were found.</source>
+        <translation>テーマムービーが見つかりませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemeTableModel</name>
+    <message>
+        <source>Recommended</source>
+        <translation>おすすめ</translation>
+    </message>
+    <message>
+        <source>Not recommended</source>
+        <translation>おすすめではありません</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>テーマ</translation>
+    </message>
+    <message>
+        <source>Movie</source>
+        <translation>ムービー</translation>
     </message>
 </context>
 <context>
@@ -261,6 +367,29 @@ Replace it?</source>
     <message>
         <source>DATE</source>
         <translation>日付</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::XscreensaverPanel</name>
+    <message>
+        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
+        <translation>XScreenSaverがインストールされていないため、離席中にKestroは自動では始まりません。コマンド“kestro”でいつでも実行できます。</translation>
+    </message>
+    <message>
+        <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
+        <translation>KestroはXScreenSaverのスクリーンセーバの一覧にあります。</translation>
+    </message>
+    <message>
+        <source>Kestro is not in your list of XScreenSaver&apos;s savers.</source>
+        <translation>KestroはXScreenSaverのスクリーンセーバの一覧にありません。</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from XScreenSaver</source>
+        <translation>XScreenSaverから削除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Add to XScreenSaver</source>
+        <translation>XScreenSaverに追加(&amp;A)</translation>
     </message>
 </context>
 </TS>

@@ -60,6 +60,37 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>ThemePanel</name>
+    <message>
+        <source>Theme Movies</source>
+        <translation>主题影片</translation>
+    </message>
+    <message>
+        <source>T&amp;heme movies. Those in red are recommended as backgrounds.</source>
+        <translation>主题影片(&amp;H)。红色的推荐用作背景。</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>主题影片</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>播放(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>取消(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>添加(&amp;A)</translation>
+    </message>
+</context>
+<context>
     <name>TrailerCont</name>
     <message>
         <source>Trailers</source>
@@ -169,6 +200,29 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::PreferencesWindow</name>
+    <message>
+        <source>&amp;Options…</source>
+        <translation>选项(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>&amp;Try it</source>
+        <translation>试用(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Kestro Settings</source>
+        <translation>Kestro 设置</translation>
+    </message>
+    <message>
+        <source>The screen saver cannot be loaded.</source>
+        <translation>无法载入屏幕保护程序。</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PreviewWindow</name>
     <message>
         <source>Movie Trailer</source>
@@ -200,10 +254,62 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::SaverPreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::SaverRun</name>
+    <message>
+        <source>The saver ended unexpectedly.</source>
+        <translation>屏幕保护程序意外退出。</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>无法启动 %1：%2</translation>
+    </message>
+    <message>
+        <source>The saver could not run.</source>
+        <translation>屏幕保护程序无法运行。</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScrubBar</name>
     <message>
         <source>Position</source>
         <translation>播放位置</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemePanel</name>
+    <message>
+        <source>Preview of the selected movie</source>
+        <translation>所选影片的预览</translation>
+    </message>
+    <message>
+        <source>No theme movies were found.</source>
+        <translation>未找到主题影片。</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ThemeTableModel</name>
+    <message>
+        <source>Recommended</source>
+        <translation>推荐</translation>
+    </message>
+    <message>
+        <source>Not recommended</source>
+        <translation>不推荐</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>Movie</source>
+        <translation>影片</translation>
     </message>
 </context>
 <context>
@@ -261,6 +367,29 @@ Replace it?</source>
     <message>
         <source>DATE</source>
         <translation>日期</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::XscreensaverPanel</name>
+    <message>
+        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
+        <translation>未安装 XScreenSaver：您离开时不会自动启动 Kestro。可随时用命令“kestro”运行它。</translation>
+    </message>
+    <message>
+        <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
+        <translation>Kestro 在您的 XScreenSaver 屏幕保护程序列表中。</translation>
+    </message>
+    <message>
+        <source>Kestro is not in your list of XScreenSaver&apos;s savers.</source>
+        <translation>Kestro 不在您的 XScreenSaver 屏幕保护程序列表中。</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from XScreenSaver</source>
+        <translation>从 XScreenSaver 移除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Add to XScreenSaver</source>
+        <translation>添加到 XScreenSaver(&amp;A)</translation>
     </message>
 </context>
 </TS>
