@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en_US">
 <context>
+    <name>EntryText</name>
+    <message>
+        <source>Newest trailers</source>
+        <translation>Neueste Trailer</translation>
+    </message>
+    <message>
+        <source>Left out: it does not say how many trailers of which width</source>
+        <translation>Wird ausgelassen: Es steht nicht darin, wie viele Trailer welcher Breite gemeint sind</translation>
+    </message>
+    <message>
+        <source>The newest %1, %2 pixels wide</source>
+        <translation>Die neuesten %1, %2 Pixel breit</translation>
+    </message>
+    <message>
+        <source>All there are, %1 pixels wide</source>
+        <translation>Alle vorhandenen, %1 Pixel breit</translation>
+    </message>
+    <message>
+        <source>Left out: a web page, no movie</source>
+        <translation>Wird ausgelassen: eine Webseite, kein Film</translation>
+    </message>
+    <message>
+        <source>Cannot be opened: %1</source>
+        <translation>Kann nicht geöffnet werden: %1</translation>
+    </message>
+    <message>
+        <source>Web content, %1</source>
+        <translation>Webinhalt, %1</translation>
+    </message>
+</context>
+<context>
     <name>Kestro</name>
     <message>
         <source>You selected &apos;.slideSaver&apos;. 
@@ -26,6 +57,10 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>Add Movie</source>
+        <translation>Film hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -57,6 +92,229 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SSConfig</name>
+    <message>
+        <source>Screen Saver Options</source>
+        <translation>Bildschirmschoner-Optionen</translation>
+    </message>
+    <message>
+        <source>&amp;Playlist</source>
+        <translation>&amp;Wiedergabeliste</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Wiedergabeliste</translation>
+    </message>
+    <message>
+        <source>The movies that play, from the first to the last</source>
+        <translation>Die Filme, die abgespielt werden, vom ersten bis zum letzten</translation>
+    </message>
+    <message>
+        <source>Add &amp;Movie…</source>
+        <translation>&amp;Film hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Adds movie files</source>
+        <translation>Fügt Filmdateien hinzu</translation>
+    </message>
+    <message>
+        <source>Add &amp;URL…</source>
+        <translation>&amp;URL hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Adds a movie on a server, by its address</source>
+        <translation>Fügt einen Film auf einem Server über seine Adresse hinzu</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Takes the selected movies out of the playlist</source>
+        <translation>Nimmt die ausgewählten Filme aus der Wiedergabeliste</translation>
+    </message>
+    <message>
+        <source>&amp;Trailers…</source>
+        <translation>&amp;Trailer…</translation>
+    </message>
+    <message>
+        <source>Browses the trailers that were found, and adds them</source>
+        <translation>Zeigt die gefundenen Trailer und fügt sie hinzu</translation>
+    </message>
+    <message>
+        <source>Th&amp;eme Movies…</source>
+        <translation>Th&amp;emenfilme…</translation>
+    </message>
+    <message>
+        <source>Browses the background movies of an installed DVD program</source>
+        <translation>Zeigt die Hintergrundfilme eines installierten DVD-Programms</translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Play &amp;sound</source>
+        <translation>To&amp;n wiedergeben</translation>
+    </message>
+    <message>
+        <source>The first monitor plays the sound of its movies</source>
+        <translation>Der erste Monitor gibt den Ton seiner Filme wieder</translation>
+    </message>
+    <message>
+        <source>Play in &amp;random order</source>
+        <translation>&amp;Zufällige Reihenfolge</translation>
+    </message>
+    <message>
+        <source>Each movie plays once before any plays again</source>
+        <translation>Jeder Film läuft einmal, bevor sich einer wiederholt</translation>
+    </message>
+    <message>
+        <source>Continue where the &amp;last run stopped</source>
+        <translation>Fo&amp;rtsetzen, wo zuletzt angehalten wurde</translation>
+    </message>
+    <message>
+        <source>Starts with the movie, and at the place, where it was stopped</source>
+        <translation>Beginnt mit dem Film und an der Stelle, wo angehalten wurde</translation>
+    </message>
+    <message>
+        <source>Play &amp;back and forth</source>
+        <translation>&amp;Vor und zurück abspielen</translation>
+    </message>
+    <message>
+        <source>Plays a playlist of one movie forwards, then backwards</source>
+        <translation>Spielt eine Wiedergabeliste mit nur einem Film vorwärts, dann rückwärts</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>V&amp;ollbild</translation>
+    </message>
+    <message>
+        <source>Movies fill the screen; otherwise they move about in a smaller size</source>
+        <translation>Filme füllen den Bildschirm; sonst bewegen sie sich verkleinert darüber</translation>
+    </message>
+    <message>
+        <source>F&amp;it</source>
+        <translation>E&amp;inpassen</translation>
+    </message>
+    <message>
+        <source>As large as the whole picture fits on the screen</source>
+        <translation>So groß, wie das ganze Bild auf den Bildschirm passt</translation>
+    </message>
+    <message>
+        <source>Stretc&amp;h</source>
+        <translation>Stre&amp;cken</translation>
+    </message>
+    <message>
+        <source>All over the screen, whatever the shape of the picture</source>
+        <translation>Über den ganzen Bildschirm, gleich welche Form das Bild hat</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Large enough to cover the screen; what lies outside is cut off</source>
+        <translation>Groß genug, um den Bildschirm zu bedecken; was übersteht, wird abgeschnitten</translation>
+    </message>
+    <message>
+        <source>Smaller Than the Screen</source>
+        <translation>Kleiner als der Bildschirm</translation>
+    </message>
+    <message>
+        <source>Movement:</source>
+        <translation>Bewegung:</translation>
+    </message>
+    <message>
+        <source>Fl&amp;y</source>
+        <translation>&amp;Springen</translation>
+    </message>
+    <message>
+        <source>The movie stands still, and now and then goes to another place</source>
+        <translation>Der Film steht still und wechselt hin und wieder den Ort</translation>
+    </message>
+    <message>
+        <source>Bou&amp;nce</source>
+        <translation>Ab&amp;prallen</translation>
+    </message>
+    <message>
+        <source>The movie drifts about and bounces off the edges of the screen</source>
+        <translation>Der Film treibt umher und prallt von den Bildschirmrändern ab</translation>
+    </message>
+    <message>
+        <source>New place:</source>
+        <translation>Neuer Ort:</translation>
+    </message>
+    <message>
+        <source>E&amp;very</source>
+        <translation>&amp;Alle</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place after so many seconds</source>
+        <translation>Der Film wechselt nach so vielen Sekunden den Ort</translation>
+    </message>
+    <message>
+        <source>Seconds until the movie goes to another place</source>
+        <translation>Sekunden, bis der Film den Ort wechselt</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message>
+        <source>&amp;When the movie ends</source>
+        <translation>Am En&amp;de des Films</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place at its end</source>
+        <translation>Der Film wechselt an seinem Ende den Ort</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ale:</source>
+        <translation>&amp;Maßstab:</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Maßstab</translation>
+    </message>
+    <message>
+        <source>Size of the movie, 1 for its own</source>
+        <translation>Größe des Films, 1 für seine eigene</translation>
+    </message>
+    <message>
+        <source>Size of the movie; 1 is its own</source>
+        <translation>Größe des Films; 1 ist seine eigene</translation>
+    </message>
+    <message>
+        <source>Scale as a number</source>
+        <translation>Maßstab als Zahl</translation>
+    </message>
+    <message>
+        <source>Bac&amp;kground:</source>
+        <translation>&amp;Hintergrund:</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>The screen saver that runs behind the movies</source>
+        <translation>Der Bildschirmschoner, der hinter den Filmen läuft</translation>
+    </message>
+    <message>
+        <source>Leave fadin&amp;g pictures behind</source>
+        <translation>Ver&amp;blassende Bilder hinterlassen</translation>
+    </message>
+    <message>
+        <source>Where a movie was, its picture stays behind and fades out</source>
+        <translation>Wo ein Film war, bleibt sein Bild zurück und verblasst</translation>
     </message>
 </context>
 <context>
@@ -170,6 +428,21 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>URLPanel</name>
+    <message>
+        <source>Add URL</source>
+        <translation>URL hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Address of a movie, or of Flash content:</source>
+        <translation>&amp;Adresse eines Films oder von Flash-Inhalt:</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -197,6 +470,13 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>Play</source>
         <translation>Wiedergabe</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistTable</name>
+    <message>
+        <source>Movie</source>
+        <translation>Film</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en_US">
 <context>
+    <name>EntryText</name>
+    <message>
+        <source>Newest trailers</source>
+        <translation>Tráileres más recientes</translation>
+    </message>
+    <message>
+        <source>Left out: it does not say how many trailers of which width</source>
+        <translation>Se omite: no dice cuántos tráileres ni de qué anchura</translation>
+    </message>
+    <message>
+        <source>The newest %1, %2 pixels wide</source>
+        <translation>Los %1 más recientes, de %2 píxeles de ancho</translation>
+    </message>
+    <message>
+        <source>All there are, %1 pixels wide</source>
+        <translation>Todos los que haya, de %1 píxeles de ancho</translation>
+    </message>
+    <message>
+        <source>Left out: a web page, no movie</source>
+        <translation>Se omite: es una página web, no una película</translation>
+    </message>
+    <message>
+        <source>Cannot be opened: %1</source>
+        <translation>No se puede abrir: %1</translation>
+    </message>
+    <message>
+        <source>Web content, %1</source>
+        <translation>Contenido web, %1</translation>
+    </message>
+</context>
+<context>
     <name>Kestro</name>
     <message>
         <source>You selected &apos;.slideSaver&apos;. 
@@ -26,6 +57,10 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>OK</source>
         <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Add Movie</source>
+        <translation>Añadir película</translation>
     </message>
 </context>
 <context>
@@ -57,6 +92,229 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>OK</source>
         <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>SSConfig</name>
+    <message>
+        <source>Screen Saver Options</source>
+        <translation>Opciones del salvapantallas</translation>
+    </message>
+    <message>
+        <source>&amp;Playlist</source>
+        <translation>&amp;Lista de reproducción</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Lista de reproducción</translation>
+    </message>
+    <message>
+        <source>The movies that play, from the first to the last</source>
+        <translation>Las películas que se reproducen, de la primera a la última</translation>
+    </message>
+    <message>
+        <source>Add &amp;Movie…</source>
+        <translation>Añadir &amp;película…</translation>
+    </message>
+    <message>
+        <source>Adds movie files</source>
+        <translation>Añade archivos de película</translation>
+    </message>
+    <message>
+        <source>Add &amp;URL…</source>
+        <translation>Añadir &amp;URL…</translation>
+    </message>
+    <message>
+        <source>Adds a movie on a server, by its address</source>
+        <translation>Añade una película de un servidor mediante su dirección</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>El&amp;iminar</translation>
+    </message>
+    <message>
+        <source>Takes the selected movies out of the playlist</source>
+        <translation>Quita las películas seleccionadas de la lista de reproducción</translation>
+    </message>
+    <message>
+        <source>&amp;Trailers…</source>
+        <translation>&amp;Tráileres…</translation>
+    </message>
+    <message>
+        <source>Browses the trailers that were found, and adds them</source>
+        <translation>Muestra los tráileres encontrados y los añade</translation>
+    </message>
+    <message>
+        <source>Th&amp;eme Movies…</source>
+        <translation>Películas te&amp;máticas…</translation>
+    </message>
+    <message>
+        <source>Browses the background movies of an installed DVD program</source>
+        <translation>Muestra las películas de fondo de un programa de DVD instalado</translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation>Reproducción</translation>
+    </message>
+    <message>
+        <source>Play &amp;sound</source>
+        <translation>Reproducir &amp;sonido</translation>
+    </message>
+    <message>
+        <source>The first monitor plays the sound of its movies</source>
+        <translation>El primer monitor reproduce el sonido de sus películas</translation>
+    </message>
+    <message>
+        <source>Play in &amp;random order</source>
+        <translation>Orden &amp;aleatorio</translation>
+    </message>
+    <message>
+        <source>Each movie plays once before any plays again</source>
+        <translation>Cada película se reproduce una vez antes de que se repita alguna</translation>
+    </message>
+    <message>
+        <source>Continue where the &amp;last run stopped</source>
+        <translation>&amp;Continuar donde se detuvo la última vez</translation>
+    </message>
+    <message>
+        <source>Starts with the movie, and at the place, where it was stopped</source>
+        <translation>Empieza con la película y en el punto en que se detuvo</translation>
+    </message>
+    <message>
+        <source>Play &amp;back and forth</source>
+        <translation>Reproducir adelante &amp;y atrás</translation>
+    </message>
+    <message>
+        <source>Plays a playlist of one movie forwards, then backwards</source>
+        <translation>Reproduce una lista de una sola película hacia delante y luego hacia atrás</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Tamaño</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>Pa&amp;ntalla completa</translation>
+    </message>
+    <message>
+        <source>Movies fill the screen; otherwise they move about in a smaller size</source>
+        <translation>Las películas llenan la pantalla; si no, se mueven por ella en menor tamaño</translation>
+    </message>
+    <message>
+        <source>F&amp;it</source>
+        <translation>A&amp;justar</translation>
+    </message>
+    <message>
+        <source>As large as the whole picture fits on the screen</source>
+        <translation>Tan grande como quepa la imagen entera en la pantalla</translation>
+    </message>
+    <message>
+        <source>Stretc&amp;h</source>
+        <translation>Esti&amp;rar</translation>
+    </message>
+    <message>
+        <source>All over the screen, whatever the shape of the picture</source>
+        <translation>Por toda la pantalla, sea cual sea la forma de la imagen</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom</source>
+        <translation>&amp;Zoom</translation>
+    </message>
+    <message>
+        <source>Large enough to cover the screen; what lies outside is cut off</source>
+        <translation>Lo bastante grande para cubrir la pantalla; lo que sobresale se recorta</translation>
+    </message>
+    <message>
+        <source>Smaller Than the Screen</source>
+        <translation>Menor que la pantalla</translation>
+    </message>
+    <message>
+        <source>Movement:</source>
+        <translation>Movimiento:</translation>
+    </message>
+    <message>
+        <source>Fl&amp;y</source>
+        <translation>Cam&amp;biar de sitio</translation>
+    </message>
+    <message>
+        <source>The movie stands still, and now and then goes to another place</source>
+        <translation>La película permanece quieta y de vez en cuando cambia de sitio</translation>
+    </message>
+    <message>
+        <source>Bou&amp;nce</source>
+        <translation>Reb&amp;otar</translation>
+    </message>
+    <message>
+        <source>The movie drifts about and bounces off the edges of the screen</source>
+        <translation>La película va a la deriva y rebota en los bordes de la pantalla</translation>
+    </message>
+    <message>
+        <source>New place:</source>
+        <translation>Nuevo sitio:</translation>
+    </message>
+    <message>
+        <source>E&amp;very</source>
+        <translation>Ca&amp;da</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place after so many seconds</source>
+        <translation>La película cambia de sitio tras estos segundos</translation>
+    </message>
+    <message>
+        <source>Seconds until the movie goes to another place</source>
+        <translation>Segundos hasta que la película cambia de sitio</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>segundos</translation>
+    </message>
+    <message>
+        <source>&amp;When the movie ends</source>
+        <translation>Al &amp;final de la película</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place at its end</source>
+        <translation>La película cambia de sitio al terminar</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ale:</source>
+        <translation>&amp;Escala:</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Escala</translation>
+    </message>
+    <message>
+        <source>Size of the movie, 1 for its own</source>
+        <translation>Tamaño de la película, 1 para el propio</translation>
+    </message>
+    <message>
+        <source>Size of the movie; 1 is its own</source>
+        <translation>Tamaño de la película; 1 es el propio</translation>
+    </message>
+    <message>
+        <source>Scale as a number</source>
+        <translation>Escala en cifras</translation>
+    </message>
+    <message>
+        <source>Bac&amp;kground:</source>
+        <translation>Sal&amp;vapantallas de fondo:</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Fondo</translation>
+    </message>
+    <message>
+        <source>The screen saver that runs behind the movies</source>
+        <translation>El salvapantallas que se ejecuta detrás de las películas</translation>
+    </message>
+    <message>
+        <source>Leave fadin&amp;g pictures behind</source>
+        <translation>Dejar imá&amp;genes que se desvanecen</translation>
+    </message>
+    <message>
+        <source>Where a movie was, its picture stays behind and fades out</source>
+        <translation>Donde estuvo una película, su imagen permanece y se desvanece</translation>
     </message>
 </context>
 <context>
@@ -170,6 +428,21 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>URLPanel</name>
+    <message>
+        <source>Add URL</source>
+        <translation>Añadir URL</translation>
+    </message>
+    <message>
+        <source>&amp;Address of a movie, or of Flash content:</source>
+        <translation>&amp;Dirección de una película o de contenido Flash:</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Dirección</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -197,6 +470,13 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>Play</source>
         <translation>Reproducir</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistTable</name>
+    <message>
+        <source>Movie</source>
+        <translation>Película</translation>
     </message>
 </context>
 <context>

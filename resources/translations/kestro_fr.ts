@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en_US">
 <context>
+    <name>EntryText</name>
+    <message>
+        <source>Newest trailers</source>
+        <translation>Dernières bandes-annonces</translation>
+    </message>
+    <message>
+        <source>Left out: it does not say how many trailers of which width</source>
+        <translation>Ignorée : elle ne dit pas combien de bandes-annonces ni de quelle largeur</translation>
+    </message>
+    <message>
+        <source>The newest %1, %2 pixels wide</source>
+        <translation>Les %1 dernières, larges de %2 pixels</translation>
+    </message>
+    <message>
+        <source>All there are, %1 pixels wide</source>
+        <translation>Toutes celles qui existent, larges de %1 pixels</translation>
+    </message>
+    <message>
+        <source>Left out: a web page, no movie</source>
+        <translation>Ignorée : une page web, pas un film</translation>
+    </message>
+    <message>
+        <source>Cannot be opened: %1</source>
+        <translation>Ouverture impossible : %1</translation>
+    </message>
+    <message>
+        <source>Web content, %1</source>
+        <translation>Contenu web, %1</translation>
+    </message>
+</context>
+<context>
     <name>Kestro</name>
     <message>
         <source>You selected &apos;.slideSaver&apos;. 
@@ -26,6 +57,10 @@ Veuillez réessayer.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>Add Movie</source>
+        <translation>Ajouter un film</translation>
     </message>
 </context>
 <context>
@@ -57,6 +92,229 @@ Veuillez réessayer.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SSConfig</name>
+    <message>
+        <source>Screen Saver Options</source>
+        <translation>Options de l’économiseur d’écran</translation>
+    </message>
+    <message>
+        <source>&amp;Playlist</source>
+        <translation>&amp;Liste de lecture</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Liste de lecture</translation>
+    </message>
+    <message>
+        <source>The movies that play, from the first to the last</source>
+        <translation>Les films joués, du premier au dernier</translation>
+    </message>
+    <message>
+        <source>Add &amp;Movie…</source>
+        <translation>Ajouter un &amp;film…</translation>
+    </message>
+    <message>
+        <source>Adds movie files</source>
+        <translation>Ajoute des fichiers de film</translation>
+    </message>
+    <message>
+        <source>Add &amp;URL…</source>
+        <translation>Ajouter une &amp;URL…</translation>
+    </message>
+    <message>
+        <source>Adds a movie on a server, by its address</source>
+        <translation>Ajoute un film d’un serveur par son adresse</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Supprimer</translation>
+    </message>
+    <message>
+        <source>Takes the selected movies out of the playlist</source>
+        <translation>Retire les films sélectionnés de la liste de lecture</translation>
+    </message>
+    <message>
+        <source>&amp;Trailers…</source>
+        <translation>&amp;Bandes-annonces…</translation>
+    </message>
+    <message>
+        <source>Browses the trailers that were found, and adds them</source>
+        <translation>Parcourt les bandes-annonces trouvées et les ajoute</translation>
+    </message>
+    <message>
+        <source>Th&amp;eme Movies…</source>
+        <translation>Films de t&amp;hème…</translation>
+    </message>
+    <message>
+        <source>Browses the background movies of an installed DVD program</source>
+        <translation>Parcourt les films d’arrière-plan d’un logiciel de DVD installé</translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation>Lecture</translation>
+    </message>
+    <message>
+        <source>Play &amp;sound</source>
+        <translation>Jouer le s&amp;on</translation>
+    </message>
+    <message>
+        <source>The first monitor plays the sound of its movies</source>
+        <translation>Le premier moniteur joue le son de ses films</translation>
+    </message>
+    <message>
+        <source>Play in &amp;random order</source>
+        <translation>Ordre &amp;aléatoire</translation>
+    </message>
+    <message>
+        <source>Each movie plays once before any plays again</source>
+        <translation>Chaque film est joué une fois avant toute répétition</translation>
+    </message>
+    <message>
+        <source>Continue where the &amp;last run stopped</source>
+        <translation>&amp;Reprendre là où la lecture s’est arrêtée</translation>
+    </message>
+    <message>
+        <source>Starts with the movie, and at the place, where it was stopped</source>
+        <translation>Commence par le film et à l’endroit où la lecture s’est arrêtée</translation>
+    </message>
+    <message>
+        <source>Play &amp;back and forth</source>
+        <translation>Lire en a&amp;vant puis en arrière</translation>
+    </message>
+    <message>
+        <source>Plays a playlist of one movie forwards, then backwards</source>
+        <translation>Joue une liste d’un seul film en avant, puis en arrière</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Taille</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>&amp;Plein écran</translation>
+    </message>
+    <message>
+        <source>Movies fill the screen; otherwise they move about in a smaller size</source>
+        <translation>Les films remplissent l’écran ; sinon, ils s’y déplacent en plus petit</translation>
+    </message>
+    <message>
+        <source>F&amp;it</source>
+        <translation>A&amp;juster</translation>
+    </message>
+    <message>
+        <source>As large as the whole picture fits on the screen</source>
+        <translation>Aussi grand que possible, l’image entière tenant à l’écran</translation>
+    </message>
+    <message>
+        <source>Stretc&amp;h</source>
+        <translation>É&amp;tirer</translation>
+    </message>
+    <message>
+        <source>All over the screen, whatever the shape of the picture</source>
+        <translation>Sur tout l’écran, quelle que soit la forme de l’image</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom</source>
+        <translation>&amp;Zoomer</translation>
+    </message>
+    <message>
+        <source>Large enough to cover the screen; what lies outside is cut off</source>
+        <translation>Assez grand pour couvrir l’écran ; ce qui dépasse est coupé</translation>
+    </message>
+    <message>
+        <source>Smaller Than the Screen</source>
+        <translation>Plus petit que l’écran</translation>
+    </message>
+    <message>
+        <source>Movement:</source>
+        <translation>Mouvement :</translation>
+    </message>
+    <message>
+        <source>Fl&amp;y</source>
+        <translation>Chan&amp;ger de place</translation>
+    </message>
+    <message>
+        <source>The movie stands still, and now and then goes to another place</source>
+        <translation>Le film reste immobile et change parfois de place</translation>
+    </message>
+    <message>
+        <source>Bou&amp;nce</source>
+        <translation>Rebon&amp;dir</translation>
+    </message>
+    <message>
+        <source>The movie drifts about and bounces off the edges of the screen</source>
+        <translation>Le film dérive et rebondit sur les bords de l’écran</translation>
+    </message>
+    <message>
+        <source>New place:</source>
+        <translation>Nouvelle place :</translation>
+    </message>
+    <message>
+        <source>E&amp;very</source>
+        <translation>Toutes l&amp;es</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place after so many seconds</source>
+        <translation>Le film change de place au bout de ce nombre de secondes</translation>
+    </message>
+    <message>
+        <source>Seconds until the movie goes to another place</source>
+        <translation>Secondes avant que le film change de place</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>secondes</translation>
+    </message>
+    <message>
+        <source>&amp;When the movie ends</source>
+        <translation>À la fi&amp;n du film</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place at its end</source>
+        <translation>Le film change de place à la fin</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ale:</source>
+        <translation>É&amp;chelle :</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Échelle</translation>
+    </message>
+    <message>
+        <source>Size of the movie, 1 for its own</source>
+        <translation>Taille du film, 1 pour la sienne</translation>
+    </message>
+    <message>
+        <source>Size of the movie; 1 is its own</source>
+        <translation>Taille du film ; 1 est la sienne</translation>
+    </message>
+    <message>
+        <source>Scale as a number</source>
+        <translation>Échelle en chiffres</translation>
+    </message>
+    <message>
+        <source>Bac&amp;kground:</source>
+        <translation>Arr&amp;ière-plan :</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Arrière-plan</translation>
+    </message>
+    <message>
+        <source>The screen saver that runs behind the movies</source>
+        <translation>L’économiseur d’écran qui tourne derrière les films</translation>
+    </message>
+    <message>
+        <source>Leave fadin&amp;g pictures behind</source>
+        <translation>Laisser des i&amp;mages qui s’estompent</translation>
+    </message>
+    <message>
+        <source>Where a movie was, its picture stays behind and fades out</source>
+        <translation>Là où était un film, son image reste et s’estompe</translation>
     </message>
 </context>
 <context>
@@ -170,6 +428,21 @@ Veuillez réessayer.</translation>
     </message>
 </context>
 <context>
+    <name>URLPanel</name>
+    <message>
+        <source>Add URL</source>
+        <translation>Ajouter une URL</translation>
+    </message>
+    <message>
+        <source>&amp;Address of a movie, or of Flash content:</source>
+        <translation>&amp;Adresse d’un film ou d’un contenu Flash :</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -197,6 +470,13 @@ Veuillez réessayer.</translation>
     <message>
         <source>Play</source>
         <translation>Lecture</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistTable</name>
+    <message>
+        <source>Movie</source>
+        <translation>Film</translation>
     </message>
 </context>
 <context>

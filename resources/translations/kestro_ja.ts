@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en_US">
 <context>
+    <name>EntryText</name>
+    <message>
+        <source>Newest trailers</source>
+        <translation>最新の予告編</translation>
+    </message>
+    <message>
+        <source>Left out: it does not say how many trailers of which width</source>
+        <translation>省略されます: 予告編の数と幅が指定されていません</translation>
+    </message>
+    <message>
+        <source>The newest %1, %2 pixels wide</source>
+        <translation>最新の%1本、幅%2ピクセル</translation>
+    </message>
+    <message>
+        <source>All there are, %1 pixels wide</source>
+        <translation>あるものすべて、幅%1ピクセル</translation>
+    </message>
+    <message>
+        <source>Left out: a web page, no movie</source>
+        <translation>省略されます: ムービーではなくWebページです</translation>
+    </message>
+    <message>
+        <source>Cannot be opened: %1</source>
+        <translation>開けません: %1</translation>
+    </message>
+    <message>
+        <source>Web content, %1</source>
+        <translation>Webコンテンツ、%1</translation>
+    </message>
+</context>
+<context>
     <name>Kestro</name>
     <message>
         <source>You selected &apos;.slideSaver&apos;. 
@@ -26,6 +57,10 @@ Please try again.</source>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>Add Movie</source>
+        <translation>ムービーを追加</translation>
     </message>
 </context>
 <context>
@@ -57,6 +92,229 @@ Please try again.</source>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SSConfig</name>
+    <message>
+        <source>Screen Saver Options</source>
+        <translation>スクリーンセーバのオプション</translation>
+    </message>
+    <message>
+        <source>&amp;Playlist</source>
+        <translation>再生リスト(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>再生リスト</translation>
+    </message>
+    <message>
+        <source>The movies that play, from the first to the last</source>
+        <translation>最初から順に再生されるムービー</translation>
+    </message>
+    <message>
+        <source>Add &amp;Movie…</source>
+        <translation>ムービーを追加(&amp;M)…</translation>
+    </message>
+    <message>
+        <source>Adds movie files</source>
+        <translation>ムービーファイルを追加します</translation>
+    </message>
+    <message>
+        <source>Add &amp;URL…</source>
+        <translation>URLを追加(&amp;U)…</translation>
+    </message>
+    <message>
+        <source>Adds a movie on a server, by its address</source>
+        <translation>サーバ上のムービーをアドレスで追加します</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>削除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Takes the selected movies out of the playlist</source>
+        <translation>選択したムービーを再生リストから取り除きます</translation>
+    </message>
+    <message>
+        <source>&amp;Trailers…</source>
+        <translation>予告編(&amp;T)…</translation>
+    </message>
+    <message>
+        <source>Browses the trailers that were found, and adds them</source>
+        <translation>見つかった予告編を表示して追加します</translation>
+    </message>
+    <message>
+        <source>Th&amp;eme Movies…</source>
+        <translation>テーマムービー(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Browses the background movies of an installed DVD program</source>
+        <translation>インストールされているDVDソフトの背景ムービーを表示します</translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Play &amp;sound</source>
+        <translation>サウンドを再生(&amp;S)</translation>
+    </message>
+    <message>
+        <source>The first monitor plays the sound of its movies</source>
+        <translation>1台目のモニタがムービーのサウンドを再生します</translation>
+    </message>
+    <message>
+        <source>Play in &amp;random order</source>
+        <translation>ランダムな順に再生(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Each movie plays once before any plays again</source>
+        <translation>どのムービーも、すべてが一度再生されるまで繰り返されません</translation>
+    </message>
+    <message>
+        <source>Continue where the &amp;last run stopped</source>
+        <translation>前回停止したところから再開(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Starts with the movie, and at the place, where it was stopped</source>
+        <translation>停止したムービーの、停止した位置から始めます</translation>
+    </message>
+    <message>
+        <source>Play &amp;back and forth</source>
+        <translation>往復再生(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Plays a playlist of one movie forwards, then backwards</source>
+        <translation>ムービーが1つの再生リストを順方向、逆方向に再生します</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>フルスクリーン(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Movies fill the screen; otherwise they move about in a smaller size</source>
+        <translation>ムービーを画面いっぱいに表示します。オフのときは小さく表示して動かします</translation>
+    </message>
+    <message>
+        <source>F&amp;it</source>
+        <translation>全体を表示(&amp;I)</translation>
+    </message>
+    <message>
+        <source>As large as the whole picture fits on the screen</source>
+        <translation>画像全体が画面に収まる最大の大きさ</translation>
+    </message>
+    <message>
+        <source>Stretc&amp;h</source>
+        <translation>引き伸ばす(&amp;H)</translation>
+    </message>
+    <message>
+        <source>All over the screen, whatever the shape of the picture</source>
+        <translation>画像の縦横比にかかわらず画面全体に表示します</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom</source>
+        <translation>拡大(&amp;Z)</translation>
+    </message>
+    <message>
+        <source>Large enough to cover the screen; what lies outside is cut off</source>
+        <translation>画面を覆う大きさに拡大し、はみ出た部分は切り取ります</translation>
+    </message>
+    <message>
+        <source>Smaller Than the Screen</source>
+        <translation>画面より小さく表示</translation>
+    </message>
+    <message>
+        <source>Movement:</source>
+        <translation>動き:</translation>
+    </message>
+    <message>
+        <source>Fl&amp;y</source>
+        <translation>飛び回る(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>The movie stands still, and now and then goes to another place</source>
+        <translation>ムービーは静止し、ときどき別の場所に移ります</translation>
+    </message>
+    <message>
+        <source>Bou&amp;nce</source>
+        <translation>跳ね返る(&amp;N)</translation>
+    </message>
+    <message>
+        <source>The movie drifts about and bounces off the edges of the screen</source>
+        <translation>ムービーは漂い、画面の端で跳ね返ります</translation>
+    </message>
+    <message>
+        <source>New place:</source>
+        <translation>場所の変更:</translation>
+    </message>
+    <message>
+        <source>E&amp;very</source>
+        <translation>一定間隔で(&amp;V)</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place after so many seconds</source>
+        <translation>ムービーは指定した秒数の後に別の場所に移ります</translation>
+    </message>
+    <message>
+        <source>Seconds until the movie goes to another place</source>
+        <translation>ムービーが別の場所に移るまでの秒数</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>&amp;When the movie ends</source>
+        <translation>ムービーの終了時(&amp;W)</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place at its end</source>
+        <translation>ムービーは終了時に別の場所に移ります</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ale:</source>
+        <translation>倍率(&amp;A):</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>倍率</translation>
+    </message>
+    <message>
+        <source>Size of the movie, 1 for its own</source>
+        <translation>ムービーの大きさ(1で元の大きさ)</translation>
+    </message>
+    <message>
+        <source>Size of the movie; 1 is its own</source>
+        <translation>ムービーの大きさ。1で元の大きさになります</translation>
+    </message>
+    <message>
+        <source>Scale as a number</source>
+        <translation>倍率の数値</translation>
+    </message>
+    <message>
+        <source>Bac&amp;kground:</source>
+        <translation>背景(&amp;K):</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+    <message>
+        <source>The screen saver that runs behind the movies</source>
+        <translation>ムービーの後ろで動くスクリーンセーバ</translation>
+    </message>
+    <message>
+        <source>Leave fadin&amp;g pictures behind</source>
+        <translation>消えていく残像を残す(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Where a movie was, its picture stays behind and fades out</source>
+        <translation>ムービーがあった場所に画像が残り、次第に消えていきます</translation>
     </message>
 </context>
 <context>
@@ -170,6 +428,21 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>URLPanel</name>
+    <message>
+        <source>Add URL</source>
+        <translation>URLを追加</translation>
+    </message>
+    <message>
+        <source>&amp;Address of a movie, or of Flash content:</source>
+        <translation>ムービーまたはFlashコンテンツのアドレス(&amp;A):</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>アドレス</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -197,6 +470,13 @@ Please try again.</source>
     <message>
         <source>Play</source>
         <translation>再生</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistTable</name>
+    <message>
+        <source>Movie</source>
+        <translation>ムービー</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en_US">
 <context>
+    <name>EntryText</name>
+    <message>
+        <source>Newest trailers</source>
+        <translation>最新预告片</translation>
+    </message>
+    <message>
+        <source>Left out: it does not say how many trailers of which width</source>
+        <translation>已略过：未指明预告片的数量和宽度</translation>
+    </message>
+    <message>
+        <source>The newest %1, %2 pixels wide</source>
+        <translation>最新 %1 个，宽 %2 像素</translation>
+    </message>
+    <message>
+        <source>All there are, %1 pixels wide</source>
+        <translation>全部，宽 %1 像素</translation>
+    </message>
+    <message>
+        <source>Left out: a web page, no movie</source>
+        <translation>已略过：是网页而不是影片</translation>
+    </message>
+    <message>
+        <source>Cannot be opened: %1</source>
+        <translation>无法打开：%1</translation>
+    </message>
+    <message>
+        <source>Web content, %1</source>
+        <translation>网页内容，%1</translation>
+    </message>
+</context>
+<context>
     <name>Kestro</name>
     <message>
         <source>You selected &apos;.slideSaver&apos;. 
@@ -26,6 +57,10 @@ Please try again.</source>
     <message>
         <source>OK</source>
         <translation>确定</translation>
+    </message>
+    <message>
+        <source>Add Movie</source>
+        <translation>添加影片</translation>
     </message>
 </context>
 <context>
@@ -57,6 +92,229 @@ Please try again.</source>
     <message>
         <source>OK</source>
         <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>SSConfig</name>
+    <message>
+        <source>Screen Saver Options</source>
+        <translation>屏幕保护程序选项</translation>
+    </message>
+    <message>
+        <source>&amp;Playlist</source>
+        <translation>播放列表(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>播放列表</translation>
+    </message>
+    <message>
+        <source>The movies that play, from the first to the last</source>
+        <translation>依次播放的影片，从第一部到最后一部</translation>
+    </message>
+    <message>
+        <source>Add &amp;Movie…</source>
+        <translation>添加影片(&amp;M)…</translation>
+    </message>
+    <message>
+        <source>Adds movie files</source>
+        <translation>添加影片文件</translation>
+    </message>
+    <message>
+        <source>Add &amp;URL…</source>
+        <translation>添加 URL(&amp;U)…</translation>
+    </message>
+    <message>
+        <source>Adds a movie on a server, by its address</source>
+        <translation>通过地址添加服务器上的影片</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>删除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Takes the selected movies out of the playlist</source>
+        <translation>从播放列表中移除所选影片</translation>
+    </message>
+    <message>
+        <source>&amp;Trailers…</source>
+        <translation>预告片(&amp;T)…</translation>
+    </message>
+    <message>
+        <source>Browses the trailers that were found, and adds them</source>
+        <translation>浏览并添加找到的预告片</translation>
+    </message>
+    <message>
+        <source>Th&amp;eme Movies…</source>
+        <translation>主题影片(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Browses the background movies of an installed DVD program</source>
+        <translation>浏览已安装的 DVD 程序的背景影片</translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation>播放</translation>
+    </message>
+    <message>
+        <source>Play &amp;sound</source>
+        <translation>播放声音(&amp;S)</translation>
+    </message>
+    <message>
+        <source>The first monitor plays the sound of its movies</source>
+        <translation>第一台显示器播放其影片的声音</translation>
+    </message>
+    <message>
+        <source>Play in &amp;random order</source>
+        <translation>随机播放(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Each movie plays once before any plays again</source>
+        <translation>每部影片都播放一次之后才会重复</translation>
+    </message>
+    <message>
+        <source>Continue where the &amp;last run stopped</source>
+        <translation>从上次停止处继续(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Starts with the movie, and at the place, where it was stopped</source>
+        <translation>从停止时的影片和位置开始</translation>
+    </message>
+    <message>
+        <source>Play &amp;back and forth</source>
+        <translation>来回播放(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Plays a playlist of one movie forwards, then backwards</source>
+        <translation>将只有一部影片的播放列表正向播放，再反向播放</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>全屏(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Movies fill the screen; otherwise they move about in a smaller size</source>
+        <translation>影片填满屏幕；否则以较小的尺寸四处移动</translation>
+    </message>
+    <message>
+        <source>F&amp;it</source>
+        <translation>适合屏幕(&amp;I)</translation>
+    </message>
+    <message>
+        <source>As large as the whole picture fits on the screen</source>
+        <translation>在屏幕上完整显示画面的最大尺寸</translation>
+    </message>
+    <message>
+        <source>Stretc&amp;h</source>
+        <translation>拉伸(&amp;H)</translation>
+    </message>
+    <message>
+        <source>All over the screen, whatever the shape of the picture</source>
+        <translation>铺满整个屏幕，不论画面形状</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom</source>
+        <translation>放大(&amp;Z)</translation>
+    </message>
+    <message>
+        <source>Large enough to cover the screen; what lies outside is cut off</source>
+        <translation>放大到覆盖屏幕；超出部分被裁掉</translation>
+    </message>
+    <message>
+        <source>Smaller Than the Screen</source>
+        <translation>小于屏幕</translation>
+    </message>
+    <message>
+        <source>Movement:</source>
+        <translation>移动：</translation>
+    </message>
+    <message>
+        <source>Fl&amp;y</source>
+        <translation>飞跃(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>The movie stands still, and now and then goes to another place</source>
+        <translation>影片静止不动，不时移到别处</translation>
+    </message>
+    <message>
+        <source>Bou&amp;nce</source>
+        <translation>弹跳(&amp;N)</translation>
+    </message>
+    <message>
+        <source>The movie drifts about and bounces off the edges of the screen</source>
+        <translation>影片四处漂移，并在屏幕边缘弹回</translation>
+    </message>
+    <message>
+        <source>New place:</source>
+        <translation>更换位置：</translation>
+    </message>
+    <message>
+        <source>E&amp;very</source>
+        <translation>每隔(&amp;V)</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place after so many seconds</source>
+        <translation>影片在指定秒数后移到别处</translation>
+    </message>
+    <message>
+        <source>Seconds until the movie goes to another place</source>
+        <translation>影片移到别处之前的秒数</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>&amp;When the movie ends</source>
+        <translation>影片结束时(&amp;W)</translation>
+    </message>
+    <message>
+        <source>The movie goes to another place at its end</source>
+        <translation>影片在结束时移到别处</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ale:</source>
+        <translation>比例(&amp;A)：</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>比例</translation>
+    </message>
+    <message>
+        <source>Size of the movie, 1 for its own</source>
+        <translation>影片的大小，1 为原始大小</translation>
+    </message>
+    <message>
+        <source>Size of the movie; 1 is its own</source>
+        <translation>影片的大小；1 为原始大小</translation>
+    </message>
+    <message>
+        <source>Scale as a number</source>
+        <translation>比例数值</translation>
+    </message>
+    <message>
+        <source>Bac&amp;kground:</source>
+        <translation>背景(&amp;K)：</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+    <message>
+        <source>The screen saver that runs behind the movies</source>
+        <translation>在影片后面运行的屏幕保护程序</translation>
+    </message>
+    <message>
+        <source>Leave fadin&amp;g pictures behind</source>
+        <translation>留下渐隐的画面(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Where a movie was, its picture stays behind and fades out</source>
+        <translation>影片离开后，其画面留在原处并渐渐隐去</translation>
     </message>
 </context>
 <context>
@@ -170,6 +428,21 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>URLPanel</name>
+    <message>
+        <source>Add URL</source>
+        <translation>添加 URL</translation>
+    </message>
+    <message>
+        <source>&amp;Address of a movie, or of Flash content:</source>
+        <translation>影片或 Flash 内容的地址(&amp;A)：</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -197,6 +470,13 @@ Please try again.</source>
     <message>
         <source>Play</source>
         <translation>播放</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistTable</name>
+    <message>
+        <source>Movie</source>
+        <translation>影片</translation>
     </message>
 </context>
 <context>
