@@ -4,6 +4,7 @@ usage: installed_tree.py CMAKE BUILD
 """
 
 import os
+import pathlib
 import re
 import shutil
 import subprocess
@@ -82,6 +83,20 @@ class InstalledTree(unittest.TestCase):
         self.assertTrue(os.access(os.path.join(self.prefix, "bin", program), os.X_OK))
         self.assertTrue(os.path.isfile(os.path.join(self.prefix, f"share/icons/hicolor/scalable/apps/{keys['Icon']}.svg")))
         self.assertTrue(os.access(os.path.join(self.prefix, "lib/kestro/kestro-settings"), os.X_OK))
+
+    def test_playlist_isTheIntroMovieAndTheLatestTrailers_whenNothingIsConfigured(self):
+        root = pathlib.Path(self.prefix, "share/kestro/root")
+        intro = root.joinpath(
+            "System/Library/CoreServices/Setup Assistant.app/Contents/Resources",
+            "TransitionSection.bundle/Contents/Resources/intro.mov",
+        )
+        self.assertTrue(intro.is_file())
+        answer = self.kestro("playlist")
+        self.assertEqual(answer.stdout.splitlines(), [intro.as_uri(), "auto://LatestTrailers/6/480"], answer.stderr)
+
+    def test_package_holdsItsThemeMovies_whenInstalled(self):
+        themes = pathlib.Path(self.prefix, "share/kestro/root/Applications/iDVD.app/Contents/Resources")
+        self.assertEqual(len(list(themes.glob("*.theme/Contents/Resources/*.mov"))), 8)
 
     def test_package_holdsItsDocuments_whenInstalled(self):
         for path in ("share/man/man1/kestro.1", "share/doc/kestro/README.md", "share/doc/kestro/LICENSE"):
