@@ -1,11 +1,12 @@
 """Measures web content: what it costs, what it costs those who never show any, and whether memory stays bounded.
 
 usage: web_bench.py KESTRO WEB_HOST KESTRO_WITHOUT [BENCH...]
-       KESTRO_WITHOUT is built with -DKESTRO_WEB=OFF; benches: never swf still switches
+       KESTRO_WITHOUT is built with -DKESTRO_WEB=OFF; benches: never swf still ends switches
 """
 
 import os
 import pathlib
+import signal
 import statistics
 import subprocess
 import sys
@@ -19,6 +20,8 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."
 import swf  # noqa: E402  (the tests' maker of Flash movies)
 
 ROUNDS = 11
+ENDS = 20
+LONGEST_END = 200  # milliseconds
 SWITCHES = 200
 if os.geteuid() == 0:
     os.environ["QTWEBENGINE_DISABLE_SANDBOX"] = "1"
@@ -38,6 +41,13 @@ def tree(pid):
     for each in found:
         found += below.get(each, [])
     return found
+
+
+def is_alive(pid):
+    try:
+        return pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()[0] not in "ZX"
+    except OSError:
+        return False
 
 
 def tree_cost(pid, settle, span):
@@ -78,9 +88,11 @@ class Bench:
         self.folder = folder
         self.movie = make_movie(folder)
         self.flash = self.write("bench.swf", swf.avm1(swf.move_clip("box", 2), size=(640, 480), rate=24, side=200))
+        self.hung = self.write("hung.swf", swf.avm1(swf.endless_loop()))
         self.page = self.write("still.html", b"<body style='background:#246'><h1>Still</h1></body>")
         self.movie_home = make_home(folder, "movie", ["file://" + self.movie])
         self.flash_home = make_home(folder, "flash", [self.flash.as_uri()])
+        self.hung_home = make_home(folder, "hung", [self.hung.as_uri()])
 
     def write(self, name, content):
         path = pathlib.Path(self.folder, name)
@@ -133,6 +145,39 @@ class Bench:
         desk.end(process)
         bar("still page, CPU s/s", own, 0.01)
 
+    def end(self, screen, home, is_ready, settle):
+        """Milliseconds from the TERM to the end of the process, and what is left some time later: processes, folders."""
+        with tempfile.TemporaryDirectory() as runtime:
+            environment = screen.environment(KESTRO_HOME=home, KESTRO_RENDERER="software", XDG_RUNTIME_DIR=runtime)
+            process = subprocess.Popen([self.kestro], env=environment, **QUIET)
+            while not is_ready(tree(process.pid)):
+                time.sleep(0.005)
+            time.sleep(settle)
+            members = tree(process.pid)[1:]
+            begun = time.monotonic()
+            process.send_signal(signal.SIGTERM)
+            process.wait()
+            passed = (time.monotonic() - begun) * 1000
+            time.sleep(2)
+            left = [pid for pid in members if is_alive(pid)]
+            return passed, len(left) + len(list(pathlib.Path(runtime).glob("kestro/web-*")))
+
+    def ends(self):
+        """A TERM while the helper starts, while a Flash movie plays, and while one hangs."""
+        screen = desk.Screen(640, 480)
+        cases = {
+            "starts": (self.flash_home, lambda members: len(members) > 1, 0),
+            "plays": (self.flash_home, lambda members: len(members) > 4 and screen.pixel(320, 100) != 0, 1),
+            "hangs": (self.hung_home, lambda members: len(members) > 4, 3),
+        }
+        for name, (home, is_ready, settle) in cases.items():
+            ends = [self.end(screen, home, is_ready, settle) for _ in range(ENDS)]
+            passed = [each for each, _ in ends]
+            print(f"  while it {name}: median {statistics.median(passed):.0f} ms, longest {max(passed):.0f} ms")
+            bar(f"TERM while it {name}, longest, ms", max(passed), LONGEST_END)
+            bar("left two seconds later, processes and folders", sum(left for _, left in ends), 0)
+        screen.close()
+
     def switches(self):
         """A Flash movie and a movie in turn."""
         process = subprocess.Popen([self.host, self.flash.as_uri(), self.movie, str(SWITCHES)], text=True,
@@ -152,7 +197,7 @@ class Bench:
 
 
 def main():
-    benches = sys.argv[4:] or ["never", "swf", "still", "switches"]
+    benches = sys.argv[4:] or ["never", "swf", "still", "ends", "switches"]
     with tempfile.TemporaryDirectory() as folder:
         bench = Bench(*sys.argv[1:4], folder)
         for name in benches:

@@ -212,8 +212,8 @@ class OnAScreen(WebTest):
         main = f"/proc/{helper}/task/{helper}/stat"
         os.kill(helper, signal.SIGSTOP)
         wait_until(lambda: pathlib.Path(main).read_text().rsplit(")", 1)[1].split()[0] == "T", "it to stand still")
-        wait_until(lambda: self.shows(BLACK), "black")
         wait_until(lambda: helpers_of(process) not in ([], [helper]), "another helper")
+        wait_until(lambda: self.shows(RED), "the movie again")
         process.send_signal(signal.SIGTERM)
         _, log = self.ended(process)
         self.assertIn("the helper does not answer", log)

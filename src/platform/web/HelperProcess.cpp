@@ -3,15 +3,19 @@
 #include <QFile>
 #include <QProcessEnvironment>
 
-#include <cerrno>
 #include <csignal>
+#include <poll.h>
 #include <spawn.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <vector>
 
 namespace kestro {
 
 namespace {
+
+/// Milliseconds: a browser takes some to give its memory back, on a busy machine many.
+constexpr int patience = 50;
 
 /// The words of a program's arguments or environment as the system takes them.
 class Words final {
@@ -108,8 +112,10 @@ std::unique_ptr<HelperProcess> HelperProcess::start(const QString& program, cons
 HelperProcess::~HelperProcess()
 {
     kill(-m_process, SIGKILL);
-    while (waitpid(m_process, nullptr, 0) < 0 && errno == EINTR) {
-    }
+    const Descriptor watched(static_cast<int>(syscall(SYS_pidfd_open, m_process, 0)));
+    pollfd end{watched.number(), POLLIN, 0};
+    if (watched.isOpen()) poll(&end, 1, patience);
+    waitpid(m_process, nullptr, WNOHANG);
 }
 
 } // namespace kestro

@@ -11,7 +11,8 @@
 namespace kestro {
 
 /// A running web helper: a program in a process group of its own that ends when its end of the line to this
-/// process is closed, however this process ends. Destroying it kills it and whatever it started. Main thread.
+/// process is closed, however this process ends. Destroying it kills it and whatever it started, and waits
+/// for the end of that for a moment at most. Main thread.
 class HelperProcess final {
 public:
     /// The descriptor that the helper finds its end of the line at.
@@ -23,8 +24,6 @@ public:
     ~HelperProcess();
     HelperProcess(const HelperProcess&) = delete;
     HelperProcess& operator=(const HelperProcess&) = delete;
-
-    [[nodiscard]] pid_t id() const { return m_process; }
 
 private:
     explicit HelperProcess(pid_t process)

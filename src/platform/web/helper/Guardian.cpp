@@ -12,11 +12,20 @@ namespace kestro {
 
 namespace {
 
+constexpr int mostTurns = 1000;
+
 void waitForHangUp(int channel)
 {
     pollfd watched{channel, 0, 0};
     while (poll(&watched, 1, -1) < 0 && errno == EINTR) {
     }
+}
+
+/// The browser goes on meanwhile, and may put something back.
+void removeForGood(const QString& folder)
+{
+    for (int turn = 0; turn < mostTurns && QDir(folder).exists(); ++turn)
+        QDir(folder).removeRecursively();
 }
 
 } // namespace
@@ -25,7 +34,7 @@ void guardAgainstLoneliness(int channel, const QString& home)
 {
     std::thread([channel, home] {
         waitForHangUp(channel);
-        QDir(home).removeRecursively();
+        removeForGood(home);
         if (getpgrp() == getpid()) kill(0, SIGKILL);
         _exit(0);
     }).detach();
