@@ -34,6 +34,11 @@ ConfigModel::ConfigModel(const Sources& sources)
     resetInterfaces();
 }
 
+ConfigModel::~ConfigModel()
+{
+    if (m_isBrowsing) closeTrailerPanel();
+}
+
 void ConfigModel::resetInterfaces()
 {
     Settings& settings = m_sources.saver.settings();
@@ -108,6 +113,12 @@ void ConfigModel::closeConfig(int tag)
         resetInterfaces();
     else
         save();
+    closeTrailerPanel();
+}
+
+void ConfigModel::closeTrailerPanel()
+{
+    m_isBrowsing = false;
     if (m_sources.trailers != nullptr) m_sources.trailers->close();
 }
 
@@ -214,7 +225,9 @@ bool ConfigModel::closeURLPanel(int tag, const QString& urlField)
 
 void ConfigModel::openTrailerPanel()
 {
-    if (m_sources.trailers != nullptr) m_sources.trailers->showPanel(*this);
+    if (m_sources.trailers == nullptr) return;
+    m_isBrowsing = true;
+    m_sources.trailers->showPanel(*this);
 }
 
 void ConfigModel::addURLList(const QList<QUrl>& urls)

@@ -31,6 +31,7 @@ public:
     };
 
     explicit ConfigModel(const Sources& sources);
+    ~ConfigModel() override;
 
     /// What the controls show. Who changes what a rule depends on applies the rule.
     [[nodiscard]] ConfigControls& controls() { return m_controls; }
@@ -73,6 +74,7 @@ Q_SIGNALS:
 
 private:
     void append(const QList<PlaylistEntry>& entries);
+    void closeTrailerPanel();
     void reloadPlayList();
     void save();
     [[nodiscard]] QVariantMap settingsToSave() const;
@@ -86,6 +88,7 @@ private:
     EditedPlaylist m_playList;
     QStringList m_backSaverList;
     QStringList m_backSaverItems;
+    bool m_isBrowsing = false; ///< the trailer browser holds this
 };
 
 } // namespace kestro

@@ -50,9 +50,7 @@ protected:
     SaverDouble saver{calls};
     PanelsDouble panels{calls};
     BrowserDouble trailers{calls};
-
-private:
-    std::unique_ptr<ConfigModel> m_model;
+    std::unique_ptr<ConfigModel> m_model; ///< the one that was opened last
 };
 
 } // namespace kestro

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace kestro {
 
@@ -29,9 +30,9 @@ static QString faultOfFile(const QString& path)
 }
 
 /// The end of the last picture that can be read within the time allowed.
-static double searchForEnd(const AvInput& input, AvInterrupt& interrupt)
+static double searchForEnd(const AvInput& input, AvInterrupt& interrupt, std::stop_token stop)
 {
-    interrupt.allow(longestSearchForEnd);
+    interrupt.allow(longestSearchForEnd, std::move(stop));
     double end = 0;
     AVPacket* packet = av_packet_alloc();
     while (packet && !interrupt.isDue() && av_read_frame(input.context(), packet) >= 0) {
@@ -43,18 +44,27 @@ static double searchForEnd(const AvInput& input, AvInterrupt& interrupt)
     return end;
 }
 
-Result<MovieFacts> probeMovie(const QString& path)
+Result<MovieFacts> probeMovie(const QString& path, std::stop_token stop)
 {
     const QString fault = faultOfFile(path);
     if (!fault.isEmpty()) return Error{fault};
 
     AvInterrupt interrupt;
-    interrupt.allow(longestLook);
+    interrupt.allow(longestLook, stop);
     auto input = AvInput::open(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()), interrupt);
     if (!input) return Error{input.error()};
     MovieFacts facts = movieFacts(*input.value());
-    if (facts.seconds <= 0) facts.seconds = searchForEnd(*input.value(), interrupt);
+    if (facts.seconds <= 0) facts.seconds = searchForEnd(*input.value(), interrupt, stop);
     return facts;
+}
+
+Result<MovieFacts> probeRemoteMovie(const QUrl& url, milliseconds longest, std::stop_token stop)
+{
+    AvInterrupt interrupt;
+    interrupt.allow(longest, std::move(stop));
+    const auto input = AvInput::open(url, interrupt);
+    if (!input) return Error{interrupt.isDue() ? QStringLiteral("no answer in time") : input.error()};
+    return movieFacts(*input.value());
 }
 
 } // namespace kestro

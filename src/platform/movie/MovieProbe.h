@@ -5,10 +5,19 @@
 
 #include <QString>
 
+#include <chrono>
+#include <stop_token>
+
+class QUrl;
+
 namespace kestro {
 
 /// Looks into the local file at `path` and answers what movie it is, or why it is none. Takes milliseconds,
 /// never waits for a device or a pipe, and follows no reference to another file. Any thread.
-[[nodiscard]] Result<MovieFacts> probeMovie(const QString& path);
+[[nodiscard]] Result<MovieFacts> probeMovie(const QString& path, std::stop_token stop = {});
+
+/// The same for a movie at an address (http or https), which may take `longest`. Any thread.
+[[nodiscard]] Result<MovieFacts> probeRemoteMovie(const QUrl& url, std::chrono::milliseconds longest,
+                                                  std::stop_token stop = {});
 
 } // namespace kestro

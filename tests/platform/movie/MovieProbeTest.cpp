@@ -99,3 +99,10 @@ TEST(MovieProbe, takesAnyName)
         EXPECT_TRUE(probeMovie(path)) << name;
     }
 }
+
+TEST(MovieProbe, endsAtOnce_whenToldToStop)
+{
+    const auto stop = std::make_unique<std::stop_source>();
+    stop->request_stop();
+    EXPECT_FALSE(probeMovie(testMovie("plain.mp4").toLocalFile(), stop->get_token()));
+}

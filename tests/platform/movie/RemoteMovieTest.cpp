@@ -2,6 +2,7 @@
 
 #include "platform/base/Log.h"
 #include "platform/display/Layer.h"
+#include "platform/movie/MovieProbe.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MovieTest.h"
 #include "platform/movie/MpvMovieLibrary.h"
@@ -35,11 +36,14 @@ protected:
         EXPECT_TRUE(m_server.waitForFinished(180000));
     }
 
+    [[nodiscard]] QUrl addressOf(const char* path) const
+    {
+        return QUrl(QStringLiteral("http://127.0.0.1:%1/%2").arg(m_port).arg(QLatin1String(path)));
+    }
     [[nodiscard]] std::shared_ptr<QTMovie> open(const char* path, int networkTimeout = 1) const
     {
-        const QString address = QStringLiteral("http://127.0.0.1:%1/%2").arg(m_port).arg(QLatin1String(path));
         return MpvMovieLibrary({.networkTimeout = networkTimeout, .audioOutputs = "null"})
-            .movieWithURL(QUrl(address));
+            .movieWithURL(addressOf(path));
     }
 
     QProcess m_server;
@@ -98,6 +102,21 @@ TEST_P(RemoteMovieFrom, playsToItsEnd)
 INSTANTIATE_TEST_SUITE_P(Ways, RemoteMovieFrom,
                          testing::Values("good/plain.mp4", "good/plain.webm", "plain/plain.mp4",
                                          "moved/sound.mp4"));
+
+TEST_F(RemoteMovie, isProbed)
+{
+    const auto facts = probeRemoteMovie(addressOf("good/plain.mp4"), std::chrono::seconds(10));
+    ASSERT_TRUE(facts) << qPrintable(facts.error());
+    EXPECT_EQ(facts.value().codedWidth, 320);
+    EXPECT_NEAR(facts.value().seconds, 2, 0.04);
+}
+
+TEST_F(RemoteMovie, isNotProbed_whenItSaysNothing)
+{
+    const auto facts = probeRemoteMovie(addressOf("stalled/longgop.mp4"), std::chrono::milliseconds(200));
+    ASSERT_FALSE(facts);
+    EXPECT_EQ(facts.error(), "no answer in time");
+}
 
 TEST_F(RemoteMovie, startsWhereItWasSent_whileItLoaded)
 {

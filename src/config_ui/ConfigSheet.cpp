@@ -1,0 +1,321 @@
+#include "config_ui/ConfigSheet.h"
+
+#include "config_ui/DecimalValidator.h"
+#include "config_ui/PlaylistDelegate.h"
+#include "config_ui/PlaylistPane.h"
+#include "config_ui/SheetPanels.h"
+#include "config_ui/ThemePanel.h"
+#include "config_ui/URLPanel.h"
+#include "platform/base/Paths.h"
+#include "platform/base/StoredValue.h"
+#include "platform/movie/MpvMovieLibrary.h"
+#include "ui_SSConfig.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QScreen>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QStyle>
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestro {
+
+namespace {
+
+const QString dvdProgram = QStringLiteral("/Applications/iDVD.app");
+
+/// The slider counts in hundredths of the movie's own size.
+constexpr float sliderStepsPerUnit = 100;
+
+/// Width of the playlist where there is room for it.
+constexpr int playlistCharacters = 76;
+
+/// Digits that a number field has room for.
+constexpr int fieldDigits = 6;
+
+ReadingLane::Read readerOfPictures(const QFontMetrics& font)
+{
+    const QSize pixels = PlaylistDelegate::pictureSize(font) * qApp->devicePixelRatio();
+    return [pixels](const QUrl& url, const std::stop_token& stop) { return readEntry(url, pixels, stop); };
+}
+
+QButtonGroup* groupOf(std::initializer_list<QAbstractButton*> buttons, QObject* parent)
+{
+    auto* const group = new QButtonGroup(parent);
+    int id = 0;
+    for (QAbstractButton* const button : buttons)
+        group->addButton(button, id++);
+    return group;
+}
+
+/// Checks the button of that number, or none where there is no such button.
+void check(QButtonGroup& group, int id)
+{
+    if (QAbstractButton* const button = group.button(id)) return button->setChecked(true);
+    group.setExclusive(false);
+    for (QAbstractButton* const button : group.buttons())
+        button->setChecked(false);
+    group.setExclusive(true);
+}
+
+void enable(const QButtonGroup& group, bool isEnabled)
+{
+    for (QAbstractButton* const button : group.buttons())
+        button->setEnabled(isEnabled);
+}
+
+QStringList filesOf(const QMimeData& dropped)
+{
+    QStringList files;
+    for (const QUrl& url : dropped.urls())
+        if (const QString path = url.toLocalFile(); QFileInfo(path).isFile()) files.append(path);
+    return files;
+}
+
+} // namespace
+
+ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWidget* parent)
+    : ConfigSheet(saver, trailers, readerOfPictures(QFontMetrics(QApplication::font())), parent)
+{
+}
+
+ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, const ReadingLane::Read& read,
+                         QWidget* parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::SSConfig>())
+    , m_panels(std::make_unique<SheetPanels>(*this))
+    , m_model(std::make_unique<ConfigModel>(ConfigModel::Sources{saver, *m_panels, m_defaults, trailers}))
+{
+    m_ui->setupUi(this);
+    setWindowModality(Qt::WindowModal);
+    setAcceptDrops(true);
+    m_playlist = std::make_unique<PlaylistPane>(*m_ui->playListView, *m_model, read);
+    m_urlPanel = new URLPanel(
+        [this](int tag, const QString& text) { return m_model->closeURLPanel(tag, text); }, this);
+    setUpGroups();
+    setUpFields();
+    setUpButtons(trailers != nullptr);
+    showBackSavers();
+    showControls();
+    connectControls();
+    connectFields();
+    connectButtons();
+}
+
+ConfigSheet::~ConfigSheet() = default;
+
+void ConfigSheet::setUpGroups()
+{
+    m_playModeRadio = groupOf({m_ui->playModeFit, m_ui->playModeStretch, m_ui->playModeEnlarge}, this);
+    m_partialModeRadio = groupOf({m_ui->partialModeFly, m_ui->partialModeBounce}, this);
+    m_reposRadio = groupOf({m_ui->reposInterval, m_ui->reposMovieEnd}, this);
+    m_ui->moveHint->setText(m_ui->playListView->rowMoveHint());
+}
+
+void ConfigSheet::setUpFields()
+{
+    for (QLineEdit* const field : {m_ui->timeIntervalField, m_ui->scaleField}) {
+        field->setValidator(new DecimalValidator(field));
+        const int text = field->fontMetrics().horizontalAdvance(QString(fieldDigits, u'0'));
+        field->setMaximumWidth(text + field->sizeHint().height());
+        field->setMinimumWidth(field->maximumWidth());
+    }
+}
+
+void ConfigSheet::setUpButtons(bool hasTrailers)
+{
+    m_ui->trailersBtn->setEnabled(hasTrailers);
+    m_ui->idvdBtn->setEnabled(QFileInfo::exists(platformPath(dvdProgram)));
+    m_ui->deleteBtn->setEnabled(false);
+    connect(m_ui->playListView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { m_ui->deleteBtn->setEnabled(!m_playlist->selectedRows().isEmpty()); });
+}
+
+void ConfigSheet::connectControls()
+{
+    connect(m_model.get(), &ConfigModel::controlsChanged, this, &ConfigSheet::showControls);
+    connect(m_model.get(), &ConfigModel::backSaversReloaded, this, &ConfigSheet::showBackSavers);
+    const auto follow = [this](QCheckBox* box, bool ConfigControls::*control) {
+        connect(box, &QCheckBox::toggled, this,
+                [this, control](bool isOn) { m_model->controls().*control = isOn; });
+    };
+    follow(m_ui->soundChk, &ConfigControls::soundChk);
+    follow(m_ui->fullScreenChk, &ConfigControls::fullScreenChk);
+    follow(m_ui->randomChk, &ConfigControls::randomChk);
+    follow(m_ui->continueChk, &ConfigControls::continueChk);
+    follow(m_ui->fadeoutChk, &ConfigControls::fadeoutChk);
+    follow(m_ui->backAndForthChk, &ConfigControls::backAndForthChk);
+    connect(m_ui->fullScreenChk, &QCheckBox::toggled, m_model.get(), &ConfigModel::checkFullScreen);
+
+    const auto followGroup = [this](QButtonGroup* group, int ConfigControls::*control) {
+        connect(group, &QButtonGroup::idToggled, this, [this, control](int id, bool isOn) {
+            if (isOn) m_model->controls().*control = id;
+        });
+    };
+    followGroup(m_playModeRadio, &ConfigControls::playModeRadio);
+    followGroup(m_partialModeRadio, &ConfigControls::partialModeRadio);
+    followGroup(m_reposRadio, &ConfigControls::reposRadio);
+    connect(m_partialModeRadio, &QButtonGroup::idToggled, this, [this](int, bool isOn) {
+        if (isOn) m_model->checkDynamic();
+    });
+}
+
+void ConfigSheet::connectFields()
+{
+    connect(m_ui->timeIntervalField, &QLineEdit::textEdited, this,
+            [this](const QString& text) { m_model->controls().timeIntervalField = text; });
+    connect(m_ui->scaleSlider, &QSlider::valueChanged, this,
+            [this](int steps) { takeScale(static_cast<float>(steps) / sliderStepsPerUnit); });
+    connect(m_ui->scaleField, &QLineEdit::textEdited, this, [this](const QString& text) {
+        if (const float scale = floatValue(text); scale > 0) m_model->controls().scaleSlider = scale;
+    });
+    connect(m_ui->scaleField, &QLineEdit::editingFinished, this, &ConfigSheet::showScale);
+    connect(m_ui->backSaverPopup, &QComboBox::currentIndexChanged, this,
+            [this](int item) { m_model->controls().backSaverPopup = item; });
+}
+
+void ConfigSheet::connectButtons()
+{
+    connect(m_ui->addMovieBtn, &QPushButton::clicked, this,
+            [this] { showWhatAdds([this] { m_model->selectMovie(); }); });
+    connect(m_ui->addURLBtn, &QPushButton::clicked, m_urlPanel, &URLPanel::openURLPanel);
+    connect(m_urlPanel, &QDialog::accepted, this,
+            [this] { m_playlist->showFrom(m_ui->playListView->model()->rowCount() - 1); });
+    connect(m_ui->trailersBtn, &QPushButton::clicked, m_model.get(), &ConfigModel::openTrailerPanel);
+    connect(m_ui->idvdBtn, &QPushButton::clicked, this, &ConfigSheet::openThemePanel);
+    connect(m_ui->deleteBtn, &QPushButton::clicked, m_playlist.get(), &PlaylistPane::deleteSelected);
+}
+
+void ConfigSheet::openThemePanel()
+{
+    if (!m_themePanel) {
+        m_movies = std::make_unique<MpvMovieLibrary>();
+        m_themePanel = std::make_unique<ThemePanel>(*m_model, *m_movies, this);
+    }
+    m_themePanel->showIDVDThemes();
+}
+
+// What was added is selected and in sight afterwards.
+template <typename Add>
+void ConfigSheet::showWhatAdds(Add add)
+{
+    const auto before = m_model->playList().entries().size();
+    add();
+    m_playlist->showFrom(static_cast<int>(before));
+}
+
+void ConfigSheet::showBackSavers()
+{
+    const QSignalBlocker quiet(m_ui->backSaverPopup);
+    m_ui->backSaverPopup->clear();
+    m_ui->backSaverPopup->addItems(m_model->backSaverItems());
+    for (int i = 0; i < m_model->backSaverList().size(); ++i)
+        m_ui->backSaverPopup->setItemData(i + 1, m_model->backSaverList()[i], Qt::ToolTipRole);
+}
+
+void ConfigSheet::showControls()
+{
+    const ConfigControls shown = m_model->controls(); // as it is now: what is set here is taken, too
+    m_ui->soundChk->setChecked(shown.soundChk);
+    m_ui->randomChk->setChecked(shown.randomChk);
+    m_ui->continueChk->setChecked(shown.continueChk);
+    m_ui->fadeoutChk->setChecked(shown.fadeoutChk);
+    m_ui->backAndForthChk->setChecked(shown.backAndForthChk);
+    const QSignalBlocker quietModes(m_partialModeRadio);
+    const QSignalBlocker quietSwitch(m_ui->fullScreenChk);
+    check(*m_partialModeRadio, shown.partialModeRadio);
+    m_ui->fullScreenChk->setChecked(shown.fullScreenChk);
+    check(*m_playModeRadio, shown.playModeRadio);
+    check(*m_reposRadio, shown.reposRadio);
+    m_ui->backSaverPopup->setCurrentIndex(shown.backSaverPopup);
+    if (m_ui->timeIntervalField->text() != shown.timeIntervalField)
+        m_ui->timeIntervalField->setText(shown.timeIntervalField);
+    showScale();
+    showEnabling();
+}
+
+// The group of what is smaller than the screen is off as a whole in full screen.
+void ConfigSheet::showEnabling()
+{
+    const ConfigEnabling& can = m_model->enabling();
+    m_ui->partialGroup->setEnabled(!m_model->controls().fullScreenChk);
+    enable(*m_playModeRadio, can.playModeRadio);
+    enable(*m_partialModeRadio, can.partialModeRadio);
+    enable(*m_reposRadio, can.reposRadio);
+    m_ui->timeIntervalField->setEnabled(can.timeIntervalField);
+    m_ui->scaleSlider->setEnabled(can.scaleSlider);
+    m_ui->scaleField->setEnabled(can.scaleField);
+    m_ui->fadeoutChk->setEnabled(can.fadeoutChk);
+    m_ui->backAndForthChk->setEnabled(can.backAndForthChk);
+    m_ui->backSaverPopup->setEnabled(can.backSaverPopup);
+    for (QWidget* const label : {m_ui->partialModeLabel, m_ui->scaleLabel, m_ui->backSaverLabel})
+        label->setEnabled(can.partialModeRadio);
+    for (QWidget* const label : {m_ui->reposLabel, m_ui->secondsLabel})
+        label->setEnabled(can.reposRadio);
+}
+
+void ConfigSheet::takeScale(float scale)
+{
+    m_model->controls().scaleSlider = scale;
+    showScale();
+}
+
+// A size beyond the slider's ends is kept until the slider is moved.
+void ConfigSheet::showScale()
+{
+    const float scale = m_model->controls().scaleSlider;
+    const QSignalBlocker quiet(m_ui->scaleSlider);
+    m_ui->scaleSlider->setValue(static_cast<int>(std::lround(scale * sliderStepsPerUnit)));
+    if (!m_ui->scaleField->hasFocus() || floatValue(m_ui->scaleField->text()) != scale)
+        m_ui->scaleField->setText(fieldText(scale));
+}
+
+// The options are as wide as they want, and as high if the screen has room for that; else they scroll.
+void ConfigSheet::fitToScreen()
+{
+    const QSize wanted = m_ui->options->sizeHint();
+    const int bar = m_ui->optionsArea->verticalScrollBar()->sizeHint().width();
+    m_ui->optionsArea->setMinimumWidth(std::min(wanted.width() + bar, screen()->availableSize().width() / 3));
+    const int around = sizeHint().height() - m_ui->optionsArea->sizeHint().height();
+    const QSize room = screen()->availableSize() -
+                       QSize(0, 2 * QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const QSize best(wanted.width() + fontMetrics().averageCharWidth() * playlistCharacters,
+                     wanted.height() + around);
+    resize(best.expandedTo(minimumSizeHint()).boundedTo(room));
+}
+
+void ConfigSheet::showEvent(QShowEvent* event)
+{
+    if (!testAttribute(Qt::WA_Resized)) fitToScreen();
+    QDialog::showEvent(event);
+}
+
+void ConfigSheet::done(int result)
+{
+    m_urlPanel->hide();
+    if (m_themePanel) m_themePanel->hide();
+    m_model->closeConfig(result == Accepted ? 1 : 0);
+    QDialog::done(result);
+}
+
+void ConfigSheet::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!filesOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void ConfigSheet::dropEvent(QDropEvent* event)
+{
+    const QStringList files = filesOf(*event->mimeData());
+    if (files.isEmpty()) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    showWhatAdds([&] { m_model->addMovieFiles(files); });
+}
+
+} // namespace kestro

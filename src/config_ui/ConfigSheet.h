@@ -1,0 +1,81 @@
+#pragma once
+
+#include "config_ui/ConfigModel.h"
+#include "config_ui/ReadingLane.h"
+
+#include <QDialog>
+#include <QSettings>
+
+#include <memory>
+
+class QButtonGroup;
+
+namespace Ui {
+class SSConfig;
+}
+
+namespace kestro {
+
+class MovieLibrary;
+class PlaylistPane;
+class SheetPanels;
+class ThemePanel;
+class URLPanel;
+
+/// The configuration sheet ("configWin"): the controls of every option, the playlist and its panels, modal
+/// over its parent's window. A host shows it with open(), and is told by accepted() or rejected() once the
+/// settings are stored, or left alone. It can be opened again. Owned by its parent; main thread.
+class ConfigSheet final : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `trailers` may be null: then there are none to browse. Both outlive the sheet.
+    ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWidget* parent = nullptr);
+    /// The same with a way of its own to look into movies.
+    ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, const ReadingLane::Read& read,
+                QWidget* parent);
+    ~ConfigSheet() override;
+
+    [[nodiscard]] ConfigModel& model() { return *m_model; }
+    [[nodiscard]] PlaylistPane& playlist() { return *m_playlist; }
+
+    /// OK for Accepted, Cancel for anything else.
+    void done(int result) override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void setUpGroups();
+    void setUpFields();
+    void setUpButtons(bool hasTrailers);
+    void connectControls();
+    void connectFields();
+    void connectButtons();
+    void openThemePanel();
+    void fitToScreen();
+    template <typename Add>
+    void showWhatAdds(Add add);
+
+    void showBackSavers();
+    void showControls();
+    void showEnabling();
+    void showScale();
+    void takeScale(float scale);
+
+    std::unique_ptr<Ui::SSConfig> m_ui;
+    QSettings m_defaults; ///< of the host
+    std::unique_ptr<SheetPanels> m_panels;
+    std::unique_ptr<ConfigModel> m_model;
+    std::unique_ptr<PlaylistPane> m_playlist;
+    std::unique_ptr<MovieLibrary> m_movies;   ///< of the theme panel; made with it
+    std::unique_ptr<ThemePanel> m_themePanel; ///< from its first opening on
+    QButtonGroup* m_playModeRadio = nullptr;
+    QButtonGroup* m_partialModeRadio = nullptr;
+    QButtonGroup* m_reposRadio = nullptr;
+    URLPanel* m_urlPanel = nullptr;
+};
+
+} // namespace kestro

@@ -1,0 +1,50 @@
+#include "config_ui/EntryFacts.h"
+
+#include "platform/movie/MovieProbe.h"
+#include "platform/movie/StillDecoder.h"
+
+#include <QUrl>
+
+#include <cmath>
+
+namespace kestro {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds longestLookAtServer{8000};
+constexpr milliseconds longestForPicture{5000};
+
+/// Where in a movie its picture is taken: many begin in black.
+constexpr double pictureAt = 0.25;
+
+Result<MovieFacts> probe(const QUrl& url, const std::stop_token& stop)
+{
+    if (url.isLocalFile()) return probeMovie(url.toLocalFile(), stop);
+    if (url.scheme().startsWith(u"http")) return probeRemoteMovie(url, longestLookAtServer, stop);
+    return Error{QStringLiteral("movies are played from files, http and https only")};
+}
+
+QImage pictureOf(const QUrl& url, const MovieFacts& facts, QSize pixels, const std::stop_token& stop)
+{
+    const Size natural = facts.naturalSize();
+    const QSize size = QSizeF(double(natural.width), double(natural.height))
+                           .scaled(pixels, Qt::KeepAspectRatio)
+                           .toSize()
+                           .expandedTo({1, 1});
+    StillDecoder stills(url);
+    stills.setSize(size);
+    return stills.picture(facts.seconds * pictureAt, longestForPicture, stop).image;
+}
+
+} // namespace
+
+EntryFacts readEntry(const QUrl& url, QSize pixels, const std::stop_token& stop)
+{
+    const auto facts = probe(url, stop);
+    if (!facts) return {.seconds = 0, .picture = {}, .fault = facts.error()};
+    return {facts.value().seconds, pictureOf(url, facts.value(), pixels, stop), {}};
+}
+
+} // namespace kestro

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+#include <stop_token>
+
+class QUrl;
+
+namespace kestro {
+
+/// What is known of the movie of an entry. A value.
+struct EntryFacts {
+    double seconds = 0; ///< duration; 0 when unknown
+    QImage picture;     ///< null where there is none
+    QString fault;      ///< why it cannot be opened; empty where it can
+};
+
+/// Looks into the movie at `url`: how long it is, and a picture of it that fits into `pixels`. Takes
+/// milliseconds to seconds; ends early when told to stop. Any thread.
+[[nodiscard]] EntryFacts readEntry(const QUrl& url, QSize pixels, const std::stop_token& stop);
+
+} // namespace kestro

@@ -1,0 +1,50 @@
+#include "config_ui/EntryReader.h"
+
+#include <algorithm>
+
+namespace kestro {
+
+namespace {
+
+constexpr qsizetype mostKibibytes = 48 * 1024; ///< of pictures that are kept
+
+} // namespace
+
+EntryReader::EntryReader(const ReadingLane::Read& read)
+    : m_known(mostKibibytes)
+    , m_files(read, deliverHere())
+    , m_servers(read, deliverHere())
+{
+}
+
+EntryReader::~EntryReader() = default;
+
+// Events that are on their way when the reader goes away are dropped with it.
+ReadingLane::Deliver EntryReader::deliverHere()
+{
+    return [this](const QUrl& url, const EntryFacts& facts) {
+        QMetaObject::invokeMethod(
+            this, [this, url, facts] { keep(url, facts); }, Qt::QueuedConnection);
+    };
+}
+
+void EntryReader::want(const QList<QUrl>& urls)
+{
+    QList<QUrl> files;
+    QList<QUrl> onServers;
+    for (const QUrl& url : urls) {
+        QList<QUrl>& lane = url.isLocalFile() ? files : onServers;
+        if (!m_known.contains(url) && !lane.contains(url)) lane.append(url);
+    }
+    m_files.want(files);
+    m_servers.want(onServers);
+}
+
+void EntryReader::keep(const QUrl& url, const EntryFacts& facts)
+{
+    const qsizetype kibibytes = 1 + facts.picture.sizeInBytes() / 1024;
+    m_known.insert(url, new EntryFacts(facts), std::min(kibibytes, mostKibibytes));
+    Q_EMIT learned(url);
+}
+
+} // namespace kestro

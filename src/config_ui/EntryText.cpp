@@ -1,0 +1,84 @@
+#include "config_ui/EntryText.h"
+
+#include "config_ui/EntryFacts.h"
+#include "platform/base/StoredValue.h"
+#include "settings/MovieURL.h"
+
+#include <QDir>
+
+#include <cmath>
+
+namespace kestro {
+
+namespace {
+
+bool isWebContent(const QUrl& url)
+{
+    return upperCasePathExtension(url) == u"SWF";
+}
+
+/// The two numbers that end an automatic entry's path; none where it has fewer parts.
+QStringList numbersOf(const QUrl& url)
+{
+    const QStringList parts = url.path(QUrl::FullyDecoded).split(u'/');
+    return parts.size() < 3 ? QStringList() : parts.sliced(parts.size() - 2);
+}
+
+} // namespace
+
+bool EntryText::hasMovie(const QUrl& url)
+{
+    return !isAutomaticEntry(url) && !isWebContent(url) && isValidURL(url);
+}
+
+QString EntryText::name(const PlaylistEntry& entry)
+{
+    if (isAutomaticEntry(entry.url)) return tr("Newest trailers");
+    const QString last = lastPathComponent(entry.url);
+    if (!last.isEmpty()) return last;
+    return entry.url.host().isEmpty() ? entry.text : entry.url.host();
+}
+
+QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
+{
+    const QUrl& url = entry.url;
+    if (isAutomaticEntry(url)) {
+        const QStringList numbers = numbersOf(url);
+        if (numbers.isEmpty()) return tr("Left out: it does not say how many trailers of which width");
+        const int count = intValue(numbers[0]);
+        const int width = intValue(numbers[1]);
+        return count > 0 ? tr("The newest %1, %2 pixels wide").arg(count).arg(width)
+                         : tr("All there are, %1 pixels wide").arg(width);
+    }
+    if (!isValidURL(url)) return tr("Left out: a web page, no movie");
+    if (facts != nullptr && !facts->fault.isEmpty()) return tr("Cannot be opened: %1").arg(facts->fault);
+    const QString place = url.isLocalFile()
+                              ? url.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash).toLocalFile()
+                              : url.host();
+    return isWebContent(url) ? tr("Web content, %1").arg(place) : QDir::toNativeSeparators(place);
+}
+
+bool EntryText::isFault(const PlaylistEntry& entry, const EntryFacts* facts)
+{
+    if (isAutomaticEntry(entry.url)) return numbersOf(entry.url).isEmpty();
+    return !isValidURL(entry.url) || (facts != nullptr && !facts->fault.isEmpty());
+}
+
+QString EntryText::duration(const EntryFacts* facts)
+{
+    if (facts == nullptr || !(facts->seconds > 0)) return {};
+    const auto seconds = std::llround(std::max(facts->seconds, 1.0));
+    const auto two = [](long long number) {
+        return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+    };
+    const QString minutesAndSeconds = two(seconds / 60 % 60) + u':' + two(seconds % 60);
+    if (seconds < 3600) return QString::number(seconds / 60) + u':' + two(seconds % 60);
+    return QString::number(seconds / 3600) + u':' + minutesAndSeconds;
+}
+
+QString EntryText::toolTip(const PlaylistEntry& entry, const EntryFacts* facts)
+{
+    return isFault(entry, facts) ? entry.text + u'\n' + detail(entry, facts) : entry.text;
+}
+
+} // namespace kestro

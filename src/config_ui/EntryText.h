@@ -1,0 +1,32 @@
+#pragma once
+
+#include "config_ui/PlaylistEntry.h"
+
+#include <QCoreApplication>
+
+namespace kestro {
+
+struct EntryFacts;
+
+/// What a row of the playlist says of its entry. Any thread.
+class EntryText final {
+    Q_DECLARE_TR_FUNCTIONS(EntryText)
+
+public:
+    /// Whether the entry is a movie that can be looked into: not web content, not the newest trailers, and
+    /// nothing that is never opened.
+    [[nodiscard]] static bool hasMovie(const QUrl& url);
+
+    /// The movie's own name.
+    [[nodiscard]] static QString name(const PlaylistEntry& entry);
+    /// What it is, where it lies, or why it cannot be opened; `facts` is null as long as nothing is known.
+    [[nodiscard]] static QString detail(const PlaylistEntry& entry, const EntryFacts* facts);
+    /// Whether the detail is a reason why it does not play.
+    [[nodiscard]] static bool isFault(const PlaylistEntry& entry, const EntryFacts* facts);
+    /// How long it is: "1:05", "1:02:03"; empty when that is unknown.
+    [[nodiscard]] static QString duration(const EntryFacts* facts);
+    /// The whole of it, for a tool tip: the URL, and why it does not play.
+    [[nodiscard]] static QString toolTip(const PlaylistEntry& entry, const EntryFacts* facts);
+};
+
+} // namespace kestro

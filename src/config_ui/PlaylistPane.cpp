@@ -1,0 +1,119 @@
+#include "config_ui/PlaylistPane.h"
+
+#include "config_ui/ConfigModel.h"
+#include "config_ui/EntryText.h"
+#include "config_ui/PlaylistDelegate.h"
+#include "config_ui/RQTableViewRowMove.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QShortcut>
+
+#include <algorithm>
+
+namespace kestro {
+
+PlaylistPane::PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const ReadingLane::Read& read)
+    : m_view(table)
+    , m_model(model)
+    , m_reader(read)
+    , m_table(model, m_reader, nullptr)
+{
+    setUpTable();
+    setUpMoves();
+    auto* const remove = new QShortcut(Qt::Key_Delete, &m_view, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, &PlaylistPane::deleteSelected);
+
+    m_look.setSingleShot(true);
+    connect(&m_look, &QTimer::timeout, this, &PlaylistPane::readRowsInSight);
+    const auto lookSoon = [this] { m_look.start(0); };
+    connect(m_view.verticalScrollBar(), &QScrollBar::valueChanged, this, lookSoon);
+    connect(&m_model.playList(), &EditedPlaylist::changed, this, lookSoon);
+    m_view.viewport()->installEventFilter(this);
+}
+
+void PlaylistPane::setUpTable()
+{
+    m_view.setModel(&m_table);
+    m_view.setItemDelegate(new PlaylistDelegate(&m_view));
+    m_view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_view.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_view.setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    m_view.setShowGrid(false);
+    m_view.setWordWrap(false);
+    m_view.setTabKeyNavigation(false);
+    m_view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_view.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_view.horizontalHeader()->hide();
+    m_view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_view.verticalHeader()->setMinimumSectionSize(1);
+    m_view.verticalHeader()->setDefaultSectionSize(PlaylistDelegate::rowHeight(m_view.fontMetrics()));
+    m_view.verticalHeader()->hide();
+}
+
+void PlaylistPane::setUpMoves()
+{
+    m_view.setNeedsCommandKey(true);
+    m_view.setRowMoveDelegate({
+        .tableViewShouldMoveRowInColumn = [](RQTableViewRowMove&, int, int) { return true; },
+        .tableViewWillDepositRowAt = [](RQTableViewRowMove&, int, int) { return true; },
+        .tableViewDidDepositRowAt = [this](RQTableViewRowMove&, int from,
+                                           int to) { return m_model.playList().move(from, to); },
+        .tableViewImageForRow = {},
+        .dragTypesOfTable = {},
+        .tableViewPboardSelectorForType = {},
+        .tableViewObjectForType = {},
+        .tableViewDraggingRowOverRow = {},
+    });
+}
+
+QList<int> PlaylistPane::selectedRows() const
+{
+    QList<int> rows;
+    for (const QModelIndex& index : m_view.selectionModel()->selectedRows())
+        rows.append(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void PlaylistPane::deleteSelected()
+{
+    const QList<int> rows = selectedRows();
+    if (rows.isEmpty()) return;
+    m_view.clearSelection();
+    m_model.deleteMovie(rows);
+    const int next = std::min(rows.first(), m_table.rowCount() - 1);
+    if (next >= 0) m_view.selectRow(next);
+}
+
+void PlaylistPane::showFrom(int first)
+{
+    const int last = m_table.rowCount() - 1;
+    if (first > last) return;
+    const QItemSelection rows(m_table.index(first, 0), m_table.index(last, 0));
+    m_view.selectionModel()->setCurrentIndex(m_table.index(last, 0), QItemSelectionModel::NoUpdate);
+    m_view.selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    m_view.scrollTo(m_table.index(last, 0));
+}
+
+bool PlaylistPane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Show) m_look.start(0);
+    if (event->type() == QEvent::FontChange)
+        m_view.verticalHeader()->setDefaultSectionSize(PlaylistDelegate::rowHeight(m_view.fontMetrics()));
+    return QObject::eventFilter(watched, event);
+}
+
+void PlaylistPane::readRowsInSight()
+{
+    QList<QUrl> urls;
+    const int first = m_view.isVisible() ? m_view.rowAt(0) : -1;
+    const int below = m_view.rowAt(m_view.viewport()->height() - 1);
+    const int last = below < 0 ? m_table.rowCount() - 1 : below;
+    for (int row = std::max(first, 0); first >= 0 && row <= last; ++row)
+        if (const QUrl& url = m_table.entry(row).url; EntryText::hasMovie(url)) urls.append(url);
+    m_reader.want(urls);
+}
+
+} // namespace kestro

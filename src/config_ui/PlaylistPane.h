@@ -1,0 +1,45 @@
+#pragma once
+
+#include "config_ui/EntryReader.h"
+#include "config_ui/PlaylistTable.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace kestro {
+
+class ConfigModel;
+class RQTableViewRowMove;
+
+/// Makes a table the playlist's: shows it, edits it in place, moves its rows with Alt, deletes with the
+/// Delete key, and has the movies of the rows in sight, and of no others, looked into. Owned by the sheet,
+/// which owns the table too. Main thread.
+class PlaylistPane final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `read` looks into the movie of an entry.
+    PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const ReadingLane::Read& read);
+
+    /// The selected rows, from the first.
+    [[nodiscard]] QList<int> selectedRows() const;
+    /// Deletes them, and selects what stands there then.
+    void deleteSelected();
+    /// Selects the rows from `first` to the last, and scrolls to them; nothing where there is none.
+    void showFrom(int first);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void setUpTable();
+    void setUpMoves();
+    void readRowsInSight();
+
+    RQTableViewRowMove& m_view;
+    ConfigModel& m_model;
+    EntryReader m_reader;
+    PlaylistTable m_table;
+    QTimer m_look; ///< coalesces the looks at which rows are in sight
+};
+
+} // namespace kestro

@@ -1,0 +1,130 @@
+#include "config_ui/PlaylistTable.h"
+
+#include "config_ui/ConfigModel.h"
+#include "config_ui/EntryReader.h"
+#include "config_ui/EntryText.h"
+
+#include <algorithm>
+
+namespace kestro {
+
+PlaylistTable::PlaylistTable(ConfigModel& model, const EntryReader& reader, QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_model(model)
+    , m_reader(reader)
+    , m_entries(model.playList().entries())
+{
+    connect(&model.playList(), &EditedPlaylist::changed, this, &PlaylistTable::follow);
+    connect(&reader, &EntryReader::learned, this, &PlaylistTable::showFacts);
+}
+
+int PlaylistTable::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_entries.size());
+}
+
+int PlaylistTable::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : 1;
+}
+
+QVariant PlaylistTable::data(const QModelIndex& index, int role) const
+{
+    if (!isRow(index)) return {};
+    const PlaylistEntry& row = m_entries[index.row()];
+    const EntryFacts* const known = facts(row);
+    switch (role) {
+    case Qt::DisplayRole:
+        return EntryText::name(row);
+    case Qt::EditRole:
+        return row.text;
+    case Qt::ToolTipRole:
+        return EntryText::toolTip(row, known);
+    case Qt::DecorationRole:
+        return known != nullptr ? QVariant(known->picture) : QVariant();
+    case Qt::AccessibleTextRole:
+        return spokenText(row);
+    case DetailRole:
+        return EntryText::detail(row, known);
+    case DurationRole:
+        return EntryText::duration(known);
+    case FaultRole:
+        return EntryText::isFault(row, known);
+    case WaitingRole:
+        return EntryText::hasMovie(row.url) && known == nullptr;
+    default:
+        return {};
+    }
+}
+
+const EntryFacts* PlaylistTable::facts(const PlaylistEntry& entry) const
+{
+    return EntryText::hasMovie(entry.url) ? m_reader.facts(entry.url) : nullptr;
+}
+
+QString PlaylistTable::spokenText(const PlaylistEntry& entry) const
+{
+    const EntryFacts* const known = facts(entry);
+    QStringList parts{EntryText::name(entry), EntryText::duration(known), EntryText::detail(entry, known)};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
+}
+
+Qt::ItemFlags PlaylistTable::flags(const QModelIndex& index) const
+{
+    if (!index.isValid()) return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemNeverHasChildren;
+}
+
+QVariant PlaylistTable::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole) return tr("Movie");
+    return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+bool PlaylistTable::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    return role == Qt::EditRole && isRow(index) && m_model.editEntry(index.row(), value.toString());
+}
+
+// Only what lies between the rows that stayed the same at both ends is told, so that the views keep their
+// place and selection elsewhere.
+void PlaylistTable::follow()
+{
+    const QList<PlaylistEntry>& now = m_model.playList().entries();
+    const auto shorter = std::min(m_entries.size(), now.size());
+    const auto same = std::mismatch(m_entries.begin(), m_entries.begin() + shorter, now.begin()).first;
+    const auto first = same - m_entries.begin();
+    const auto rest = shorter - first;
+    const auto sameAtEnd = std::mismatch(m_entries.rbegin(), m_entries.rbegin() + rest, now.rbegin()).first;
+    const auto kept = sameAtEnd - m_entries.rbegin();
+    replaceRows(static_cast<int>(first), static_cast<int>(m_entries.size() - first - kept),
+                now.sliced(first, now.size() - first - kept));
+}
+
+void PlaylistTable::replaceRows(int first, int oldCount, const QList<PlaylistEntry>& rows)
+{
+    const int newCount = static_cast<int>(rows.size());
+    const int changed = std::min(oldCount, newCount);
+    std::copy(rows.begin(), rows.begin() + changed, m_entries.begin() + first);
+    if (changed > 0) Q_EMIT dataChanged(index(first, 0), index(first + changed - 1, 0));
+    if (oldCount > changed) {
+        beginRemoveRows({}, first + changed, first + oldCount - 1);
+        m_entries.remove(first + changed, oldCount - changed);
+        endRemoveRows();
+    }
+    if (newCount > changed) {
+        beginInsertRows({}, first + changed, first + newCount - 1);
+        for (int i = changed; i < newCount; ++i)
+            m_entries.insert(first + i, rows[i]);
+        endInsertRows();
+    }
+}
+
+void PlaylistTable::showFacts(const QUrl& url)
+{
+    for (int row = 0; row < m_entries.size(); ++row)
+        if (m_entries[row].url == url) Q_EMIT dataChanged(index(row, 0), index(row, 0));
+}
+
+} // namespace kestro

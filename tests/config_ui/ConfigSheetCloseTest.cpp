@@ -1,0 +1,127 @@
+// OK and Cancel of the sheet.
+
+#include "config_ui/ConfigSheetFixture.h"
+#include "config_ui/URLPanel.h"
+#include "platform/plist/PropertyList.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+
+namespace kestro {
+
+namespace {
+
+class ConfigSheetCloseTest : public ConfigSheetFixture {
+protected:
+    void press(QDialogButtonBox::StandardButton button)
+    {
+        control<QDialogButtonBox>("buttons").button(button)->click();
+    }
+    QVariantMap stored()
+    {
+        return readPropertyListDictionary(saver.store().plistPath()).value_or(QVariantMap());
+    }
+};
+
+} // namespace
+
+TEST_F(ConfigSheetCloseTest, sheet_isModalOverItsWindow)
+{
+    open({});
+    EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(sheet->parentWidget(), &window);
+}
+
+TEST_F(ConfigSheetCloseTest, ok_storesAndTells)
+{
+    open({movie("a.mov")});
+    QSignalSpy accepted(sheet.get(), &QDialog::accepted);
+    click("soundChk");
+    press(QDialogButtonBox::Ok);
+    EXPECT_EQ(accepted.size(), 1);
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_EQ(stored()["SoundOn"], "1");
+    EXPECT_EQ(stored()["FileList"], QVariantList{movie("a.mov")});
+    EXPECT_EQ(calls, (Calls{"loop 1", "reset", "close trailers"}));
+}
+
+TEST_F(ConfigSheetCloseTest, ok_isTheReturnKey)
+{
+    open({});
+    control<QWidget>("soundChk").setFocus();
+    QTest::keyClick(&control<QWidget>("soundChk"), Qt::Key_Return);
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_EQ(stored()["Ver"], "5");
+}
+
+TEST_F(ConfigSheetCloseTest, cancel_storesNothing_andGoesBack)
+{
+    open({movie("a.mov")});
+    QSignalSpy rejected(sheet.get(), &QDialog::rejected);
+    click("soundChk");
+    sheet->model().addURLList({QUrl(movie("b.mov"))});
+    press(QDialogButtonBox::Cancel);
+    EXPECT_EQ(rejected.size(), 1);
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_FALSE(QFile::exists(saver.store().plistPath()));
+    EXPECT_EQ(calls, Calls{"close trailers"});
+    sheet->open();
+    EXPECT_FALSE(control<QAbstractButton>("soundChk").isChecked());
+    EXPECT_EQ(listed(), QStringList{movie("a.mov")});
+}
+
+TEST_F(ConfigSheetCloseTest, escapeAndTheWindowsClose_areCancel)
+{
+    open({});
+    QTest::keyClick(sheet.get(), Qt::Key_Escape);
+    EXPECT_EQ(calls, Calls{"close trailers"});
+    open({});
+    sheet->close();
+    EXPECT_EQ(calls, Calls{"close trailers"});
+    EXPECT_FALSE(sheet->isVisible());
+}
+
+TEST_F(ConfigSheetCloseTest, close_takesTheURLPanelAlong)
+{
+    open({});
+    click("addURLBtn");
+    sheet->reject();
+    EXPECT_FALSE(control<URLPanel>("URLPanel").isVisible());
+}
+
+TEST_F(ConfigSheetCloseTest, end_closesTheTrailersThatItOpened)
+{
+    open({});
+    sheet.reset();
+    EXPECT_TRUE(calls.empty());
+    open({});
+    click("trailersBtn");
+    sheet.reset();
+    EXPECT_EQ(calls, Calls{"close trailers"});
+}
+
+TEST_F(ConfigSheetCloseTest, ok_alertsOfASlideSaver_overTheWindowAfterTheSheet)
+{
+    saver.backSavers = {"/s/Five.slideSaver"};
+    open({movie("a.mov")}, {{"FullScreenMode", "0"}});
+    control<QComboBox>("backSaverPopup").setCurrentIndex(1);
+    QStringList alert;
+    whenShown<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_FALSE(sheet->isVisible());
+        EXPECT_EQ(box.parentWidget(), &window);
+        EXPECT_FALSE(QFile::exists(saver.store().plistPath()));
+        alert = {box.windowTitle(), box.text(), box.buttons().value(0)->text()};
+        box.accept();
+    });
+    press(QDialogButtonBox::Ok);
+    EXPECT_EQ(alert, (QStringList{"Alert",
+                                  "You selected '.slideSaver'. \nYou may need to restart 'System "
+                                  "Preferences.app' to take effect properly.",
+                                  "OK"}));
+    EXPECT_EQ(stored()["BackSaver"], "/s/Five.slideSaver");
+}
+
+} // namespace kestro

@@ -1,0 +1,233 @@
+// What the controls of the sheet show, and which of them can be used.
+
+#include "config_ui/ConfigSheetFixture.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSlider>
+
+namespace kestro {
+
+namespace {
+
+class ConfigSheetControlsTest : public ConfigSheetFixture {
+protected:
+    bool isOn(const char* name) { return control<QAbstractButton>(name).isChecked(); }
+    QString textOf(const char* name) { return control<QLineEdit>(name).text(); }
+    void type(const char* name, const QString& text)
+    {
+        control<QLineEdit>(name).setFocus();
+        control<QLineEdit>(name).selectAll();
+        QTest::keyClicks(&control<QLineEdit>(name), text);
+    }
+    const std::vector<const char*> fullScreenModes{"playModeFit", "playModeStretch", "playModeEnlarge"};
+    const std::vector<const char*> partialModes{"partialModeFly", "partialModeBounce", "scaleSlider",
+                                                "scaleField",     "fadeoutChk",        "backSaverPopup"};
+    const std::vector<const char*> flyModes{"timeIntervalField", "reposInterval", "reposMovieEnd"};
+
+    void expectEnabled(const std::vector<const char*>& names, bool enabled)
+    {
+        for (const char* name : names)
+            EXPECT_EQ(isEnabled(name), enabled) << name;
+    }
+};
+
+} // namespace
+
+TEST_F(ConfigSheetControlsTest, controls_showTheSettings)
+{
+    saver.backSavers = {"/s/A.saver", "/s/B.saver"};
+    open({movie("a.mov")}, {{"SoundOn", "1"},
+                            {"FullScreenMode", "0"},
+                            {"PlayMode", "2"},
+                            {"PartialMode", "1"},
+                            {"Scale", "0.350000"},
+                            {"Interval", "2.5"},
+                            {"Reposition", "1"},
+                            {"RandomMode", "1"},
+                            {"Continue", "1"},
+                            {"Fadeout", "1"},
+                            {"BackAndForth", "1"},
+                            {"BackSaver", "/s/B.saver"}});
+    for (const char* name : {"soundChk", "playModeEnlarge", "partialModeBounce", "reposMovieEnd", "randomChk",
+                             "continueChk", "fadeoutChk", "backAndForthChk"})
+        EXPECT_TRUE(isOn(name)) << name;
+    EXPECT_FALSE(isOn("fullScreenChk"));
+    EXPECT_EQ(textOf("timeIntervalField"), "2.5");
+    EXPECT_EQ(textOf("scaleField"), "0.35");
+    EXPECT_EQ(control<QSlider>("scaleSlider").value(), 35);
+    EXPECT_EQ(control<QComboBox>("backSaverPopup").currentText(), "B.saver");
+    EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(0), "Disable");
+    EXPECT_EQ(control<QComboBox>("backSaverPopup").count(), 3);
+}
+
+TEST_F(ConfigSheetControlsTest, radioGroups_showNoButton_forNumbersThatNoneStandsFor)
+{
+    open({}, {{"PlayMode", "7"}, {"FullScreenMode", "0"}, {"PartialMode", "2"}, {"Reposition", "-1"}});
+    for (const char* name : {"playModeFit", "playModeStretch", "playModeEnlarge", "partialModeFly",
+                             "partialModeBounce", "reposInterval", "reposMovieEnd"})
+        EXPECT_FALSE(isOn(name)) << name;
+    click("partialModeBounce");
+    EXPECT_TRUE(isOn("partialModeBounce"));
+    EXPECT_EQ(sheet->model().controls().partialModeRadio, 1);
+}
+
+TEST_F(ConfigSheetControlsTest, fullScreen_leavesThePlayModeAlone_whenTheSheetOpens)
+{
+    open({movie("a.mov")}, {{"FullScreenMode", "1"}});
+    expectEnabled(fullScreenModes, true);
+    expectEnabled(partialModes, false);
+    expectEnabled(flyModes, false);
+}
+
+TEST_F(ConfigSheetControlsTest, fullScreen_switchesWhatCanBeUsed)
+{
+    open({movie("a.mov")}, {{"FullScreenMode", "1"}});
+    click("fullScreenChk");
+    expectEnabled(fullScreenModes, false);
+    expectEnabled(partialModes, true);
+    expectEnabled(flyModes, true);
+    click("fullScreenChk");
+    expectEnabled(fullScreenModes, true);
+    expectEnabled(partialModes, false);
+    expectEnabled(flyModes, false);
+}
+
+TEST_F(ConfigSheetControlsTest, interval_canBeSetWhileFlyingOnly)
+{
+    open({movie("a.mov")}, {{"FullScreenMode", "0"}, {"PartialMode", "1"}});
+    expectEnabled(flyModes, false);
+    click("partialModeFly");
+    EXPECT_TRUE(isOn("partialModeFly"));
+    expectEnabled(flyModes, true);
+    click("partialModeBounce");
+    expectEnabled(flyModes, false);
+    expectEnabled(partialModes, true);
+}
+
+TEST_F(ConfigSheetControlsTest, everyOtherControl_canAlwaysBeUsed)
+{
+    for (const char* fullScreen : {"0", "1"}) {
+        open({}, {{"FullScreenMode", fullScreen}});
+        expectEnabled({"soundChk", "fullScreenChk", "randomChk", "continueChk", "playListView", "addMovieBtn",
+                       "addURLBtn", "trailersBtn"},
+                      true);
+    }
+}
+
+TEST_F(ConfigSheetControlsTest, backAndForth_isForOneEntryOnly)
+{
+    open({movie("a.mov")}, {{"BackAndForth", "1"}});
+    EXPECT_TRUE(isEnabled("backAndForthChk") && isOn("backAndForthChk"));
+    sheet->model().addURLList({QUrl(movie("b.mov"))});
+    EXPECT_FALSE(isEnabled("backAndForthChk") || isOn("backAndForthChk"));
+    sheet->model().deleteMovie({0});
+    EXPECT_TRUE(isEnabled("backAndForthChk"));
+    EXPECT_FALSE(isOn("backAndForthChk"));
+}
+
+TEST_F(ConfigSheetControlsTest, trailers_cannotBeBrowsed_whereThereAreNone)
+{
+    saver.store().plist() = {};
+    sheet = std::make_unique<ConfigSheet>(saver, nullptr, &window);
+    EXPECT_FALSE(isEnabled("trailersBtn"));
+}
+
+TEST_F(ConfigSheetControlsTest, controls_areTakenIntoTheModel)
+{
+    saver.backSavers = {"/s/A.saver"};
+    open({movie("a.mov")}, {{"FullScreenMode", "0"}});
+    for (const char* name : {"soundChk", "randomChk", "continueChk", "fadeoutChk", "backAndForthChk",
+                             "reposMovieEnd", "partialModeBounce"})
+        click(name);
+    control<QComboBox>("backSaverPopup").setCurrentIndex(1);
+    control<QSlider>("scaleSlider").setValue(150);
+    click("fullScreenChk");
+    click("playModeStretch");
+    EXPECT_EQ(sheet->model().controls(), (ConfigControls{.soundChk = true,
+                                                         .fullScreenChk = true,
+                                                         .playModeRadio = 1,
+                                                         .partialModeRadio = 1,
+                                                         .scaleSlider = 1.5F,
+                                                         .timeIntervalField = "4",
+                                                         .reposRadio = 1,
+                                                         .randomChk = true,
+                                                         .continueChk = true,
+                                                         .fadeoutChk = true,
+                                                         .backAndForthChk = true,
+                                                         .backSaverPopup = 1}));
+}
+
+TEST_F(ConfigSheetControlsTest, interval_takesNumbersWithAPointOrAComma)
+{
+    open({}, {{"FullScreenMode", "0"}});
+    type("timeIntervalField", "2,5x");
+    EXPECT_EQ(textOf("timeIntervalField"), "2.5");
+    EXPECT_EQ(sheet->model().controls().timeIntervalField, "2.5");
+}
+
+TEST_F(ConfigSheetControlsTest, scale_isOneForSliderAndField)
+{
+    open({}, {{"FullScreenMode", "0"}});
+    control<QSlider>("scaleSlider").setValue(75);
+    EXPECT_EQ(textOf("scaleField"), "0.75");
+    type("scaleField", "1.25");
+    EXPECT_EQ(control<QLineEdit>("scaleField").text(), "1.25");
+    EXPECT_EQ(sheet->model().controls().scaleSlider, 1.25F);
+    QTest::keyClick(&control<QLineEdit>("scaleField"), Qt::Key_Tab);
+    EXPECT_EQ(control<QSlider>("scaleSlider").value(), 125);
+}
+
+TEST_F(ConfigSheetControlsTest, scale_goesBack_whenTheFieldHoldsNone)
+{
+    open({}, {{"FullScreenMode", "0"}, {"Scale", "0.5"}});
+    type("scaleField", "0");
+    QTest::keyClick(&control<QLineEdit>("scaleField"), Qt::Key_Tab);
+    EXPECT_EQ(textOf("scaleField"), "0.5");
+    EXPECT_EQ(sheet->model().controls().scaleSlider, 0.5F);
+}
+
+TEST_F(ConfigSheetControlsTest, scale_isKeptBeyondTheSlidersEnds)
+{
+    open({}, {{"FullScreenMode", "0"}, {"Scale", "12.5"}});
+    EXPECT_EQ(textOf("scaleField"), "12.5");
+    EXPECT_EQ(control<QSlider>("scaleSlider").value(), control<QSlider>("scaleSlider").maximum());
+    EXPECT_EQ(sheet->model().controls().scaleSlider, 12.5F);
+}
+
+TEST_F(ConfigSheetControlsTest, everyControl_hasANameAndIsReachedWithTab)
+{
+    open({movie("a.mov")}, {{"FullScreenMode", "0"}});
+    int controls = 0;
+    for (QWidget* child : sheet->findChildren<QWidget*>()) {
+        const auto* const button = qobject_cast<QAbstractButton*>(child);
+        const bool isField = qobject_cast<QLineEdit*>(child) || qobject_cast<QSlider*>(child) ||
+                             qobject_cast<QComboBox*>(child) || child == &widget("playListView");
+        const bool isOfTable = child->parentWidget() == &widget("playListView");
+        if (child->window() != sheet.get() || isOfTable || !(button || isField)) continue;
+        ++controls;
+        const QString name = button ? button->text() : child->accessibleName();
+        EXPECT_FALSE(name.isEmpty()) << qPrintable(child->objectName());
+        EXPECT_TRUE(child->focusPolicy() & Qt::TabFocus) << qPrintable(name);
+    }
+    EXPECT_GT(controls, 20);
+}
+
+TEST_F(ConfigSheetControlsTest, mnemonics_areEachOfOneControl)
+{
+    open({});
+    QString seen;
+    for (const QObject* child : sheet->findChildren<QWidget*>()) {
+        const char* const property = child->inherits("QGroupBox") ? "title" : "text";
+        const QString text = child->property(property).toString();
+        const auto at = text.indexOf(u'&');
+        if (at < 0 || qobject_cast<const QWidget*>(child)->window() != sheet.get()) continue;
+        EXPECT_FALSE(seen.contains(text[at + 1], Qt::CaseInsensitive)) << qPrintable(text);
+        seen += text[at + 1];
+    }
+    EXPECT_GT(seen.size(), 20);
+}
+
+} // namespace kestro

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "config_ui/ConfigDoubles.h"
+#include "config_ui/ConfigSheet.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFile>
+#include <QSettings>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <mutex>
+
+namespace kestro {
+
+/// The sheet on a saver and a trailer browser that a test holds, over a window. Movies are looked into by
+/// name only.
+class ConfigSheetFixture : public testing::Test {
+protected:
+    ConfigSheetFixture()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+        window.resize(800, 600);
+        window.show();
+    }
+
+    /// A sheet that opens on a playlist of these URLs and these options.
+    ConfigSheet& open(const QStringList& urls, QVariantMap options = {})
+    {
+        options.insert(QStringLiteral("Ver"), QStringLiteral("5"));
+        options.insert(QStringLiteral("FileList"), urls);
+        saver.store().plist() = options;
+        sheet = std::make_unique<ConfigSheet>(
+            saver, &trailers, [this](const QUrl& url, const std::stop_token&) { return look(url); }, &window);
+        sheet->open();
+        calls.clear();
+        QApplication::processEvents();
+        return *sheet;
+    }
+
+    /// The control of that name.
+    template <typename Control>
+    Control& control(const char* name)
+    {
+        auto* const found = sheet->findChild<Control*>(QString::fromLatin1(name));
+        if (found == nullptr) throw std::runtime_error(name);
+        return *found;
+    }
+    QWidget& widget(const char* name) { return control<QWidget>(name); }
+    bool isEnabled(const char* name) { return widget(name).isEnabled(); }
+    void click(const char* name)
+    {
+        auto& button = control<QAbstractButton>(name);
+        ASSERT_TRUE(button.isEnabled()) << name;
+        button.click();
+    }
+
+    /// Calls `answer` with the modal window that comes next, once it is shown.
+    template <typename Panel>
+    void whenShown(std::function<void(Panel&)> answer)
+    {
+        auto* const look = new QTimer(&window);
+        QObject::connect(look, &QTimer::timeout, look, [look, answer] {
+            auto* const panel = qobject_cast<Panel*>(QApplication::activeModalWidget());
+            if (panel == nullptr || !panel->isVisible()) return;
+            delete look;
+            answer(*panel);
+        });
+        look->start(0);
+    }
+
+    [[nodiscard]] QStringList listed() const
+    {
+        QStringList texts;
+        for (const PlaylistEntry& entry : sheet->model().playList().entries())
+            texts.append(entry.text);
+        return texts;
+    }
+    static QString movie(const QString& name) { return QStringLiteral("http://m/") + name; }
+
+    EntryFacts look(const QUrl& url)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_looked.append(url);
+        return {.seconds = 60, .picture = {}, .fault = {}};
+    }
+    QList<QUrl> looked()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_looked;
+    }
+
+    Calls calls;
+    QTemporaryDir folder;
+    SaverDouble saver{calls};
+    BrowserDouble trailers{calls};
+    QWidget window;
+
+private:
+    std::mutex m_mutex;
+    QList<QUrl> m_looked;
+
+protected:
+    std::unique_ptr<ConfigSheet> sheet;
+};
+
+} // namespace kestro

@@ -1,0 +1,283 @@
+// Adding, deleting, editing and moving entries on the sheet.
+
+#include "config_ui/ConfigSheetFixture.h"
+#include "config_ui/PlaylistPane.h"
+#include "config_ui/RQTableViewRowMove.h"
+#include "config_ui/ThemePanel.h"
+#include "config_ui/URLPanel.h"
+#include "platform/base/ScopedEnvironment.h"
+
+#include <QDir>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+
+namespace kestro {
+
+namespace {
+
+class ConfigSheetPlaylistTest : public ConfigSheetFixture {
+protected:
+    RQTableViewRowMove& table() { return control<RQTableViewRowMove>("playListView"); }
+    void select(const QList<int>& rows)
+    {
+        table().clearSelection();
+        for (const int row : rows)
+            table().selectionModel()->select(table().model()->index(row, 0), QItemSelectionModel::Select);
+        table().setFocus();
+    }
+    QString makeFile(const QString& name) const
+    {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return file.fileName();
+    }
+    bool drop(const QList<QUrl>& urls)
+    {
+        QMimeData dropped;
+        dropped.setUrls(urls);
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+        enter.ignore();
+        QApplication::sendEvent(sheet.get(), &enter);
+        if (!enter.isAccepted()) return false;
+        QDropEvent event({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+        QApplication::sendEvent(sheet.get(), &event);
+        return event.isAccepted();
+    }
+    void typeURL(const QString& text)
+    {
+        control<QLineEdit>("urlField").selectAll();
+        QTest::keyClicks(&control<QLineEdit>("urlField"), text);
+    }
+    URLPanel& urlPanel() { return control<URLPanel>("URLPanel"); }
+};
+
+} // namespace
+
+TEST_F(ConfigSheetPlaylistTest, addMovie_addsWhatIsChosen_andSelectsIt)
+{
+    open({movie("a.mov")});
+    const QString file = makeFile("b.mov");
+    whenShown<QFileDialog>([&](QFileDialog& panel) {
+        EXPECT_EQ(panel.fileMode(), QFileDialog::ExistingFiles);
+        panel.selectFile(file);
+        panel.findChild<QLineEdit*>()->setText(file);
+        static_cast<QDialog&>(panel).accept();
+    });
+    QSettings().setValue("SSLastPath", folder.path());
+    click("addMovieBtn");
+    EXPECT_EQ(listed(),
+              (QStringList{movie("a.mov"), QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded)}));
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{1});
+    EXPECT_EQ(QSettings().value("SSLastPath"), QDir(folder.path()).absolutePath());
+}
+
+TEST_F(ConfigSheetPlaylistTest, addMovie_changesNothing_whenCancelled)
+{
+    open({movie("a.mov")});
+    whenShown<QFileDialog>([](QFileDialog& panel) { panel.reject(); });
+    click("addMovieBtn");
+    EXPECT_EQ(listed(), QStringList{movie("a.mov")});
+    EXPECT_FALSE(QSettings().contains("SSLastPath"));
+}
+
+TEST_F(ConfigSheetPlaylistTest, drop_addsFiles_byTheRulesOfTheOpenPanel)
+{
+    open({});
+    const QUrl good = QUrl::fromLocalFile(makeFile("a.mov"));
+    const QUrl page = QUrl::fromLocalFile(makeFile("page.html"));
+    EXPECT_TRUE(drop({page, good, QUrl::fromLocalFile(folder.path()), QUrl("http://m/x.mov")}));
+    EXPECT_EQ(listed(), QStringList{good.toString(QUrl::FullyEncoded)});
+    QString message;
+    whenShown<QMessageBox>([&](QMessageBox& alert) {
+        message = alert.text();
+        alert.accept();
+    });
+    EXPECT_TRUE(drop({page}));
+    EXPECT_EQ(message, "Invalid URL string.");
+    EXPECT_EQ(listed().size(), 1);
+}
+
+TEST_F(ConfigSheetPlaylistTest, drop_isRefused_whereThereIsNoFile)
+{
+    open({});
+    EXPECT_FALSE(drop({QUrl::fromLocalFile(folder.path())}));
+    EXPECT_FALSE(drop({QUrl("http://m/a.mov")}));
+}
+
+TEST_F(ConfigSheetPlaylistTest, deleteKey_deletesTheSelectedRows)
+{
+    open({movie("0"), movie("1"), movie("2"), movie("3")});
+    select({0, 2});
+    QTest::keyClick(&table(), Qt::Key_Delete);
+    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("3")}));
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
+}
+
+TEST_F(ConfigSheetPlaylistTest, deleteButton_isForASelectionOnly)
+{
+    open({movie("0"), movie("1")});
+    table().clearSelection();
+    EXPECT_FALSE(isEnabled("deleteBtn"));
+    select({1});
+    click("deleteBtn");
+    EXPECT_EQ(listed(), QStringList{movie("0")});
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
+    click("deleteBtn");
+    EXPECT_TRUE(listed().isEmpty());
+    EXPECT_FALSE(isEnabled("deleteBtn"));
+}
+
+TEST_F(ConfigSheetPlaylistTest, altDown_movesTheRow)
+{
+    open({movie("0"), movie("1"), movie("2")});
+    EXPECT_TRUE(table().needsCommandKey());
+    table().setFocus();
+    table().selectRow(0);
+    QTest::keyClick(&table(), Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("0"), movie("2")}));
+    QTest::keyClick(&table(), Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("2"), movie("0")}));
+    QTest::keyClick(&table(), Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("0"), movie("2")}));
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{1});
+}
+
+TEST_F(ConfigSheetPlaylistTest, drag_movesTheRowToWhereItWasDropped)
+{
+    open({movie("0"), movie("1"), movie("2"), movie("3")});
+    EXPECT_TRUE(table().startRowEndedAt(0, 2));
+    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("2"), movie("0"), movie("3")}));
+}
+
+TEST_F(ConfigSheetPlaylistTest, editor_holdsTheURL_andPutsWhatIsTyped)
+{
+    open({movie("a.mov"), movie("b.mov")});
+    table().edit(table().model()->index(1, 0));
+    auto* editor = table().viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->text(), movie("b.mov"));
+    editor->selectAll();
+    QTest::keyClicks(editor, movie("page.html"));
+    QTest::keyClick(editor, Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(listed(), (QStringList{movie("a.mov"), movie("page.html")}));
+    EXPECT_TRUE(sheet->isVisible());
+}
+
+TEST_F(ConfigSheetPlaylistTest, editor_keepsWhatIsTyped_whenMoreIsLearnedOfTheMovie)
+{
+    open({movie("a.mov")});
+    table().edit(table().model()->index(0, 0));
+    auto* editor = table().viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText("http://m/half");
+    Q_EMIT table().model()->dataChanged(table().model()->index(0, 0), table().model()->index(0, 0));
+    EXPECT_EQ(editor->text(), "http://m/half");
+}
+
+TEST_F(ConfigSheetPlaylistTest, editor_leavesTheEntry_whenTheTextIsNoURL)
+{
+    open({movie("a.mov")});
+    table().edit(table().model()->index(0, 0));
+    auto* editor = table().viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText("no url");
+    QTest::keyClick(editor, Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(listed(), QStringList{movie("a.mov")});
+}
+
+TEST_F(ConfigSheetPlaylistTest, urlPanel_addsTheURLAndCloses)
+{
+    open({});
+    click("addURLBtn");
+    EXPECT_TRUE(urlPanel().isVisible());
+    EXPECT_TRUE(urlPanel().isModal());
+    typeURL("http://Example.com/a.mov");
+    urlPanel().accept();
+    EXPECT_FALSE(urlPanel().isVisible());
+    EXPECT_EQ(listed(), QStringList{"http://Example.com/a.mov"});
+}
+
+TEST_F(ConfigSheetPlaylistTest, urlPanel_staysOpenAfterAnAlert_withItsText)
+{
+    open({});
+    click("addURLBtn");
+    typeURL("no url");
+    QStringList alert;
+    whenShown<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_TRUE(urlPanel().isVisible());
+        alert = {box.windowTitle(), box.text()};
+        EXPECT_EQ(box.buttons().size(), 1);
+        alert.append(box.buttons().value(0)->text());
+        box.accept();
+    });
+    urlPanel().accept();
+    EXPECT_EQ(alert, (QStringList{"Alert", "Invalid URL string.", "OK"}));
+    EXPECT_TRUE(urlPanel().isVisible());
+    EXPECT_EQ(control<QLineEdit>("urlField").text(), "no url");
+    typeURL("http://m/a.mov");
+    urlPanel().accept();
+    EXPECT_FALSE(urlPanel().isVisible());
+    EXPECT_EQ(listed(), QStringList{"http://m/a.mov"});
+}
+
+TEST_F(ConfigSheetPlaylistTest, urlPanel_addsNothing_whenCancelled)
+{
+    open({});
+    click("addURLBtn");
+    typeURL("http://m/a.mov");
+    urlPanel().reject();
+    EXPECT_FALSE(urlPanel().isVisible());
+    EXPECT_TRUE(listed().isEmpty());
+}
+
+TEST_F(ConfigSheetPlaylistTest, trailers_areShownForTheSheet)
+{
+    open({});
+    click("trailersBtn");
+    ASSERT_NE(trailers.shownFor, nullptr);
+    trailers.shownFor->addURLList({QUrl("auto://LatestTrailers/6/480")});
+    EXPECT_EQ(listed(), QStringList{"auto://LatestTrailers/6/480"});
+}
+
+TEST_F(ConfigSheetPlaylistTest, themeMovies_areForMachinesThatHaveThem)
+{
+    const ScopedEnvironment root("KESTRO_ROOT", folder.path());
+    open({});
+    EXPECT_FALSE(isEnabled("idvdBtn"));
+    ASSERT_TRUE(QDir(folder.path()).mkpath("Applications/iDVD.app"));
+    open({});
+    click("idvdBtn");
+    auto& panel = *qobject_cast<ThemePanel*>(QApplication::activeModalWidget());
+    EXPECT_EQ(panel.parentWidget(), sheet.get());
+    click("idvdBtn");
+    EXPECT_EQ(QApplication::activeModalWidget(), &panel);
+    sheet->reject();
+    EXPECT_FALSE(panel.isVisible());
+}
+
+TEST_F(ConfigSheetPlaylistTest, movies_areLookedIntoWhereTheyAreInSightOnly)
+{
+    QStringList many;
+    for (int i = 0; i < 10000; ++i)
+        many.append(movie(QString::number(i)));
+    open(many);
+    const auto lookedAt = [this](int row) { return looked().contains(QUrl(movie(QString::number(row)))); };
+    const auto waitFor = [&](int row) {
+        while (!lookedAt(row))
+            QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+    };
+    waitFor(table().rowAt(table().viewport()->height() - 1));
+    EXPECT_LT(looked().size(), 100);
+    table().scrollToBottom();
+    waitFor(9999);
+    EXPECT_LT(looked().size(), 200);
+    EXPECT_FALSE(lookedAt(5000));
+}
+
+} // namespace kestro

@@ -1,0 +1,132 @@
+#include "config_ui/EntryReader.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <gtest/gtest.h>
+#include <latch>
+#include <vector>
+
+namespace kestro {
+
+namespace {
+
+const QUrl file = QUrl::fromLocalFile(QStringLiteral("/a.mov"));
+const QUrl other = QUrl::fromLocalFile(QStringLiteral("/b.mov"));
+const QUrl remote(QStringLiteral("http://m/a.mov"));
+
+class EntryReaderTest : public testing::Test {
+protected:
+    /// Lets events through until that many movies were learned.
+    static void waitFor(const std::vector<QUrl>& learned, std::size_t count)
+    {
+        while (learned.size() < count)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    static std::vector<QUrl>& noting(EntryReader& reader, std::vector<QUrl>& learned)
+    {
+        QObject::connect(&reader, &EntryReader::learned, &reader,
+                         [&learned](const QUrl& url) { learned.push_back(url); });
+        return learned;
+    }
+};
+
+QUrl testMovie(const char* name)
+{
+    return QUrl::fromLocalFile(QStringLiteral(KESTRO_TEST_MOVIES "/") + QString::fromLatin1(name));
+}
+
+} // namespace
+
+TEST_F(EntryReaderTest, want_learnsInTheBackground)
+{
+    std::vector<QUrl> learned;
+    QThread* readOn = nullptr;
+    EntryReader reader([&](const QUrl&, const std::stop_token&) {
+        readOn = QThread::currentThread();
+        return EntryFacts{.seconds = 5, .picture = {}, .fault = {}};
+    });
+    noting(reader, learned);
+    EXPECT_EQ(reader.facts(file), nullptr);
+    reader.want({file});
+    waitFor(learned, 1);
+    ASSERT_NE(reader.facts(file), nullptr);
+    EXPECT_EQ(reader.facts(file)->seconds, 5);
+    EXPECT_NE(readOn, QThread::currentThread());
+}
+
+TEST_F(EntryReaderTest, want_readsNothingTwice)
+{
+    std::vector<QUrl> learned;
+    std::atomic<int> reads = 0;
+    EntryReader reader([&](const QUrl&, const std::stop_token&) {
+        ++reads;
+        return EntryFacts{};
+    });
+    noting(reader, learned);
+    reader.want({file, file});
+    waitFor(learned, 1);
+    reader.want({file, other});
+    waitFor(learned, 2);
+    EXPECT_EQ(learned, (std::vector<QUrl>{file, other}));
+    EXPECT_EQ(reads, 2);
+}
+
+TEST_F(EntryReaderTest, want_readsFilesWhileAServerDoesNotAnswer)
+{
+    std::vector<QUrl> learned;
+    std::latch answer(1);
+    EntryReader reader([&](const QUrl& url, const std::stop_token&) {
+        if (!url.isLocalFile()) answer.wait();
+        return EntryFacts{};
+    });
+    noting(reader, learned);
+    reader.want({remote, file});
+    waitFor(learned, 1);
+    EXPECT_EQ(learned, std::vector<QUrl>{file});
+    answer.count_down();
+    waitFor(learned, 2);
+}
+
+TEST_F(EntryReaderTest, end_stopsWhatIsBeingRead)
+{
+    std::atomic<bool> begun = false;
+    std::atomic<bool> stopped = false;
+    {
+        EntryReader reader([&](const QUrl&, const std::stop_token& stop) {
+            begun = true;
+            begun.notify_all();
+            while (!stop.stop_requested())
+                std::this_thread::yield();
+            stopped = true;
+            return EntryFacts{};
+        });
+        reader.want({file});
+        begun.wait(false);
+    }
+    EXPECT_TRUE(stopped);
+}
+
+TEST_F(EntryReaderTest, readEntry_tellsDurationAndPicture)
+{
+    const EntryFacts facts = readEntry(testMovie("plain.mp4"), {64, 36}, {});
+    EXPECT_NEAR(facts.seconds, 2, 0.04);
+    EXPECT_EQ(facts.picture.size(), QSize(64, 36));
+    EXPECT_TRUE(facts.fault.isEmpty());
+}
+
+TEST_F(EntryReaderTest, readEntry_keepsTheShapeOfTheMovie)
+{
+    EXPECT_EQ(readEntry(testMovie("rotated90.mp4"), {64, 36}, {}).picture.size(), QSize(20, 36));
+}
+
+TEST_F(EntryReaderTest, readEntry_saysWhyAMovieCannotBeOpened)
+{
+    EXPECT_EQ(readEntry(testMovie("missing.mov"), {64, 36}, {}).fault, "no such file");
+    EXPECT_EQ(readEntry(testMovie("empty.mov"), {64, 36}, {}).fault, "empty file");
+    EXPECT_EQ(readEntry(QUrl("ftp://m/a.mov"), {64, 36}, {}).fault,
+              "movies are played from files, http and https only");
+    EXPECT_FALSE(readEntry(QUrl("http://127.0.0.1:1/a.mov"), {64, 36}, {}).fault.isEmpty());
+}
+
+} // namespace kestro

@@ -1,0 +1,96 @@
+#include "config_ui/EntryText.h"
+
+#include "config_ui/EntryFacts.h"
+
+#include <gtest/gtest.h>
+
+namespace kestro {
+
+namespace {
+
+PlaylistEntry entry(const char* text)
+{
+    return {QUrl(QString::fromUtf8(text)), QString::fromUtf8(text)};
+}
+
+QString durationOf(double seconds)
+{
+    const EntryFacts facts{.seconds = seconds, .picture = {}, .fault = {}};
+    return EntryText::duration(&facts);
+}
+
+const EntryFacts broken{.seconds = 0, .picture = {}, .fault = QStringLiteral("no such file")};
+
+} // namespace
+
+TEST(EntryText, hasMovie_isTrueForMoviesOnly)
+{
+    for (const char* text : {"file:///a.mov", "http://m/a", "https://m/a.mp4"})
+        EXPECT_TRUE(EntryText::hasMovie(QUrl(text))) << text;
+    for (const char* text :
+         {"auto://LatestTrailers/6/480", "http://m/a.swf", "http://m/page.html", "file:///a.QT"})
+        EXPECT_FALSE(EntryText::hasMovie(QUrl(text))) << text;
+}
+
+TEST(EntryText, name_isTheLastPartOfThePath)
+{
+    EXPECT_EQ(EntryText::name(entry("file:///movies/My%20Movie.mov")), "My Movie.mov");
+    EXPECT_EQ(EntryText::name(entry("http://m/a/b.mov?x=1")), "b.mov");
+    EXPECT_EQ(EntryText::name(entry("http://example.com")), "example.com");
+    EXPECT_EQ(EntryText::name(entry("auto://LatestTrailers/6/480")), "Newest trailers");
+}
+
+TEST(EntryText, detail_isWhereAMovieLies)
+{
+    EXPECT_EQ(EntryText::detail(entry("file:///movies/new/a.mov"), nullptr), "/movies/new");
+    EXPECT_EQ(EntryText::detail(entry("http://example.com/x/a.mov"), nullptr), "example.com");
+    EXPECT_EQ(EntryText::detail(entry("http://example.com/x/a.swf"), nullptr), "Web content, example.com");
+}
+
+TEST(EntryText, detail_saysWhatAnAutomaticEntryStandsFor)
+{
+    EXPECT_EQ(EntryText::detail(entry("auto://LatestTrailers/6/480"), nullptr),
+              "The newest 6, 480 pixels wide");
+    EXPECT_EQ(EntryText::detail(entry("auto://LatestTrailers/0/640"), nullptr),
+              "All there are, 640 pixels wide");
+    EXPECT_FALSE(EntryText::isFault(entry("auto://LatestTrailers/6/480"), nullptr));
+}
+
+TEST(EntryText, detail_saysWhyAnEntryDoesNotPlay)
+{
+    struct Case {
+        const char* text;
+        const EntryFacts* facts;
+        const char* reason;
+    };
+    for (const Case& each : {Case{"auto://LatestTrailers/480", nullptr,
+                                  "Left out: it does not say how many trailers of which width"},
+                             Case{"http://m/page.html", nullptr, "Left out: a web page, no movie"},
+                             Case{"file:///a.mov", &broken, "Cannot be opened: no such file"}}) {
+        EXPECT_EQ(EntryText::detail(entry(each.text), each.facts), each.reason);
+        EXPECT_TRUE(EntryText::isFault(entry(each.text), each.facts)) << each.text;
+        EXPECT_EQ(EntryText::toolTip(entry(each.text), each.facts),
+                  QString::fromUtf8(each.text) + u'\n' + QString::fromUtf8(each.reason));
+    }
+}
+
+TEST(EntryText, toolTip_isTheWholeURL)
+{
+    EXPECT_EQ(EntryText::toolTip(entry("http://Example.com/x/a.mov"), nullptr), "http://Example.com/x/a.mov");
+}
+
+TEST(EntryText, duration_isMinutesAndSeconds_andHoursWhereThereAreAny)
+{
+    EXPECT_EQ(durationOf(0.2), "0:01");
+    EXPECT_EQ(durationOf(65.4), "1:05");
+    EXPECT_EQ(durationOf(599.6), "10:00");
+    EXPECT_EQ(durationOf(3723), "1:02:03");
+}
+
+TEST(EntryText, duration_isEmpty_whenUnknown)
+{
+    EXPECT_EQ(durationOf(0), "");
+    EXPECT_EQ(EntryText::duration(nullptr), "");
+}
+
+} // namespace kestro
