@@ -80,17 +80,20 @@ QStringList filesOf(const QMimeData& dropped)
 
 } // namespace
 
-ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWidget* parent)
-    : ConfigSheet(saver, trailers, readerOfPictures(QFontMetrics(QApplication::font())), parent)
+ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWidget* parent,
+                         QSettings* defaults)
+    : ConfigSheet(saver, trailers, readerOfPictures(QFontMetrics(QApplication::font())), parent, defaults)
 {
 }
 
 ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, const ReadingLane::Read& read,
-                         QWidget* parent)
+                         QWidget* parent, QSettings* defaults)
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::SSConfig>())
+    , m_ownDefaults(defaults != nullptr ? nullptr : std::make_unique<QSettings>())
     , m_panels(std::make_unique<SheetPanels>(*this))
-    , m_model(std::make_unique<ConfigModel>(ConfigModel::Sources{saver, *m_panels, m_defaults, trailers}))
+    , m_model(std::make_unique<ConfigModel>(
+          ConfigModel::Sources{saver, *m_panels, defaults != nullptr ? *defaults : *m_ownDefaults, trailers}))
 {
     m_ui->setupUi(this);
     setWindowModality(Qt::WindowModal);

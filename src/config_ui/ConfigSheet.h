@@ -29,11 +29,13 @@ class ConfigSheet final : public QDialog {
     Q_OBJECT
 
 public:
-    /// `trailers` may be null: then there are none to browse. Both outlive the sheet.
-    ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWidget* parent = nullptr);
+    /// `trailers` may be null: then there are none to browse. `defaults` is what the host keeps from one time
+    /// to the next; null for the application's own. All of them outlive the sheet.
+    ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWidget* parent = nullptr,
+                QSettings* defaults = nullptr);
     /// The same with a way of its own to look into movies.
     ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, const ReadingLane::Read& read,
-                QWidget* parent);
+                QWidget* parent, QSettings* defaults = nullptr);
     ~ConfigSheet() override;
 
     [[nodiscard]] ConfigModel& model() { return *m_model; }
@@ -66,7 +68,7 @@ private:
     void takeScale(float scale);
 
     std::unique_ptr<Ui::SSConfig> m_ui;
-    QSettings m_defaults; ///< of the host
+    std::unique_ptr<QSettings> m_ownDefaults; ///< where the host gave none
     std::unique_ptr<SheetPanels> m_panels;
     std::unique_ptr<ConfigModel> m_model;
     std::unique_ptr<PlaylistPane> m_playlist;

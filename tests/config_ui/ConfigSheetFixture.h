@@ -22,7 +22,6 @@ class ConfigSheetFixture : public testing::Test {
 protected:
     ConfigSheetFixture()
     {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
         window.resize(800, 600);
         window.show();
     }
@@ -34,7 +33,8 @@ protected:
         options.insert(QStringLiteral("FileList"), urls);
         saver.store().plist() = options;
         sheet = std::make_unique<ConfigSheet>(
-            saver, &trailers, [this](const QUrl& url, const std::stop_token&) { return look(url); }, &window);
+            saver, &trailers, [this](const QUrl& url, const std::stop_token&) { return look(url); }, &window,
+            &defaults);
         sheet->open();
         calls.clear();
         QApplication::processEvents();
@@ -95,6 +95,7 @@ protected:
 
     Calls calls;
     QTemporaryDir folder;
+    QSettings defaults{folder.filePath(QStringLiteral("host.conf")), QSettings::IniFormat};
     SaverDouble saver{calls};
     BrowserDouble trailers{calls};
     QWidget window;

@@ -67,12 +67,12 @@ TEST_F(ConfigSheetPlaylistTest, addMovie_addsWhatIsChosen_andSelectsIt)
         panel.findChild<QLineEdit*>()->setText(file);
         static_cast<QDialog&>(panel).accept();
     });
-    QSettings().setValue("SSLastPath", folder.path());
+    defaults.setValue("SSLastPath", folder.path());
     click("addMovieBtn");
     EXPECT_EQ(listed(),
               (QStringList{movie("a.mov"), QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded)}));
     EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{1});
-    EXPECT_EQ(QSettings().value("SSLastPath"), QDir(folder.path()).absolutePath());
+    EXPECT_EQ(defaults.value("SSLastPath"), QDir(folder.path()).absolutePath());
 }
 
 TEST_F(ConfigSheetPlaylistTest, addMovie_changesNothing_whenCancelled)
@@ -81,7 +81,7 @@ TEST_F(ConfigSheetPlaylistTest, addMovie_changesNothing_whenCancelled)
     whenShown<QFileDialog>([](QFileDialog& panel) { panel.reject(); });
     click("addMovieBtn");
     EXPECT_EQ(listed(), QStringList{movie("a.mov")});
-    EXPECT_FALSE(QSettings().contains("SSLastPath"));
+    EXPECT_FALSE(defaults.contains("SSLastPath"));
 }
 
 TEST_F(ConfigSheetPlaylistTest, drop_addsFiles_byTheRulesOfTheOpenPanel)
