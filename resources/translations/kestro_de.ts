@@ -443,6 +443,13 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::ConfigSheet</name>
+    <message>
+        <source>Disable</source>
+        <translation>Deaktiviert</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>

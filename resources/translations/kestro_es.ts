@@ -443,6 +443,13 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::ConfigSheet</name>
+    <message>
+        <source>Disable</source>
+        <translation>Desactivado</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>

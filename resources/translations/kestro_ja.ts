@@ -443,6 +443,13 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::ConfigSheet</name>
+    <message>
+        <source>Disable</source>
+        <translation>使用しない</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>

@@ -443,6 +443,13 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::ConfigSheet</name>
+    <message>
+        <source>Disable</source>
+        <translation>不使用</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>

@@ -218,6 +218,7 @@ void ConfigSheet::showBackSavers()
     const QSignalBlocker quiet(m_ui->backSaverPopup);
     m_ui->backSaverPopup->clear();
     m_ui->backSaverPopup->addItems(m_model->backSaverItems());
+    m_ui->backSaverPopup->setItemText(0, tr("Disable"));
     for (int i = 0; i < m_model->backSaverList().size(); ++i)
         m_ui->backSaverPopup->setItemData(i + 1, m_model->backSaverList()[i], Qt::ToolTipRole);
 }

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSlider>
+#include <QTranslator>
 
 namespace kestro {
 
@@ -31,6 +32,16 @@ protected:
     {
         for (const char* name : names)
             EXPECT_EQ(isEnabled(name), enabled) << name;
+    }
+};
+
+/// Another language.
+class ShoutingTranslator final : public QTranslator {
+public:
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char*, const char* text, const char*, int) const override
+    {
+        return QString::fromUtf8(text).toUpper();
     }
 };
 
@@ -61,6 +72,16 @@ TEST_F(ConfigSheetControlsTest, controls_showTheSettings)
     EXPECT_EQ(control<QComboBox>("backSaverPopup").currentText(), "B.saver");
     EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(0), "Disable");
     EXPECT_EQ(control<QComboBox>("backSaverPopup").count(), 3);
+}
+
+TEST_F(ConfigSheetControlsTest, backSaverPopup_translatesItsOwnItemAlone)
+{
+    ShoutingTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    saver.backSavers = {"/s/A.saver"};
+    open({movie("a.mov")});
+    EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(0), "DISABLE");
+    EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(1), "A.saver");
 }
 
 TEST_F(ConfigSheetControlsTest, radioGroups_showNoButton_forNumbersThatNoneStandsFor)

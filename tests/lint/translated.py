@@ -1,0 +1,152 @@
+"""Every text of the windows is there in every language, with what the code puts into it, its shortcut key and its shape.
+
+usage: translated.py ROOT | translated.py --self-check
+"""
+
+import glob
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import xml.etree.ElementTree as ElementTree
+
+import lint
+
+LANGUAGES = ["de", "es", "fr", "ja", "zh_CN"]
+FOLDER = "resources/translations"
+WINDOWS = ["src/widgets", "src/config_ui", "src/trailers/panel", "src/host/preferences"]
+PLACEHOLDER = re.compile(r"%L?\d+|%n|%[ds@]")
+MNEMONIC = re.compile(r"&(?=[^\s&])")
+# How a text ends, and what may stand there instead in another language.
+ENDINGS = {"…": "…", "...": "...…", ":": ":：", ".": ".。", "?": "?？", "\n": "\n", " ": " "}
+# What shows a text, and a literal handed to it: such a text cannot be translated.
+BARE_TEXT = (
+    r"\b(set(Text|WindowTitle|Title|ToolTip|StatusTip|WhatsThis|PlaceholderText|AccessibleName|AccessibleDescription|"
+    r"LabelText|InformativeText)|addButton|addAction|addRow|addTab|addItem)\s*\(\s*"
+    r'(QStringLiteral\s*\(\s*|QLatin1String(View)?\s*\(\s*|u)?"[^"]*[A-Za-z]{2}'
+)
+
+
+def messages(text):
+    """(context, source) to (type, translations) of a file of texts; one that counts has several translations."""
+    found = {}
+    for context in ElementTree.fromstring(text).iter("context"):
+        for message in context.iter("message"):
+            translation = message.find("translation")
+            forms = [form.text or "" for form in translation.iter("numerusform")] or [translation.text or ""]
+            found[context.findtext("name"), message.findtext("source")] = (translation.get("type"), forms)
+    return found
+
+
+def faults(source, translation):
+    """What is wrong with one translation, in words."""
+    found = []
+    if not translation.strip():
+        return ["is empty"]
+    if sorted(PLACEHOLDER.findall(source)) != sorted(PLACEHOLDER.findall(translation)):
+        found.append("has other placeholders")
+    if len(MNEMONIC.findall(source)) != len(MNEMONIC.findall(translation)):
+        found.append("has another number of shortcut keys")
+    if source.count("\n") != translation.count("\n"):
+        found.append("has other line ends")
+    ending = next((end for end in ENDINGS if source.endswith(end)), None)
+    if ending and translation[-1] not in ENDINGS[ending]:
+        found.append(f"does not end like the text, in {ending!r}")
+    return found
+
+
+def check_language(path, wanted, present):
+    """Lines about one language: `wanted` are the texts of the code, `present` is what its file has."""
+    found = [f"{path}: not translated: {key}" for key in wanted if key not in present]
+    for key, (kind, forms) in present.items():
+        if key not in wanted:
+            found.append(f"{path}: not in the code any more: {key}")
+        elif kind is not None:
+            found.append(f"{path}: {kind}: {key}")
+        else:
+            found += [f"{path}: {fault}: {key}" for form in forms for fault in faults(key[1], form)]
+    return found
+
+
+def texts_of_the_code(root):
+    with tempfile.TemporaryDirectory() as scratch:
+        out = os.path.join(scratch, "all.ts")
+        lupdate = os.environ.get("LUPDATE", "/usr/lib/qt6/bin/lupdate")
+        command = [lupdate, "-silent", "-locations", "none", "-extensions", "cpp,h,ui", "src", "-ts", out]
+        result = subprocess.run(command, cwd=root, capture_output=True, text=True, check=True, timeout=120)
+        complaints = [f"lupdate: {line}" for line in result.stderr.splitlines() if line.strip()]
+        with open(out, encoding="utf-8") as file:
+            return messages(file.read()), complaints
+
+
+def check_bare(path, text):
+    return lint.matches(BARE_TEXT, text, "a text that cannot be translated: {0}")
+
+
+def check_tree(root):
+    wanted, found = texts_of_the_code(root)
+    if not wanted:
+        sys.exit("no texts found where there must be some")
+    files = {os.path.basename(path) for path in glob.glob(os.path.join(root, FOLDER, "*.ts"))}
+    if files != {f"kestro_{language}.ts" for language in LANGUAGES}:
+        found.append(f"{FOLDER} has {sorted(files)}")
+    for name in sorted(files):
+        found += check_language(name, wanted, messages(lint.read(root, f"{FOLDER}/{name}")))
+    for path in [path for folder in WINDOWS for path in lint.files(root, lint.CPP, folder)]:
+        found += [f"{path}:{line}: {message}" for line, message in check_bare(path, lint.read(root, path))]
+    print("\n".join(found))
+    print(f"{len(wanted)} texts in {len(files)} languages, {len(found)} findings")
+    sys.exit(1 if found else 0)
+
+
+FAULTS = [
+    ("Add", "Hinzufügen", 0),
+    ("Add", " ", 1),
+    ("&Add", "&Hinzufügen", 0),
+    ("&Find:", "検索(&F):", 0),
+    ("&Add", "Hinzufügen", 1),
+    ("Add", "Hin&zufügen", 1),
+    ("Fish & Chips", "Fisch & Pommes", 0),
+    ("Saving %1…", "%1 wird gesichert …", 0),
+    ("Saving %1…", "Wird gesichert…", 1),
+    ("%1 of %2", "%2 von %1", 0),
+    ("%d/%d", "%d/%s", 1),
+    ("Size:", "Größe:", 0),
+    ("Size:", "大小：", 0),
+    ("Size:", "Größe", 1),
+    ("Save…", "Sichern", 1),
+    ("Failed.\nTry again.", "Fehlgeschlagen.\nNoch einmal.", 0),
+    ("Failed.\nTry again.", "Fehlgeschlagen. Noch einmal.", 1),
+    ("Failed.", "失敗しました。", 0),
+]
+BARE = [
+    ('box.setText(QStringLiteral("Hello"));', 1),
+    ('box.setWindowTitle("Hello");', 1),
+    ('box.setText(tr("Hello"));', 0),
+    ('box.setText(QStringLiteral("%1/%2").arg(a));', 0),
+    ("box.setText(name);", 0),
+]
+TS = '<TS><context><name>A</name><message><source>{}</source><translation{}>{}</translation></message></context></TS>'
+FILES = [
+    (TS.format("Add", "", "Hinzu"), 0),
+    (TS.format("Add", ' type="unfinished"', ""), 1),
+    (TS.format("Add", ' type="vanished"', "Hinzu"), 1),
+    (TS.format("Away", "", "Weg"), 2),
+    ("<TS/>", 1),
+]
+
+
+def self_check():
+    wrong = [f"{s!r}, {t!r}: {faults(s, t)}" for s, t, count in FAULTS if len(faults(s, t)) != count]
+    wrong += [text for text, count in BARE if len(check_bare("a.cpp", text)) != count]
+    wanted = messages(TS.format("Add", "", ""))
+    wrong += [text for text, count in FILES if len(check_language("a.ts", wanted, messages(text))) != count]
+    print("\n".join(wrong))
+    sys.exit(1 if wrong else 0)
+
+
+if __name__ == "__main__":
+    if sys.argv[1:] == ["--self-check"]:
+        self_check()
+    check_tree(sys.argv[1])
