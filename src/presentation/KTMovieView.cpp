@@ -80,6 +80,7 @@ void KTMovieView::showWebContent(const QUrl& url)
     if (!m_platform.webEngine) return;
     auto view = m_platform.webEngine->makeWebView(bounds());
     addSubview(*view);
+    view->setMuted(m_mute);
     view->loadRequest(url);
     m_movieView = std::move(view);
 }
@@ -133,6 +134,7 @@ void KTMovieView::setMuted(bool muted)
 {
     m_mute = muted;
     if (auto* inner = innerMovieView()) inner->setMuted(muted);
+    if (auto* page = innerWebView()) page->setMuted(muted);
 }
 
 bool KTMovieView::isMuted() const

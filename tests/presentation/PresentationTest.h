@@ -23,9 +23,11 @@ class WebViewDouble final : public WebView {
 public:
     using WebView::WebView;
     void loadRequest(const QUrl& url) override { loaded = url; }
+    void setMuted(bool muted) override { isMuted = muted; }
     void stopLoading() override { isStopped = true; }
 
     QUrl loaded;
+    bool isMuted = true;
     bool isStopped = false;
 };
 

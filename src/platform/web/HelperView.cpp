@@ -36,6 +36,14 @@ void HelperView::loadRequest(const QUrl& url)
     schedule();
 }
 
+void HelperView::setMuted(bool muted)
+{
+    if (muted == m_isMuted) return;
+    m_isMuted = muted;
+    m_isToldMuted = false;
+    schedule();
+}
+
 void HelperView::stopLoading()
 {
     if (!m_url.isEmpty()) m_engine.send(message(WebMessage::Kind::Stop));
@@ -60,6 +68,7 @@ void HelperView::begin()
 {
     m_frames.reset();
     m_shownSlot = -1;
+    m_isToldMuted = false;
     m_isLoadTold = m_url.isEmpty();
     schedule();
 }
@@ -83,6 +92,11 @@ void HelperView::tellAll()
     m_isScheduled = false;
     if (m_url.isEmpty() || !m_engine.isRunning()) return;
     tellSize();
+    if (!std::exchange(m_isToldMuted, true)) {
+        WebMessage sound = message(WebMessage::Kind::Mute);
+        sound.flag = m_isMuted;
+        m_engine.send(sound);
+    }
     if (!std::exchange(m_isLoadTold, true)) tellAddress();
 }
 

@@ -24,6 +24,7 @@ public:
     ~HelperView() override;
 
     void loadRequest(const QUrl& url) override;
+    void setMuted(bool muted) override;
     void stopLoading() override;
     void setFrame(const Rect& frame) override;
     void setFrameSize(Size size) override;
@@ -50,7 +51,9 @@ private:
     const quint32 m_number;
     PageLayer m_layer;
     QUrl m_url;
-    bool m_isLoadTold = true; ///< the helper knows the address
+    bool m_isMuted = true;
+    bool m_isToldMuted = false; ///< the helper knows what m_isMuted is
+    bool m_isLoadTold = true;   ///< the helper knows the address
     bool m_isScheduled = false;
     /// Where the helper writes; shared with the layer.
     std::shared_ptr<SharedFrames> m_frames;

@@ -18,6 +18,7 @@ struct Head {
     qint32 width, height;
     float zoom;
     qint32 left, top, damageWidth, damageHeight;
+    quint32 flag;
 };
 
 Head headOf(const WebMessage& message)
@@ -33,7 +34,8 @@ Head headOf(const WebMessage& message)
             damage.left(),
             damage.top(),
             damage.width(),
-            damage.height()};
+            damage.height(),
+            message.flag ? 1U : 0U};
 }
 
 WebMessage messageOf(const Head& head, const char* text, qsizetype length)
@@ -46,6 +48,7 @@ WebMessage messageOf(const Head& head, const char* text, qsizetype length)
     message.size = {head.width, head.height};
     message.zoom = head.zoom;
     message.damage = {head.left, head.top, head.damageWidth, head.damageHeight};
+    message.flag = head.flag != 0;
     message.text = QByteArray(text, length);
     return message;
 }

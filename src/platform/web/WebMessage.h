@@ -17,6 +17,7 @@ struct WebMessage {
         Load,    ///< page `view`: show the address `text`; the page is made when it is not there
         Resize,  ///< page `view` is `size` pixels now, at `zoom` pixels a point; its pictures go to `memory`
         Release, ///< the picture `slot` of page `view` may be written again
+        Mute,    ///< page `view` is silent where `flag`
         Stop,    ///< page `view` ends
         // the helper's
         Hello, ///< ready
@@ -32,6 +33,7 @@ struct WebMessage {
     QSize size;
     float zoom = 1;
     QRect damage;
+    bool flag = false;
     QByteArray text;   ///< UTF-8
     Descriptor memory; ///< see SharedFrames
 };

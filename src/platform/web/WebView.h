@@ -8,15 +8,16 @@ class QUrl;
 
 namespace kestro {
 
-/// Shows one web page over its whole bounds, always without a sound: nothing of a movie's playback settings
-/// is meant for pages. Made by a WebEngine. Main thread.
+/// Shows one web page over its whole bounds. Made by a WebEngine. Main thread.
 class WebView : public View {
 public:
     using View::View;
 
-    /// Loads `url` in the page's main frame; once in the view's life. What cannot be loaded leaves it black.
+    /// Loads `url` in the page's main frame. What cannot be loaded leaves the view black.
     virtual void loadRequest(const QUrl& url) = 0;
-    /// Ends the page for good: it is black, and costs nothing any more.
+    /// Whether the page's sound is off; it is until it is asked for.
+    virtual void setMuted(bool muted) = 0;
+    /// Ends the page for good: it is black and silent, and costs nothing any more.
     virtual void stopLoading() = 0;
 };
 

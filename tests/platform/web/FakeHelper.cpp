@@ -1,6 +1,6 @@
 // A web helper without a browser, for the tests of the saver's side. What it does is told by the address:
 // "paint:RRGGBB" sends one picture of that colour, "pair:" pictures until no slot is free, "note:TEXT" a
-// note, "crash:" and "hang:" what they say. Told "crash" as its argument, it ends at the start.
+// note, "crash:" and "hang:" what they say. Told "mute" as its argument, it crashes at the start.
 
 #include "platform/web/HelperProcess.h"
 #include "platform/web/SharedFrames.h"
@@ -20,6 +20,7 @@ struct FakePage {
     std::unique_ptr<SharedFrames> frames;
     quint32 generation = 0;
     QString address;
+    bool isMuted = true;
 };
 
 class FakeHelper {
@@ -37,6 +38,7 @@ private:
     {
         FakePage& page = m_pages[message.view];
         if (message.kind == WebMessage::Kind::Ping) answer(WebMessage::Kind::Pong, 0, {});
+        if (message.kind == WebMessage::Kind::Mute) page.isMuted = message.flag;
         if (message.kind == WebMessage::Kind::Stop) m_pages.erase(message.view);
         if (message.kind == WebMessage::Kind::Release) paint(message.view, "00ff00", message.slot);
         if (message.kind == WebMessage::Kind::Resize) {
@@ -59,6 +61,7 @@ private:
                 pause();
         if (address.startsWith(u"note:")) answer(WebMessage::Kind::Note, number, address.mid(5).toUtf8());
         if (address.startsWith(u"paint:")) paint(number, address.mid(6), 0);
+        if (address == u"sound:") paint(number, m_pages[number].isMuted ? "ff0000" : "0000ff", 0);
         if (address != u"pair:") return;
         paint(number, "ff0000", 0);
         paint(number, "0000ff", 1);

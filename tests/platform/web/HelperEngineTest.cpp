@@ -130,6 +130,17 @@ TEST_F(HelperEngineTest, view_givesASlotBack_onceItShowsTheNextPicture)
     EXPECT_TRUE(becomes(green)); // painted in the slot that was given back
 }
 
+TEST_F(HelperEngineTest, view_isMutedUntilToldOtherwise)
+{
+    HelperEngine engine(settings);
+    const auto muted = show(engine, "sound:");
+    ASSERT_TRUE(becomes(red));
+    muted->stopLoading();
+    const auto loud = show(engine, "sound:");
+    loud->setMuted(false);
+    EXPECT_TRUE(becomes(blue));
+}
+
 TEST_F(HelperEngineTest, view_isBlack_onceStopped)
 {
     HelperEngine engine(settings);

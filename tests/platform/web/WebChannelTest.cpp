@@ -41,6 +41,7 @@ TEST_F(WebChannelTest, send_bringsEveryPartOfAMessage)
     sent.size = {640, 480};
     sent.zoom = 1.5F;
     sent.damage = {1, 2, 3, 4};
+    sent.flag = true;
     sent.text = "words";
     ASSERT_TRUE(near->send(sent));
     ASSERT_TRUE(turnUntil([&] { return !heard.empty(); }));
@@ -52,6 +53,7 @@ TEST_F(WebChannelTest, send_bringsEveryPartOfAMessage)
     EXPECT_EQ(got.size, sent.size);
     EXPECT_EQ(got.zoom, sent.zoom);
     EXPECT_EQ(got.damage, sent.damage);
+    EXPECT_EQ(got.flag, sent.flag);
     EXPECT_EQ(got.text, sent.text);
     EXPECT_FALSE(got.memory.isOpen());
 }

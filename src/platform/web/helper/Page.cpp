@@ -91,6 +91,7 @@ void Page::showView()
     QObject* const made = m_surroundings.view.createWithInitialProperties(
         {{QStringLiteral("page"), QVariant::fromValue<QObject*>(this)},
          {QStringLiteral("profile"), QVariant::fromValue(m_profile.get())},
+         {QStringLiteral("audioMuted"), m_isMuted},
          {QStringLiteral("zoomFactor"), m_zoom}});
     m_view.reset(qobject_cast<QQuickItem*>(made));
     m_picture.setItem(m_view.get());
@@ -123,6 +124,12 @@ void Page::resize(WebMessage message)
     m_picture.resize(message.size);
     m_writer.setFrames(std::move(frames));
     drawSoon();
+}
+
+void Page::setMuted(bool muted)
+{
+    m_isMuted = muted;
+    if (m_view) m_view->setProperty("audioMuted", muted);
 }
 
 void Page::release(quint32 generation, int slot)

@@ -40,6 +40,7 @@ public:
     /// The saver's words.
     void load(const QUrl& url);
     void resize(WebMessage message);
+    void setMuted(bool muted);
     void release(quint32 generation, int slot);
 
     // for Page.qml
@@ -77,6 +78,7 @@ private:
     QTimer m_drawTimer;
     QTimer m_checks;
     bool m_isDrawWanted = false;
+    bool m_isMuted = true;
     bool m_isShown = false; ///< there is something to see
     bool m_isFailed = false;
     bool m_isPlayer = false; ///< the player's page is under way

@@ -1,7 +1,7 @@
 import QtQuick
 import QtWebEngine
 
-// One page without anything around it: it is silent, opens nothing, keeps nothing, asks nobody and is granted nothing. What
+// One page without anything around it: it opens nothing, keeps nothing, asks nobody and is granted nothing. What
 // becomes of it is told to `page`.
 WebEngineView {
     id: view
@@ -10,7 +10,6 @@ WebEngineView {
 
     function ask() { runJavaScript("location.href", address => page.answered(String(address))) }
 
-    audioMuted: true
     backgroundColor: "black"
     activeFocusOnPress: false
 

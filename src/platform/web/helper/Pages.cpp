@@ -31,6 +31,8 @@ void Pages::receive(WebMessage message)
         return page(message.view).load(QUrl::fromEncoded(message.text));
     case WebMessage::Kind::Resize:
         return page(message.view).resize(std::move(message));
+    case WebMessage::Kind::Mute:
+        return page(message.view).setMuted(message.flag);
     case WebMessage::Kind::Release:
         if (const auto known = m_pages.find(message.view); known != m_pages.end())
             known->second->release(message.generation, message.slot);
