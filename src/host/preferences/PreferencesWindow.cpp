@@ -44,7 +44,6 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     , m_trial(parts.program)
 {
     setWindowTitle(tr("Kestro Settings"));
-    m_options->setVisible(parts.sheet != nullptr);
     m_options->setEnabled(false); // until there is a saver
     layOut();
     addKeys();

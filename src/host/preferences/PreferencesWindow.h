@@ -27,7 +27,7 @@ public:
     /// What it is made of; all of it outlives the window.
     struct Parts {
         SaverPreview::ViewFactory views;
-        /// Makes the sheet for a saver, over a window, which owns it; empty where there is none.
+        /// Makes the sheet for a saver, over a window, which owns it.
         std::function<QDialog*(ConfigurableSaver& saver, QWidget* over)> sheet;
         QString program; ///< the file that a trial run runs
         XscreensaverList xscreensaver;

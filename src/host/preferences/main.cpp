@@ -1,12 +1,17 @@
+#include "config_ui/ConfigSheet.h"
 #include "host/Console.h"
 #include "host/GuiStart.h"
 #include "host/KestroBundle.h"
 #include "host/ProcessStart.h"
 #include "host/StopSignals.h"
+#include "host/preferences/LazyTrailerBrowser.h"
 #include "host/preferences/PreferencesWindow.h"
 #include "host/preferences/Translations.h"
 #include "platform/base/Paths.h"
+#include "platform/movie/MpvMovieLibrary.h"
 #include "platform/saver/ScreenSaverView.h"
+#include "trailers/TrailerCont.h"
+#include "trailers/panel/TrailerPanel.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -23,10 +28,11 @@ constexpr unsigned patience = 2; // seconds
 
 /// Leaves the process without taking it apart, which would wait for players and fetches. A disk that stands
 /// still does not hold it up.
-[[noreturn]] void leave(PreferencesWindow& window)
+[[noreturn]] void leave(PreferencesWindow& window, TrailerBrowser& trailers)
 {
     alarm(patience);
     window.end();
+    trailers.close();
     std::fflush(nullptr);
     std::_Exit(ExitSuccess);
 }
@@ -56,9 +62,15 @@ int showSettings()
     const QString program = packagePrefix() + QStringLiteral("/bin/kestro");
     QSettings state(homeFolder() + QStringLiteral("/.config/kestro/settings-window.conf"),
                     QSettings::IniFormat);
-    PreferencesWindow window({viewsOf(), {}, program, XscreensaverList::ofUser(program), state});
-    const StopSignals signalWatch([&](int) { leave(window); });
-    QObject::connect(&window, &PreferencesWindow::closed, [&] { leave(window); });
+    MpvMovieLibrary movies;
+    LazyTrailerBrowser trailers(
+        [&movies] { return std::make_unique<TrailerPanel>(TrailerCont::sharedController(), movies); });
+    const auto sheet = [&trailers](ConfigurableSaver& saver, QWidget* over) {
+        return new ConfigSheet(saver, &trailers, over);
+    };
+    PreferencesWindow window({viewsOf(), sheet, program, XscreensaverList::ofUser(program), state});
+    const StopSignals signalWatch([&](int) { leave(window, trailers); });
+    QObject::connect(&window, &PreferencesWindow::closed, [&] { leave(window, trailers); });
     window.show();
     return QApplication::exec();
 }
