@@ -65,8 +65,8 @@ int showSettings()
     MpvMovieLibrary movies;
     LazyTrailerBrowser trailers(
         [&movies] { return std::make_unique<TrailerPanel>(TrailerCont::sharedController(), movies); });
-    const auto sheet = [&trailers](ConfigurableSaver& saver, QWidget* over) {
-        return new ConfigSheet(saver, &trailers, over);
+    const auto sheet = [&trailers, &state](ConfigurableSaver& saver, QWidget* over) {
+        return new ConfigSheet(saver, &trailers, over, &state);
     };
     PreferencesWindow window({viewsOf(), sheet, program, XscreensaverList::ofUser(program), state});
     const StopSignals signalWatch([&](int) { leave(window, trailers); });
