@@ -1,6 +1,7 @@
 // OK and Cancel of the sheet.
 
 #include "config_ui/ConfigSheetFixture.h"
+#include "config_ui/SSController.h"
 #include "config_ui/URLPanel.h"
 #include "platform/plist/PropertyList.h"
 
@@ -27,6 +28,12 @@ protected:
 };
 
 } // namespace
+
+TEST(SSController, answers_neitherAnInstanceNorASheet)
+{
+    EXPECT_EQ(SSController::sharedSSController(), nullptr);
+    EXPECT_EQ(SSController().configWin(), nullptr);
+}
 
 TEST_F(ConfigSheetCloseTest, sheet_isModalOverItsWindow)
 {
