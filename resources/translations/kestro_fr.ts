@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Left out: it does not say how many trailers of which width</source>
-        <translation>Ignorée : elle ne dit pas combien de bandes-annonces ni de quelle largeur</translation>
+        <translation>Ignorée&#xa0;: elle ne dit pas combien de bandes-annonces ni de quelle largeur</translation>
     </message>
     <message>
         <source>The newest %1, %2 pixels wide</source>
@@ -21,11 +21,11 @@
     </message>
     <message>
         <source>Left out: a web page, no movie</source>
-        <translation>Ignorée : une page web, pas un film</translation>
+        <translation>Ignorée&#xa0;: une page web, pas un film</translation>
     </message>
     <message>
         <source>Cannot be opened: %1</source>
-        <translation>Ouverture impossible : %1</translation>
+        <translation>Ouverture impossible&#xa0;: %1</translation>
     </message>
     <message>
         <source>Web content, %1</source>
@@ -37,8 +37,8 @@
     <message>
         <source>You selected &apos;.slideSaver&apos;. 
 You may need to restart &apos;System Preferences.app&apos; to take effect properly.</source>
-        <translation>Vous avez sélectionné un « .slideSaver ». 
-Il peut être nécessaire de redémarrer « System Preferences.app » pour que cela prenne effet correctement.</translation>
+        <translation>Vous avez sélectionné un «&#xa0;.slideSaver&#xa0;». 
+Il peut être nécessaire de redémarrer «&#xa0;System Preferences.app&#xa0;» pour que cela prenne effet correctement.</translation>
     </message>
     <message>
         <source>Invalid URL string.</source>
@@ -75,7 +75,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>&amp;Number of trailers:</source>
-        <translation>&amp;Nombre de bandes-annonces :</translation>
+        <translation>&amp;Nombre de bandes-annonces&#xa0;:</translation>
     </message>
     <message>
         <source>All</source>
@@ -83,7 +83,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Frame &amp;width:</source>
-        <translation>&amp;Largeur d’image :</translation>
+        <translation>&amp;Largeur d’image&#xa0;:</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -198,7 +198,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Movies fill the screen; otherwise they move about in a smaller size</source>
-        <translation>Les films remplissent l’écran ; sinon, ils s’y déplacent en plus petit</translation>
+        <translation>Les films remplissent l’écran&#xa0;; sinon, ils s’y déplacent en plus petit</translation>
     </message>
     <message>
         <source>F&amp;it</source>
@@ -222,7 +222,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Large enough to cover the screen; what lies outside is cut off</source>
-        <translation>Assez grand pour couvrir l’écran ; ce qui dépasse est coupé</translation>
+        <translation>Assez grand pour couvrir l’écran&#xa0;; ce qui dépasse est coupé</translation>
     </message>
     <message>
         <source>Smaller Than the Screen</source>
@@ -230,7 +230,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Movement:</source>
-        <translation>Mouvement :</translation>
+        <translation>Mouvement&#xa0;:</translation>
     </message>
     <message>
         <source>Fl&amp;y</source>
@@ -250,7 +250,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>New place:</source>
-        <translation>Position :</translation>
+        <translation>Position&#xa0;:</translation>
     </message>
     <message>
         <source>E&amp;very</source>
@@ -278,7 +278,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Sc&amp;ale:</source>
-        <translation>É&amp;chelle :</translation>
+        <translation>É&amp;chelle&#xa0;:</translation>
     </message>
     <message>
         <source>Scale</source>
@@ -290,7 +290,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Size of the movie; 1 is its own</source>
-        <translation>Taille du film ; 1 est la sienne</translation>
+        <translation>Taille du film&#xa0;; 1 est la sienne</translation>
     </message>
     <message>
         <source>Scale as a number</source>
@@ -298,7 +298,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Bac&amp;kground:</source>
-        <translation>Arr&amp;ière-plan :</translation>
+        <translation>Arr&amp;ière-plan&#xa0;:</translation>
     </message>
     <message>
         <source>Background</source>
@@ -356,7 +356,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Site &amp;address:</source>
-        <translation>&amp;Adresse du site :</translation>
+        <translation>&amp;Adresse du site&#xa0;:</translation>
     </message>
     <message>
         <source>The page of a trailer site that a scan begins with</source>
@@ -380,7 +380,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>&amp;Find:</source>
-        <translation>&amp;Rechercher :</translation>
+        <translation>&amp;Rechercher&#xa0;:</translation>
     </message>
     <message>
         <source>Return selects the next trailer whose address contains this text</source>
@@ -435,7 +435,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>&amp;Address of a movie, or of Flash content:</source>
-        <translation>&amp;Adresse d’un film ou d’un contenu Flash :</translation>
+        <translation>&amp;Adresse d’un film ou d’un contenu Flash&#xa0;:</translation>
     </message>
     <message>
         <source>Address</source>
@@ -524,7 +524,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
-        <translation>Pour déplacer une ligne, faites-la glisser en maintenant Alt, ou sélectionnez-la et appuyez sur Alt+Haut ou Alt+Bas. Certains gestionnaires de fenêtres déplacent la fenêtre quand on glisse avec Alt : utilisez alors les touches.</translation>
+        <translation>Pour déplacer une ligne, faites-la glisser en maintenant Alt, ou sélectionnez-la et appuyez sur Alt+Haut ou Alt+Bas. Certains gestionnaires de fenêtres déplacent la fenêtre quand on glisse avec Alt&#xa0;: utilisez alors les touches.</translation>
     </message>
 </context>
 <context>
@@ -533,7 +533,7 @@ Veuillez réessayer.</translation>
         <source>%1 already exists.
 Replace it?</source>
         <translation>%1 existe déjà.
-Le remplacer ?</translation>
+Le remplacer&#xa0;?</translation>
     </message>
     <message>
         <source>Save Trailer</source>
@@ -555,7 +555,7 @@ Le remplacer ?</translation>
     </message>
     <message>
         <source>Cannot start %1: %2</source>
-        <translation>Impossible de démarrer %1 : %2</translation>
+        <translation>Impossible de démarrer %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>The saver could not run.</source>
@@ -618,11 +618,11 @@ Le remplacer ?</translation>
     <name>kestro::TrailerPanel</name>
     <message>
         <source>Scan finished. Pages read: %1</source>
-        <translation>Analyse terminée. Pages lues : %1</translation>
+        <translation>Analyse terminée. Pages lues&#xa0;: %1</translation>
     </message>
     <message>
         <source>Scan stopped. Pages read: %1</source>
-        <translation>Analyse arrêtée. Pages lues : %1</translation>
+        <translation>Analyse arrêtée. Pages lues&#xa0;: %1</translation>
     </message>
     <message>
         <source>The page at this address cannot be read.</source>
@@ -660,7 +660,7 @@ Le remplacer ?</translation>
     <name>kestro::XscreensaverPanel</name>
     <message>
         <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
-        <translation>XScreenSaver n’est pas installé : rien ne démarre Kestro de lui-même en votre absence. La commande « kestro » le lance à tout moment.</translation>
+        <translation>XScreenSaver n’est pas installé&#xa0;: rien ne démarre Kestro de lui-même en votre absence. La commande «&#xa0;kestro&#xa0;» le lance à tout moment.</translation>
     </message>
     <message>
         <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>

@@ -21,6 +21,15 @@ class SettingsWindow(SettingsTest):
         wait_until(lambda: self.shows(window, RED), "the movie")
         self.close_window(process)
 
+    def test_window_speaksThePersonsLanguage(self):
+        process = self.start_kestro("settings", DISPLAY=self.server.display, LANGUAGE="de:fr")
+        self.window("Kestro-Einstellungen")
+        self.close_window(process)
+
+    def test_window_speaksEnglish_whenThePersonReadsThatBeforeAnother(self):
+        process, _ = self.start_window(LANGUAGE="en:de")
+        self.close_window(process)
+
     def test_process_hasBecomeTheSettingsProgram(self):
         process, _ = self.start_window()
         self.assertEqual(pathlib.Path(os.readlink(f"/proc/{process.pid}/exe")), PROGRAM)

@@ -6,8 +6,8 @@
 #include "host/StopSignals.h"
 #include "host/preferences/LazyTrailerBrowser.h"
 #include "host/preferences/PreferencesWindow.h"
-#include "host/preferences/Translations.h"
 #include "platform/base/Paths.h"
+#include "platform/base/Translations.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "trailers/TrailerCont.h"
@@ -44,7 +44,6 @@ std::unique_ptr<QGuiApplication> startWidgets()
     QGuiApplication::setDesktopFileName(QStringLiteral("kestro-settings"));
     QGuiApplication::setWindowIcon(
         QIcon(packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources/kestro.svg")));
-    installTranslations();
     return application;
 }
 
@@ -59,6 +58,7 @@ SaverPreview::ViewFactory viewsOf()
 int showSettings()
 {
     const auto application = startWidgets();
+    const Translations translations;
     const QString program = packagePrefix() + QStringLiteral("/bin/kestro");
     QSettings state(homeFolder() + QStringLiteral("/.config/kestro/settings-window.conf"),
                     QSettings::IniFormat);
