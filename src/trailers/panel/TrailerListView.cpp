@@ -161,8 +161,11 @@ void TrailerListView::selectionChanged(const QItemSelection& selected, const QIt
 void TrailerListView::keyPressEvent(QKeyEvent* event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && currentIndex().isValid()) return doubleAction();
-    QTableView::keyPressEvent(event);
+    const QModelIndex current = currentIndex();
+    if (!isReturn || !current.isValid()) return QTableView::keyPressEvent(event);
+    // The focus may have come to a row without selecting it.
+    if (!selectionModel()->isRowSelected(current.row())) selectRowAlone(current.row());
+    Q_EMIT doubleAction();
 }
 
 void TrailerListView::changeEvent(QEvent* event)

@@ -136,6 +136,16 @@ TEST_F(TrailerListViewTest, doubleAction_comesOfADoubleClickAndOfReturn)
     EXPECT_EQ(actions.size(), 3);
 }
 
+TEST_F(TrailerListViewTest, returnKey_selectsTheRowWithTheFocus_whenItIsNotSelected)
+{
+    add(0, 3);
+    select({0});
+    m_view.selectionModel()->setCurrentIndex(m_model.index(2, TrailerTableModel::Url),
+                                             QItemSelectionModel::NoUpdate);
+    QTest::keyClick(&m_view, Qt::Key_Return);
+    EXPECT_EQ(m_view.selectedRows(), QList<int>{2});
+}
+
 TEST_F(TrailerListViewTest, space_setsTheCheck_whenItsColumnHasTheFocus)
 {
     add(0, 3);
