@@ -4,6 +4,7 @@
 //        web_host URL MOVIE TURNS  shows it and the movie in turn, one second each, and says "turn N" after
 //        each
 
+#include "host/ProcessStart.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
 #include "platform/display/ImageDesktop.h"
@@ -27,6 +28,7 @@ using namespace kestro;
 int main(int argc, char** argv)
 {
     if (argc != 2 && argc != 4) return 2;
+    prepareProcess();
     const QGuiApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
     const SystemClock clock;
