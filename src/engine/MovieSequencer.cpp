@@ -65,11 +65,12 @@ void MovieSequencer::recordFailure(const QUrl& url)
     m_sources.playlist.addFailedURL(url);
 }
 
-// Lets the desktop go on after a try that failed; answers whether the search may go on too.
-bool MovieSequencer::breathe(double seconds)
+// Lets the desktop go on after a try that failed; answers whether the search, which began after that many
+// stops, may go on too.
+bool MovieSequencer::breathe(double seconds, int stops)
 {
-    if (!m_stopped) m_wait(seconds);
-    return !m_stopped;
+    if (!isOver(stops)) m_wait(seconds);
+    return !isOver(stops);
 }
 
 void MovieSequencer::dropListWithTrailers()
@@ -79,13 +80,13 @@ void MovieSequencer::dropListWithTrailers()
 
 MovieContent MovieSequencer::nextAtRandom(bool isFirst)
 {
-    Search search{m_sources.playlist.fileList(), isFirst};
-    while (!search.list.isEmpty() && !m_stopped) {
+    Search search{m_sources.playlist.fileList(), m_stops, isFirst};
+    while (!search.list.isEmpty() && !isOver(search.stops)) {
         if (m_randomList.isEmpty()) m_randomList = search.list;
         search.openedAny = false;
         auto content = drawCycle(search);
         if (!isEmpty(content)) return content;
-        if (search.openedAny || m_stopped) continue;
+        if (search.openedAny || isOver(search.stops)) continue;
         search.pause = fruitlessPause;
         m_searching();
     }
@@ -104,7 +105,7 @@ MovieContent MovieSequencer::drawCycle(Search& search)
         m_randomList.removeAt(index);
         if (m_randomList.isEmpty()) dropListWithTrailers();
         if (isEmpty(content)) {
-            if (!breathe(search.pause)) break;
+            if (!breathe(search.pause, search.stops)) break;
             continue;
         }
         search.openedAny = true;
@@ -133,6 +134,7 @@ MovieContent MovieSequencer::nextInOrder(bool isFirst)
     qsizetype start = resumeIndex(list, isFirst).value_or(m_sources.playlist.curIdx());
     if (!isIndex(start)) start = 0;
 
+    const int stops = m_stops;
     MovieContent content;
     qsizetype next = start;
     do {
@@ -141,7 +143,8 @@ MovieContent MovieSequencer::nextInOrder(bool isFirst)
             dropListWithTrailers();
             next = 0;
         }
-    } while (isEmpty(content) && next != start && breathe(0));
+    } while (isEmpty(content) && next != start && breathe(0, stops));
+    if (isEmpty(content) && !m_stopped && isOver(stops)) return {}; // another pick has gone on from there
     m_sources.playlist.setCurIdx(static_cast<int>(next));
     return content;
 }

@@ -43,9 +43,15 @@ public:
     [[nodiscard]] MovieContent newNextMovie(bool isFirst);
 
     /// Ends a pick that is under way, and every later one, with nothing, until resume().
-    void stop() { m_stopped = true; }
+    void stop()
+    {
+        m_stopped = true;
+        ++m_stops;
+    }
     void resume() { m_stopped = false; }
     [[nodiscard]] bool isStopped() const { return m_stopped; }
+    /// How often it was stopped. A pick that was under way when that changed is over, even after resume().
+    [[nodiscard]] int stops() const { return m_stops; }
 
     /// Logs and records a movie that could not be loaded, at once or later.
     void recordFailure(const QUrl& url);
@@ -58,6 +64,7 @@ private:
     /// One pick in random order.
     struct Search {
         QList<QUrl> list; ///< as it was when the pick began
+        int stops = 0;    ///< likewise
         bool isFirst = false;
         bool guardFired = false; ///< the playing entry was refused once
         bool openedAny = false;  ///< in this cycle
@@ -72,7 +79,8 @@ private:
     [[nodiscard]] std::optional<qsizetype> resumeIndex(const QList<QUrl>& list, bool isFirst) const;
     void resumePosition(const MovieContent& content);
     void dropListWithTrailers();
-    [[nodiscard]] bool breathe(double seconds);
+    [[nodiscard]] bool breathe(double seconds, int stops);
+    [[nodiscard]] bool isOver(int stops) const { return m_stopped || m_stops != stops; }
 
     Sources m_sources;
     std::function<void(double)> m_wait;
@@ -80,6 +88,7 @@ private:
     QList<QUrl> m_randomList;
     std::shared_ptr<QTMovie> m_cacheMovie;
     bool m_stopped = false;
+    int m_stops = 0;
 };
 
 } // namespace kestro

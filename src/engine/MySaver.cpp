@@ -97,8 +97,9 @@ std::shared_ptr<ScreenSaverView> MySaver::loadOtherSaver()
 void MySaver::startAnimation()
 {
     m_sequencer.resume();
+    const int stops = m_sequencer.stops();
     if (!m_saverInited) setUp();
-    if (m_sequencer.isStopped()) return;
+    if (m_sequencer.isStopped() || isRestarted(stops)) return;
     openFadeOut();
     if (m_movieView) m_movieView->start(this);
     if (m_settings.isFlyMode() || (isPreview() && m_settings.isBounceMode()))
@@ -109,14 +110,22 @@ void MySaver::startAnimation()
 // Once in the life of a saver: the first movie, or the sign that there is none.
 void MySaver::setUp()
 {
+    const int stops = m_sequencer.stops();
     if (m_playlist.isMovieExists() && makeMovieFrame() && _resetMovie()) {
         setAnimationTimeInterval(movieInterval);
         if (!isPreview()) m_services.desktop.cursor().hide();
-    } else {
+    } else if (!isRestarted(stops)) {
         dropMovieFrame();
         showSign(signForStart());
     }
     m_saverInited = true;
+}
+
+// Whether the saver was stopped and started anew since it had been stopped that often: what looked for a
+// movie then, further up the stack, has nothing more to say.
+bool MySaver::isRestarted(int stops) const
+{
+    return !m_sequencer.isStopped() && m_sequencer.stops() != stops;
 }
 
 bool MySaver::makeMovieFrame()
@@ -211,10 +220,14 @@ void MySaver::resetMovie()
     const auto self = m_piggyBack.saver();
     stopAnimation();
     m_sequencer.resume();
-    if (m_playlist.isMovieExists() && (m_movieView || makeMovieFrame()) && _resetMovie())
+    const int stops = m_sequencer.stops();
+    const bool plays = m_playlist.isMovieExists() && (m_movieView || makeMovieFrame()) && _resetMovie();
+    if (isRestarted(stops)) return;
+    if (plays)
         setAnimationTimeInterval(movieInterval);
     else
         fallBackToSign(m_services.signs.previewImage());
+    m_saverInited = true;
     startAnimation();
 }
 

@@ -89,6 +89,7 @@ private:
     void forgetBackSaverThatIsGone();
     [[nodiscard]] std::shared_ptr<ScreenSaverView> loadOtherSaver();
     void setUp();
+    [[nodiscard]] bool isRestarted(int stops) const;
     [[nodiscard]] bool makeMovieFrame();
     void dropMovieFrame();
     void openFadeOut();

@@ -39,8 +39,9 @@ bool MySaver::handleFailedLoading()
     }
     m_sequencer.recordFailure(movie->url());
     ++m_failedLoads;
+    const int stops = m_sequencer.stops();
     const bool goesOn = m_failedLoads < m_playlist.fileList().size() && _resetMovie();
-    if (m_sequencer.isStopped()) return true;
+    if (m_sequencer.isStopped() || isRestarted(stops)) return true;
     if (goesOn)
         m_movieView->start(this);
     else
@@ -101,8 +102,9 @@ void MySaver::switchMovie()
     else if (hasEffects() && m_windowMode && m_playlist.fileList().size() > 1)
         queueImageNoThread();
 
+    const int stops = m_sequencer.stops();
     _resetMovie();
-    if (m_sequencer.isStopped()) return;
+    if (m_sequencer.isStopped() || isRestarted(stops)) return;
     if (m_playlist.curIdx() == played && !m_playlist.hasAutoTrailers())
         if (const auto mode = m_settings.loopMode(1)) m_movieView->setLoopMode(*mode);
     m_movieView->start(this);

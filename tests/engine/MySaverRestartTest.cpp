@@ -133,6 +133,53 @@ TEST_F(MySaverRestartTest, search_endsWhenTheSaverIsStopped_inRandomOrder)
     EXPECT_FALSE(saver.isAnimating());
 }
 
+TEST_F(MySaverRestartTest, search_givesWayToARestart_inRandomOrder)
+{
+    for (const bool isPreview : {false, true}) {
+        set("RandomMode", "1");
+        setPlaylist({"x.mov", "y.mov"});
+        auto& saver = makeSaver(isPreview);
+        int turns = 0;
+        const auto watch = timers.repeating(1.0, [&] {
+            if (++turns != 3) return;
+            setGoodPlaylist({"a.mov", "b.mov"});
+            set("RandomMode", "0");
+            saver.playlist().dropFileList();
+            saver.resetMovie();
+        });
+        saver.startAnimation();
+        EXPECT_LE(turns, 4);
+        EXPECT_TRUE(saver.isAnimating());
+        EXPECT_EQ(playing(saver), "a.mov");
+        EXPECT_FALSE(saver.snapshot().sign);
+        tickFor(saver, 1);
+        EXPECT_EQ(playing(saver), "a.mov");
+        EXPECT_GT(saver.snapshot().movie->time, 0);
+        saver.stopAnimation();
+    }
+}
+
+TEST_F(MySaverRestartTest, restart_givesWayToAnother_whileItSearches)
+{
+    setGoodPlaylist({"a.mov"});
+    auto& saver = makeSaver(true);
+    saver.startAnimation();
+    set("RandomMode", "1");
+    setPlaylist({"x.mov"});
+    saver.playlist().dropFileList();
+    int turns = 0;
+    const auto watch = timers.repeating(1.0, [&] {
+        if (++turns != 2) return;
+        setGoodPlaylist({"b.mov"});
+        saver.playlist().dropFileList();
+        saver.resetMovie();
+    });
+    saver.resetMovie();
+    EXPECT_EQ(playing(saver), "b.mov");
+    EXPECT_FALSE(saver.snapshot().sign);
+    EXPECT_TRUE(saver.isAnimating());
+}
+
 TEST_F(MySaverRestartTest, destruction_endsTheCrawl)
 {
     {

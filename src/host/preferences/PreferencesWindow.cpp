@@ -50,6 +50,8 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     takeShapeOfScreen();
     restorePlace();
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &PreferencesWindow::takeShapeOfScreen);
+    connect(m_preview, &SaverPreview::made, this,
+            [this] { m_options->setEnabled(m_preview->saver() != nullptr); });
     connect(m_options, &QPushButton::clicked, this, &PreferencesWindow::openOptions);
     connect(m_tryIt, &QPushButton::clicked, this, &PreferencesWindow::tryIt);
     connect(m_close, &QPushButton::clicked, this, &QWidget::close);
@@ -113,7 +115,6 @@ void PreferencesWindow::startPreview()
 {
     if (m_isOver) return;
     if (!m_preview->start()) return alert(tr("The screen saver cannot be loaded."));
-    m_options->setEnabled(m_preview->saver() != nullptr);
 }
 
 void PreferencesWindow::changeEvent(QEvent* event)

@@ -39,8 +39,10 @@ SaverPreview::~SaverPreview()
 bool SaverPreview::start()
 {
     m_view = m_factory({{0, 0}, m_surface->screen().frame().size}, m_surface->desktop());
-    if (m_view) apply();
-    return m_view != nullptr;
+    if (!m_view) return false;
+    Q_EMIT made();
+    apply();
+    return true;
 }
 
 void SaverPreview::setPaused(Pause reason, bool paused)

@@ -45,6 +45,10 @@ public:
 
     [[nodiscard]] SurfaceWidget& surface() { return *m_surface; }
 
+Q_SIGNALS:
+    /// There is a view now, which is about to start: that may take as long as it looks for a movie.
+    void made();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
 

@@ -25,6 +25,7 @@ public:
     void startAnimation() override
     {
         m_journal.append(QStringLiteral("start"));
+        if (whileStarting) whileStarting();
         ScreenSaverView::startAnimation();
     }
     void stopAnimation() override
@@ -40,6 +41,8 @@ public:
     [[nodiscard]] QStringList reloadBackSavers() override { return {}; }
     void applyLoopMode() override {}
     void resetMovie() override {}
+
+    std::function<void()> whileStarting; ///< called when it starts
 
 private:
     QStringList& m_journal;

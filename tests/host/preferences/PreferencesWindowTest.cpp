@@ -82,6 +82,22 @@ TEST_F(PreferencesWindowTest, options_openOneSheetOfTheSaver)
     EXPECT_TRUE(sheets.front()->isVisible());
 }
 
+TEST_F(PreferencesWindowTest, options_canBeOpened_whileTheSaverStillLooksForAMovie)
+{
+    std::unique_ptr<PreferencesWindow> window;
+    bool wasEnabled = false;
+    window = makeWindow(
+        [&](const Rect& frame, Desktop&) {
+            saver = std::make_shared<OptionSaver>(frame, journal);
+            saver->whileStarting = [&] { wasEnabled = button(*window, options).isEnabled(); };
+            return saver;
+        },
+        {});
+    window->show();
+    ASSERT_TRUE(comesTrue([&] { return saver && saver->isAnimating(); }));
+    EXPECT_TRUE(wasEnabled);
+}
+
 TEST_F(PreferencesWindowTest, options_areDisabled_whenTheSaverHasNone)
 {
     const auto window = makeWindow(
