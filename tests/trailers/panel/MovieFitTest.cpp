@@ -11,6 +11,8 @@ struct FitCase {
     Size container;
     Size natural;
     Rect frame;
+
+    friend void PrintTo(const FitCase& one, std::ostream* out) { *out << one.name; }
 };
 
 // Heights of movies are 16 less than the round numbers that the bar makes of them.

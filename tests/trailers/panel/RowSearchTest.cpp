@@ -12,6 +12,8 @@ struct SearchCase {
     QString text;
     std::optional<qsizetype> selected;
     std::optional<qsizetype> found;
+
+    friend void PrintTo(const SearchCase& one, std::ostream* out) { *out << one.name; }
 };
 
 const QStringList four{QStringLiteral("http://h/ada.mov"), QStringLiteral("http://h/bob.mov"),

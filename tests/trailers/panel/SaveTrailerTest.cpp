@@ -18,6 +18,8 @@ struct TypeCase {
     QString path;
     QString extension;
     QString answer;
+
+    friend void PrintTo(const TypeCase& one, std::ostream* out) { *out << one.name; }
 };
 
 const std::vector<TypeCase> typeCases{

@@ -18,6 +18,8 @@ struct SortCase {
     std::optional<SortDescriptor> prototype;
     QList<SortDescriptor> previous;
     std::optional<SortDescriptor> chosen;
+
+    friend void PrintTo(const SortCase& one, std::ostream* out) { *out << one.name; }
 };
 
 const std::vector<SortCase> sortCases{
