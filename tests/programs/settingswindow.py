@@ -38,7 +38,12 @@ class SettingsTest(ProgramTest):
 
     def _focused(self, title):
         active = re.search(r"# (0x[0-9a-f]+)", self.server.run("xprop", "-root", "_NET_ACTIVE_WINDOW"))
-        return active and self.title(active[1]) == title and active[1]
+        if not active or self.title(active[1]) != title:
+            return None
+        # The window manager says so before it is so: what is pressed until then goes elsewhere.
+        focus = subprocess.run(["xdotool", "getwindowfocus"], env=self.display(), capture_output=True, text=True,
+                               timeout=BOUND, check=False).stdout.strip()
+        return active[1] if focus == str(int(active[1], 16)) else None
 
     def title(self, window):
         shown = subprocess.run(["xprop", "-id", window, "_NET_WM_NAME"], env=self.display(), capture_output=True, text=True,
@@ -46,10 +51,12 @@ class SettingsTest(ProgramTest):
         found = re.search(r'= "(.*)"', shown)
         return found and found[1]
 
-    def titles(self):
+    def client_numbers(self):
         """Of all windows that the window manager has."""
-        listed = self.server.run("xprop", "-root", "_NET_CLIENT_LIST")
-        return [self.title(number) for number in re.findall(r"0x[0-9a-f]+", listed)]
+        return re.findall(r"0x[0-9a-f]+", self.server.run("xprop", "-root", "_NET_CLIENT_LIST"))
+
+    def titles(self):
+        return [self.title(number) for number in self.client_numbers()]
 
     def place(self, window):
         """(x, y, width, height) of a window, without its frame."""
@@ -59,6 +66,23 @@ class SettingsTest(ProgramTest):
 
     def press(self, *keys):
         self.server.run("xdotool", "key", "--clearmodifiers", *keys)
+
+    def press_slowly(self, *keys):
+        """The same, and each key only once the one before has had its effect: a button that was pressed by its key goes
+        down, and up again, before it does anything."""
+        for key in keys:
+            self.press(key)
+            self.settle()
+
+    def settle(self):
+        """Waits until the screen stands still."""
+        shown = [self.server.picture().bytes]
+
+        def stands_still():
+            shown.append(self.server.picture().bytes)
+            return shown[-1] == shown.pop(0)
+
+        wait_until(stands_still, "the screen to stand still")
 
     def middle_of_preview(self, window):
         """A place well inside the preview, which is the upper part of the window."""

@@ -2,12 +2,11 @@
 
 import os
 import pathlib
-import plistlib
 import shutil
 import signal
 import unittest
 
-from harness import BLUE, GREEN, KESTRO, RED, movie, url, wait_until
+from harness import KESTRO, RED, movie, wait_until
 from settingswindow import PROGRAM, TITLE, SettingsTest
 
 

@@ -1,0 +1,140 @@
+"""The sheet of `kestro settings` from outside: what OK writes, what Cancel leaves, and the panels that it opens."""
+
+import plistlib
+import unittest
+
+from harness import BLUE, RED, movie, url, wait_until
+from settingswindow import TITLE, SettingsTest
+
+SHEET = "Screen Saver Options"
+
+
+class Sheet(SettingsTest):
+    def setUp(self):
+        super().setUp()
+        self.movies = [movie("red"), movie("blue", "blue")]
+
+    def open_sheet(self):
+        process, window = self.start_window()
+        wait_until(lambda: self.shows(window, RED), "the movie")
+        self.open_again()
+        return process, window
+
+    def open_again(self):
+        self.press("alt+o")
+        self.window(SHEET)
+
+    def file(self):
+        return self.home.preferences / "Kestro.plist"
+
+    def stored(self):
+        return plistlib.loads(self.file().read_bytes())
+
+    def close_sheet(self, key):
+        self.press(key)
+        self.window(TITLE)
+
+    def test_ok_writesEveryKey(self):
+        self.home.play(self.movies, FullScreenMode="0", PartialMode="1", PlayMode="2", RandomMode="1", Fadeout="1", Scale="0.5",
+                       Interval="7", Reposition="1", Unknown="x")
+        process, window = self.start_window()
+        wait_until(lambda: self.preview_is_alive(window), "the movie")
+        self.open_again()
+        self.press_slowly("alt+s")
+        self.close_sheet("Return")
+        expected = {"Ver": "5", "FileList": [url(path) for path in self.movies], "SoundOn": "1", "PartialMode": "1",
+                    "RandomMode": "1", "Continue": "0", "FullScreenMode": "0", "PlayMode": "2", "Fadeout": "1",
+                    "BackAndForth": "0", "Interval": "7.000000", "Reposition": "1", "Scale": "0.500000"}
+        wait_until(lambda: self.stored().get("SoundOn") == "1", "the file")
+        stored = self.stored()
+        for key in sorted(expected.keys() | stored.keys()):
+            with self.subTest(key):
+                self.assertEqual(stored.get(key), expected.get(key))
+        self.close_window(process)
+
+    def preview_is_alive(self, window):
+        """Whether anything but black shows in the preview."""
+        x, y, width, height = self.place(window)
+        picture = self.server.picture()
+        return any(sum(picture.at(x + column, y + row)) > 150
+                   for column in range(width // 4, width * 3 // 4, 8) for row in range(height // 6, height // 2, 8))
+
+    def test_cancel_leavesTheFileByteForByte(self):
+        self.home.play(self.movies, Unknown="x")
+        before = self.file().read_bytes()
+        process, _ = self.open_sheet()
+        self.press_slowly("alt+s", "alt+r")
+        self.close_sheet("Escape")
+        self.assertEqual(self.file().read_bytes(), before)
+        self.open_again()
+        self.close_sheet("Return")
+        wait_until(lambda: self.file().read_bytes() != before, "the file")
+        self.assertEqual(self.stored()["SoundOn"], "0")
+        self.assertEqual(self.stored()["RandomMode"], "0")
+        self.close_window(process)
+
+    def test_preview_restartsWithTheNewOrder_whenARowIsMovedDown(self):
+        self.home.play(self.movies)
+        process, window = self.open_sheet()
+        self.press_slowly("Down", "Up", "alt+Down")
+        self.close_sheet("Return")
+        wait_until(lambda: self.stored()["FileList"] == [url(path) for path in reversed(self.movies)], "the order")
+        wait_until(lambda: self.shows(window, BLUE), "the other movie")
+        self.close_window(process)
+
+    def test_window_closes_whenTheSheetIsOpen(self):
+        self.home.play(self.movies)
+        before = self.file().read_bytes()
+        process, _ = self.open_sheet()
+        self.press("alt+s")
+        process.terminate()
+        self.assertEqual(self.ended(process)[0], 0)
+        self.assertEqual(self.file().read_bytes(), before)
+
+    def test_trailers_openFromTheSheetAndCloseWithIt(self):
+        self.home.play(self.movies)
+        process, _ = self.open_sheet()
+        self.press("alt+t")
+        self.window("Trailers")
+        sheet = next(number for number in self.client_numbers() if self.title(number) == SHEET)
+        self.server.run("xdotool", "windowactivate", "--sync", sheet)
+        self.close_sheet("Escape")
+        wait_until(lambda: "Trailers" not in self.titles(), "the end of the panel")
+        self.close_window(process)
+
+    def test_latestTrailers_areAddedToThePlaylist(self):
+        self.home.play(self.movies)
+        process, _ = self.open_sheet()
+        self.press("alt+t")
+        self.window("Trailers")
+        self.press("alt+l")
+        self.window("Latest Trailers")
+        self.press("Return")
+        self.window("Trailers")
+        sheet = next(number for number in self.client_numbers() if self.title(number) == SHEET)
+        self.server.run("xdotool", "windowactivate", "--sync", sheet)
+        self.window(SHEET)
+        self.close_sheet("Return")
+        wait_until(lambda: len(self.stored()["FileList"]) == 3, "the entry")
+        self.assertRegex(self.stored()["FileList"][2], r"^auto://LatestTrailers/\d+/\d+$")
+        self.close_window(process)
+
+    def test_themeMovies_areAddedToThePlaylist(self):
+        theme = self.home.root / "Applications/iDVD.app/Contents/Resources/loop.mov"
+        theme.parent.mkdir(parents=True)
+        theme.write_bytes(movie("blue", "blue").read_bytes())
+        self.home.play(self.movies)
+        process, _ = self.open_sheet()
+        self.press("alt+e")
+        self.window("Theme Movies")
+        self.press_slowly("space")
+        self.press("alt+a")
+        self.window(SHEET)
+        self.close_sheet("Return")
+        wait_until(lambda: len(self.stored()["FileList"]) == 3, "the entry")
+        self.assertTrue(self.stored()["FileList"][2].endswith("iDVD.app/Contents/Resources/loop.mov"))
+        self.close_window(process)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
