@@ -253,8 +253,11 @@ class MpvTurns : public testing::TestWithParam<TurningCase> {};
 
 TEST_P(MpvTurns, atBothEnds_showingPicturesInOrder)
 {
+    // FFmpeg may have words about the first pictures after a turn, where it starts in the middle.
     std::vector<QString> lines;
-    const LogCapture capture([&lines](const QString& line) { lines.push_back(line); });
+    const LogCapture capture([&lines](const QString& line) {
+        if (!line.contains(QStringLiteral("ffmpeg/video"))) lines.push_back(line);
+    });
     const auto movie = openMovie(testMovie(GetParam().name));
     movie->setAttribute(MovieAttribute::LoopsBackAndForth, true);
     movie->setMuted(GetParam().muted);
