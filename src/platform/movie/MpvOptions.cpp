@@ -90,17 +90,14 @@ static MpvHandle::Options sourceOptions(bool local, const MpvMovieOptions& optio
     };
 }
 
-MpvHandle::Options reversingOptions(bool audible)
+// Nothing but the player's own thread may read here: where mpv decodes ahead on another one
+// (vd-queue-enable), that one goes on reading while a turn seeks, which FFmpeg does not survive.
+MpvHandle::Options reversingOptions()
 {
     return {
         {"demuxer-thread", "no"}, // with it each turn stands for a second
         {"cache", "no"},
-        // Backwards, pictures come a keyframe's worth at a time: some wait decoded while the next lot is
-        // made, on a thread of its own. Where sound is read beside it, the two would disturb each other's
-        // reading.
-        {"vd-queue-enable", audible ? "no" : "yes"},
-        {"vd-queue-max-samples", "24"},
-        {"vd-queue-max-bytes", "96MiB"},
+        {"vd-queue-enable", "no"},
     };
 }
 
@@ -122,8 +119,7 @@ MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
     options.emplace_back("vf", rotationFilter(setup.rotation));
     options.emplace_back("aid", setup.muted ? "no" : "auto");
     options.emplace_back("volume", mpvVolume(setup.volume));
-    const MpvHandle::Options reversing =
-        setup.reversible ? reversingOptions(setup.isAudible()) : MpvHandle::Options{};
+    const MpvHandle::Options reversing = setup.reversible ? reversingOptions() : MpvHandle::Options{};
     options.insert(options.end(), reversing.begin(), reversing.end());
     return options;
 }

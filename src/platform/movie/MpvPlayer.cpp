@@ -373,10 +373,8 @@ void MpvPlayer::makeReversible()
 
 void MpvPlayer::loadReversible()
 {
-    const bool decodesSound = m_setup.hasSound && !m_silent;
-    for (const auto& [name, value] : reversingOptions(decodesSound))
+    for (const auto& [name, value] : reversingOptions())
         m_handle->set(name, value);
-
     load(m_position);
 }
 

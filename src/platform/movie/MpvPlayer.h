@@ -27,7 +27,6 @@ struct MpvPlayerSetup {
     double volume = 1;
     std::shared_ptr<OpenGL> openGL = {}; ///< to draw with; null for software
 
-    [[nodiscard]] bool isAudible() const { return hasSound && !muted; }
 };
 
 /// Hears from a player, on the main thread. May destroy it in any of these.
