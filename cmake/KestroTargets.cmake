@@ -33,11 +33,11 @@ function(kestro_library name)
     install(TARGETS ${name} LIBRARY DESTINATION lib/kestro)
 endfunction()
 
-# kestro_test(NAME [GUI|WIDGETS] SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE …])
+# kestro_test(NAME [GUI|WIDGETS] SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE])
 # One test program per folder of tests/; each of its tests is one ctest entry. With GUI the tests run inside a Qt
 # application without a display (tests/support/GuiMain.cpp), with WIDGETS in one that has widgets (WidgetMain.cpp).
 function(kestro_test name)
-    cmake_parse_arguments(ARG "GUI;WIDGETS" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(ARG "GUI;WIDGETS" "ENVIRONMENT" "SOURCES;LINK" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     if(ARG_GUI)
         target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/GuiMain.cpp)
@@ -51,6 +51,12 @@ function(kestro_test name)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest)
+    # A list of variables does not survive the way through gtest_discover_tests: one goes by each of two properties.
+    set(more)
+    if(ARG_ENVIRONMENT)
+        string(REPLACE "=" "=set:" more "${ARG_ENVIRONMENT}")
+        set(more ENVIRONMENT_MODIFICATION ${more})
+    endif()
     gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 400 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;${ARG_ENVIRONMENT}")
+        PROPERTIES TIMEOUT 400 ENVIRONMENT QT_QPA_PLATFORM=offscreen ${more})
 endfunction()
