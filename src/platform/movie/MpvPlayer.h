@@ -26,7 +26,6 @@ struct MpvPlayerSetup {
     bool muted = false; ///< sound is not even decoded until unmuted
     double volume = 1;
     std::shared_ptr<OpenGL> openGL = {}; ///< to draw with; null for software
-
 };
 
 /// Hears from a player, on the main thread. May destroy it in any of these.
