@@ -1,11 +1,9 @@
+#include "platform/plist/PlainXmlPropertyList.h"
 #include "platform/plist/PropertyListLimits.h"
 #include "platform/plist/XmlPropertyList.h"
+#include "platform/plist/XmlPropertyListScalar.h"
 
-#include <QDateTime>
-#include <QLocale>
 #include <QXmlStreamReader>
-
-#include <limits>
 
 namespace kestro {
 
@@ -73,14 +71,8 @@ private:
 
     QVariant scalar(const QString& kind)
     {
-        const QString content = text();
-        if (kind == "string"_L1) return content;
-        if (kind == "true"_L1 || kind == "false"_L1) return kind == "true"_L1;
-        if (kind == "integer"_L1) return integer(content.trimmed());
-        if (kind == "real"_L1) return real(content.trimmed());
-        if (kind == "date"_L1) return date(content.trimmed());
-        if (kind == "data"_L1) return data(content);
-        return fault(u"unknown kind "_s + kind);
+        const auto found = xmlPropertyListScalar(kind, text());
+        return found ? *found : fault(u"unknown kind or content: "_s + kind);
     }
 
     // Never a null string: that would be a null value.
@@ -88,44 +80,6 @@ private:
     {
         const QString content = m_xml.readElementText();
         return content.isNull() ? u""_s : content;
-    }
-
-    // Decimal or, after 0x, hexadecimal.
-    QVariant integer(const QString& content)
-    {
-        const bool isHex = content.contains(u'x', Qt::CaseInsensitive);
-        bool isSigned = false;
-        const qlonglong number = content.toLongLong(&isSigned, isHex ? 16 : 10);
-        if (isSigned) return number;
-        bool isUnsigned = false;
-        const qulonglong large = content.toULongLong(&isUnsigned, isHex ? 16 : 10);
-        return isUnsigned ? QVariant(large) : fault(u"no integer"_s);
-    }
-
-    QVariant real(const QString& content)
-    {
-        const QString name = content.toLower();
-        const double infinity = std::numeric_limits<double>::infinity();
-        if (name == "nan"_L1) return std::numeric_limits<double>::quiet_NaN();
-        if (name == "+infinity"_L1 || name == "infinity"_L1 || name == "+inf"_L1 || name == "inf"_L1)
-            return infinity;
-        if (name == "-infinity"_L1 || name == "-inf"_L1) return -infinity;
-        bool isNumber = false;
-        const double number = QLocale::c().toDouble(content, &isNumber);
-        return isNumber ? QVariant(number) : fault(u"no real number"_s);
-    }
-
-    QVariant date(const QString& content)
-    {
-        const QDateTime moment = QDateTime::fromString(content, Qt::ISODate);
-        return moment.isValid() ? QVariant(moment.toUTC()) : fault(u"no date"_s);
-    }
-
-    QVariant data(const QString& content)
-    {
-        const QByteArray letters = content.simplified().remove(u' ').toLatin1();
-        const auto decoded = QByteArray::fromBase64Encoding(letters, QByteArray::AbortOnBase64DecodingErrors);
-        return decoded ? QVariant(decoded.decoded) : fault(u"no base-64 text"_s);
     }
 
     QVariant fault(const QString& why)
@@ -140,6 +94,12 @@ private:
 } // namespace
 
 std::optional<QVariant> readXmlPropertyList(const QByteArray& bytes)
+{
+    const auto plain = readPlainXmlPropertyList(bytes);
+    return plain ? plain : readAnyXmlPropertyList(bytes);
+}
+
+std::optional<QVariant> readAnyXmlPropertyList(const QByteArray& bytes)
 {
     return Reader(bytes).read();
 }
