@@ -234,7 +234,7 @@ TrailerEntries TrailerList::entriesOfWidth(int width) const
     TrailerEntries entries;
     const auto& trailers = m_contents.trailers;
     for (auto trailer = trailers.begin(); trailer != trailers.end(); ++trailer)
-        if (widthOf(*trailer) == width) entries.push_back({&trailer.key(), &trailer.value()});
+        if (widthOf(*trailer) == width) entries.emplace_back(trailer.key(), trailer.value());
     return entries;
 }
 

@@ -25,7 +25,7 @@ constexpr int mostBackups = 1000;
 void keep(TrailerListContents& contents, const QString& url, TrailerRecord record)
 {
     if (record.url == url) record.url = url; // one text in memory for both
-    contents.trailers.insert(url, std::move(record));
+    contents.trailers.emplace(url, std::move(record));
 }
 
 // The form of older releases: records by their URL, without dates at first.

@@ -12,16 +12,6 @@ const QString dateKey = QStringLiteral("Date");
 const QString acKey = QStringLiteral("AC");
 const QString acYes = QStringLiteral("Y");
 
-// Takes the text of `key` out of `rest`; nothing, and `rest` as it was, where it is no text.
-std::optional<QString> takeText(QVariantMap& rest, const QString& key)
-{
-    const auto found = rest.constFind(key);
-    if (found == rest.constEnd() || found->typeId() != QMetaType::QString) return {};
-    QString text = storableText(found->toString());
-    rest.remove(key);
-    return text;
-}
-
 QVariant storable(const QVariant& value);
 
 QVariantMap storableMap(const QVariantMap& map)
@@ -70,14 +60,20 @@ bool isStorable(char32_t c)
 
 TrailerRecord trailerRecord(const QVariantMap& stored)
 {
-    QVariantMap rest = stored;
     TrailerRecord record;
-    record.url = takeText(rest, urlKey).value_or(QString());
-    record.size = takeText(rest, sizeKey);
-    record.date = takeText(rest, dateKey);
-    record.ac = rest.value(acKey) == QVariant(acYes);
-    if (record.ac) rest.remove(acKey);
-    if (!rest.isEmpty()) record.other = storableMap(rest);
+    for (auto entry = stored.begin(); entry != stored.end(); ++entry) {
+        const bool isText = entry->typeId() == QMetaType::QString;
+        if (isText && entry.key() == urlKey)
+            record.url = storableText(entry->toString());
+        else if (isText && entry.key() == sizeKey)
+            record.size = storableText(entry->toString());
+        else if (isText && entry.key() == dateKey)
+            record.date = storableText(entry->toString());
+        else if (isText && entry.key() == acKey && entry->toString() == acYes)
+            record.ac = true;
+        else
+            record.other.insert(storableText(entry.key()), storable(*entry));
+    }
     return record;
 }
 

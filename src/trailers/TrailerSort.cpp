@@ -17,15 +17,12 @@ int signOf(int comparison)
 
 int compareURLs(const TrailerEntry& a, const TrailerEntry& b)
 {
-    return signOf(QString::compare(*a.url, *b.url));
+    return signOf(a.text.compare(b.text));
 }
 
 int compareDates(const TrailerEntry& a, const TrailerEntry& b)
 {
-    const auto date = [](const TrailerEntry& entry) {
-        return entry.record->date ? QStringView(*entry.record->date) : QStringView();
-    };
-    return signOf(date(a).compare(date(b)));
+    return signOf(a.date.compare(b.date));
 }
 
 } // namespace
@@ -48,7 +45,7 @@ QStringList sortedURLs(const QHash<QString, TrailerRecord>& trailers, const Trai
     TrailerEntries entries;
     entries.reserve(static_cast<std::size_t>(trailers.size()));
     for (auto trailer = trailers.begin(); trailer != trailers.end(); ++trailer)
-        entries.push_back({&trailer.key(), &trailer.value()});
+        entries.emplace_back(trailer.key(), trailer.value());
     std::sort(entries.begin(), entries.end(),
               [&](const TrailerEntry& a, const TrailerEntry& b) { return sortURLList(a, b, order) < 0; });
     QStringList urls;

@@ -18,10 +18,19 @@ struct TrailerOrder {
     bool ascending = false;
 };
 
-/// One URL of the list with its record, for as long as the list stays as it is.
+/// One URL of the list and the date of its record, for as long as the list stays as it is. The texts are
+/// here and not looked up there, because comparing them is most of what sorting costs.
 struct TrailerEntry {
+    TrailerEntry(const QString& key, const TrailerRecord& record)
+        : url(&key)
+        , text(key)
+        , date(record.date ? QStringView(*record.date) : QStringView())
+    {
+    }
+
     const QString* url;
-    const TrailerRecord* record;
+    QStringView text; ///< of the URL
+    QStringView date; ///< empty where there is none
 };
 
 using TrailerEntries = std::vector<TrailerEntry>;

@@ -171,8 +171,8 @@ TEST_F(TrailerListTest, sortURLList_findsNoDifference_whenTheKeyIsAnother)
     const QString y = text("y");
     const TrailerRecord older = record("z", "", "2008/01/01");
     const TrailerRecord newer = record("y", "", "2008/01/02");
-    const TrailerEntry first{&z, &older};
-    const TrailerEntry second{&y, &newer};
+    const TrailerEntry first{z, older};
+    const TrailerEntry second{y, newer};
     EXPECT_EQ(sortURLList(first, second, {text("Size"), true}), 0);
     EXPECT_EQ(sortURLList(first, second, {text("Date"), true}), -1);
     EXPECT_EQ(sortURLList(first, second, {text("URL"), true}), 1);
