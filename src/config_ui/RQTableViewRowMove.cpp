@@ -134,6 +134,7 @@ bool RQTableViewRowMove::moveRow(const RowMoveEvent& press)
 
 void RQTableViewRowMove::takeRow(int row)
 {
+    m_hasTakenPress = true;
     setFocus(Qt::MouseFocusReason);
     selectRowAlone(row);
     scrollRectToVisible(rectOfRow(row));

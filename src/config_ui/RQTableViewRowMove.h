@@ -110,7 +110,7 @@ protected:
     void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
 
     /// Hands the drag to the desktop and waits for its end; answers what became of it.
-    virtual Qt::DropAction runDrag(QDrag& drag);
+    virtual Qt::DropAction runDrag(QDrag& drag, Qt::DropActions allowed, Qt::DropAction proposed);
 
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -135,7 +135,7 @@ private:
     };
 
     [[nodiscard]] bool lookAhead(const QMouseEvent& event);
-    void endLookAhead();
+    bool endLookAhead();
     void handlePress(QMouseEvent& press);
     bool moveRow(const RowMoveEvent& press);
     bool moveRowFreely(const RowMoveEvent& press);
@@ -166,6 +166,7 @@ private:
     TimerSource* m_timers = &m_eventLoopTimers;
     std::unique_ptr<QMouseEvent> m_press; ///< while what follows it is awaited
     std::unique_ptr<Timer> m_lookAhead;
+    bool m_hasTakenPress = false; ///< the last press started a move, even if that is over
     std::optional<Move> m_move;
     std::unique_ptr<Timer> m_periodicEvents;
     bool m_isGrabbing = false;

@@ -18,6 +18,14 @@ const QString RQTableViewRowMove::privatePasteboardType = QStringLiteral("RQTabl
 namespace {
 
 // The desktop has no generic operation; a move is what it asks for where nothing else is said.
+Qt::DropActions actionsOf(int operations)
+{
+    Qt::DropActions actions;
+    actions.setFlag(Qt::CopyAction, operations & RQTableViewRowMove::DragOperationCopy);
+    actions.setFlag(Qt::MoveAction, operations & RQTableViewRowMove::DragOperationGeneric);
+    return actions;
+}
+
 void answer(QDropEvent& event, int operation)
 {
     event.setDropAction(operation == RQTableViewRowMove::DragOperationGeneric ? Qt::MoveAction
@@ -64,14 +72,15 @@ void RQTableViewRowMove::dragImage(const QPixmap& image, const QPoint& at, const
     drag->setMimeData(pasteboard.release());
     drag->setPixmap(image);
     drag->setHotSpot(mouse - at);
-    const Qt::DropAction done = runDrag(*drag);
+    const Qt::DropAction done =
+        runDrag(*drag, actionsOf(draggingSourceOperationMaskForLocal(true)), Qt::MoveAction);
     if (drag) drag->deleteLater();
     if (self) draggedImageEndedAtDeposited(QCursor::pos(), done != Qt::IgnoreAction);
 }
 
-Qt::DropAction RQTableViewRowMove::runDrag(QDrag& drag)
+Qt::DropAction RQTableViewRowMove::runDrag(QDrag& drag, Qt::DropActions allowed, Qt::DropAction proposed)
 {
-    return drag.exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    return drag.exec(allowed, proposed);
 }
 
 bool RQTableViewRowMove::copyRowToPasteboard(int row, QMimeData& pasteboard)

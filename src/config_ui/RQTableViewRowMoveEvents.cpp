@@ -29,15 +29,17 @@ bool RQTableViewRowMove::lookAhead(const QMouseEvent& event)
         !m_delegate.tableViewShouldMoveRowInColumn)
         return false;
     m_press.reset(event.clone());
-    m_lookAhead = m_timers->repeating(lookAheadSeconds, [this] { endLookAhead(); });
+    m_lookAhead = m_timers->repeating(lookAheadSeconds, [this] { (void)endLookAhead(); });
     return true;
 }
 
-void RQTableViewRowMove::endLookAhead()
+bool RQTableViewRowMove::endLookAhead()
 {
     m_lookAhead.reset();
     const std::unique_ptr<QMouseEvent> press = std::move(m_press);
-    if (!move(eventOf(*press, RowMoveEvent::Type::LeftMouseDown))) handlePress(*press);
+    if (move(eventOf(*press, RowMoveEvent::Type::LeftMouseDown))) return true;
+    handlePress(*press);
+    return false;
 }
 
 void RQTableViewRowMove::handlePress(QMouseEvent& press)
@@ -50,8 +52,11 @@ void RQTableViewRowMove::handlePress(QMouseEvent& press)
 
 void RQTableViewRowMove::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton) cancelMove(); // the release before it went elsewhere
-    if (m_press || m_move || lookAhead(*event)) return;  // another button's press changes nothing
+    if (event->button() == Qt::LeftButton) {
+        cancelMove(); // the release before it went elsewhere
+        m_hasTakenPress = false;
+    }
+    if (m_press || m_move || lookAhead(*event)) return; // another button's press changes nothing
     handlePress(*event);
 }
 
@@ -63,14 +68,15 @@ void RQTableViewRowMove::mouseDoubleClickEvent(QMouseEvent* event)
 void RQTableViewRowMove::mouseMoveEvent(QMouseEvent* event)
 {
     const bool isDrag = event->buttons().testFlag(Qt::LeftButton);
-    if (m_press && isDrag && event->position() != m_press->position()) endLookAhead();
+    const bool isFree = m_needsMoveFreely;
+    if (m_press && isDrag && event->position() != m_press->position() && endLookAhead() && isFree)
+        return; // that drag is over, and this table may be gone
     if (m_press) return;
-    if (!m_move)
+    if (m_move)
+        isDrag ? followEvent(eventOf(*event, RowMoveEvent::Type::LeftMouseDragged))
+               : cancelMove(); // the release went elsewhere
+    else if (!isDrag || !m_hasTakenPress)
         QTableView::mouseMoveEvent(event);
-    else if (isDrag)
-        followEvent(eventOf(*event, RowMoveEvent::Type::LeftMouseDragged));
-    else
-        cancelMove(); // the release went elsewhere
 }
 
 void RQTableViewRowMove::mouseReleaseEvent(QMouseEvent* event)
@@ -84,6 +90,7 @@ void RQTableViewRowMove::mouseReleaseEvent(QMouseEvent* event)
         const std::unique_ptr<QMouseEvent> press = std::move(m_press);
         handlePress(*press);
     }
+    if (event->button() == Qt::LeftButton && m_hasTakenPress) return; // of a press that the base never saw
     QTableView::mouseReleaseEvent(event);
 }
 

@@ -35,7 +35,7 @@ ThemePanel::ThemePanel(URLListReceiver& playlist, MovieLibrary& movies, QWidget*
     , m_themeMovieView(new MoviePreview(this, services))
 {
     m_ui->setupUi(this);
-    setModal(true);
+    setWindowModality(Qt::ApplicationModal);
     m_themeMovieView->setAccessibleName(tr("Preview of the selected movie"));
     m_themeMovieView->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_ui->previewPlace->addWidget(m_themeMovieView);
@@ -83,7 +83,7 @@ void ThemePanel::showIDVDThemes()
     if (m_browser.themeList().size() != before) m_rows.reload();
     if (m_browser.themeList().isEmpty()) m_ui->explanation->setText(tr("No theme movies were found."));
     m_ui->themeTable->setFocus();
-    open();
+    show();
 }
 
 void ThemePanel::closeIDVDThemesPanel(int tag)
@@ -116,7 +116,7 @@ QList<int> ThemePanel::selectedRows() const
     return rows;
 }
 
-// Of several selected movies it is the one that was selected last.
+// Of several selected movies it is the one that was selected last; what plays already is not opened anew.
 void ThemePanel::previewSelection()
 {
     const QList<int> rows = selectedRows();
@@ -124,10 +124,8 @@ void ThemePanel::previewSelection()
         const int current = m_ui->themeTable->currentIndex().row();
         const QUrl url = m_browser.movieURL(rows.contains(current) ? current : rows.last());
         const auto& shown = m_themeMovieView->movie();
-        if (!shown || shown->url() != url) {
-            m_themeMovieView->setMovie(NSMovie(m_movies.movieWithURL(url)));
-            selectIDVDTheme();
-        }
+        if (!shown || shown->url() != url) m_themeMovieView->setMovie(NSMovie(m_movies.movieWithURL(url)));
+        selectIDVDTheme();
     }
     showWhatCanBeDone();
 }

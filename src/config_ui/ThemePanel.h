@@ -17,8 +17,8 @@ namespace kestro {
 class MovieLibrary;
 class MoviePreview;
 
-/// The theme browser's panel ("themePanel"), modal over the sheet: the theme movies in a table, the selected
-/// one beside it in motion. Several can be added at once. Owned by the sheet. Main thread.
+/// The theme browser's panel ("themePanel"), modal to the whole program: the theme movies in a table, the
+/// selected one beside it in motion. Several can be added at once. Owned by the sheet. Main thread.
 class ThemePanel final : public QDialog {
     Q_OBJECT
 

@@ -101,6 +101,24 @@ TEST_F(RowMoveTest, drop_fails_whenTheDelegateCannotTakeIt)
     EXPECT_TRUE(selectedRows().empty());
 }
 
+TEST_F(RowMoveTest, drop_reloadsTheTableOnce_whenTheDelegateHasTakenIt)
+{
+    m_deposited = false;
+    (void)m_table.startRowEndedAt(0, 2);
+    const int before = m_table.m_reloads;
+    m_deposited = true;
+    (void)m_table.startRowEndedAt(0, 2);
+    EXPECT_EQ(m_table.m_reloads, before + 1);
+}
+
+TEST_F(RowMoveTest, drop_reloadsNothing_whenTheDelegateHasNotTakenIt)
+{
+    m_deposited = false;
+    const int before = m_table.m_reloads;
+    (void)m_table.startRowEndedAt(0, 2);
+    EXPECT_EQ(m_table.m_reloads, before);
+}
+
 TEST_F(RowMoveTest, startRowEndedAt_refuses_whenThereIsNoOtherRow)
 {
     EXPECT_FALSE(m_table.startRowEndedAt(2, -1));
@@ -120,6 +138,15 @@ TEST_F(RowMoveTest, keys_moveTheSelectedRow_whenAltIsHeld)
     pressKey(Qt::Key_Up, Qt::AltModifier);
     EXPECT_EQ(firstRows(), "1 0 2 3 4");
     EXPECT_EQ(selectedRows(), std::vector<int>{0});
+}
+
+TEST_F(RowMoveTest, keys_nameTheRowThatMoves)
+{
+    m_model.setColumnCount(2);
+    m_table.setCurrentIndex(m_model.index(3, 1));
+    pressKey(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(m_asked, (Rows{{3, 1}}));
+    EXPECT_EQ(m_table.draggedRow(), 3);
 }
 
 TEST_F(RowMoveTest, keys_followTheRow_whenItLeavesTheVisiblePart)
@@ -174,6 +201,20 @@ TEST_F(RowMoveTest, move_endsWithoutADrop_whenEscapeIsPressed)
     EXPECT_EQ(m_deposits, none);
 }
 
+TEST_F(RowMoveTest, mouse_selectsNothing_whenItsMoveWasGivenUp)
+{
+    press(onRow(1));
+    drag(onRow(2));
+    pressKey(Qt::Key_Escape, Qt::NoModifier);
+    drag(onRow(4));
+    EXPECT_EQ(selectedRows(), std::vector<int>{1});
+    release(onRow(4));
+    EXPECT_EQ(selectedRows(), std::vector<int>{1});
+    press(onRow(3));
+    release(onRow(3));
+    EXPECT_EQ(selectedRows(), std::vector<int>{3});
+}
+
 TEST_F(RowMoveTest, move_goesOn_whenOtherKeysArePressed)
 {
     press(onRow(0));
@@ -191,6 +232,15 @@ TEST_F(RowMoveTest, move_endsWithoutADrop_whenTheReleaseWentElsewhere)
     send(QEvent::MouseMove, onRow(3), Qt::NoButton, Qt::NoButton);
     EXPECT_FALSE(m_table.isMovingRow());
     EXPECT_EQ(m_deposits, none);
+}
+
+TEST_F(RowMoveTest, mouse_isFollowedWithoutAButton_onlyWhileARowMoves)
+{
+    press(onRow(0));
+    drag(onRow(2));
+    EXPECT_TRUE(m_table.viewport()->hasMouseTracking());
+    release(onRow(2));
+    EXPECT_FALSE(m_table.viewport()->hasMouseTracking());
 }
 
 TEST_F(RowMoveTest, press_startsAnew_whenTheReleaseBeforeItWentElsewhere)

@@ -19,24 +19,34 @@
 
 namespace kestro::test {
 
-/// A table that notes a drag instead of handing it to the desktop.
+/// A table that notes a drag instead of handing it to the desktop, and how often it reads its data anew.
 class RecordingTable final : public RQTableViewRowMove {
 public:
     struct Drag {
         QPixmap image;
         QPoint hotSpot;
         std::unique_ptr<QMimeData> pasteboard;
+        Qt::DropActions allowed;
+        Qt::DropAction proposed;
     };
+    void reset() override
+    {
+        ++m_reloads;
+        RQTableViewRowMove::reset();
+    }
+
     std::vector<Drag> m_drags;
+    Qt::DropAction m_dropAction = Qt::MoveAction; ///< what becomes of a drag
+    int m_reloads = 0;
 
 protected:
-    Qt::DropAction runDrag(QDrag& drag) override
+    Qt::DropAction runDrag(QDrag& drag, Qt::DropActions allowed, Qt::DropAction proposed) override
     {
         auto pasteboard = std::make_unique<QMimeData>();
         for (const QString& format : drag.mimeData()->formats())
             pasteboard->setData(format, drag.mimeData()->data(format));
-        m_drags.push_back({drag.pixmap(), drag.hotSpot(), std::move(pasteboard)});
-        return Qt::MoveAction;
+        m_drags.push_back({drag.pixmap(), drag.hotSpot(), std::move(pasteboard), allowed, proposed});
+        return m_dropAction;
     }
 };
 

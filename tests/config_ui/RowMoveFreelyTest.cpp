@@ -38,7 +38,8 @@ protected:
         QApplication::sendEvent(m_table.viewport(), &event);
         QDragLeaveEvent leave;
         QApplication::sendEvent(m_table.viewport(), &leave);
-        return event.isAccepted() && event.dropAction() == Qt::MoveAction;
+        EXPECT_EQ(event.isAccepted(), event.dropAction() == Qt::MoveAction);
+        return event.isAccepted();
     }
 
     QStringList m_log;
@@ -58,6 +59,35 @@ TEST_F(RowMoveFreely, drag_carriesTheRowAsDecimalText_whenStarted)
     EXPECT_EQ(selectedRows(), std::vector<int>{3});
     EXPECT_TRUE(m_table.hasFocus());
     EXPECT_FALSE(m_table.isMovingRow());
+}
+
+TEST_F(RowMoveFreely, drag_offersCopyingAndMoving_andProposesToMove)
+{
+    dragOut(3);
+    ASSERT_EQ(m_table.m_drags.size(), 1U);
+    EXPECT_EQ(m_table.m_drags[0].allowed, Qt::CopyAction | Qt::MoveAction);
+    EXPECT_EQ(m_table.m_drags[0].proposed, Qt::MoveAction);
+}
+
+TEST_F(RowMoveFreely, mouse_selectsNothing_whenItsDragIsOver)
+{
+    press(onRow(1));
+    drag(onRow(3));
+    EXPECT_EQ(selectedRows(), std::vector<int>{1});
+    drag(onRow(4));
+    release(onRow(4));
+    EXPECT_EQ(selectedRows(), std::vector<int>{1});
+}
+
+TEST_F(RowMoveFreely, drag_keepsTheRowUnderTheMouse_whenScrolledSideways)
+{
+    m_table.horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table.horizontalHeader()->resizeSection(0, 2 * width);
+    m_table.horizontalScrollBar()->setValue(50);
+    dragOut(2);
+    ASSERT_EQ(m_table.m_drags.size(), 1U);
+    EXPECT_EQ(m_table.m_drags[0].image.size(), QSize(width, rowHeight));
+    EXPECT_EQ(m_table.m_drags[0].hotSpot, QPoint(width / 2 - 30, rowHeight / 2 + 4));
 }
 
 TEST_F(RowMoveFreely, drag_showsTheRowAtItsPlace_whenTheDelegateHasNoPicture)
@@ -280,8 +310,11 @@ TEST_F(RowMoveFreely, end_isLoggedWithItsPoint_whenTheDragEnds)
 TEST_F(RowMoveFreely, end_isLogged_whenADragWasRun)
 {
     dragOut(2);
-    ASSERT_EQ(m_log.size(), 1);
-    EXPECT_TRUE(m_log[0].startsWith(QStringLiteral("end ")));
+    m_table.m_dropAction = Qt::IgnoreAction; // nobody took it
+    dragOut(3);
+    ASSERT_EQ(m_log.size(), 2);
+    for (const QString& line : m_log)
+        EXPECT_TRUE(line.startsWith(QStringLiteral("end "))) << qPrintable(line);
 }
 
 } // namespace kestro

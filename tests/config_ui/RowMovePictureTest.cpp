@@ -80,8 +80,14 @@ TEST_F(RowMovePicture, line_isBlueAtTheUpperEdgeOfTheRowAbove_whenMovedUp)
 TEST_F(RowMovePicture, line_isGone_whenTheMouseIsOnTheMovingRowsPlaceOrOnNone)
 {
     m_model.setRowCount(4);
-    for (const int y : {rowHeight + 18, 4 * rowHeight + 12}) {
-        dragTo(1, 2, y);
+    struct Case {
+        int inside; ///< the row, where it was pressed
+        int y;      ///< where the mouse is now
+    };
+    // The moving row lies over its own place's upper half, then over its lower half, then at the end.
+    for (const auto& [inside, y] :
+         {Case{18, rowHeight + 1}, Case{2, rowHeight + 18}, Case{2, 4 * rowHeight + 12}}) {
+        dragTo(1, inside, y);
         const QImage shown = screen();
         for (int row = 0; row < visibleRows * rowHeight; ++row)
             EXPECT_NE(shown.pixelColor(edge, row), blue) << row;
@@ -138,6 +144,64 @@ TEST_F(RowMovePicture, oldPlace_isABezelledShadow_whileTheRowIsElsewhere)
         EXPECT_NE(shown.pixelColor(at), red);
     }
     EXPECT_EQ(shown.pixelColor(width / 2, bottom), white);
+    EXPECT_GT(shown.pixelColor(width / 2, bottom - 1).lightness(),
+              shown.pixelColor(width / 2, top - 1).lightness()); // sunken: in shade above, lit below
+}
+
+TEST_F(RowMovePicture, table_isDrawnWhereItIsScrolledTo_whileARowMoves)
+{
+    m_model.item(9)->setBackground(Qt::green);
+    m_table.verticalScrollBar()->setValue(7 * rowHeight); // rows 7 to 11 are in sight
+    dragTo(1, 10, 4 * rowHeight + 10);
+    const QImage shown = screen();
+    EXPECT_EQ(shown.pixelColor(edge, rowHeight + 10), shadow);
+    EXPECT_EQ(shown.pixelColor(edge, 2 * rowHeight + 10), QColor(Qt::green));
+    EXPECT_NEAR(shown.pixelColor(edge, 4 * rowHeight + 10).green(), 64, 2);
+}
+
+TEST_F(RowMovePicture, rowCache_isTakenAnew_whenAnotherRowOfItsSizeMoves)
+{
+    m_model.item(3)->setForeground(Qt::white);
+    m_model.item(3)->setText(QStringLiteral("MMMMMMMMMM"));
+    dragTo(1, 10, 2 * rowHeight + 10);
+    m_table.cancelMove();
+    dragTo(3, 10, 2 * rowHeight + 10);
+    const QImage shown = screen();
+    int lightest = 0; // of the lettering, in what is moved
+    for (int x = 0; x < width; ++x)
+        lightest = std::max(lightest, shown.pixelColor(x, 2 * rowHeight + 10).green());
+    EXPECT_GT(lightest, 128);
+}
+
+TEST_F(RowMovePicture, rowBeforeItIsGrabbed_isDrawnAtItsNewPlace)
+{
+    m_table.setNeedsMoveFreely(true);
+    RowMoveDelegate looking = delegate();
+    int paintings = 0;
+    class Counter final : public QObject {
+    public:
+        explicit Counter(int& count)
+            : m_count(count)
+        {
+        }
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            m_count += event->type() == QEvent::Paint;
+            return false;
+        }
+
+    private:
+        int& m_count;
+    } counter(paintings);
+    m_table.viewport()->installEventFilter(&counter);
+    looking.tableViewImageForRow = [&paintings](RQTableViewRowMove&, int) {
+        EXPECT_GT(paintings, 0); // by now the row is shown selected
+        return QPixmap(10, 10);
+    };
+    m_table.setRowMoveDelegate(looking);
+    press(onRow(2));
+    drag(onRow(3));
+    ASSERT_EQ(m_table.m_drags.size(), 1U);
 }
 
 TEST_F(RowMovePicture, table_isDrawnAsItIs_whenTheMoveEnds)
@@ -169,6 +233,16 @@ TEST_F(RowMovePicture, imageForRow_isAsWideAsTheRow_whenMovedInsideTheTable)
     EXPECT_EQ(image.pixelColor(width + 10, 10).alpha(), 0); // not on the screen
 }
 
+TEST_F(RowMovePicture, imageForRow_holdsNothingOfTheLastOne_whereTheRowIsOutOfSight)
+{
+    m_table.selectRow(1);
+    ASSERT_EQ(m_table.imageForRow(1).toImage().pixelColor(edge, 5), red);
+    m_table.verticalScrollBar()->setValue(rowHeight * 3 / 2);
+    const QImage image = m_table.imageForRow(1).toImage();
+    EXPECT_EQ(image.pixelColor(edge, 5).alpha(), 0);
+    EXPECT_EQ(image.pixelColor(edge, 15), red);
+}
+
 TEST_F(RowMovePicture, imageForRow_isAsWideAsTheVisiblePart_whenMovedFreely)
 {
     m_table.setNeedsMoveFreely(true);
@@ -186,6 +260,9 @@ TEST_F(RowMovePicture, sizeCacheWindowTo_keepsAnImage_whenItHasTheSize)
     EXPECT_EQ(made.size(), QSize(30, 20));
     EXPECT_TRUE(made.hasAlphaChannel());
     EXPECT_EQ(m_table.sizeCacheWindowTo(made, QSize(30, 20)).cacheKey(), made.cacheKey());
+    QPixmap dense = made; // as many pixels, but half the size
+    dense.setDevicePixelRatio(2);
+    EXPECT_EQ(m_table.sizeCacheWindowTo(dense, QSize(30, 20)).devicePixelRatio(), 1);
     const QPixmap other = m_table.sizeCacheWindowTo(made, QSize(30, 21));
     EXPECT_EQ(other.size(), QSize(30, 21));
     EXPECT_EQ(other.toImage().pixelColor(1, 1).alpha(), 0);

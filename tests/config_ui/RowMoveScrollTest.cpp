@@ -61,6 +61,31 @@ TEST_F(RowMoveTest, autoscroll_ends_whenTheRowIsWhollyVisibleAgain)
     EXPECT_EQ(offset(), reached);
 }
 
+TEST_F(RowMoveTest, autoscroll_keepsItsPeriod_whenTheMouseMovesOnBelow)
+{
+    press(onRow(0));
+    drag({width / 2, height + 30});
+    m_timers.advance(0.05);
+    drag({width / 2 + 1, height + 30});
+    EXPECT_EQ(offset(), 80);
+    m_timers.advance(0.05);
+    EXPECT_EQ(offset(), 120); // a tenth of a second after it began, not after the mouse moved
+}
+
+TEST_F(RowMoveTest, autoscroll_beginsItsPeriodAnew_whenTheRowWasWhollyVisible)
+{
+    press(onRow(0));
+    drag({width / 2, height + 30});
+    drag(onRow(2));
+    m_timers.advance(0.05);
+    drag({width / 2, height + 30});
+    const int reached = offset();
+    m_timers.advance(0.099);
+    EXPECT_EQ(offset(), reached);
+    m_timers.advance(0.001);
+    EXPECT_EQ(offset(), reached + 40);
+}
+
 TEST_F(RowMoveTest, autoscroll_endsAtTheLastRow_whenTheMouseStaysBelow)
 {
     press(onRow(0));
@@ -107,10 +132,12 @@ TEST_F(RowMoveTest, wheel_scrollsUnderTheMovingRow_whenTurned)
 {
     press(onRow(0));
     drag(onRow(2));
+    const auto before = m_table.tableCache().cacheKey();
     QWheelEvent wheel(onRow(2), m_table.viewport()->mapToGlobal(QPointF(onRow(2))), {}, {0, -120},
                       Qt::LeftButton, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(m_table.viewport(), &wheel);
     ASSERT_GT(offset(), 0);
+    EXPECT_NE(m_table.tableCache().cacheKey(), before);
     const int under = m_table.rowAtPoint(m_table.convertFromViewport(onRow(2)));
     release(onRow(2));
     EXPECT_EQ(m_deposits, (Rows{{0, under}}));

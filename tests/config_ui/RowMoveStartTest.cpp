@@ -1,5 +1,7 @@
 #include "config_ui/RowMoveFixture.h"
 
+#include <QTranslator>
+
 namespace kestro {
 
 using test::RowMoveTest;
@@ -105,6 +107,40 @@ TEST_F(RowMoveTest, drag_selectsRows_whenTheDelegateRefuses)
     EXPECT_EQ(m_deposits, none);
 }
 
+TEST_F(RowMoveTest, move_asksForTheRowAndTheColumnUnderThePress)
+{
+    m_model.setColumnCount(2);
+    dragRow(3, 4);
+    press({width * 3 / 4, onRow(2).y()});
+    m_timers.advance(0.1);
+    EXPECT_EQ(m_asked, (Rows{{3, 1}, {2, 1}})); // the middle is where the second column begins
+}
+
+TEST_F(RowMoveTest, move_isNone_whenThePressIsOnNoRow)
+{
+    setRows(2);
+    EXPECT_FALSE(m_table.move({RowMoveEvent::Type::LeftMouseDown, onRow(3), {}, 0}));
+    EXPECT_EQ(m_asked, none);
+    EXPECT_TRUE(m_table.move({RowMoveEvent::Type::LeftMouseDown, onRow(1), {}, 0}));
+}
+
+TEST_F(RowMoveTest, press_isNoDrag_whenTheMouseMovesWithoutTheButton)
+{
+    press(onRow(2));
+    send(QEvent::MouseMove, onRow(3), Qt::NoButton, Qt::NoButton);
+    EXPECT_FALSE(m_table.isMovingRow());
+    EXPECT_EQ(m_asked, none);
+}
+
+TEST_F(RowMoveTest, press_isStillAwaited_whenAnotherButtonIsReleased)
+{
+    press(onRow(2));
+    send(QEvent::MouseButtonRelease, onRow(2), Qt::RightButton, Qt::LeftButton);
+    EXPECT_TRUE(selectedRows().empty());
+    m_timers.advance(0.1);
+    EXPECT_TRUE(m_table.isMovingRow());
+}
+
 TEST_F(RowMoveTest, press_selects_whenHeldAndTheDelegateRefuses)
 {
     m_may = false;
@@ -201,6 +237,23 @@ TEST_F(RowMoveTest, hint_namesTheKeyAndTheWindowManager_whenTheKeyIsNeeded)
     EXPECT_TRUE(m_table.toolTip().contains(QStringLiteral("window managers")));
     EXPECT_TRUE(m_table.toolTip().contains(QStringLiteral("Alt+Up or Alt+Down")));
     EXPECT_EQ(m_table.accessibleDescription(), m_table.toolTip());
+}
+
+TEST_F(RowMoveTest, hint_isSaidAnew_whenTheLanguageChanges)
+{
+    class Shouting final : public QTranslator {
+        QString translate(const char*, const char* text, const char*, int) const override
+        {
+            return QString::fromLatin1(text).toUpper();
+        }
+        bool isEmpty() const override { return false; }
+    } shouting;
+    const QString before = m_table.toolTip();
+    QApplication::installTranslator(&shouting);
+    QApplication::processEvents();
+    EXPECT_EQ(m_table.toolTip(), before.toUpper());
+    EXPECT_EQ(m_table.accessibleDescription(), before.toUpper());
+    QApplication::removeTranslator(&shouting);
 }
 
 } // namespace kestro

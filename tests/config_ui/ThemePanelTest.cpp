@@ -7,7 +7,9 @@
 #include "platform/movie/MemoryMovie.h"
 #include "widgets/MoviePreview.h"
 
+#include <QLabel>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
 #include <QUrl>
@@ -86,7 +88,7 @@ TEST_F(ThemePanelTest, panel_isModalAndListsTheMovies_whenShown)
     EXPECT_EQ(table().model()->rowCount(), 0);
     m_panel.showIDVDThemes();
     EXPECT_TRUE(m_panel.isVisible());
-    EXPECT_TRUE(m_panel.isModal());
+    EXPECT_EQ(m_panel.windowModality(), Qt::ApplicationModal);
     ASSERT_EQ(table().model()->rowCount(), 3);
     for (int row = 0; row < 3; ++row)
         EXPECT_EQ(data(row, ThemeTableModel::PathColumn).toString(), m_urls[row].toLocalFile());
@@ -102,6 +104,31 @@ TEST_F(ThemePanelTest, panel_keepsItsRowsAndSelection_whenShownAgain)
     m_panel.showIDVDThemes();
     EXPECT_EQ(table().model()->rowCount(), 3);
     EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1);
+}
+
+TEST_F(ThemePanelTest, panel_saysSo_whenThereAreNoMovies)
+{
+    ASSERT_TRUE(QDir(inRoot(program)).removeRecursively());
+    m_panel.showIDVDThemes();
+    EXPECT_EQ(m_panel.findChild<QLabel*>(QStringLiteral("explanation"))->text(),
+              QStringLiteral("No theme movies were found."));
+}
+
+TEST_F(ThemePanelTest, keyboard_isTheTables_wheneverThePanelIsShown)
+{
+    m_panel.showIDVDThemes();
+    select({0});
+    button("stopButton").setFocus();
+    m_panel.reject();
+    m_panel.showIDVDThemes();
+    EXPECT_EQ(m_panel.focusWidget(), &table());
+}
+
+TEST_F(ThemePanelTest, rows_sayTheirWholePath_whenPointedAt)
+{
+    m_panel.showIDVDThemes();
+    for (int column = 0; column < ThemeTableModel::columnTotal; ++column)
+        EXPECT_EQ(data(1, column, Qt::ToolTipRole).toString(), m_urls[1].toLocalFile());
 }
 
 TEST_F(ThemePanelTest, recommendedRows_areRedAndMarked_andOthersHaveTheTablesColour)
@@ -123,6 +150,7 @@ TEST_F(ThemePanelTest, recommendedRows_areRedAndMarked_andOthersHaveTheTablesCol
 TEST_F(ThemePanelTest, red_canBeRead_onALightAndOnADarkGround)
 {
     m_panel.showIDVDThemes();
+    const QSignalSpy repainted(table().model(), &QAbstractItemModel::dataChanged);
     for (const QColor& ground : {QColor(Qt::white), QColor(35, 38, 41), QColor(Qt::black)}) {
         QPalette palette = m_panel.palette();
         palette.setColor(QPalette::Base, ground);
@@ -130,6 +158,9 @@ TEST_F(ThemePanelTest, red_canBeRead_onALightAndOnADarkGround)
         const QColor red = data(1, 0, Qt::ForegroundRole).value<QColor>();
         EXPECT_GE(contrast(red, ground), 4.5) << qPrintable(ground.name());
     }
+    ASSERT_EQ(repainted.count(), 1); // from light to dark
+    EXPECT_EQ(repainted[0][0].toModelIndex(), table().model()->index(0, 0));
+    EXPECT_EQ(repainted[0][1].toModelIndex(), table().model()->index(2, ThemeTableModel::columnTotal - 1));
 }
 
 TEST_F(ThemePanelTest, selecting_playsTheMovie_whenItCanBeRead)
@@ -170,6 +201,27 @@ TEST_F(ThemePanelTest, buttons_stopAndPlayTheMovie_whenClicked)
     EXPECT_EQ(rate(), 0);
     button("playButton").click();
     EXPECT_EQ(rate(), 1);
+}
+
+TEST_F(ThemePanelTest, doubleClick_playsTheMovieOn_whenItWasStopped)
+{
+    m_panel.showIDVDThemes();
+    select({0});
+    button("stopButton").click();
+    Q_EMIT table().doubleClicked(table().model()->index(0, 0));
+    EXPECT_EQ(rate(), 1);
+}
+
+TEST_F(ThemePanelTest, movie_playsOn_whenItWasStoppedAndItsRowIsSelectedOnceMore)
+{
+    m_panel.showIDVDThemes();
+    select({0});
+    const auto movie = m_panel.themeMovieView().movie();
+    button("stopButton").click();
+    table().clearSelection();
+    select({0});
+    EXPECT_EQ(rate(), 1);
+    EXPECT_EQ(m_panel.themeMovieView().movie(), movie);
 }
 
 TEST_F(ThemePanelTest, add_handsOnTheSelectedMoviesAndCloses_whenClicked)

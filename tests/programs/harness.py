@@ -185,9 +185,9 @@ class Pixels:
         start = 3 * (y * self.width + x)
         return tuple(self.bytes[start : start + 3])
 
-    def is_near(self, x, y, colour):
+    def is_near(self, x, y, colour, tolerance=24):
         """Whether the pixel has the colour, but for what packing a movie does to it."""
-        return all(abs(a - b) < 24 for a, b in zip(self.at(x, y), colour))
+        return all(abs(a - b) < tolerance for a, b in zip(self.at(x, y), colour))
 
     def box_of_red(self, left, top, width, height):
         """(left, top, width, height) of what is red in a part of the picture; nothing where nothing is."""

@@ -19,10 +19,14 @@ class SettingsTest(ProgramTest):
         super().setUp()
         self.server = XServer("1024x768")
         self.addCleanup(self.server.close)
-        manager = subprocess.Popen(["openbox"], env=self.display(), start_new_session=True, stdin=subprocess.DEVNULL,
+        manager = subprocess.Popen(self.window_manager(), env=self.display(), start_new_session=True, stdin=subprocess.DEVNULL,
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.addCleanup(end_process, manager)
         wait_until(lambda: "window id # 0x" in self.server.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "openbox")
+
+    def window_manager(self):
+        """Its command."""
+        return ["openbox"]
 
     def display(self, **more):
         return self.home.environment(DISPLAY=self.server.display, **more)
@@ -63,6 +67,10 @@ class SettingsTest(ProgramTest):
         shown = self.server.run("xwininfo", "-id", window)
         names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
         return tuple(int(re.search(rf"{name}: +(-?\d+)", shown)[1]) for name in names)
+
+    def point(self, *steps):
+        """What xdotool does with the mouse, in one go: words as "mousemove 10 20", "mousedown 1", "keydown alt"."""
+        self.server.run("xdotool", *(word for step in steps for word in step.split()))
 
     def press(self, *keys):
         self.server.run("xdotool", "key", "--clearmodifiers", *keys)
