@@ -31,6 +31,38 @@
         <source>Web content, %1</source>
         <translation>Webinhalt, %1</translation>
     </message>
+    <message>
+        <source>no such file</source>
+        <translation>Datei nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>keine Datei</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>leere Datei</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>keine Art von Datei, die Filme enthält</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>enthält kein bewegtes Bild</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>keine Antwort in angemessener Zeit</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>Filme werden nur aus Dateien, über http und über https abgespielt</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

@@ -31,6 +31,38 @@
         <source>Web content, %1</source>
         <translation>Contenido web, %1</translation>
     </message>
+    <message>
+        <source>no such file</source>
+        <translation>el archivo no existe</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>no es un archivo</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>no se puede leer</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>archivo vacío</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>no es un tipo de archivo que contenga películas</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>no contiene imágenes en movimiento</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>no hubo respuesta a tiempo</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>las películas solo se reproducen desde archivos, http y https</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

@@ -31,6 +31,38 @@
         <source>Web content, %1</source>
         <translation>Contenu web, %1</translation>
     </message>
+    <message>
+        <source>no such file</source>
+        <translation>fichier inexistant</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>pas un fichier</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>lecture refusée</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>fichier vide</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>ce type de fichier ne contient pas de films</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>aucune image animée</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>pas de réponse à temps</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>les films ne sont lus que depuis des fichiers, http et https</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

@@ -31,6 +31,38 @@
         <source>Web content, %1</source>
         <translation>Webコンテンツ、%1</translation>
     </message>
+    <message>
+        <source>no such file</source>
+        <translation>ファイルがありません</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>ファイルではありません</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>読み取れません</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>空のファイルです</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>ムービーが入る種類のファイルではありません</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>動画が入っていません</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>時間内に応答がありません</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>ムービーはファイル、http、httpsからのみ再生できます</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

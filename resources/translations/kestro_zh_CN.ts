@@ -31,6 +31,38 @@
         <source>Web content, %1</source>
         <translation>网页内容，%1</translation>
     </message>
+    <message>
+        <source>no such file</source>
+        <translation>文件不存在</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>不是文件</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>无法读取</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>文件为空</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>不是包含影片的文件类型</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>其中没有活动画面</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>未及时响应</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>只能播放来自文件、http 和 https 的影片</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

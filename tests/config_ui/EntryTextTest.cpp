@@ -2,6 +2,8 @@
 
 #include "config_ui/EntryFacts.h"
 
+#include <QTranslator>
+
 #include <gtest/gtest.h>
 
 namespace kestro {
@@ -72,6 +74,22 @@ TEST(EntryText, detail_saysWhyAnEntryDoesNotPlay)
         EXPECT_EQ(EntryText::toolTip(entry(each.text), each.facts),
                   QString::fromUtf8(each.text) + u'\n' + QString::fromUtf8(each.reason));
     }
+}
+
+TEST(EntryText, detail_saysTheReasonInTheUsersLanguage)
+{
+    class Translator final : public QTranslator {
+        [[nodiscard]] bool isEmpty() const override { return false; }
+        [[nodiscard]] QString translate(const char*, const char* text, const char*, int) const override
+        {
+            return QString::fromUtf8(text).toUpper();
+        }
+    };
+    Translator translator;
+    QCoreApplication::installTranslator(&translator);
+    const EntryFacts foreign{.seconds = 0, .picture = {}, .fault = QStringLiteral("Input/output error")};
+    EXPECT_EQ(EntryText::detail(entry("file:///a.mov"), &broken), "CANNOT BE OPENED: NO SUCH FILE");
+    EXPECT_EQ(EntryText::detail(entry("file:///a.mov"), &foreign), "CANNOT BE OPENED: Input/output error");
 }
 
 TEST(EntryText, toolTip_isTheWholeURL)
