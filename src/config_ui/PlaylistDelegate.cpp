@@ -160,12 +160,11 @@ void PlaylistDelegate::setEditorData(QWidget* editor, const QModelIndex& index) 
     QStyledItemDelegate::setEditorData(editor, index);
 }
 
+// Both lines of the row are behind it.
 void PlaylistDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                             const QModelIndex&) const
 {
-    const QRect place = textPlace(option);
-    const int height = editor->sizeHint().height();
-    editor->setGeometry(place.left(), place.center().y() - height / 2, place.width(), height);
+    editor->setGeometry(textPlace(option));
 }
 
 } // namespace kestro

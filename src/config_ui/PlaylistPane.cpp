@@ -22,8 +22,7 @@ PlaylistPane::PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const 
 {
     setUpTable();
     setUpMoves();
-    auto* const remove = new QShortcut(Qt::Key_Delete, &m_view, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(remove, &QShortcut::activated, this, &PlaylistPane::deleteSelected);
+    addKeys();
 
     m_look.setSingleShot(true);
     connect(&m_look, &QTimer::timeout, this, &PlaylistPane::readRowsInSight);
@@ -68,6 +67,17 @@ void PlaylistPane::setUpMoves()
     });
 }
 
+void PlaylistPane::addKeys()
+{
+    const auto add = [this](Qt::Key key, auto action) {
+        auto* const shortcut = new QShortcut(key, &m_view, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, action);
+    };
+    add(Qt::Key_Delete, [this] { deleteSelected(); });
+    add(Qt::Key_Home, [this] { m_view.selectRow(0); });
+    add(Qt::Key_End, [this] { m_view.selectRow(m_table.rowCount() - 1); });
+}
+
 QList<int> PlaylistPane::selectedRows() const
 {
     QList<int> rows;
@@ -95,11 +105,19 @@ void PlaylistPane::showFrom(int first)
     m_view.selectionModel()->setCurrentIndex(m_table.index(last, 0), QItemSelectionModel::NoUpdate);
     m_view.selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     m_view.scrollTo(m_table.index(last, 0));
+    m_view.setFocus();
+}
+
+// The row that the keys would start from looks like the selected one: it is.
+void PlaylistPane::selectCurrentRow()
+{
+    if (!m_view.selectionModel()->hasSelection()) m_view.selectRow(std::max(m_view.currentIndex().row(), 0));
 }
 
 bool PlaylistPane::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Show) m_look.start(0);
+    if (event->type() == QEvent::Show && !event->spontaneous()) selectCurrentRow();
     if (event->type() == QEvent::FontChange)
         m_view.verticalHeader()->setDefaultSectionSize(PlaylistDelegate::rowHeight(m_view.fontMetrics()));
     return QObject::eventFilter(watched, event);

@@ -12,8 +12,8 @@ class ConfigModel;
 class RQTableViewRowMove;
 
 /// Makes a table the playlist's: shows it, edits it in place, moves its rows with Alt, deletes with the
-/// Delete key, and has the movies of the rows in sight, and of no others, looked into. Owned by the sheet,
-/// which owns the table too. Main thread.
+/// Delete key, goes to its ends with Home and End, and has the movies of the rows in sight, and of no others,
+/// looked into. Owned by the sheet, which owns the table too. Main thread.
 class PlaylistPane final : public QObject {
     Q_OBJECT
 
@@ -25,7 +25,8 @@ public:
     [[nodiscard]] QList<int> selectedRows() const;
     /// Deletes them, and selects what stands there then.
     void deleteSelected();
-    /// Selects the rows from `first` to the last, and scrolls to them; nothing where there is none.
+    /// Selects the rows from `first` to the last, scrolls to them and gives them the keys; nothing where
+    /// there is none.
     void showFrom(int first);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -33,6 +34,8 @@ public:
 private:
     void setUpTable();
     void setUpMoves();
+    void addKeys();
+    void selectCurrentRow();
     void readRowsInSight();
 
     RQTableViewRowMove& m_view;

@@ -131,6 +131,30 @@ TEST_F(ConfigSheetPlaylistTest, deleteButton_isForASelectionOnly)
     EXPECT_FALSE(isEnabled("deleteBtn"));
 }
 
+TEST_F(ConfigSheetPlaylistTest, sheet_opensWithTheRowSelectedThatTheKeysStartFrom)
+{
+    open({movie("0"), movie("1"), movie("2")});
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
+    QTest::keyClick(&table(), Qt::Key_Down);
+    QTest::keyClick(&table(), Qt::Key_Delete);
+    sheet->reject();
+    table().clearSelection();
+    sheet->open();
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{table().currentIndex().row()});
+    open({});
+    EXPECT_TRUE(sheet->playlist().selectedRows().isEmpty());
+}
+
+TEST_F(ConfigSheetPlaylistTest, homeAndEnd_goToTheEndsOfTheList)
+{
+    open({movie("0"), movie("1"), movie("2")});
+    QTest::keyClick(&table(), Qt::Key_End);
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{2});
+    EXPECT_EQ(table().currentIndex().row(), 2);
+    QTest::keyClick(&table(), Qt::Key_Home);
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
+}
+
 TEST_F(ConfigSheetPlaylistTest, altDown_movesTheRow)
 {
     open({movie("0"), movie("1"), movie("2")});
@@ -203,11 +227,34 @@ TEST_F(ConfigSheetPlaylistTest, urlPanel_addsTheURLAndCloses)
     EXPECT_EQ(listed(), QStringList{"http://Example.com/a.mov"});
 }
 
+TEST_F(ConfigSheetPlaylistTest, urlPanel_leavesTheNewRowSelectedAndTheKeysInTheTable)
+{
+    open({movie("0"), movie("1")});
+    widget("addURLBtn").setFocus();
+    click("addURLBtn");
+    typeURL(movie("2"));
+    urlPanel().accept();
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{2});
+    EXPECT_EQ(sheet->focusWidget(), &table());
+}
+
+TEST_F(ConfigSheetPlaylistTest, urlPanel_opensWithItsTextSelected)
+{
+    open({});
+    click("addURLBtn");
+    typeURL("http://m/first.mov");
+    urlPanel().reject();
+    click("addURLBtn");
+    EXPECT_EQ(control<QLineEdit>("urlField").selectedText(), "http://m/first.mov");
+    EXPECT_EQ(urlPanel().focusWidget(), &widget("urlField"));
+}
+
 TEST_F(ConfigSheetPlaylistTest, urlPanel_staysOpenAfterAnAlert_withItsText)
 {
     open({});
     click("addURLBtn");
     typeURL("no url");
+    urlPanel().findChild<QPushButton*>()->setFocus();
     QStringList alert;
     whenShown<QMessageBox>([&](QMessageBox& box) {
         EXPECT_TRUE(urlPanel().isVisible());
@@ -220,6 +267,7 @@ TEST_F(ConfigSheetPlaylistTest, urlPanel_staysOpenAfterAnAlert_withItsText)
     EXPECT_EQ(alert, (QStringList{"Alert", "Invalid URL string.", "OK"}));
     EXPECT_TRUE(urlPanel().isVisible());
     EXPECT_EQ(control<QLineEdit>("urlField").text(), "no url");
+    EXPECT_EQ(urlPanel().focusWidget(), &widget("urlField"));
     typeURL("http://m/a.mov");
     urlPanel().accept();
     EXPECT_FALSE(urlPanel().isVisible());
@@ -259,6 +307,14 @@ TEST_F(ConfigSheetPlaylistTest, themeMovies_areForMachinesThatHaveThem)
     EXPECT_EQ(QApplication::activeModalWidget(), &panel);
     sheet->reject();
     EXPECT_FALSE(panel.isVisible());
+}
+
+TEST_F(ConfigSheetPlaylistTest, entriesWithoutAMovie_areNotLookedInto)
+{
+    open({movie("page.html"), movie("a.swf"), "auto://LatestTrailers/6/480", movie("z.mov")});
+    while (looked().isEmpty())
+        QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+    EXPECT_EQ(looked(), QList<QUrl>{QUrl(movie("z.mov"))});
 }
 
 TEST_F(ConfigSheetPlaylistTest, movies_areLookedIntoWhereTheyAreInSightOnly)
