@@ -7,9 +7,11 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTableView>
 
 namespace kestro {
 
@@ -62,6 +64,26 @@ TEST_F(ConfigSheetCloseTest, ok_isTheReturnKey)
     QTest::keyClick(&control<QWidget>("soundChk"), Qt::Key_Return);
     EXPECT_FALSE(sheet->isVisible());
     EXPECT_EQ(stored()["Ver"], "5");
+}
+
+TEST_F(ConfigSheetCloseTest, returnKey_pressesTheButtonThatHasTheFocus)
+{
+    open({movie("a.mov"), movie("b.mov")});
+    widget("deleteBtn").setFocus();
+    QTest::keyClick(&widget("deleteBtn"), Qt::Key_Return);
+    EXPECT_TRUE(sheet->isVisible());
+    EXPECT_EQ(listed(), QStringList{movie("b.mov")});
+}
+
+TEST_F(ConfigSheetCloseTest, cancel_throwsAwayWhatIsBeingTyped)
+{
+    open({movie("a.mov")});
+    auto& table = control<QTableView>("playListView");
+    table.edit(table.model()->index(0, 0));
+    table.viewport()->findChild<QLineEdit*>()->setText(movie("b.mov"));
+    sheet->reject();
+    QApplication::processEvents();
+    EXPECT_EQ(listed(), QStringList{movie("a.mov")});
 }
 
 TEST_F(ConfigSheetCloseTest, cancel_storesNothing_andGoesBack)
