@@ -96,7 +96,6 @@ ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, con
           ConfigModel::Sources{saver, *m_panels, defaults != nullptr ? *defaults : *m_ownDefaults, trailers}))
 {
     m_ui->setupUi(this);
-    setWindowModality(Qt::WindowModal);
     setAcceptDrops(true);
     m_playlist = std::make_unique<PlaylistPane>(*m_ui->playListView, *m_model, read);
     m_urlPanel = new URLPanel(
@@ -258,8 +257,6 @@ void ConfigSheet::showEnabling()
     m_ui->fadeoutChk->setEnabled(can.fadeoutChk);
     m_ui->backAndForthChk->setEnabled(can.backAndForthChk);
     m_ui->backSaverPopup->setEnabled(can.backSaverPopup);
-    for (QWidget* const label : {m_ui->partialModeLabel, m_ui->scaleLabel, m_ui->backSaverLabel})
-        label->setEnabled(can.partialModeRadio);
     for (QWidget* const label : {m_ui->reposLabel, m_ui->secondsLabel})
         label->setEnabled(can.reposRadio);
 }
@@ -280,15 +277,18 @@ void ConfigSheet::showScale()
         m_ui->scaleField->setText(fieldText(scale));
 }
 
-// The options are as wide as they want, and as high if the screen has room for that; else they scroll.
+// The options are as wide and as high as they want if the screen has room for that; else they scroll.
 void ConfigSheet::fitToScreen()
 {
-    const QSize wanted = m_ui->options->sizeHint();
-    const int bar = m_ui->optionsArea->verticalScrollBar()->sizeHint().width();
-    m_ui->optionsArea->setMinimumWidth(std::min(wanted.width() + bar, screen()->availableSize().width() / 3));
-    const int around = sizeHint().height() - m_ui->optionsArea->sizeHint().height();
     const QSize room = screen()->availableSize() -
                        QSize(0, 2 * QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    QScrollArea& area = *m_ui->optionsArea;
+    const QSize wanted = m_ui->options->sizeHint();
+    const int bar = area.verticalScrollBar()->sizeHint().width();
+    const int least = area.minimumSizeHint().width();
+    const int beside = minimumSizeHint().width() - least;
+    area.setMinimumWidth(std::max(least, std::min(wanted.width() + bar, room.width() - beside)));
+    const int around = sizeHint().height() - area.sizeHint().height();
     const QSize best(wanted.width() + fontMetrics().averageCharWidth() * playlistCharacters,
                      wanted.height() + around);
     resize(best.expandedTo(minimumSizeHint()).boundedTo(room));

@@ -1,11 +1,15 @@
 // What the controls of the sheet show, and which of them can be used.
 
 #include "config_ui/ConfigSheetFixture.h"
+#include "config_ui/RQTableViewRowMove.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QTranslator>
 
@@ -35,14 +39,23 @@ protected:
     }
 };
 
-/// Another language.
+/// Another language, of long words.
 class ShoutingTranslator final : public QTranslator {
 public:
+    explicit ShoutingTranslator(int length = 1)
+        : m_length(length)
+    {
+        QCoreApplication::installTranslator(this);
+    }
+
     [[nodiscard]] bool isEmpty() const override { return false; }
     [[nodiscard]] QString translate(const char*, const char* text, const char*, int) const override
     {
-        return QString::fromUtf8(text).toUpper();
+        return QString::fromUtf8(text).toUpper().repeated(m_length);
     }
+
+private:
+    int m_length;
 };
 
 } // namespace
@@ -76,12 +89,42 @@ TEST_F(ConfigSheetControlsTest, controls_showTheSettings)
 
 TEST_F(ConfigSheetControlsTest, backSaverPopup_translatesItsOwnItemAlone)
 {
-    ShoutingTranslator translator;
-    QCoreApplication::installTranslator(&translator);
+    const ShoutingTranslator translator;
     saver.backSavers = {"/s/A.saver"};
     open({movie("a.mov")});
     EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(0), "DISABLE");
     EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(1), "A.saver");
+}
+
+TEST_F(ConfigSheetControlsTest, backSaverPopup_tellsWhereEachSaverLies)
+{
+    saver.backSavers = {"/one/B.saver", "/two/B.saver"};
+    open({});
+    const auto tip = [this](int item) {
+        return control<QComboBox>("backSaverPopup").itemData(item, Qt::ToolTipRole).toString();
+    };
+    EXPECT_EQ((QStringList{tip(0), tip(1), tip(2)}), (QStringList{"", "/one/B.saver", "/two/B.saver"}));
+}
+
+TEST_F(ConfigSheetControlsTest, sheet_fitsOnTheScreen_whateverTheLengthOfItsTexts)
+{
+    const QSize room = window.screen()->availableSize();
+    open({});
+    const auto& options = control<QScrollArea>("optionsArea");
+    EXPECT_FALSE(options.horizontalScrollBar()->isVisible());
+    const ShoutingTranslator translator(2);
+    open({});
+    EXPECT_LE(sheet->width(), room.width());
+    EXPECT_LE(sheet->height(), room.height());
+    EXPECT_TRUE(control<QScrollArea>("optionsArea").horizontalScrollBar()->isVisible());
+}
+
+TEST_F(ConfigSheetControlsTest, hint_saysHowRowsAreMoved)
+{
+    open({});
+    const QString hint = control<QLabel>("moveHint").text();
+    EXPECT_FALSE(hint.isEmpty());
+    EXPECT_EQ(hint, control<RQTableViewRowMove>("playListView").rowMoveHint());
 }
 
 TEST_F(ConfigSheetControlsTest, radioGroups_showNoButton_forNumbersThatNoneStandsFor)
@@ -201,6 +244,16 @@ TEST_F(ConfigSheetControlsTest, scale_isOneForSliderAndField)
     EXPECT_EQ(control<QSlider>("scaleSlider").value(), 125);
 }
 
+TEST_F(ConfigSheetControlsTest, slider_goesFromATenthToThreeTimes)
+{
+    open({}, {{"FullScreenMode", "0"}});
+    widget("scaleSlider").setFocus();
+    QTest::keyClick(&widget("scaleSlider"), Qt::Key_Home);
+    EXPECT_EQ(sheet->model().controls().scaleSlider, 0.1F);
+    QTest::keyClick(&widget("scaleSlider"), Qt::Key_End);
+    EXPECT_EQ(sheet->model().controls().scaleSlider, 3.0F);
+}
+
 TEST_F(ConfigSheetControlsTest, scale_goesBack_whenTheFieldHoldsNone)
 {
     open({}, {{"FullScreenMode", "0"}, {"Scale", "0.5"}});
@@ -234,6 +287,18 @@ TEST_F(ConfigSheetControlsTest, everyControl_hasANameAndIsReachedWithTab)
         EXPECT_TRUE(child->focusPolicy() & Qt::TabFocus) << qPrintable(name);
     }
     EXPECT_GT(controls, 20);
+}
+
+TEST_F(ConfigSheetControlsTest, tab_goesThroughTheControlsAsTheyStand)
+{
+    open({movie("a.mov")}, {{"FullScreenMode", "0"}});
+    QStringList expected{"playListView",      "addMovieBtn",     "addURLBtn",         "trailersBtn",
+                         "idvdBtn",           "deleteBtn",       "soundChk",          "randomChk",
+                         "continueChk",       "backAndForthChk", "fullScreenChk",     "partialModeFly",
+                         "partialModeBounce", "reposInterval",   "timeIntervalField", "reposMovieEnd",
+                         "scaleSlider",       "scaleField",      "backSaverPopup",    "fadeoutChk"};
+    if (!isEnabled("idvdBtn")) expected.removeAll("idvdBtn");
+    EXPECT_EQ(tabStops().mid(0, expected.size()), expected);
 }
 
 TEST_F(ConfigSheetControlsTest, mnemonics_areEachOfOneControl)

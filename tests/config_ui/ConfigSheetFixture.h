@@ -81,6 +81,20 @@ protected:
     }
     static QString movie(const QString& name) { return QStringLiteral("http://m/") + name; }
 
+    /// Texts of the focus chain's stops, from the first control on.
+    QStringList tabStops()
+    {
+        QStringList names;
+        const QWidget* const first = &widget("playListView");
+        const QWidget* at = first;
+        do {
+            const bool isStop = at->focusPolicy() & Qt::TabFocus && at->isEnabled() && at->isVisible();
+            if (isStop && at->window() == sheet.get()) names.append(at->objectName());
+            at = at->nextInFocusChain();
+        } while (at != first);
+        return names;
+    }
+
     EntryFacts look(const QUrl& url)
     {
         const std::lock_guard lock(m_mutex);
