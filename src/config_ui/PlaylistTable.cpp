@@ -115,8 +115,8 @@ void PlaylistTable::replaceRows(int first, int oldCount, const QList<PlaylistEnt
     }
     if (newCount > changed) {
         beginInsertRows({}, first + changed, first + newCount - 1);
-        for (int i = changed; i < newCount; ++i)
-            m_entries.insert(first + i, rows[i]);
+        m_entries.insert(first + changed, newCount - changed, PlaylistEntry());
+        std::copy(rows.begin() + changed, rows.end(), m_entries.begin() + first + changed);
         endInsertRows();
     }
 }

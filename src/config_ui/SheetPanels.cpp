@@ -19,7 +19,6 @@ void SheetPanels::runAlert(const QString& message)
     QMessageBox alert(QMessageBox::Warning, QCoreApplication::translate("Kestro", "Alert"), message,
                       QMessageBox::Ok, below);
     alert.button(QMessageBox::Ok)->setText(QCoreApplication::translate("Kestro", "OK"));
-    alert.setTextFormat(Qt::PlainText);
     alert.exec();
 }
 

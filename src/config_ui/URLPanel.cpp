@@ -26,7 +26,7 @@ void URLPanel::openURLPanel()
 
 void URLPanel::done(int result)
 {
-    if (isVisible() && !m_closeURLPanel(result == Accepted ? 1 : 0, m_ui->urlField->text()))
+    if (!m_closeURLPanel(result == Accepted ? 1 : 0, m_ui->urlField->text()))
         return m_ui->urlField->setFocus();
     QDialog::done(result);
 }
