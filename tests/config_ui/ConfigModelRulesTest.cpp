@@ -83,6 +83,24 @@ TEST_F(ConfigModelRulesTest, resetInterfaces_forgetsTheStoredSaverInMemory_whenI
     EXPECT_TRUE(file().isEmpty());
 }
 
+TEST_F(ConfigModelRulesTest, resetInterfaces_listsTheSaversAnew)
+{
+    saver.backSavers = {"/s/A.saver"};
+    auto& model = open();
+    saver.backSavers = {"/s/B.saver", "/s/C.saver"};
+    int reloads = 0;
+    QObject::connect(&model, &ConfigModel::backSaversReloaded, [&] { ++reloads; });
+    model.closeConfig(0);
+    EXPECT_EQ(model.backSaverItems(), (QStringList{"Disable", "B.saver", "C.saver"}));
+    EXPECT_EQ(reloads, 1);
+}
+
+TEST_F(ConfigModelRulesTest, resetInterfaces_appliesTheRuleOfTheWayOfMovingLast)
+{
+    EXPECT_TRUE(open({{"FullScreenMode", "1"}, {"PartialMode", "0"}}).enabling().timeIntervalField);
+    EXPECT_FALSE(open({{"FullScreenMode", "1"}, {"PartialMode", "1"}}).enabling().timeIntervalField);
+}
+
 TEST_F(ConfigModelRulesTest, checkFullScreen_enablesThePlayModeAlone_whenOn)
 {
     auto& model = openList({movie("a.mov")}, {{"FullScreenMode", "0"}});

@@ -88,6 +88,23 @@ TEST_F(EntryReaderTest, want_readsFilesWhileAServerDoesNotAnswer)
     waitFor(learned, 2);
 }
 
+TEST_F(EntryReaderTest, reader_forgetsWhatWasLearnedFirst_whenThereAreManyPictures)
+{
+    std::vector<QUrl> learned;
+    const QImage large(2048, 2048, QImage::Format_RGB32); // 16 MiB
+    EntryReader reader([&](const QUrl&, const std::stop_token&) {
+        return EntryFacts{.seconds = 5, .picture = large, .fault = {}};
+    });
+    noting(reader, learned);
+    reader.want({file, other});
+    waitFor(learned, 2);
+    EXPECT_NE(reader.facts(other), nullptr);
+    reader.want({remote});
+    waitFor(learned, 3);
+    EXPECT_EQ(reader.facts(file), nullptr);
+    EXPECT_NE(reader.facts(remote), nullptr);
+}
+
 TEST_F(EntryReaderTest, end_stopsWhatIsBeingRead)
 {
     std::atomic<bool> begun = false;

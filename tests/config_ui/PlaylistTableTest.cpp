@@ -116,6 +116,10 @@ TEST_F(PlaylistTableTest, rows_followAnyChange)
     EXPECT_EQ(order(), "");
     m_model->addURLList({QUrl(movie("7"))});
     EXPECT_EQ(order(), "7");
+    m_model->resetInterfaces();
+    m_model->deleteMovie({1, 2});
+    m_model->resetInterfaces();
+    EXPECT_EQ(order(), "0123");
 }
 
 } // namespace kestro
