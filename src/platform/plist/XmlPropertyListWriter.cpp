@@ -3,7 +3,6 @@
 
 #include <QDateTime>
 #include <QLocale>
-#include <QXmlStreamWriter>
 
 #include <algorithm>
 #include <cmath>
@@ -14,9 +13,20 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// Which code points XML 1.0 can hold at all (its production "Char").
+constexpr QByteArrayView head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                                "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                                "<plist version=\"1.0\">\n";
+
+bool isPrintableAscii(QChar c)
+{
+    return c >= u' ' && c <= u'~';
+}
+
+// Which code points XML 1.0 can hold at all (its production "Char"). Nearly every text is plain.
 bool canBeXml(const QString& text)
 {
+    if (std::all_of(text.begin(), text.end(), isPrintableAscii)) return true;
     const auto codePoints = text.toUcs4();
     const auto isCharacter = [](char32_t c) {
         return c == u'\t' || c == u'\n' || c == u'\r' || (c >= 0x20 && c < 0xd800) ||
@@ -32,20 +42,35 @@ QString realText(double number)
     return QString::number(number, 'g', QLocale::FloatingPointShortest);
 }
 
-/// Writes one tree. Each operation answers false at the first value that cannot be written.
+// What stands for a byte of a text; empty where it stands for itself. A carriage return is a reference,
+// because XML readers turn a bare one into a line feed.
+QByteArrayView reference(char byte)
+{
+    switch (byte) {
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '&':
+        return "&amp;";
+    case '"':
+        return "&quot;";
+    case '\r':
+        return "&#13;";
+    default:
+        return {};
+    }
+}
+
+/// Writes one tree, an element a line, one tab a level. Each operation answers false at the first value that
+/// cannot be written.
 class Writer final {
 public:
     std::optional<QByteArray> write(const QVariant& root)
     {
-        m_xml.setAutoFormatting(true);
-        m_xml.setAutoFormattingIndent(-1); // one tab a level
-        m_xml.writeStartDocument();
-        m_xml.writeDTD(u"<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-                       "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">"_s);
-        m_xml.writeStartElement(u"plist"_s);
-        m_xml.writeAttribute(u"version"_s, u"1.0"_s);
+        m_bytes.append(head);
         if (!value(root, 1)) return {};
-        m_xml.writeEndDocument();
+        m_bytes.append("</plist>\n");
         return m_bytes;
     }
 
@@ -59,80 +84,90 @@ private:
         case QMetaType::QStringList:
             return array(value.toList(), level);
         default:
-            return scalar(value);
+            return scalar(value, level);
         }
     }
 
     bool dictionary(const QVariantMap& entries, int level)
     {
         if (level > deepestPropertyList) return false;
-        m_xml.writeStartElement(u"dict"_s);
+        if (entries.isEmpty()) return line(level, "<dict/>");
+        line(level, "<dict>");
         for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-            if (!text(u"key"_s, entry.key()) || !value(entry.value(), level + 1)) return false;
+            if (!text(level + 1, "key", entry.key()) || !value(entry.value(), level + 1)) return false;
         }
-        m_xml.writeEndElement();
-        return true;
+        return line(level, "</dict>");
     }
 
     bool array(const QVariantList& values, int level)
     {
         if (level > deepestPropertyList) return false;
-        m_xml.writeStartElement(u"array"_s);
-        const bool written = std::all_of(values.begin(), values.end(),
-                                         [&](const QVariant& element) { return value(element, level + 1); });
-        m_xml.writeEndElement();
-        return written;
+        if (values.isEmpty()) return line(level, "<array/>");
+        line(level, "<array>");
+        const auto isWritten = [&](const QVariant& element) { return value(element, level + 1); };
+        return std::all_of(values.begin(), values.end(), isWritten) && line(level, "</array>");
     }
 
-    bool scalar(const QVariant& value)
+    bool scalar(const QVariant& value, int level)
     {
         switch (value.typeId()) {
         case QMetaType::QString:
-            return text(u"string"_s, value.toString());
+            return text(level, "string", value.toString());
         case QMetaType::Bool:
-            m_xml.writeEmptyElement(value.toBool() ? u"true"_s : u"false"_s);
-            return true;
+            return line(level, value.toBool() ? "<true/>" : "<false/>");
         case QMetaType::Int:
         case QMetaType::UInt:
         case QMetaType::LongLong:
         case QMetaType::ULongLong:
-            return text(u"integer"_s, value.toString());
+            return text(level, "integer", value.toString());
         case QMetaType::Float:
         case QMetaType::Double:
-            return text(u"real"_s, realText(value.toDouble()));
+            return text(level, "real", realText(value.toDouble()));
         case QMetaType::QByteArray:
-            return text(u"data"_s, QString::fromLatin1(value.toByteArray().toBase64()));
+            return text(level, "data", QString::fromLatin1(value.toByteArray().toBase64()));
         case QMetaType::QDateTime:
-            return date(value.toDateTime().toUTC());
+            return date(level, value.toDateTime().toUTC());
         default:
             return false;
         }
     }
 
-    bool date(const QDateTime& moment)
+    bool date(int level, const QDateTime& moment)
     {
         const int year = moment.date().year();
         return moment.isValid() && year >= 1 && year <= 9999 &&
-               text(u"date"_s, moment.toString(u"yyyy-MM-dd'T'HH:mm:ss'Z'"_s));
+               text(level, "date", moment.toString(u"yyyy-MM-dd'T'HH:mm:ss'Z'"_s));
     }
 
-    // A carriage return stands as a reference, because XML readers turn a bare one into a line feed.
-    bool text(const QString& kind, const QString& content)
+    bool text(int level, QByteArrayView kind, const QString& content)
     {
         if (!canBeXml(content)) return false;
-        m_xml.writeStartElement(kind);
-        const auto parts = content.split(u'\r');
-        m_xml.writeCharacters(parts.front());
-        for (qsizetype part = 1; part < parts.size(); ++part) {
-            m_xml.writeEntityReference(u"#13"_s);
-            m_xml.writeCharacters(parts[part]);
+        m_bytes.append(level, '\t').append('<').append(kind).append('>');
+        characters(content.toUtf8());
+        m_bytes.append("</").append(kind).append(">\n");
+        return true;
+    }
+
+    void characters(const QByteArray& content)
+    {
+        auto written = content.begin();
+        for (auto at = content.begin(); at != content.end(); ++at) {
+            const QByteArrayView stand = reference(*at);
+            if (stand.isEmpty()) continue;
+            m_bytes.append(QByteArrayView(written, at)).append(stand);
+            written = at + 1;
         }
-        m_xml.writeEndElement();
+        m_bytes.append(QByteArrayView(written, content.end()));
+    }
+
+    // Answers true, for whoever answers that in turn.
+    bool line(int level, QByteArrayView element)
+    {
+        m_bytes.append(level, '\t').append(element).append('\n');
         return true;
     }
 
     QByteArray m_bytes;
-    QXmlStreamWriter m_xml{&m_bytes};
 };
 
 } // namespace
