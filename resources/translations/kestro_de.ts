@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>The newest %1, %2 pixels wide</source>
-        <translation>Die neuesten %1, %2 Pixel breit</translation>
+        <translation>Anzahl: %1, %2 Pixel breit</translation>
     </message>
     <message>
         <source>All there are, %1 pixels wide</source>
@@ -556,7 +556,7 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
-        <translation>Um eine Zeile zu verschieben, ziehen Sie sie bei gedrückter Alt-Taste, oder wählen Sie sie aus und drücken Sie Alt+Aufwärts oder Alt+Abwärts. Manche Fensterverwaltungen verschieben beim Ziehen mit Alt das Fenster: Benutzen Sie dort die Tasten.</translation>
+        <translation>Um eine Zeile zu verschieben, ziehen Sie sie bei gedrückter Alt-Taste, oder wählen Sie sie aus und drücken Sie Alt+Aufwärts oder Alt+Abwärts. Manche Fenstermanager verschieben beim Ziehen mit Alt das Fenster: Benutzen Sie dort die Tasten.</translation>
     </message>
 </context>
 <context>

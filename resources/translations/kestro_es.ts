@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>The newest %1, %2 pixels wide</source>
-        <translation>Los %1 más recientes, de %2 píxeles de ancho</translation>
+        <translation>Cantidad: %1, de %2 píxeles de ancho</translation>
     </message>
     <message>
         <source>All there are, %1 pixels wide</source>
@@ -392,11 +392,11 @@ Inténtelo de nuevo.</translation>
     </message>
     <message>
         <source>The page of a trailer site that a scan begins with</source>
-        <translation>La página de un sitio de tráileres en la que empieza la búsqueda</translation>
+        <translation>La página de un sitio de tráileres en la que empieza el rastreo</translation>
     </message>
     <message>
         <source>Looks for trailers on the site, or stops looking</source>
-        <translation>Busca tráileres en el sitio o detiene la búsqueda</translation>
+        <translation>Busca tráileres en el sitio o detiene el rastreo</translation>
     </message>
     <message>
         <source>Trailers found</source>
@@ -408,7 +408,7 @@ Inténtelo de nuevo.</translation>
     </message>
     <message>
         <source>Scanning</source>
-        <translation>Examinando</translation>
+        <translation>Rastreando</translation>
     </message>
     <message>
         <source>&amp;Find:</source>
@@ -497,7 +497,7 @@ Inténtelo de nuevo.</translation>
     </message>
     <message>
         <source>Scan</source>
-        <translation>Examinar</translation>
+        <translation>Rastrear</translation>
     </message>
 </context>
 <context>
@@ -650,11 +650,11 @@ Replace it?</source>
     <name>kestro::TrailerPanel</name>
     <message>
         <source>Scan finished. Pages read: %1</source>
-        <translation>Búsqueda terminada. Páginas leídas: %1</translation>
+        <translation>Rastreo terminado. Páginas leídas: %1</translation>
     </message>
     <message>
         <source>Scan stopped. Pages read: %1</source>
-        <translation>Búsqueda detenida. Páginas leídas: %1</translation>
+        <translation>Rastreo detenido. Páginas leídas: %1</translation>
     </message>
     <message>
         <source>The page at this address cannot be read.</source>
@@ -662,7 +662,7 @@ Replace it?</source>
     </message>
     <message>
         <source>The site is being scanned already.</source>
-        <translation>El sitio ya se está examinando.</translation>
+        <translation>El sitio ya se está rastreando.</translation>
     </message>
     <message>
         <source>This is not the address of a page.</source>

@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>The newest %1, %2 pixels wide</source>
-        <translation>Les %1 dernières, larges de %2 pixels</translation>
+        <translation>Nombre : %1, larges de %2 pixels</translation>
     </message>
     <message>
         <source>All there are, %1 pixels wide</source>
@@ -190,7 +190,7 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Play &amp;sound</source>
-        <translation>Jouer le s&amp;on</translation>
+        <translation>Activer le s&amp;on</translation>
     </message>
     <message>
         <source>The first monitor plays the sound of its movies</source>

@@ -556,7 +556,7 @@ Please try again.</source>
     </message>
     <message>
         <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
-        <translation>行を移動するには、Altキーを押しながらドラッグするか、選択してAlt+上矢印またはAlt+下矢印を押します。Altキーを押しながらのドラッグでウインドウが移動するウインドウマネージャーでは、キーを使ってください。</translation>
+        <translation>行を移動するには、Altキーを押しながらドラッグするか、選択してAlt+上矢印またはAlt+下矢印を押します。Altキーを押しながらのドラッグでウインドウが移動するウインドウマネージャでは、キーを使ってください。</translation>
     </message>
 </context>
 <context>

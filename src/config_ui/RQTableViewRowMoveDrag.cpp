@@ -42,9 +42,9 @@ bool IncludesType(const QStringList& types, const QString& type)
 
 bool RQTableViewRowMove::moveRowFreely(const RowMoveEvent& press)
 {
-    const QPoint mouse = convertFromViewport(press.location);
-    m_draggedRow = rowAtPoint(mouse);
+    m_draggedRow = rowAtPoint(convertFromViewport(press.location));
     takeRow(m_draggedRow);
+    const QPoint mouse = convertFromViewport(press.location); // once the whole row is in view
     const QRect row = rectOfRow(m_draggedRow);
     const int lowerEdge = row.y() + row.height();
     QPixmap image;

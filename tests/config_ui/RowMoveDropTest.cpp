@@ -215,6 +215,30 @@ TEST_F(RowMoveTest, mouse_selectsNothing_whenItsMoveWasGivenUp)
     EXPECT_EQ(selectedRows(), std::vector<int>{3});
 }
 
+TEST_F(RowMoveTest, mouse_selectsAgain_whenItsMoveWasGivenUpAndTheNextPressStartsNone)
+{
+    press(onRow(1));
+    drag(onRow(2));
+    pressKey(Qt::Key_Escape, Qt::NoModifier);
+    release(onRow(2));
+    m_may = false;
+    dragRow(2, 4);
+    EXPECT_EQ(selectedRows(), (std::vector<int>{2, 3, 4}));
+}
+
+TEST_F(RowMoveTest, release_isNoClick_whenItsMoveWasGivenUp)
+{
+    int clicks = 0;
+    QObject::connect(&m_table, &QAbstractItemView::clicked, [&] { ++clicks; });
+    press(onRow(1));
+    release(onRow(1));
+    press(onRow(1));
+    drag(onRow(2));
+    pressKey(Qt::Key_Escape, Qt::NoModifier);
+    release(onRow(1));
+    EXPECT_EQ(clicks, 1);
+}
+
 TEST_F(RowMoveTest, move_goesOn_whenOtherKeysArePressed)
 {
     press(onRow(0));

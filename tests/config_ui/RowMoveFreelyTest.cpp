@@ -79,15 +79,30 @@ TEST_F(RowMoveFreely, mouse_selectsNothing_whenItsDragIsOver)
     EXPECT_EQ(selectedRows(), std::vector<int>{1});
 }
 
-TEST_F(RowMoveFreely, drag_keepsTheRowUnderTheMouse_whenScrolledSideways)
+TEST_F(RowMoveFreely, drag_showsWhatIsInSight_whenScrolledSideways)
 {
+    m_model.setColumnCount(2);
     m_table.horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table.horizontalHeader()->resizeSection(0, 2 * width);
-    m_table.horizontalScrollBar()->setValue(50);
+    for (const int column : {0, 1})
+        m_table.horizontalHeader()->resizeSection(column, width);
+    QApplication::processEvents();
+    m_table.setCurrentIndex(m_model.index(0, 1)); // brings the second column into view
+    ASSERT_EQ(m_table.visibleRect().x(), width);
     dragOut(2);
     ASSERT_EQ(m_table.m_drags.size(), 1U);
+    EXPECT_EQ(m_table.visibleRect().x(), width);
     EXPECT_EQ(m_table.m_drags[0].image.size(), QSize(width, rowHeight));
     EXPECT_EQ(m_table.m_drags[0].hotSpot, QPoint(width / 2 - 30, rowHeight / 2 + 4));
+}
+
+TEST_F(RowMoveFreely, drag_keepsTheRowUnderTheMouse_whenItHadToComeIntoView)
+{
+    m_table.verticalScrollBar()->setValue(rowHeight / 2); // rows 0 and 5 are cut
+    press({width / 2, visibleRows * rowHeight - 2});
+    m_timers.advance(0.1);
+    ASSERT_EQ(m_table.m_drags.size(), 1U);
+    EXPECT_EQ(offset(), rowHeight);
+    EXPECT_EQ(m_table.m_drags[0].hotSpot, QPoint(width / 2, rowHeight - 2)); // the row is at the lower edge
 }
 
 TEST_F(RowMoveFreely, drag_showsTheRowAtItsPlace_whenTheDelegateHasNoPicture)

@@ -126,6 +126,7 @@ TEST_F(RowMoveTest, move_isNone_whenThePressIsOnNoRow)
 
 TEST_F(RowMoveTest, press_isNoDrag_whenTheMouseMovesWithoutTheButton)
 {
+    m_table.viewport()->setMouseTracking(true);
     press(onRow(2));
     send(QEvent::MouseMove, onRow(3), Qt::NoButton, Qt::NoButton);
     EXPECT_FALSE(m_table.isMovingRow());

@@ -9,6 +9,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
@@ -86,7 +87,9 @@ double contrast(const QColor& a, const QColor& b)
 TEST_F(ThemePanelTest, panel_isModalAndListsTheMovies_whenShown)
 {
     EXPECT_EQ(table().model()->rowCount(), 0);
+    const QSignalSpy reloaded(table().model(), &QAbstractItemModel::modelReset);
     m_panel.showIDVDThemes();
+    EXPECT_EQ(reloaded.count(), 1);
     EXPECT_TRUE(m_panel.isVisible());
     EXPECT_EQ(m_panel.windowModality(), Qt::ApplicationModal);
     ASSERT_EQ(table().model()->rowCount(), 3);
@@ -101,7 +104,9 @@ TEST_F(ThemePanelTest, panel_keepsItsRowsAndSelection_whenShownAgain)
     select({1});
     m_panel.reject();
     put(QStringLiteral("/late.mov"));
+    const QSignalSpy reloaded(table().model(), &QAbstractItemModel::modelReset);
     m_panel.showIDVDThemes();
+    EXPECT_EQ(reloaded.count(), 0);
     EXPECT_EQ(table().model()->rowCount(), 3);
     EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1);
 }
@@ -178,6 +183,8 @@ TEST_F(ThemePanelTest, selecting_playsTheMovie_whenItCanBeRead)
 TEST_F(ThemePanelTest, selecting_showsTheMovieSelectedLast_whenThereAreSeveral)
 {
     m_panel.showIDVDThemes();
+    select({0, 1});
+    EXPECT_EQ(shown(), m_urls[1]);
     select({1, 0});
     EXPECT_EQ(shown(), m_urls[0]);
     EXPECT_EQ(m_movies.alive().size(), 1U); // the panel holds on to none but that one
@@ -287,6 +294,18 @@ TEST_F(ThemePanelTest, panel_fitsASmallScreen_whenItNeedNotBeLarger)
 {
     EXPECT_LE(m_panel.minimumSizeHint().width(), 512); // half of 1024, as at twice the size
     EXPECT_LE(m_panel.minimumSizeHint().height(), 384);
+}
+
+TEST_F(ThemePanelTest, panel_staysOnTheScreen_whenItsLetteringIsLarge)
+{
+    QFont large = m_panel.font();
+    large.setPixelSize(20);
+    m_panel.setFont(large);
+    m_panel.showIDVDThemes();
+    const QSize screen = m_panel.screen()->availableSize();
+    EXPECT_GT(m_panel.fontMetrics().averageCharWidth() * 96, screen.width()); // as it would be there
+    EXPECT_LE(m_panel.width(), screen.width());
+    EXPECT_LE(m_panel.height(), screen.height());
 }
 
 } // namespace kestro

@@ -1,4 +1,5 @@
-"""Every text of the windows is there in every language, with what the code puts into it, its shortcut key and its shape.
+"""Every text of the windows is there in every language, with what the code puts into it, a shortcut key of its own and its
+shape.
 
 usage: translated.py ROOT | translated.py --self-check
 """
@@ -17,7 +18,9 @@ LANGUAGES = ["de", "es", "fr", "ja", "zh_CN"]
 FOLDER = "resources/translations"
 WINDOWS = ["src/widgets", "src/config_ui", "src/trailers/panel", "src/host/preferences"]
 PLACEHOLDER = re.compile(r"%L?\d+|%n|%[ds@]")
-MNEMONIC = re.compile(r"&(?=[^\s&])")
+MNEMONIC = re.compile(r"&([^\s&])")
+# What stands in the window of another class.
+WINDOW_OF = {"kestro::XscreensaverPanel": "kestro::PreferencesWindow"}
 # How a text ends, and what may stand there instead in another language.
 ENDINGS = {"…": "…", "...": "...…", ":": ":：", ".": ".。", "?": "?？", "\n": "\n", " ": " "}
 # What shows a text, and a literal handed to it: such a text cannot be translated.
@@ -69,6 +72,23 @@ def check_language(path, wanted, present):
     return found
 
 
+def shared_keys(path, texts):
+    """Lines about the shortcut keys that two texts of one window have; `texts` has pairs of a window and a text."""
+    found, seen = [], {}
+    for window, text in texts:
+        for key in MNEMONIC.findall(text):
+            other = seen.setdefault((window, key.lower()), text)
+            if other != text:
+                found.append(f"{path}: {key!r} is the key of {other!r} and of {text!r} in {window}")
+    return found
+
+
+def in_windows(found):
+    """Of messages(): each text with its window, as the code has it, and as the language has it."""
+    pairs = [(WINDOW_OF.get(context, context), source, forms) for (context, source), (_, forms) in found.items()]
+    return [(window, source) for window, source, _ in pairs], [(window, form) for window, _, forms in pairs for form in forms]
+
+
 def texts_of_the_code(root):
     with tempfile.TemporaryDirectory() as scratch:
         out = os.path.join(scratch, "all.ts")
@@ -88,11 +108,14 @@ def check_tree(root):
     wanted, found = texts_of_the_code(root)
     if not wanted:
         sys.exit("no texts found where there must be some")
+    found += shared_keys("the code", in_windows(wanted)[0])
     files = {os.path.basename(path) for path in glob.glob(os.path.join(root, FOLDER, "*.ts"))}
     if files != {f"kestro_{language}.ts" for language in LANGUAGES}:
         found.append(f"{FOLDER} has {sorted(files)}")
     for name in sorted(files):
-        found += check_language(name, wanted, messages(lint.read(root, f"{FOLDER}/{name}")))
+        present = messages(lint.read(root, f"{FOLDER}/{name}"))
+        found += check_language(name, wanted, present)
+        found += shared_keys(name, in_windows(present)[1])
     for path in [path for folder in WINDOWS for path in lint.files(root, lint.CPP, folder)]:
         found += [f"{path}:{line}: {message}" for line, message in check_bare(path, lint.read(root, path))]
     print("\n".join(found))
@@ -127,6 +150,14 @@ BARE = [
     ('box.setText(QStringLiteral("%1/%2").arg(a));', 0),
     ("box.setText(name);", 0),
 ]
+KEYS = [
+    ([("A", "&Add"), ("A", "&Delete")], 0),
+    ([("A", "&Add"), ("A", "B&ack")], 1),
+    ([("A", "&Add"), ("A", "&Add")], 0),
+    ([("A", "&Add"), ("B", "B&ack")], 0),
+    ([("A", "追加(&D)"), ("A", "&delete")], 1),
+    ([("A", "Fish && Chips"), ("A", "&&"), ("A", "a & b")], 0),
+]
 TS = '<TS><context><name>A</name><message><source>{}</source><translation{}>{}</translation></message></context></TS>'
 FILES = [
     (TS.format("Add", "", "Hinzu"), 0),
@@ -140,6 +171,7 @@ FILES = [
 def self_check():
     wrong = [f"{s!r}, {t!r}: {faults(s, t)}" for s, t, count in FAULTS if len(faults(s, t)) != count]
     wrong += [text for text, count in BARE if len(check_bare("a.cpp", text)) != count]
+    wrong += [str(texts) for texts, count in KEYS if len(shared_keys("a.ts", texts)) != count]
     wanted = messages(TS.format("Add", "", ""))
     wrong += [text for text, count in FILES if len(check_language("a.ts", wanted, messages(text))) != count]
     print("\n".join(wrong))

@@ -24,11 +24,11 @@ public:
 
     void draw(Frame& frame, float turn) override
     {
-        const float phase = tau * turn;
+        const float phase = tau * (turn + rest);
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x)
                 frame.set(x, y, m_chart[static_cast<std::size_t>(y * width + x)]);
-        const float ring = tau * turn / 12;
+        const float ring = tau * turn / 12; // alone keeps an even pace
         const float rose = 0.22f * std::sin(phase) + 0.07f * std::sin(2 * phase + 1);
         const float needle = 0.5f * std::sin(phase + 0.8f) + 0.16f * std::sin(3 * phase);
         around(0, 0, outer + 0.02f, [&](int x, int y, float dx, float dy) {
@@ -43,6 +43,7 @@ public:
 
 private:
     static constexpr float outer = 0.44f;
+    static constexpr float rest = 0.33f; ///< of a turn: where the needle and the rose all but stand still
 
     struct Point {
         float away;

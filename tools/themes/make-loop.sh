@@ -29,12 +29,14 @@ place() {
     cp "$1" "$scratch" && chmod 644 "$scratch" && mv "$scratch" "$2"
 }
 
+# Each picture is as good as the next (mbtree=0): else the last ones of a second, which no other follows, are worse, and
+# the first of the next second, and of the next round, is seen to jump.
 encode() {
     "$generator" "$loop" "$frames" | ffmpeg -v error -y \
         -f rawvideo -video_size 1024x576 -pixel_format yuv420p -framerate "$rate" -color_range tv \
         -color_primaries bt709 -color_trc bt709 -colorspace bt709 -i - \
         -c:v libx264 -preset veryfast -crf 25 -g "$rate" -keyint_min "$rate" -sc_threshold 0 \
-        -x264-params aq-mode=3:bframes=2 \
+        -x264-params aq-mode=3:bframes=2:mbtree=0 \
         -video_track_timescale 600 -movflags +faststart -f mov "$1"
 }
 
