@@ -23,8 +23,8 @@ public:
     virtual void endSheet() = 0;
     /// Shows an alert with one button.
     virtual void runAlert(const QString& message) = 0;
-    /// Lets files be chosen, several at once, no folders, starting in `folder` (where empty, in a place of
-    /// the panel's own); nothing when that was cancelled.
+    /// Lets files be chosen, several at once, no folders, starting in `folder` (where empty, in the
+    /// user's folder of movies); nothing when that was cancelled.
     [[nodiscard]] virtual std::optional<Choice> runOpenPanel(const QString& folder) = 0;
 };
 

@@ -78,6 +78,13 @@ QStringList filesOf(const QMimeData& dropped)
     return files;
 }
 
+/// Takes what is dragged here as a copy: who hands over files to be moved may take them away.
+void acceptCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 } // namespace
 
 ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWidget* parent,
@@ -297,6 +304,7 @@ void ConfigSheet::fitToScreen()
 void ConfigSheet::showEvent(QShowEvent* event)
 {
     if (!testAttribute(Qt::WA_Resized)) fitToScreen();
+    if (!event->spontaneous()) m_ui->playListView->setFocus(); // not where the sheet was closed
     QDialog::showEvent(event);
 }
 
@@ -310,15 +318,20 @@ void ConfigSheet::done(int result)
 
 void ConfigSheet::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!filesOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+    const bool canCopy = event->possibleActions().testFlag(Qt::CopyAction);
+    if (canCopy && !filesOf(*event->mimeData()).isEmpty()) acceptCopy(*event);
+}
+
+void ConfigSheet::dragMoveEvent(QDragMoveEvent* event)
+{
+    acceptCopy(*event);
 }
 
 void ConfigSheet::dropEvent(QDropEvent* event)
 {
     const QStringList files = filesOf(*event->mimeData());
     if (files.isEmpty()) return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    acceptCopy(*event);
     showWhatAdds([&] { m_model->addMovieFiles(files); });
 }
 

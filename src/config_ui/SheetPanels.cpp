@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 
 namespace kestro {
 
@@ -24,7 +25,9 @@ void SheetPanels::runAlert(const QString& message)
 
 std::optional<ConfigPanels::Choice> SheetPanels::runOpenPanel(const QString& folder)
 {
-    QFileDialog panel(&m_sheet, QCoreApplication::translate("Kestro", "Add Movie"), folder);
+    const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
+    QFileDialog panel(&m_sheet, QCoreApplication::translate("Kestro", "Add Movie"),
+                      folder.isEmpty() ? movies : folder);
     panel.setFileMode(QFileDialog::ExistingFiles);
     if (panel.exec() != QDialog::Accepted) return {};
     return Choice{panel.selectedFiles(), panel.directory().absolutePath()};

@@ -35,17 +35,23 @@ protected:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         return file.fileName();
     }
-    bool drop(const QList<QUrl>& urls)
+    /// Drags these over the sheet and drops them; answers what became of them.
+    Qt::DropAction drop(const QList<QUrl>& urls, Qt::DropActions possible = Qt::CopyAction)
     {
         QMimeData dropped;
         dropped.setUrls(urls);
-        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-        enter.ignore();
-        QApplication::sendEvent(sheet.get(), &enter);
-        if (!enter.isAccepted()) return false;
-        QDropEvent event({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-        QApplication::sendEvent(sheet.get(), &event);
-        return event.isAccepted();
+        QDragEnterEvent enter({5, 5}, possible, &dropped, Qt::LeftButton, {});
+        QDragMoveEvent move({6, 5}, possible, &dropped, Qt::LeftButton, {});
+        QDropEvent event({6, 5}, possible, &dropped, Qt::LeftButton, {});
+        for (QDropEvent* const step :
+             {static_cast<QDropEvent*>(&enter), static_cast<QDropEvent*>(&move), &event}) {
+            step->setDropAction(Qt::MoveAction);
+            step->setAccepted(step == &move);
+            QApplication::sendEvent(sheet.get(), step);
+            if (!step->isAccepted()) return Qt::IgnoreAction;
+            EXPECT_EQ(step->dropAction(), Qt::CopyAction);
+        }
+        return event.dropAction();
     }
     void typeURL(const QString& text)
     {
@@ -75,6 +81,26 @@ TEST_F(ConfigSheetPlaylistTest, addMovie_addsWhatIsChosen_andSelectsIt)
     EXPECT_EQ(defaults.value("SSLastPath"), QDir(folder.path()).absolutePath());
 }
 
+TEST_F(ConfigSheetPlaylistTest, addMovie_startsWhereItWasLast_elseAmongTheMovies)
+{
+    const ScopedEnvironment home("HOME", folder.path());
+    const ScopedEnvironment configuration("XDG_CONFIG_HOME", folder.path());
+    ASSERT_TRUE(QDir(folder.path()).mkpath("Videos"));
+    ASSERT_TRUE(QDir(folder.path()).mkpath("last"));
+    open({});
+    QStringList starts;
+    const auto note = [&](QFileDialog& panel) {
+        starts.append(panel.directory().dirName());
+        panel.reject();
+    };
+    whenShown<QFileDialog>(note);
+    click("addMovieBtn");
+    defaults.setValue("SSLastPath", folder.filePath("last"));
+    whenShown<QFileDialog>(note);
+    click("addMovieBtn");
+    EXPECT_EQ(starts, (QStringList{"Videos", "last"}));
+}
+
 TEST_F(ConfigSheetPlaylistTest, addMovie_changesNothing_whenCancelled)
 {
     open({movie("a.mov")});
@@ -89,14 +115,14 @@ TEST_F(ConfigSheetPlaylistTest, drop_addsFiles_byTheRulesOfTheOpenPanel)
     open({});
     const QUrl good = QUrl::fromLocalFile(makeFile("a.mov"));
     const QUrl page = QUrl::fromLocalFile(makeFile("page.html"));
-    EXPECT_TRUE(drop({page, good, QUrl::fromLocalFile(folder.path()), QUrl("http://m/x.mov")}));
+    EXPECT_EQ(drop({page, good, QUrl::fromLocalFile(folder.path()), QUrl("http://m/x.mov")}), Qt::CopyAction);
     EXPECT_EQ(listed(), QStringList{good.toString(QUrl::FullyEncoded)});
     QString message;
     whenShown<QMessageBox>([&](QMessageBox& alert) {
         message = alert.text();
         alert.accept();
     });
-    EXPECT_TRUE(drop({page}));
+    EXPECT_EQ(drop({page}), Qt::CopyAction);
     EXPECT_EQ(message, "Invalid URL string.");
     EXPECT_EQ(listed().size(), 1);
 }
@@ -104,8 +130,17 @@ TEST_F(ConfigSheetPlaylistTest, drop_addsFiles_byTheRulesOfTheOpenPanel)
 TEST_F(ConfigSheetPlaylistTest, drop_isRefused_whereThereIsNoFile)
 {
     open({});
-    EXPECT_FALSE(drop({QUrl::fromLocalFile(folder.path())}));
-    EXPECT_FALSE(drop({QUrl("http://m/a.mov")}));
+    EXPECT_EQ(drop({QUrl::fromLocalFile(folder.path())}), Qt::IgnoreAction);
+    EXPECT_EQ(drop({QUrl("http://m/a.mov")}), Qt::IgnoreAction);
+}
+
+TEST_F(ConfigSheetPlaylistTest, drop_copies_andIsRefusedWhereFilesCanOnlyBeMoved)
+{
+    open({});
+    const QUrl file = QUrl::fromLocalFile(makeFile("a.mov"));
+    EXPECT_EQ(drop({file}, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
+    EXPECT_EQ(drop({file}, Qt::MoveAction), Qt::IgnoreAction);
+    EXPECT_EQ(listed().size(), 1);
 }
 
 TEST_F(ConfigSheetPlaylistTest, deleteKey_deletesTheSelectedRows)
