@@ -11,7 +11,7 @@ namespace kestro {
 /// changes letters that mean nothing; the text stays as it was typed. A value; any thread.
 struct PlaylistEntry {
     QUrl url;
-    QString text; ///< absolute URL, encoded
+    QString text; ///< absolute URL
 
     bool operator==(const PlaylistEntry&) const = default;
 };

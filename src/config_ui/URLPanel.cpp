@@ -19,7 +19,6 @@ URLPanel::~URLPanel() = default;
 
 void URLPanel::openURLPanel()
 {
-    m_ui->urlField->selectAll();
     m_ui->urlField->setFocus();
     show();
 }

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
+#include <QTranslator>
 
 namespace kestro {
 
@@ -63,6 +64,19 @@ TEST_F(ConfigSheetCloseTest, ok_isTheReturnKey)
     control<QWidget>("soundChk").setFocus();
     QTest::keyClick(&control<QWidget>("soundChk"), Qt::Key_Return);
     EXPECT_FALSE(sheet->isVisible());
+    EXPECT_EQ(stored()["Ver"], "5");
+}
+
+TEST_F(ConfigSheetCloseTest, sheet_opensWithTheKeysInTheTable_whereverItWasClosed)
+{
+    open({movie("a.mov")});
+    EXPECT_EQ(sheet->focusWidget(), &widget("playListView"));
+    auto& cancel = *control<QDialogButtonBox>("buttons").button(QDialogButtonBox::Cancel);
+    cancel.setFocus();
+    cancel.click();
+    sheet->open();
+    EXPECT_EQ(sheet->focusWidget(), &widget("playListView"));
+    QTest::keyClick(&widget("playListView"), Qt::Key_Return);
     EXPECT_EQ(stored()["Ver"], "5");
 }
 
@@ -151,6 +165,28 @@ TEST_F(ConfigSheetCloseTest, ok_alertsOfASlideSaver_overTheWindowAfterTheSheet)
                                   "Preferences.app' to take effect properly.",
                                   "OK"}));
     EXPECT_EQ(stored()["BackSaver"], "/s/Five.slideSaver");
+}
+
+TEST_F(ConfigSheetCloseTest, alert_isInTheUsersLanguage)
+{
+    class Translator final : public QTranslator {
+        [[nodiscard]] bool isEmpty() const override { return false; }
+        [[nodiscard]] QString translate(const char* context, const char* text, const char*,
+                                        int) const override
+        {
+            return QString::fromLatin1(context) == "Kestro" ? QString::fromUtf8(text) + u'!' : QString();
+        }
+    };
+    Translator translator;
+    QCoreApplication::installTranslator(&translator);
+    open({});
+    QStringList alert;
+    whenShown<QMessageBox>([&](QMessageBox& box) {
+        alert = {box.windowTitle(), box.text(), box.buttons().value(0)->text()};
+        box.accept();
+    });
+    EXPECT_FALSE(sheet->model().closeURLPanel(1, "no url"));
+    EXPECT_EQ(alert, (QStringList{"Alert!", "Invalid URL string.!", "OK!"}));
 }
 
 } // namespace kestro
