@@ -190,6 +190,16 @@ TEST_F(ThemePanelTest, selecting_showsTheMovieSelectedLast_whenThereAreSeveral)
     EXPECT_EQ(m_movies.alive().size(), 1U); // the panel holds on to none but that one
 }
 
+TEST_F(ThemePanelTest, selecting_showsTheMovieOfTheKeyboardsRow_whenARangeIsSelectedUpwards)
+{
+    m_panel.showIDVDThemes();
+    auto& selection = *table().selectionModel();
+    selection.setCurrentIndex(table().model()->index(0, 0), QItemSelectionModel::NoUpdate);
+    selection.select({table().model()->index(0, 0), table().model()->index(1, 0)},
+                     QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    EXPECT_EQ(shown(), m_urls[0]);
+}
+
 TEST_F(ThemePanelTest, selecting_previewsNothing_whenTheMovieCannotBeRead)
 {
     m_panel.showIDVDThemes();

@@ -18,7 +18,7 @@ public:
     }
 
 private:
-    static constexpr int lightCount = 46;
+    static constexpr int lightCount = 74;
 
     static Colour night(float u, float v)
     {
@@ -40,7 +40,7 @@ private:
         const float way = chance(light, 23) < 0.5f ? -1.0f : 1.0f;
         const float u = (chance(light, 24) - 0.5f) * 2 + 0.07f * std::sin(way * phase + start);
         const float v = (chance(light, 25) - 0.5f) * 1.1f + 0.05f * std::sin(phase + 2 * start);
-        const float radius = 0.03f + 0.1f * chance(light, 26) * chance(light, 27);
+        const float radius = 0.018f + 0.13f * chance(light, 26) * chance(light, 27);
         const float pulse = 0.62f + 0.38f * std::sin((light % 3 == 0 ? 2 : 1) * phase + 3 * start);
         const Colour colour = colourOfLight(light) * (0.42f * pulse);
         around(u, v, radius * 1.2f, [&](int x, int y, float dx, float dy) {

@@ -19,7 +19,7 @@ struct Fish {
 
 constexpr Colour water = colourOf(8, 62, 110);
 
-/// Shafts of light in blue water, and fish that cross it.
+/// Shafts of light in blue water over a sandy ground, weed that sways, and fish that cross it.
 class Reef final : public Loop {
 public:
     void draw(Frame& frame, float turn) override
@@ -30,6 +30,8 @@ public:
                 frame.set(x, y, sea(placeX(x), placeY(y), phase));
         for (int number = 0; number < schoolCount; ++number)
             drawFish(frame, ofSchool(number, turn));
+        for (int number = 0; number < weedCount; ++number)
+            drawWeed(frame, number, phase);
         for (int number = 0; number < bubbleCount; ++number)
             drawBubble(frame, number, turn);
         for (int number = 0; number < nearCount; ++number)
@@ -40,6 +42,7 @@ private:
     static constexpr int schoolCount = 16;
     static constexpr int nearCount = 5;
     static constexpr int bubbleCount = 42;
+    static constexpr int weedCount = 22;
 
     static Colour sea(float u, float v, float phase)
     {
@@ -49,13 +52,53 @@ private:
         const float shafts = quickSine(5.2f * slant + phase) + quickSine(9.1f * slant - phase + 1) +
                              0.7f * quickSine(15.3f * slant + 2 * phase + 2);
         const float light = std::max(shafts * 0.34f, 0.0f) * (1 - 0.85f * down);
-        const float ground = smoothStep(0.83f, 1.05f, down + 0.03f * quickSine(4 * u + 1));
-        const float web = 1 - std::fabs(quickSine(17 * u + 4 * v + 1.6f * quickSine(9 * v + phase)) +
-                                        quickSine(11 * u - 23 * v + 1.6f * quickSine(8 * u - phase))) /
-                                  2;
-        const Colour sand = mix(colourOf(22, 84, 112), colourOf(120, 186, 172), web * web * web * 0.6f);
         const Colour lit = mix(blue, colourOf(150, 226, 230), 0.5f * light);
-        return mix(lit, sand, ground * 0.8f);
+        const float near =
+            down - 0.82f - 0.022f * quickSine(3.1f * u + 0.6f) - 0.01f * quickSine(8.3f * u + 2);
+        return near > 0 ? mix(lit, ground(u, near, phase), smoothStep(0.0f, 0.07f, near)) : lit;
+    }
+
+    /// The sand, `near` below its far edge, and the web of light that the waves throw on it.
+    static Colour ground(float u, float near, float phase)
+    {
+        const float away = 1 / (0.12f + 1.6f * near); // as it is seen aslant
+        const float across = 1.5f * u * away;
+        const float back = 2.2f * away;
+        const float ripple = 0.5f + 0.5f * quickSine(9 * back + 1.4f * quickSine(1.3f * across + 1));
+        const float web =
+            1 - std::fabs(quickSine(2.9f * across + 1.5f * quickSine(1.9f * back + phase)) +
+                          quickSine(3.7f * back + 1.7f * quickSine(1.6f * across - phase) + 1)) /
+                    2;
+        const float close = smoothStep(0.0f, 0.2f, near);
+        const Colour sand = mix(colourOf(10, 58, 96), colourOf(112, 138, 128), 0.75f * close);
+        const Colour shaded = sand * (0.92f + 0.12f * ripple * close);
+        return mix(shaded, colourOf(196, 234, 214), web * web * web * web * (0.12f + 0.33f * close));
+    }
+
+    /// A blade of weed at either side, from its root up; the water moves it more the higher it is.
+    static void drawWeed(Frame& frame, int number, float phase)
+    {
+        const float side = number % 2 == 0 ? -1.0f : 1.0f;
+        const float root = side * (0.9f - 0.42f * chance(number, 81) * chance(number, 82));
+        const float tall = 0.16f + 0.3f * chance(number, 83) * std::fabs(root);
+        const float foot = 0.42f + 0.1f * chance(number, 84);
+        const float start = tau * chance(number, 85);
+        const Colour colour = mix(colourOf(8, 66, 74), colourOf(36, 122, 84), chance(number, 86));
+        const auto first = static_cast<int>((foot - tall + 0.5f) * height);
+        for (int y = std::max(first, 0); y < std::min(static_cast<int>((foot + 0.5f) * height), height);
+             ++y) {
+            const float up = (foot - placeY(y)) / tall;
+            const float sway =
+                0.035f * std::sin(phase + start + 2.2f * up) + 0.012f * std::sin(2 * phase - start + 5 * up);
+            const float middle = root + up * up * sway - side * 0.03f * up;
+            const float half = 0.0105f * (1 - up * up * up) * (0.72f + 0.28f * std::sin(26 * up + start));
+            const Colour lit = mix(colour * 0.6f, colour, up);
+            around(middle, placeY(y), half + 1.0f / height, [&](int x, int row, float dx, float) {
+                if (row != y) return;
+                const float shine = 1 + 0.25f * dx / std::max(half, 0.001f);
+                frame.blend(x, y, mix(lit * shine, water, 0.15f), coverOf(half - std::fabs(dx)));
+            });
+        }
     }
 
     /// Where a swimmer is that crosses the picture `crossings` times in a loop.
@@ -108,11 +151,16 @@ private:
         });
     }
 
+    /// Half the body's height there.
+    static float bodyHalf(float along)
+    {
+        const float room = std::sqrt(std::max(1 - along * along, 0.0f));
+        return 0.44f * room * std::sqrt(room) * (1 + 0.16f * along);
+    }
+
     static float bodyDistance(float along, float across)
     {
-        const float room = std::max(1 - along * along, 0.0f);
-        const float half = 0.46f * std::sqrt(room) * (0.62f + 0.38f * std::sqrt(room)) * (1 + 0.18f * along);
-        return std::min(half - std::fabs(across), 1 - std::fabs(along));
+        return std::min(bodyHalf(along) - std::fabs(across), 1 - std::fabs(along));
     }
 
     static float tailDistance(float along, float across)
@@ -123,10 +171,16 @@ private:
         return std::min({half - std::fabs(across), back, fork - back});
     }
 
+    /// The fin on the back, steep in front, and the smaller one below.
     static float finDistance(float along, float across)
     {
-        const float arch = 0.64f - 0.55f * (along + 0.08f) * (along + 0.08f) * 2;
-        return std::min({arch + across, -across - 0.2f, 0.6f - std::fabs(along + 0.08f)});
+        const auto rise = [along](float front, float back, float reach) {
+            const float way = std::clamp((front - along) / (front - back), 0.0f, 1.0f);
+            return reach * std::sqrt(way) * (1 - way) * 2.6f;
+        };
+        const float above = bodyHalf(along) + rise(0.5f, -0.72f, 0.17f) + across;
+        const float below = bodyHalf(along) + rise(-0.1f, -0.66f, 0.12f) - across;
+        return across < 0 ? std::min(above, 1 - std::fabs(along)) : std::min(below, 1 - std::fabs(along));
     }
 
     static Colour skin(const Fish& fish, float along, float across)
@@ -138,6 +192,13 @@ private:
         const float bands = std::max({band(0.42f, 0.1f), band(-0.16f, 0.12f), band(-0.8f, 0.08f)});
         const float light = 0.86f - 0.5f * across; // from above
         Colour colour = mix(fish.body, fish.band, bands) * std::clamp(light, 0.5f, 1.15f);
+        const float beyond = std::fabs(across) - bodyHalf(along);
+        const float rays = 0.74f + 0.1f * quickSine(42 * along + 9 * across);
+        colour = mix(colour, fish.body * rays, along > -0.8f ? smoothStep(-0.02f, 0.02f, beyond) : 0.0f);
+        const float side =
+            std::hypot((along - 0.16f) / 0.16f, (across - 0.1f - 0.3f * (0.2f - along)) / 0.09f);
+        colour =
+            mix(fish.body * (0.7f + 0.08f * quickSine(50 * across)), colour, smoothStep(0.85f, 1.0f, side));
         const float eyeX = along - 0.68f;
         const float eyeY = across + 0.09f;
         const float eye = std::sqrt(eyeX * eyeX + eyeY * eyeY);

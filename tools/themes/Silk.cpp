@@ -28,11 +28,15 @@ private:
         float* out = m_height.data() + static_cast<std::ptrdiff_t>(y) * stride;
         for (int x = 0; x < stride; ++x) {
             const float u = placeX(x);
-            const float wide = quickSine(3.4f * u + 2.3f * v + 1.5f * quickSine(2.1f * v - 1.3f * u + phase));
+            // Across the folds, which hang aslant, and along them.
+            const float along = 0.9f * v - 0.44f * u;
+            const float across = 0.9f * u + 0.44f * v + 0.16f * quickSine(2.6f * along + phase) +
+                                 0.09f * quickSine(4.3f * along - 1.9f * u - phase + 1);
+            const float wide = quickSine(5.6f * across + 0.9f * quickSine(1.7f * along - phase));
             const float fold =
-                quickSine(6.2f * u - 3.6f * v + 1.7f * quickSine(2.9f * u + 1.9f * v - phase) + 1);
-            const float fine = quickSine(11 * u + 9 * v + 2.2f * quickSine(3.1f * v - 1.7f * u + phase + 2));
-            out[x] = wide + 0.42f * fold + 0.13f * fine;
+                quickSine(12.7f * across + 1.5f * quickSine(2.3f * along + phase + 2) + 1.2f * wide);
+            const float fine = quickSine(24 * across + 2.1f * quickSine(3.7f * along - phase) + 1.6f * fold);
+            out[x] = wide + 0.36f * fold + 0.07f * fine;
         }
     }
 
@@ -43,11 +47,12 @@ private:
         constexpr Colour gleam = colourOf(255, 214, 150);
         const float* here = m_height.data() + static_cast<std::ptrdiff_t>(y) * stride;
         for (int x = 0; x < width; ++x) {
-            constexpr float steepness = 78;
+            constexpr float steepness = 74;
             const Lean lean =
                 leanOf((here[x + 1] - here[x]) * steepness, (here[x + stride] - here[x]) * steepness);
             const float light = lean.light * lean.light * (1.2f - 0.2f * lean.light);
-            const Colour base = mix(deep, bronze, light);
+            const float fill = std::max(0.5f * lean.x + 0.4f * lean.y, 0.0f); // a fainter light opposite
+            const Colour base = mix(deep, bronze, std::min(light + 0.34f * fill * fill, 1.0f));
             frame.set(x, y, base);
             frame.add(x, y, gleam * (0.55f * lean.gleam));
         }
