@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <string>
 
 namespace kestro {
@@ -19,22 +20,24 @@ const QString themes = QStringLiteral(KESTRO_ROOT_FOLDER "/Applications/iDVD.app
 
 /// Where each loop stands below `themes`.
 struct Theme {
+    const char* name;
     const char* path;
     int rate;
     int frames;
 
     [[nodiscard]] QString file() const { return themes + QLatin1String(path); }
+    friend void PrintTo(const Theme& theme, std::ostream* out) { *out << theme.name; }
 };
 
 constexpr Theme all[] = {
-    {"0006_Travel.theme/Contents/Resources/Travel_Loop_Compass_NTSC.mov", 30, 180},
-    {"0010_Anime_Pop.theme/Contents/Resources/AnimeBackgroundMovie.NTSC.mov", 30, 180},
-    {"0012_Droplet.theme/Contents/Resources/BackgroundMovie.PAL.mov", 25, 150},
-    {"011_Confetti.theme/Contents/Resources/BackgroundMovie.NTSC.mov", 30, 240},
-    {"01_Wedding_Bronze_One.theme/Contents/Resources/BackgroundMovie.NTSC.mov", 30, 240},
-    {"14_Fish_One.theme/Contents/Resources/BackgroundMovie.NTSC.mov", 30, 240},
-    {"17_Marquee.theme/Contents/Resources/autoPlayMovieMarquee.NTSC.mov", 30, 180},
-    {"18_Night_Lights.theme/Contents/Resources/BackgroundMovie.NTSC.mov", 30, 240},
+    {"compass", "0006_Travel.theme/Contents/Resources/Travel_Loop_Compass_NTSC.mov", 30, 180},
+    {"popburst", "0010_Anime_Pop.theme/Contents/Resources/AnimeBackgroundMovie.NTSC.mov", 30, 180},
+    {"ripples", "0012_Droplet.theme/Contents/Resources/BackgroundMovie.PAL.mov", 25, 150},
+    {"confetti", "011_Confetti.theme/Contents/Resources/BackgroundMovie.NTSC.mov", 30, 240},
+    {"silk", "01_Wedding_Bronze_One.theme/Contents/Resources/BackgroundMovie.NTSC.mov", 30, 240},
+    {"reef", "14_Fish_One.theme/Contents/Resources/BackgroundMovie.NTSC.mov", 30, 240},
+    {"marquee", "17_Marquee.theme/Contents/Resources/autoPlayMovieMarquee.NTSC.mov", 30, 180},
+    {"bokeh", "18_Night_Lights.theme/Contents/Resources/BackgroundMovie.NTSC.mov", 30, 240},
 };
 
 class ThemeMovie : public testing::TestWithParam<Theme> {};
