@@ -24,6 +24,9 @@ PanelWindow::PanelWindow(TrailerTableModel& model)
     m_ui->listView->showModel(model);
     connect(m_ui->listView->horizontalHeader(), &QHeaderView::sectionClicked, this,
             &PanelWindow::columnSelected);
+    // Return presses the button that has the focus, as in a dialog.
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setAutoDefault(true);
     addShortcuts();
     addMenu();
     showScanning(false);

@@ -80,10 +80,17 @@ void PreviewWindow::takeNaturalSize()
     frameChanged();
 }
 
+// A movie that is still loading stands as if it had the usual shape, so that its bar is at the bottom.
+Size PreviewWindow::shownSize() const
+{
+    const bool isLoading = m_qtViewer->movie()->state() == QTMovie::State::Loading;
+    return isLoading ? firstSize : m_qtViewer->naturalSize();
+}
+
 void PreviewWindow::frameChanged()
 {
     if (!m_qtViewer->movie()) return;
-    const Rect place = fittedMovieFrame(sizeOf(*this), m_qtViewer->naturalSize());
+    const Rect place = fittedMovieFrame(sizeOf(*this), shownSize());
     m_qtViewer->setGeometry(
         QRectF(place.origin.x, place.origin.y, place.size.width, place.size.height).toRect());
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/display/Geometry.h"
+
 #include <QWidget>
 
 class QUrl;
@@ -35,6 +37,7 @@ protected:
 
 private:
     void takeNaturalSize();
+    [[nodiscard]] Size shownSize() const;
     void frameChanged();
     void giveUp();
 

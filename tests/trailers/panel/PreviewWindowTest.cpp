@@ -120,6 +120,24 @@ TEST_F(PreviewWindowTest, window_takesTheSize_whenALoadingMovieKnowsIt)
     EXPECT_EQ(viewer().movie()->rate(), 1);
 }
 
+TEST_F(PreviewWindowTest, viewer_hasTheUsualShape_whileTheMovieLoads)
+{
+    m_movies.describe(slow, {.naturalSize = {300, 150}, .loadsAfter = 1});
+    ASSERT_TRUE(preview(slow));
+    EXPECT_EQ(m_window.size(), QSize(480, 286));
+    EXPECT_EQ(viewer().geometry(), QRect(0, 0, 480, 286));
+    m_window.resize(680, 286);
+    EXPECT_EQ(viewer().geometry(), QRect(100, 0, 480, 286));
+}
+
+TEST_F(PreviewWindowTest, viewer_isTheBarAlone_whenTheMovieHasNoPicture)
+{
+    m_movies.describe(other, {.naturalSize = {0, 0}});
+    ASSERT_TRUE(preview(other));
+    EXPECT_EQ(m_window.size(), QSize(480, 286));
+    EXPECT_EQ(viewer().geometry(), QRect(0, 135, 480, 16));
+}
+
 TEST_F(PreviewWindowTest, movieFailed_isTold_whenALoadingMovieTurnsOutToBeNone)
 {
     m_movies.describe(slow, {.loadsAfter = 1, .failsLoading = true});

@@ -359,6 +359,15 @@ TEST_F(TrailerPanelTest, controls_canBeReachedAndNamed)
     EXPECT_TRUE(controls().findField->hasFocus());
 }
 
+TEST_F(TrailerPanelTest, returnKey_pressesTheButtonWithTheFocus)
+{
+    openWith(1);
+    select({0});
+    controls().addBtn->setFocus();
+    QTest::keyClick(controls().addBtn, Qt::Key_Return);
+    EXPECT_EQ(m_receiver.given.size(), 1);
+}
+
 TEST_F(TrailerPanelTest, panel_fitsOntoTheScreen)
 {
     open();
