@@ -1,5 +1,6 @@
 #include "trailers/panel/PanelTest.h"
 #include "trailers/panel/PanelWindow.h"
+#include "trailers/panel/TrailerDownload.h"
 #include "ui_TrailerCont.h"
 
 #include <QFileDialog>
@@ -103,6 +104,43 @@ TEST_F(PanelSaveTest, saveURL_keepsTheOldFile_whenItIsCancelled)
     EXPECT_EQ(bytesOf(saved()), QByteArray("old"));
     EXPECT_EQ(label, QStringLiteral("Saving 000.mov…"));
     EXPECT_TRUE(m_log.isEmpty());
+}
+
+TEST_F(PanelSaveTest, saveURL_showsTheNameAsItIs_whenItLooksLikeMarkup)
+{
+    list().clear();
+    list().store({record("http://h/%3Cb%3Ez.mov")});
+    m_panel->reloadTableView();
+    m_panel->panel().controls().listView->selectRowAlone(0);
+    m_hanging = QStringLiteral("http://h/%3Cb%3Ez.mov");
+    QString text;
+    auto format = Qt::AutoText;
+    answerModal([&](QWidget& window) {
+        auto& savePanel = dynamic_cast<QFileDialog&>(window);
+        savePanel.setDirectory(m_home.path());
+        savePanel.selectFile(QStringLiteral("mine.mov"));
+        answerModal([&](QWidget&) {
+            answerModal([&](QWidget& progress) {
+                text = progress.findChild<QLabel*>()->text();
+                format = progress.findChild<QLabel*>()->textFormat();
+                dynamic_cast<QProgressDialog&>(progress).cancel();
+            });
+        });
+        QMetaObject::invokeMethod(&savePanel, "accept");
+    });
+    m_panel->saveURL();
+    EXPECT_EQ(text, QStringLiteral("Saving <b>z.mov…"));
+    EXPECT_EQ(format, Qt::PlainText);
+}
+
+TEST_F(PanelSaveTest, movieFetch_bringsMoreThanAPageMayHold)
+{
+    QFile movie(m_home.filePath(QStringLiteral("large.mov")));
+    ASSERT_TRUE(movie.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(movie.resize(FetchLimits().bytes + 1));
+    const auto fetched = TrailerDownload::movieFetch()->fetch(QUrl::fromLocalFile(movie.fileName()));
+    ASSERT_TRUE(fetched) << fetched.error().toStdString();
+    EXPECT_EQ(fetched.value().size(), movie.size());
 }
 
 } // namespace kestro

@@ -5,13 +5,26 @@
 
 #include <QTest>
 
+#include <atomic>
+#include <thread>
+
 namespace kestro {
 
 namespace {
 
 const QString startUrl = QStringLiteral("http://h/trailers/");
 const QString innerUrl = QStringLiteral("http://h/trailers/a/");
+const QString lastUrl = QStringLiteral("http://h/trailers/b/");
 const QString otherUrl = QStringLiteral("http://other/trailers/");
+
+// Keeps the crawl's thread waiting, within bounds; answers whether it came to be.
+bool yieldsUntil(const std::function<bool()>& isSo)
+{
+    const QDeadlineTimer deadline(30000);
+    while (!isSo() && !deadline.hasExpired())
+        std::this_thread::yield();
+    return isSo();
+}
 
 } // namespace
 
@@ -56,9 +69,34 @@ TEST_F(PanelScanTest, scan_fillsTheTableAndSaysHowItEnded)
 TEST_F(PanelScanTest, scan_showsEachPageAsItIsDone)
 {
     m_fetch->put(startUrl, "<html><a href=\"a/\"><a href=\"b/\">");
-    scanUntilItHangsAt(QStringLiteral("http://h/trailers/b/"));
+    scanUntilItHangsAt(lastUrl);
     EXPECT_TRUE(comesTrue([this] { return rows() == 1; }));
     EXPECT_TRUE(reads("Stop"));
+}
+
+TEST_F(PanelScanTest, scan_showsTheWholeList_whenItEndsInAPauseBetweenReloads)
+{
+    m_fetch->put(startUrl, "<html><a href=\"a/\"><a href=\"b/\">");
+    m_fetch->put(lastUrl, "<html>AC.Quicktime.packageMovie('m','u.mov',{width:480})");
+    std::atomic<bool> isReloaded = false;
+    QObject::connect(controls().listView->model(), &QAbstractItemModel::modelReset, &m_panel->panel(), [&] {
+        m_clock.advance(1); // it took long
+        isReloaded = true;
+    });
+    m_fetch->setHandler([&](const QString& url) {
+        EXPECT_TRUE(url != lastUrl || yieldsUntil([&] { return isReloaded.load(); }));
+    });
+    controls().scanBtn->click();
+    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    EXPECT_EQ(rows(), 2);
+}
+
+TEST_F(PanelScanTest, scan_forgetsHowTheLastOneEnded_whenItBegins)
+{
+    controls().scanBtn->click();
+    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    scanUntilItHangsAt(startUrl);
+    EXPECT_TRUE(controls().scanEnd->text().isEmpty());
 }
 
 TEST_F(PanelScanTest, scan_stopsTheCrawl_whenItIsPressedAgain)
@@ -139,12 +177,27 @@ TEST_F(PanelScanTest, scan_saysThatAnotherScans_whenAnotherProcessDoes)
 TEST_F(PanelScanTest, close_endsTheCrawlAndSavesWhatItFound)
 {
     m_fetch->put(startUrl, "<html><a href=\"a/\"><a href=\"b/\">");
-    scanUntilItHangsAt(QStringLiteral("http://h/trailers/b/"));
+    scanUntilItHangsAt(lastUrl);
     m_panel->close();
     EXPECT_FALSE(m_controller->inThreading());
     TrailerList saved(m_home.path(), seed());
     saved.load();
     EXPECT_TRUE(saved.record(innerUrl + QStringLiteral("t.mov")));
+}
+
+TEST_F(PanelScanTest, close_savesAlsoWhatComesBeforeTheCrawlHasEnded)
+{
+    const QString late = QStringLiteral("http://h/trailers/late.mov");
+    m_fetch->setHandler([&](const QString&) {
+        EXPECT_TRUE(yieldsUntil([this] { return !m_controller->onThreading(); }));
+        list().store({record(qPrintable(late))});
+    });
+    controls().scanBtn->click();
+    ASSERT_TRUE(comesTrue([this] { return m_controller->inThreading(); }));
+    m_panel->close();
+    TrailerList saved(m_home.path(), seed());
+    saved.load();
+    EXPECT_TRUE(saved.record(late));
 }
 
 TEST_F(PanelScanTest, panel_endsItsCrawl_whenItGoes)

@@ -101,6 +101,21 @@ TEST_F(PreviewWindowTest, movie_isFitted_whenTheWindowIsResized)
     EXPECT_EQ(viewer().geometry(), QRect(0, 0, 400, 232));
 }
 
+TEST_F(PreviewWindowTest, movie_fillsTheRoomAboveTheBar_whenItIsEnlarged)
+{
+    ASSERT_TRUE(preview(other));
+    m_window.resize(400, 232); // twice the movie with its bar, which itself stays as high as it is
+    EXPECT_TRUE(comesTrue([&] { return viewer().movieView().frame() == Rect{{0, 0}, {400, 216}}; }));
+}
+
+TEST_F(PreviewWindowTest, viewer_hasTheFocus_whenTheNextMoviePlays)
+{
+    ASSERT_TRUE(preview(small));
+    viewer().clearFocus();
+    ASSERT_TRUE(preview(other));
+    EXPECT_EQ(m_window.focusWidget(), &viewer());
+}
+
 TEST_F(PreviewWindowTest, viewer_staysWhereItWas_whenThereIsNoMovie)
 {
     m_window.show();

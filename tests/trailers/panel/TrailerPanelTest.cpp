@@ -1,77 +1,16 @@
 #include "trailers/panel/TrailerPanel.h"
 
 #include "trailers/panel/LatestPanel.h"
-#include "trailers/panel/PanelTest.h"
-#include "trailers/panel/PanelWindow.h"
+#include "trailers/panel/OpenPanelTest.h"
 #include "trailers/panel/PreviewWindow.h"
-#include "ui_TrailerCont.h"
 #include "widgets/MoviePreview.h"
 
 #include <QComboBox>
-#include <QMessageBox>
 #include <QScreen>
-#include <QTest>
 
 namespace kestro {
 
-class TrailerPanelTest : public PanelTest {
-protected:
-    void open()
-    {
-        m_panel = std::make_unique<TrailerPanel>(*m_controller, m_movies, m_services);
-        m_panel->showPanel(m_receiver);
-        ASSERT_TRUE(comesTrue([this] { return m_panel->panel().isActiveWindow(); }));
-    }
-    void openWith(int trailers)
-    {
-        storeTrailers(trailers);
-        open();
-    }
-    [[nodiscard]] Ui::TrailerCont& controls() { return m_panel->panel().controls(); }
-    [[nodiscard]] TrailerListView& table() { return *controls().listView; }
-    [[nodiscard]] QString state() { return controls().stateField->text(); }
-    [[nodiscard]] QStringList urls() { return *list().scanedURLList(); }
-    void select(std::initializer_list<int> rows)
-    {
-        table().clearSelection();
-        for (const int row : rows)
-            table().selectionModel()->select(table().model()->index(row, 0),
-                                             QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    }
-    void clickHeader(int column)
-    {
-        const QHeaderView& header = *table().horizontalHeader();
-        const QPoint place(header.sectionViewportPosition(column) + header.sectionSize(column) / 2,
-                           header.height() / 2);
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
-    }
-    [[nodiscard]] std::pair<int, Qt::SortOrder> indicator()
-    {
-        const QHeaderView& header = *table().horizontalHeader();
-        return {header.sortIndicatorSection(), header.sortIndicatorOrder()};
-    }
-    // The alert that `action` raises, its button pressed: title, text, buttons.
-    template <typename Action>
-    [[nodiscard]] QStringList alertOf(Action action)
-    {
-        QStringList seen;
-        answerModal([&](QWidget& window) {
-            auto& box = dynamic_cast<QMessageBox&>(window);
-            seen = {box.windowTitle(), box.text()};
-            for (QAbstractButton* button : box.buttons())
-                seen.append(button->text());
-            box.buttons().first()->click();
-        });
-        action();
-        return seen;
-    }
-
-    NotingReceiver m_receiver;
-    std::unique_ptr<TrailerPanel> m_panel;
-    const QStringList m_alert{QStringLiteral("Alert"),
-                              QStringLiteral("Failed to create movie.\nPlease try again."),
-                              QStringLiteral("OK")};
-};
+class TrailerPanelTest : public OpenPanelTest {};
 
 TEST_F(TrailerPanelTest, showPanel_showsTheListAsItWasLoaded)
 {
@@ -82,6 +21,14 @@ TEST_F(TrailerPanelTest, showPanel_showsTheListAsItWasLoaded)
     EXPECT_EQ(controls().urlField->text(), QStringLiteral("http://h/trailers/"));
     EXPECT_EQ(controls().scanBtn->text(), QStringLiteral("Scan"));
     EXPECT_FALSE(controls().progress->isVisible());
+}
+
+TEST_F(TrailerPanelTest, showPanel_makesItTheKeyWindow_whenItIsShownAlready)
+{
+    open();
+    activate(m_panel->previewWin());
+    m_panel->showPanel(m_receiver);
+    EXPECT_TRUE(comesTrue([this] { return m_panel->panel().isActiveWindow(); }));
 }
 
 TEST_F(TrailerPanelTest, stateField_countsWhatIsSelected_whenTheSelectionChanges)
@@ -113,73 +60,6 @@ TEST_F(TrailerPanelTest, buttons_areEnabled_whenTheyHaveARow)
     EXPECT_TRUE(controls().previewBtn->isEnabled());
     EXPECT_TRUE(controls().saveBtn->isEnabled());
     EXPECT_TRUE(controls().addBtn->isEnabled());
-}
-
-TEST_F(TrailerPanelTest, header_sortsByItsColumnAndReversesThePresentOne)
-{
-    list().store(
-        {record("http://h/b.mov", "1 x 1", "2001/01/01"), record("http://h/a.mov", "1 x 1", "2002/01/01")});
-    open();
-    const QString a = QStringLiteral("http://h/a.mov"), b = QStringLiteral("http://h/b.mov");
-    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::DescendingOrder));
-    EXPECT_EQ(urls(), (QStringList{a, b}));
-    clickHeader(TrailerTableModel::Date);
-    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::AscendingOrder));
-    EXPECT_EQ(urls(), (QStringList{b, a}));
-    clickHeader(TrailerTableModel::Url);
-    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Url), Qt::AscendingOrder));
-    EXPECT_EQ(urls(), (QStringList{a, b}));
-    clickHeader(TrailerTableModel::Url);
-    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Url), Qt::DescendingOrder));
-    clickHeader(TrailerTableModel::Date);
-    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::AscendingOrder));
-    EXPECT_EQ(table().model()->index(0, TrailerTableModel::Url).data(), b);
-}
-
-TEST_F(TrailerPanelTest, header_changesNothing_whenItsColumnDoesNotSort)
-{
-    openWith(2);
-    clickHeader(TrailerTableModel::Size);
-    clickHeader(TrailerTableModel::Sel);
-    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::DescendingOrder));
-    EXPECT_TRUE(list().order().sortKey.isNull());
-}
-
-TEST_F(TrailerPanelTest, sorting_isThatOfTheList_whenItWasSortedBefore)
-{
-    storeTrailers(2);
-    list().setSortKey(QStringLiteral("URL"));
-    list().setAscending(true);
-    open();
-    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Url), Qt::AscendingOrder));
-    m_panel->tableViewSortDescriptorsDidChange(TrailerTableModel::Url);
-    EXPECT_FALSE(list().order().ascending);
-}
-
-TEST_F(TrailerPanelTest, findNext_selectsTheNextRowAlone)
-{
-    openWith(120); // highest first
-    select({3, 5});
-    QTest::keyClicks(controls().findField, QStringLiteral("/00"));
-    QTest::keyClick(controls().findField, Qt::Key_Return);
-    EXPECT_EQ(table().selectedRows(), QList<int>{110});
-    EXPECT_EQ(state(), QStringLiteral("1/120"));
-    QTest::keyClick(controls().findField, Qt::Key_Return);
-    EXPECT_EQ(table().selectedRows(), QList<int>{111});
-    EXPECT_TRUE(table().viewport()->rect().contains(table().visualRect(table().model()->index(111, 1))));
-}
-
-TEST_F(TrailerPanelTest, findNext_changesNothing_whenNothingIsFound)
-{
-    open();
-    m_panel->findNext();
-    EXPECT_TRUE(table().selectedRows().isEmpty());
-    storeTrailers(5);
-    m_panel->reloadTableView();
-    select({2});
-    controls().findField->setText(QStringLiteral("nowhere"));
-    m_panel->findNext();
-    EXPECT_EQ(table().selectedRows(), QList<int>{2});
 }
 
 TEST_F(TrailerPanelTest, addURL_sendsTheSelectedURLsInTheTablesOrder)
@@ -254,6 +134,17 @@ TEST_F(TrailerPanelTest, preview_playsTheSelectedTrailer)
     EXPECT_TRUE(m_panel->previewWin().isVisible());
     EXPECT_EQ(m_panel->previewWin().windowTitle(), QStringLiteral("001.mov"));
     EXPECT_EQ(m_panel->previewWin().qtViewer().movie()->rate(), 1);
+}
+
+TEST_F(TrailerPanelTest, preview_bringsItsWindowToTheFront_whenItIsShownAlready)
+{
+    openWith(1);
+    m_movies.describe(urlOf(0), {});
+    select({0});
+    m_panel->preview();
+    activate(m_panel->panel());
+    m_panel->preview();
+    EXPECT_TRUE(comesTrue([this] { return m_panel->previewWin().isActiveWindow(); }));
 }
 
 TEST_F(TrailerPanelTest, preview_doesNothing_whenNoRowIsSelected)
@@ -344,6 +235,14 @@ TEST_F(TrailerPanelTest, clear_countsAnew_whenRowsWereSelected)
     select({1});
     controls().clearBtn->click();
     EXPECT_EQ(state(), QStringLiteral("0/0"));
+}
+
+TEST_F(TrailerPanelTest, clear_reachesNoPanel_whenThatIsGone)
+{
+    openWith(1);
+    m_panel.reset();
+    m_controller->clear();
+    EXPECT_EQ(list().count(), 0);
 }
 
 TEST_F(TrailerPanelTest, controls_canBeReachedAndNamed)

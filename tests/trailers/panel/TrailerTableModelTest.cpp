@@ -75,6 +75,7 @@ TEST_F(TrailerTableModelTest, columns_haveTheirIdentifiersAndPrototypes)
               (QStringList{sel, urlColumn, size, date}));
     EXPECT_EQ(m_model.sortDescriptorPrototype(TrailerTableModel::Url)->key, QStringLiteral("URL"));
     EXPECT_EQ(m_model.sortDescriptorPrototype(TrailerTableModel::Date)->key, QStringLiteral("Date"));
+    EXPECT_FALSE(m_model.sortDescriptorPrototype(TrailerTableModel::Date)->ascending); // the newest first
     EXPECT_FALSE(m_model.sortDescriptorPrototype(TrailerTableModel::Sel));
     EXPECT_FALSE(m_model.sortDescriptorPrototype(TrailerTableModel::Size));
     for (int column = 0; column < 4; ++column)
