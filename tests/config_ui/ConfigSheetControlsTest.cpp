@@ -138,6 +138,17 @@ TEST_F(ConfigSheetControlsTest, radioGroups_showNoButton_forNumbersThatNoneStand
     EXPECT_EQ(sheet->model().controls().partialModeRadio, 1);
 }
 
+TEST_F(ConfigSheetControlsTest, radioGroups_showNoButtonAgain_afterCancel)
+{
+    open({}, {{"FullScreenMode", "0"}, {"PartialMode", "2"}});
+    click("partialModeBounce");
+    sheet->reject();
+    EXPECT_FALSE(isOn("partialModeFly") || isOn("partialModeBounce"));
+    EXPECT_EQ(sheet->model().controls().partialModeRadio, 2);
+    click("partialModeFly");
+    EXPECT_TRUE(isOn("partialModeFly"));
+}
+
 TEST_F(ConfigSheetControlsTest, fullScreen_leavesThePlayModeAlone_whenTheSheetOpens)
 {
     open({movie("a.mov")}, {{"FullScreenMode", "1"}});
