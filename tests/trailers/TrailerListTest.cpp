@@ -179,6 +179,16 @@ TEST_F(TrailerListTest, sortURLList_findsNoDifference_whenTheKeyIsAnother)
     EXPECT_EQ(sortURLList(first, second, {text("URL"), false}), -1);
 }
 
+TEST_F(TrailerListTest, sortURLList_comparesTheDates_whenTheURLsAreTheSame)
+{
+    const QString same = text("z");
+    const TrailerRecord older = record("z", "", "2008/01/01");
+    const TrailerRecord newer = record("z", "", "2008/01/02");
+    EXPECT_EQ(sortURLList({same, older}, {same, newer}, {text("URL"), true}), -1);
+    EXPECT_EQ(sortURLList({same, older}, {same, newer}, {text("URL"), false}), 1);
+    EXPECT_EQ(sortURLList({same, older}, {same, older}, {text("URL"), true}), 0);
+}
+
 TEST_F(TrailerListTest, lastTrailers_runsFromTheOldestPickToTheNewest_whenThereAreMore)
 {
     m_list.store({record("http://h/1/a.mov", "480 x 204", "2008/01/01"),

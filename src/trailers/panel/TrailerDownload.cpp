@@ -41,7 +41,6 @@ std::optional<QByteArray> TrailerDownload::run(const QUrl& url, QWidget* parent)
     progress.setLabel(plainLabel(tr("Saving %1…").arg(lastPathComponent(url))));
     progress.setWindowTitle(tr("Save Trailer"));
     progress.setMinimumDuration(0);
-    QObject::connect(&progress, &QProgressDialog::canceled, [this] { m_fetch->cancel(); });
     const auto contents = fetchBehind(progress, url);
     if (progress.wasCanceled()) return {};
     if (contents) return contents.value();
@@ -59,7 +58,7 @@ Result<QByteArray> TrailerDownload::fetchBehind(QProgressDialog& progress, const
     try {
         std::thread worker(work);
         progress.exec();
-        m_fetch->cancel(); // it has come to its end, or is to
+        m_fetch->cancel(); // it has come to its end, or is to: the window went because of either
         worker.join();
     } catch (const std::system_error&) { // contents say it
     }

@@ -175,6 +175,17 @@ TEST_F(PreviewWindowTest, movieFailed_isNotTold_whenAnotherMovieIsShownMeanwhile
     EXPECT_EQ(viewer().movie()->url(), QUrl(small));
 }
 
+TEST_F(PreviewWindowTest, movieFailed_isNotTold_whenTheWindowWasClosedMeanwhile)
+{
+    m_movies.describe(slow, {.loadsAfter = 1, .failsLoading = true});
+    QSignalSpy failures(&m_window, &PreviewWindow::movieFailed);
+    ASSERT_TRUE(preview(slow));
+    m_window.close();
+    m_timers.advance(2);
+    ASSERT_TRUE(comesTrue([&] { return !viewer().movie(); }));
+    EXPECT_EQ(failures.size(), 0);
+}
+
 TEST_F(PreviewWindowTest, close_stopsTheMovie)
 {
     ASSERT_TRUE(preview(small));
