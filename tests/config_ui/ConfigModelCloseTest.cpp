@@ -81,12 +81,15 @@ TEST_F(ConfigModelCloseTest, ok_storesValuesOutOfRangeAsTheyAre)
     EXPECT_EQ(stored()["Interval"], "-2.000000");
 }
 
-TEST_F(ConfigModelCloseTest, ok_storesAnIntervalThatIsNoNumberAsZero)
+TEST_F(ConfigModelCloseTest, ok_storesTheNumberThatTheIntervalStartsWith_elseZero)
 {
     auto& model = open();
     model.controls().timeIntervalField = "soon";
     model.closeConfig(1);
     EXPECT_EQ(stored()["Interval"], "0.000000");
+    model.controls().timeIntervalField = "2.5 or so";
+    model.closeConfig(1);
+    EXPECT_EQ(stored()["Interval"], "2.500000");
 }
 
 TEST_F(ConfigModelCloseTest, ok_storesThePathsOfAnOlderListAsURLs)

@@ -1,5 +1,7 @@
 #include "config_ui/EntryReader.h"
 
+#include "platform/movie/StillDecoder.h"
+
 #include <QCoreApplication>
 #include <QThread>
 
@@ -130,6 +132,20 @@ TEST_F(EntryReaderTest, readEntry_tellsDurationAndPicture)
     EXPECT_NEAR(facts.seconds, 2, 0.04);
     EXPECT_EQ(facts.picture.size(), QSize(64, 36));
     EXPECT_TRUE(facts.fault.isEmpty());
+}
+
+TEST_F(EntryReaderTest, readEntry_takesThePictureAQuarterIntoTheMovie)
+{
+    const QUrl movie = testMovie("plain.mp4"); // of 2 s
+    StillDecoder stills(movie);
+    stills.setSize({64, 36});
+    const auto pictureAt = [&](double seconds) {
+        return stills.picture(seconds, std::chrono::seconds(60), {}).image;
+    };
+    const QImage picture = readEntry(movie, {64, 36}, {}).picture;
+    EXPECT_EQ(picture, pictureAt(0.5));
+    EXPECT_NE(picture, pictureAt(0));
+    EXPECT_NE(picture, pictureAt(1.5));
 }
 
 TEST_F(EntryReaderTest, readEntry_keepsTheShapeOfTheMovie)
