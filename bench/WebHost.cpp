@@ -4,7 +4,7 @@
 //        web_host URL MOVIE TURNS  shows it and the movie in turn, one second each, and says "turn N" after
 //        each
 
-#include "host/ProcessStart.h"
+#include "host/start/ProcessStart.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
 #include "platform/display/ImageDesktop.h"

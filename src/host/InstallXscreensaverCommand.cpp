@@ -1,6 +1,6 @@
 #include "host/InstallXscreensaverCommand.h"
 
-#include "host/XscreensaverList.h"
+#include "host/xscreensaver/XscreensaverList.h"
 
 namespace kestro {
 

@@ -1,6 +1,6 @@
 #include "host/KestroBundle.h"
 
-#include "host/Console.h"
+#include "host/start/Console.h"
 #include "platform/base/Paths.h"
 
 namespace kestro {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/Arguments.h"
-#include "host/Console.h"
+#include "host/start/Console.h"
 
 #include <QList>
 #include <QStringList>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/Console.h"
 #include "host/PictureQueue.h"
 #include "host/RenderOptions.h"
+#include "host/start/Console.h"
 
 #include <QTimer>
 

@@ -1,11 +1,11 @@
 #include "host/RunCommand.h"
 
-#include "host/GuiStart.h"
 #include "host/KestroBundle.h"
 #include "host/Program.h"
 #include "host/RunOptions.h"
 #include "host/SaverSession.h"
-#include "host/StopSignals.h"
+#include "host/start/GuiStart.h"
+#include "host/start/StopSignals.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
 #include "platform/display/QtDesktop.h"

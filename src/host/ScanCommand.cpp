@@ -2,7 +2,7 @@
 
 #include "host/Program.h"
 #include "host/ScanRun.h"
-#include "host/StopSignals.h"
+#include "host/start/StopSignals.h"
 #include "trailers/TrailerCont.h"
 
 #include <QCoreApplication>

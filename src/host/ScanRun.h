@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/Console.h"
 #include "host/ScanProgress.h"
+#include "host/start/Console.h"
 #include "trailers/TrailerCont.h"
 
 #include <QTimer>

@@ -1,5 +1,5 @@
-#include "host/ProcessStart.h"
 #include "host/Program.h"
+#include "host/start/ProcessStart.h"
 
 int main(int argc, char** argv)
 {

@@ -25,8 +25,11 @@ ALLOWED = PLATFORM | {
     "engine": BELOW_ENGINE,
     "module": BELOW_ENGINE | {"engine", "trailers"},
     "publish": {"platform/base", "platform/display", "platform/movie"},
-    "host": BELOW_ENGINE | {"engine", "trailers", "publish"},
-    "host/preferences": BELOW_ENGINE | {"engine", "trailers", "trailers/panel", "widgets", "config_ui", "host"},
+    "host/start": {"platform/base"},
+    "host/xscreensaver": {"platform/base"},
+    "host": BELOW_ENGINE | {"engine", "trailers", "publish", "host/start", "host/xscreensaver"},
+    "host/preferences": BELOW_ENGINE
+    | {"engine", "trailers", "trailers/panel", "widgets", "config_ui", "host", "host/start", "host/xscreensaver"},
 }
 
 # What a process that runs the saver must not load, and the folders of the program that shows its settings.

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/XscreensaverList.h"
 #include "host/preferences/SaverPreview.h"
 #include "host/preferences/SaverRun.h"
+#include "host/xscreensaver/XscreensaverList.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/XscreensaverList.h"
+#include "host/xscreensaver/XscreensaverList.h"
 
 #include <QWidget>
 

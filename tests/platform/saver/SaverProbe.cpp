@@ -2,10 +2,10 @@
 //
 // usage: saver_probe BUNDLE
 
-#include "host/GuiStart.h"
 #include "host/HostedSaver.h"
 #include "host/SaverSession.h"
-#include "host/StopSignals.h"
+#include "host/start/GuiStart.h"
+#include "host/start/StopSignals.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
 #include "platform/base/Random.h"

@@ -1,6 +1,6 @@
-#include "host/XscreensaverList.h"
+#include "host/xscreensaver/XscreensaverList.h"
 
-#include "host/XscreensaverFile.h"
+#include "host/xscreensaver/XscreensaverFile.h"
 #include "platform/base/Paths.h"
 
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "host/XscreensaverList.h"
+#include "host/xscreensaver/XscreensaverList.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "host/StopSignals.h"
+#include "host/start/StopSignals.h"
 
 #include <QEventLoop>
 #include <QTimer>

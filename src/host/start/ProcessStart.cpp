@@ -1,4 +1,4 @@
-#include "host/ProcessStart.h"
+#include "host/start/ProcessStart.h"
 
 #include <QFile>
 

@@ -1,4 +1,4 @@
-#include "host/Console.h"
+#include "host/start/Console.h"
 
 #include "platform/base/Log.h"
 

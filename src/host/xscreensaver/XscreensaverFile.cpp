@@ -1,4 +1,4 @@
-#include "host/XscreensaverFile.h"
+#include "host/xscreensaver/XscreensaverFile.h"
 
 #include <QRegularExpression>
 

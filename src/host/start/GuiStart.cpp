@@ -1,6 +1,6 @@
-#include "host/GuiStart.h"
+#include "host/start/GuiStart.h"
 
-#include "host/Console.h"
+#include "host/start/Console.h"
 
 #include <QGuiApplication>
 #include <QStringList>
