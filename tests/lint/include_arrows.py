@@ -25,11 +25,13 @@ ALLOWED = PLATFORM | {
     "engine": BELOW_ENGINE,
     "module": BELOW_ENGINE | {"engine", "trailers"},
     "publish": {"platform/base", "platform/display", "platform/movie"},
+    "launcher": set(),
     "host/start": {"platform/base"},
     "host/xscreensaver": {"platform/base"},
     "host": BELOW_ENGINE | {"engine", "trailers", "publish", "host/start", "host/xscreensaver"},
-    "host/preferences": BELOW_ENGINE
-    | {"engine", "trailers", "trailers/panel", "widgets", "config_ui", "host", "host/start", "host/xscreensaver"},
+    "host/preferences": {"platform/base", "host/start", "host/xscreensaver"},
+    "host/preferences/live": BELOW_ENGINE
+    | {"engine", "trailers", "trailers/panel", "widgets", "config_ui", "host", "host/preferences"},
 }
 
 # What a process that runs the saver must not load, and the folders of the program that shows its settings.
@@ -40,7 +42,7 @@ QT_WIDGETS = (
     r"Scroll\w+|Slider|Splitter\w*|Size(Grip|Policy)|\w+Item(Delegate|View)|SpacerItem|SplashScreen|StatusBar|"
     r"SystemTrayIcon|\w*Tab(Bar|Widget)|Tool(Bar|Box|Tip)|Graphics\w+)$"
 )
-WIDGET_FOLDERS = ("widgets", "config_ui", "trailers/panel", "host/preferences")
+WIDGET_FOLDERS = ("widgets", "config_ui", "trailers/panel", "host/preferences", "host/preferences/live")
 
 # The headers of each foreign library, and the folders that may include them.
 FOREIGN = [

@@ -93,7 +93,7 @@ def texts_of_the_code(root):
     with tempfile.TemporaryDirectory() as scratch:
         out = os.path.join(scratch, "all.ts")
         lupdate = os.environ.get("LUPDATE", "/usr/lib/qt6/bin/lupdate")
-        command = [lupdate, "-silent", "-locations", "none", "-extensions", "cpp,h,ui", "src", "-ts", out]
+        command = [lupdate, "-silent", "-locations", "none", "-extensions", "cpp,h,ui", "-I", "src", "src", "-ts", out]
         result = subprocess.run(command, cwd=root, capture_output=True, text=True, check=True, timeout=120)
         complaints = [f"lupdate: {line}" for line in result.stderr.splitlines() if line.strip()]
         with open(out, encoding="utf-8") as file:

@@ -4,9 +4,10 @@ import os
 import pathlib
 import shutil
 import signal
+import subprocess
 import unittest
 
-from harness import KESTRO, RED, movie, wait_until
+from harness import BOUND, KESTRO, RED, end_process, movie, wait_until
 from settingswindow import PROGRAM, TITLE, SettingsTest
 
 
@@ -33,6 +34,18 @@ class SettingsWindow(SettingsTest):
         process, _ = self.start_window()
         self.assertEqual(pathlib.Path(os.readlink(f"/proc/{process.pid}/exe")), PROGRAM)
         self.close_window(process)
+
+    def test_window_hasTheIcon(self):
+        process, window = self.start_window()
+        wait_until(lambda: "Icon (" in self.server.run("xprop", "-id", window, "_NET_WM_ICON"), "the icon")
+        self.close_window(process)
+
+    def test_program_needsNothingThatPlaysMovies_toShowItsWindow(self):
+        needed = subprocess.run(["ldd", PROGRAM], capture_output=True, text=True, check=True).stdout
+        self.assertIn("libQt6Widgets", needed)
+        for library in ("libkestro-movie", "libkestro-display", "libmpv", "libavcodec", "libcurl"):
+            self.assertNotIn(library, needed)
+        self.assertNotRegex(subprocess.run(["ldd", KESTRO], capture_output=True, text=True, check=True).stdout, "libkestro|libQt6")
 
     def test_preview_hasTheShapeOfTheScreen(self):
         process, window = self.start_window()
@@ -153,12 +166,41 @@ class Failure(SettingsTest):
         done = self.run_kestro("settings", status=1)
         self.assertOneLine(done.stderr, "No display can be reached")
 
-    def test_command_saysWhy_whenTheProgramIsMissing(self):
+    def package(self, *missing):
+        """A copy of the package in which programs or libraries are missing; answers its program."""
         prefix = self.home.path / "prefix"
         source = pathlib.Path(KESTRO).resolve().parent.parent
-        shutil.copytree(source / "lib/kestro", prefix / "lib/kestro", ignore=shutil.ignore_patterns("kestro-settings", "kestro-web"))
-        done = self.run_kestro("settings", status=1, environment=self.home.environment(LD_LIBRARY_PATH=str(prefix / "lib/kestro")))
-        self.assertOneLine(done.stderr, f"Cannot start {prefix}/lib/kestro/kestro-settings: No such file")
+        shutil.copytree(source / "lib/kestro", prefix / "lib/kestro", ignore=shutil.ignore_patterns("kestro-web", *missing))
+        (prefix / "bin").mkdir()
+        return pathlib.Path(shutil.copy(KESTRO, prefix / "bin"))
+
+    def run_package(self, program, *words):
+        """Its one line on standard error."""
+        environment = self.home.environment(DISPLAY=self.server.display, LD_LIBRARY_PATH=str(program.parent.parent / "lib/kestro"))
+        done = subprocess.run([program, *words], env=environment, capture_output=True, text=True, timeout=BOUND, check=False)
+        self.assertEqual(done.returncode, 1)
+        return done.stderr
+
+    def test_command_saysWhy_whenTheProgramIsMissing(self):
+        program = self.package("kestro-settings")
+        missing = program.parent.parent / "lib/kestro/kestro-settings"
+        self.assertOneLine(self.run_package(program, "settings"), f"Cannot start {missing}: No such file")
+
+    def test_kestro_saysWhy_whenTheCommandsAreMissing(self):
+        program = self.package("kestro")
+        missing = program.parent.parent / "lib/kestro/kestro"
+        self.assertOneLine(self.run_package(program, "--version"), f"kestro: Cannot start {missing}: No such file")
+
+    def test_window_saysWhy_whenWhatPlaysMoviesIsMissing(self):
+        program = self.package("libkestro-live.so")
+        process = subprocess.Popen([program, "settings"], env=self.display(LD_LIBRARY_PATH=str(program.parent.parent / "lib/kestro")),
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
+        self.addCleanup(end_process, process)
+        wait_until(lambda: self.titles().count(TITLE) == 2, "the window and its alert")
+        process.send_signal(signal.SIGTERM)
+        errors = process.communicate(timeout=BOUND)[1]
+        self.assertEqual(process.returncode, 0)
+        self.assertIn("libkestro-live.so", errors)
 
     def test_command_refusesWhatItDoesNotKnow(self):
         done = self.run_kestro("settings", "--fast", status=2)

@@ -1,5 +1,7 @@
 #include "host/preferences/AspectBox.h"
 
+#include <QPainter>
+
 namespace kestro {
 
 namespace {
@@ -9,12 +11,18 @@ constexpr int leastSide = 200; // points
 
 } // namespace
 
-AspectBox::AspectBox(QWidget& content, QWidget* parent)
+AspectBox::AspectBox(QWidget* parent)
     : QWidget(parent)
-    , m_content(content)
 {
-    m_content.setParent(this);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void AspectBox::setContent(QWidget& content)
+{
+    m_content = &content;
+    content.setParent(this);
+    placeContent();
+    content.show();
 }
 
 void AspectBox::setShape(QSize shape)
@@ -22,7 +30,8 @@ void AspectBox::setShape(QSize shape)
     if (shape.isEmpty() || shape == m_shape) return;
     m_shape = shape;
     updateGeometry();
-    place();
+    placeContent();
+    update();
 }
 
 QSize AspectBox::sizeHint() const
@@ -35,16 +44,26 @@ QSize AspectBox::minimumSizeHint() const
     return m_shape.scaled(leastSide, leastSide, Qt::KeepAspectRatio);
 }
 
-void AspectBox::resizeEvent(QResizeEvent*)
+void AspectBox::paintEvent(QPaintEvent*)
 {
-    place();
+    QPainter(this).fillRect(place(), Qt::black);
 }
 
-void AspectBox::place()
+void AspectBox::resizeEvent(QResizeEvent*)
+{
+    placeContent();
+}
+
+QRect AspectBox::place() const
 {
     QRect place(QPoint(0, 0), m_shape.scaled(size(), Qt::KeepAspectRatio));
     place.moveCenter(rect().center());
-    m_content.setGeometry(place);
+    return place;
+}
+
+void AspectBox::placeContent()
+{
+    if (m_content) m_content->setGeometry(place());
 }
 
 } // namespace kestro

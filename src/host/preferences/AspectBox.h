@@ -1,17 +1,20 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 namespace kestro {
 
-/// Keeps one widget in a given shape, as large as there is room, in the middle. Owned as any widget is. Main
-/// thread; points.
+/// Keeps one widget in a given shape, as large as there is room, in the middle; black until there is one.
+/// Owned as any widget is. Main thread; points.
 class AspectBox final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Becomes the parent of `content`.
-    explicit AspectBox(QWidget& content, QWidget* parent = nullptr);
+    explicit AspectBox(QWidget* parent = nullptr);
+
+    /// Becomes the parent of `content`, and shows it. Once.
+    void setContent(QWidget& content);
 
     /// Width and height of the shape, in any unit; an empty one leaves things as they are.
     void setShape(QSize shape);
@@ -20,12 +23,14 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void place();
+    [[nodiscard]] QRect place() const;
+    void placeContent();
 
-    QWidget& m_content;
+    QPointer<QWidget> m_content;
     QSize m_shape{16, 9};
 };
 

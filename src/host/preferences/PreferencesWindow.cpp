@@ -4,7 +4,6 @@
 #include "host/preferences/XscreensaverPanel.h"
 
 #include <QCloseEvent>
-#include <QDialog>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -35,8 +34,7 @@ QFrame* line(QWidget* parent)
 
 PreferencesWindow::PreferencesWindow(const Parts& parts)
     : m_parts(parts)
-    , m_preview(new SaverPreview(parts.views))
-    , m_box(new AspectBox(*m_preview, this))
+    , m_box(new AspectBox(this))
     , m_options(new QPushButton(tr("&Options…"), this))
     , m_tryIt(new QPushButton(tr("&Try it"), this))
     , m_close(new QPushButton(tr("&Close"), this))
@@ -50,8 +48,6 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     takeShapeOfScreen();
     restorePlace();
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &PreferencesWindow::takeShapeOfScreen);
-    connect(m_preview, &SaverPreview::made, this,
-            [this] { m_options->setEnabled(m_preview->saver() != nullptr); });
     connect(m_options, &QPushButton::clicked, this, &PreferencesWindow::openOptions);
     connect(m_tryIt, &QPushButton::clicked, this, &PreferencesWindow::tryIt);
     connect(m_close, &QPushButton::clicked, this, &QWidget::close);
@@ -59,10 +55,7 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     connect(m_xscreensaver, &XscreensaverPanel::failed, this, &PreferencesWindow::alert);
 }
 
-PreferencesWindow::~PreferencesWindow()
-{
-    delete m_sheet; // it refers to the saver, which the preview owns
-}
+PreferencesWindow::~PreferencesWindow() = default;
 
 void PreferencesWindow::layOut()
 {
@@ -103,40 +96,48 @@ void PreferencesWindow::takeShapeOfScreen()
             Qt::UniqueConnection);
 }
 
-void PreferencesWindow::showEvent(QShowEvent* event)
+void PreferencesWindow::paintEvent(QPaintEvent*)
 {
-    QWidget::showEvent(event);
-    // The window comes first, the movie takes a while.
-    if (!std::exchange(m_wasShown, true))
+    // The window comes first, what plays movies takes a while.
+    if (!std::exchange(m_wasPainted, true))
         QMetaObject::invokeMethod(this, &PreferencesWindow::startPreview, Qt::QueuedConnection);
 }
 
 void PreferencesWindow::startPreview()
 {
+    QGuiApplication::sync(); // until then what was painted is not on the screen
     if (m_isOver) return;
-    if (!m_preview->start()) return alert(tr("The screen saver cannot be loaded."));
+    m_preview = m_parts.preview();
+    if (!m_preview) return alert(tr("The screen saver cannot be loaded."));
+    m_box->setContent(m_preview->widget());
+    m_preview->setPaused(Preview::Unseen, isMinimized());
+    m_preview->setPaused(Preview::OtherRuns, m_trial.isRunning());
+    const bool isThere = m_preview->start([this] { m_options->setEnabled(m_preview->hasOptions()); });
+    if (!isThere) alert(tr("The screen saver cannot be loaded."));
+}
+
+void PreferencesWindow::pausePreview(Preview::Pause reason, bool paused)
+{
+    if (m_preview) m_preview->setPaused(reason, paused);
 }
 
 void PreferencesWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange) m_preview->setPaused(SaverPreview::Unseen, isMinimized());
+    if (event->type() == QEvent::WindowStateChange) pausePreview(Preview::Unseen, isMinimized());
     // Another program may have changed the list meanwhile.
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_xscreensaver->refresh();
 }
 
 void PreferencesWindow::openOptions()
 {
-    ConfigurableSaver* const saver = m_preview->saver();
-    if (!saver) return;
-    if (!m_sheet) m_sheet = m_parts.sheet(*saver, this);
-    m_sheet->open();
+    if (m_preview) m_preview->openOptions(*this);
 }
 
 void PreferencesWindow::tryIt()
 {
     if (m_trial.isRunning()) return;
-    m_preview->setPaused(SaverPreview::OtherRuns, true);
+    pausePreview(Preview::OtherRuns, true);
     m_tryIt->setEnabled(false);
     m_trial.start();
 }
@@ -145,7 +146,7 @@ void PreferencesWindow::trialEnded(const QString& error)
 {
     m_tryIt->setEnabled(true);
     m_tryIt->setFocus();
-    m_preview->setPaused(SaverPreview::OtherRuns, false);
+    pausePreview(Preview::OtherRuns, false);
     if (!error.isEmpty()) alert(error);
 }
 
@@ -171,7 +172,7 @@ void PreferencesWindow::end()
     hide();
     disconnect(&m_trial, nullptr, this, nullptr);
     m_trial.stop();
-    m_preview->end();
+    if (m_preview) m_preview->end();
 }
 
 } // namespace kestro

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "host/preferences/SaverPreview.h"
+#include "host/preferences/Preview.h"
 #include "host/preferences/SaverRun.h"
 #include "host/xscreensaver/XscreensaverList.h"
 
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
-class QDialog;
 class QLabel;
 class QPushButton;
 class QSettings;
@@ -26,9 +26,8 @@ class PreferencesWindow final : public QWidget {
 public:
     /// What it is made of; all of it outlives the window.
     struct Parts {
-        SaverPreview::ViewFactory views;
-        /// Makes the sheet for a saver, over a window, which owns it.
-        std::function<QDialog*(ConfigurableSaver& saver, QWidget* over)> sheet;
+        /// Makes the preview, once the window is on the screen; null when it cannot.
+        std::function<std::unique_ptr<Preview>()> preview;
         QString program; ///< the file that a trial run runs
         XscreensaverList xscreensaver;
         QSettings& state; ///< what the application keeps from one time to the next
@@ -44,13 +43,14 @@ public:
     /// Stops what runs, the trial included, and keeps the window's place. For good.
     void end();
 
-    [[nodiscard]] SaverPreview& preview() { return *m_preview; }
+    /// Null until the window was on the screen.
+    [[nodiscard]] Preview* preview() { return m_preview.get(); }
 
 Q_SIGNALS:
     void closed();
 
 protected:
-    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -60,19 +60,19 @@ private:
     void restorePlace();
     void takeShapeOfScreen();
     void startPreview();
+    void pausePreview(Preview::Pause reason, bool paused);
     void trialEnded(const QString& error);
     void alert(const QString& message);
 
     Parts m_parts;
-    SaverPreview* m_preview; ///< Qt's parents own all widgets
-    AspectBox* m_box;
+    AspectBox* m_box; ///< Qt's parents own all widgets
     QPushButton* m_options;
     QPushButton* m_tryIt;
     QPushButton* m_close;
     XscreensaverPanel* m_xscreensaver;
-    QDialog* m_sheet = nullptr; ///< made when first opened
+    std::unique_ptr<Preview> m_preview;
     SaverRun m_trial;
-    bool m_wasShown = false;
+    bool m_wasPainted = false;
     bool m_isOver = false;
 };
 

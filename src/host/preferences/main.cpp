@@ -1,17 +1,11 @@
-#include "config_ui/ConfigSheet.h"
-#include "host/KestroBundle.h"
-#include "host/preferences/LazyTrailerBrowser.h"
 #include "host/preferences/PreferencesWindow.h"
+#include "host/preferences/PreviewLibrary.h"
 #include "host/start/Console.h"
 #include "host/start/GuiStart.h"
 #include "host/start/ProcessStart.h"
 #include "host/start/StopSignals.h"
 #include "platform/base/Paths.h"
 #include "platform/base/Translations.h"
-#include "platform/movie/MpvMovieLibrary.h"
-#include "platform/saver/ScreenSaverView.h"
-#include "trailers/TrailerCont.h"
-#include "trailers/panel/TrailerPanel.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -28,11 +22,10 @@ constexpr unsigned patience = 2; // seconds
 
 /// Leaves the process without taking it apart, which would wait for players and fetches. A disk that stands
 /// still does not hold it up.
-[[noreturn]] void leave(PreferencesWindow& window, TrailerBrowser& trailers)
+[[noreturn]] void leave(PreferencesWindow& window)
 {
     alarm(patience);
     window.end();
-    trailers.close();
     std::fflush(nullptr);
     std::_Exit(ExitSuccess);
 }
@@ -42,17 +35,13 @@ std::unique_ptr<QGuiApplication> startWidgets()
     auto application =
         startGuiWith([](int& count, char** words) { return std::make_unique<QApplication>(count, words); });
     QGuiApplication::setDesktopFileName(QStringLiteral("kestro-settings"));
-    QGuiApplication::setWindowIcon(
-        QIcon(packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources/kestro.svg")));
     return application;
 }
 
-SaverPreview::ViewFactory viewsOf()
+void showIcon()
 {
-    return [](const Rect& frame, Desktop& desktop) -> std::shared_ptr<ScreenSaverView> {
-        const auto principal = kestroSaver();
-        return principal ? principal->initWithFrameIsPreview(frame, true, desktop) : nullptr;
-    };
+    QGuiApplication::setWindowIcon(
+        QIcon(packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources/kestro.svg")));
 }
 
 int showSettings()
@@ -62,15 +51,14 @@ int showSettings()
     const QString program = packagePrefix() + QStringLiteral("/bin/kestro");
     QSettings state(homeFolder() + QStringLiteral("/.config/kestro/settings-window.conf"),
                     QSettings::IniFormat);
-    MpvMovieLibrary movies;
-    LazyTrailerBrowser trailers(
-        [&movies] { return std::make_unique<TrailerPanel>(TrailerCont::sharedController(), movies); });
-    const auto sheet = [&trailers, &state](ConfigurableSaver& saver, QWidget* over) {
-        return new ConfigSheet(saver, &trailers, over, &state);
+    // Whatever the window can do without for a moment is loaded once it is on the screen.
+    const auto preview = [&state] {
+        showIcon();
+        return loadPreview(state);
     };
-    PreferencesWindow window({viewsOf(), sheet, program, XscreensaverList::ofUser(program), state});
-    const StopSignals signalWatch([&](int) { leave(window, trailers); });
-    QObject::connect(&window, &PreferencesWindow::closed, [&] { leave(window, trailers); });
+    PreferencesWindow window({preview, program, XscreensaverList::ofUser(program), state});
+    const StopSignals signalWatch([&](int) { leave(window); });
+    QObject::connect(&window, &PreferencesWindow::closed, [&] { leave(window); });
     window.show();
     return QApplication::exec();
 }

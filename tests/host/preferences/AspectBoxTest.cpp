@@ -12,10 +12,11 @@ protected:
     {
         box.resize(400, 400);
         box.show();
+        box.setContent(*content);
     }
 
     QWidget* content = new QWidget;
-    AspectBox box{*content};
+    AspectBox box;
 };
 
 } // namespace
@@ -40,6 +41,25 @@ TEST_F(AspectBoxTest, shape_stays_whenAnEmptyOneIsGiven)
     box.setShape({2, 1});
     box.setShape({0, 10});
     EXPECT_EQ(content->size(), QSize(400, 200));
+}
+
+TEST_F(AspectBoxTest, content_isShown_whenItComesToABoxOnTheScreen)
+{
+    EXPECT_TRUE(content->isVisible());
+    EXPECT_EQ(content->parentWidget(), &box);
+    EXPECT_EQ(content->geometry(), QRect(0, 87, 400, 225));
+}
+
+TEST_F(AspectBoxTest, box_isBlackWhereItsContentWillBe)
+{
+    AspectBox empty;
+    empty.resize(400, 200);
+    empty.setShape({1, 1});
+    const QImage shown = empty.grab().toImage();
+    EXPECT_EQ(shown.pixelColor(100, 0), QColor(Qt::black));
+    EXPECT_EQ(shown.pixelColor(299, 199), QColor(Qt::black));
+    EXPECT_NE(shown.pixelColor(99, 100), QColor(Qt::black));
+    EXPECT_NE(shown.pixelColor(300, 100), QColor(Qt::black));
 }
 
 TEST_F(AspectBoxTest, hints_haveTheShape)

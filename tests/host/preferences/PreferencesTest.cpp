@@ -1,17 +1,10 @@
 #include "host/preferences/PreferencesTest.h"
 
-#include "platform/display/Painter.h"
-
 #include <QEventLoop>
 #include <QFile>
 #include <QTimer>
 
 namespace kestro {
-
-void OptionSaver::drawRect(Painter& painter, const Rect& rect)
-{
-    painter.fill(rect, Qt::red);
-}
 
 bool comesTrue(const std::function<bool()>& isSo)
 {

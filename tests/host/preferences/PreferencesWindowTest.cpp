@@ -2,7 +2,7 @@
 
 #include "host/preferences/PreferencesTest.h"
 
-#include <QDialog>
+#include <QEvent>
 #include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
@@ -15,27 +15,76 @@ namespace kestro {
 
 namespace {
 
+/// What is asked of a preview.
+struct Asked {
+    QStringList journal;
+    bool isThere = true;
+    bool hasOptions = true;
+    std::function<void()> whileStarting;
+};
+
+class FakePreview final : public Preview {
+public:
+    explicit FakePreview(Asked& asked)
+        : m_asked(asked)
+    {
+    }
+
+    QWidget& widget() override { return m_widget; }
+    bool start(const std::function<void()>& made) override
+    {
+        if (m_asked.isThere) made();
+        if (m_asked.whileStarting) m_asked.whileStarting();
+        return m_isStarted = m_asked.isThere;
+    }
+    bool isRunning() const override { return m_isStarted && m_pauses == 0; }
+    void setPaused(Pause reason, bool paused) override
+    {
+        m_pauses = paused ? m_pauses | reason : m_pauses & ~unsigned{reason};
+    }
+    bool hasOptions() const override { return m_asked.hasOptions; }
+    void openOptions(QWidget& over) override
+    {
+        m_asked.journal.append(QStringLiteral("options over ") + over.windowTitle());
+    }
+    void end() override
+    {
+        m_isStarted = false;
+        m_asked.journal.append(QStringLiteral("end"));
+    }
+
+private:
+    Asked& m_asked;
+    QWidget m_widget;
+    bool m_isStarted = false;
+    unsigned m_pauses = 0;
+};
+
 class PreferencesWindowTest : public PreferencesTest {
 protected:
-    [[nodiscard]] std::unique_ptr<PreferencesWindow> makeWindow(SaverPreview::ViewFactory factory,
-                                                                const QString& trial)
+    using Maker = std::function<std::unique_ptr<Preview>()>;
+
+    [[nodiscard]] Maker previews()
     {
-        const auto sheet = [this](ConfigurableSaver& of, QWidget* over) {
-            sheetOf = &of;
-            sheets.push_back(new QDialog(over));
-            return sheets.back();
-        };
+        return [this] { return std::make_unique<FakePreview>(asked); };
+    }
+    [[nodiscard]] std::unique_ptr<PreferencesWindow> makeWindow(Maker maker, const QString& trial = {})
+    {
         return std::make_unique<PreferencesWindow>(PreferencesWindow::Parts{
-            std::move(factory), sheet, trial,
+            std::move(maker), trial,
             XscreensaverList(folder.filePath(QStringLiteral("list")), QStringLiteral("/usr/bin/env")),
             state});
+    }
+    [[nodiscard]] static bool isRunning(PreferencesWindow& window)
+    {
+        return window.preview() && window.preview()->isRunning();
     }
     /// A shown window whose preview runs.
     [[nodiscard]] std::unique_ptr<PreferencesWindow> shownWindow(const QString& trial = {})
     {
-        auto window = makeWindow(views(), trial);
+        auto window = makeWindow(previews(), trial);
         window->show();
-        EXPECT_TRUE(comesTrue([&] { return window->preview().isRunning(); }));
+        EXPECT_TRUE(comesTrue([&] { return isRunning(*window); }));
         return window;
     }
     [[nodiscard]] static QPushButton& button(QWidget& window, const QString& text)
@@ -51,8 +100,19 @@ protected:
     }
 
     QSettings state{folder.filePath(QStringLiteral("state.conf")), QSettings::IniFormat};
-    ConfigurableSaver* sheetOf = nullptr;
-    std::vector<QDialog*> sheets;
+    Asked asked;
+};
+
+/// Whether a widget was ever painted.
+class PaintWatch final : public QObject {
+public:
+    explicit PaintWatch(QWidget& watched) { watched.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        wasPainted = wasPainted || event->type() == QEvent::Paint;
+        return false;
+    }
+    bool wasPainted = false;
 };
 
 const QString options = QStringLiteral("&Options…");
@@ -60,63 +120,86 @@ const QString tryIt = QStringLiteral("&Try it");
 
 } // namespace
 
+TEST_F(PreferencesWindowTest, preview_isMade_onceTheWindowWasPainted)
+{
+    std::unique_ptr<PaintWatch> watch;
+    int made = 0;
+    bool wasPainted = false;
+    const auto window = makeWindow([&] {
+        ++made;
+        wasPainted = watch->wasPainted;
+        return std::make_unique<FakePreview>(asked);
+    });
+    watch = std::make_unique<PaintWatch>(button(*window, options));
+    EXPECT_FALSE(button(*window, options).isEnabled());
+    window->show();
+    ASSERT_TRUE(comesTrue([&] { return isRunning(*window); }));
+    EXPECT_TRUE(wasPainted);
+    window->repaint();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(made, 1);
+}
+
 TEST_F(PreferencesWindowTest, preview_hasTheShapeOfTheMainScreen)
 {
     const auto window = shownWindow();
     const QSize screen = window->screen()->size();
-    const QSize preview = window->preview().size();
+    const QSize preview = window->preview()->widget().size();
     EXPECT_NEAR(double(preview.width()) / preview.height(), double(screen.width()) / screen.height(), 0.01);
+    EXPECT_TRUE(window->preview()->widget().isVisible());
 }
 
-TEST_F(PreferencesWindowTest, options_openOneSheetOfTheSaver)
+TEST_F(PreferencesWindowTest, options_openOverTheWindow)
 {
     const auto window = shownWindow();
     QTest::mouseClick(&button(*window, options), Qt::LeftButton);
-    ASSERT_EQ(sheets.size(), 1U);
-    EXPECT_EQ(sheetOf, saver.get());
-    EXPECT_TRUE(sheets.front()->isVisible());
-    EXPECT_TRUE(sheets.front()->isModal());
-    sheets.front()->close();
-    QTest::mouseClick(&button(*window, options), Qt::LeftButton);
-    EXPECT_EQ(sheets.size(), 1U);
-    EXPECT_TRUE(sheets.front()->isVisible());
+    EXPECT_EQ(asked.journal, QStringList{QStringLiteral("options over Kestro Settings")});
 }
 
 TEST_F(PreferencesWindowTest, options_canBeOpened_whileTheSaverStillLooksForAMovie)
 {
     std::unique_ptr<PreferencesWindow> window;
     bool wasEnabled = false;
-    window = makeWindow(
-        [&](const Rect& frame, Desktop&) {
-            saver = std::make_shared<OptionSaver>(frame, journal);
-            saver->whileStarting = [&] { wasEnabled = button(*window, options).isEnabled(); };
-            return saver;
-        },
-        {});
+    asked.whileStarting = [&] { wasEnabled = button(*window, options).isEnabled(); };
+    window = makeWindow(previews());
     window->show();
-    ASSERT_TRUE(comesTrue([&] { return saver && saver->isAnimating(); }));
+    ASSERT_TRUE(comesTrue([&] { return isRunning(*window); }));
     EXPECT_TRUE(wasEnabled);
 }
 
 TEST_F(PreferencesWindowTest, options_areDisabled_whenTheSaverHasNone)
 {
-    const auto window = makeWindow(
-        [this](const Rect& frame, Desktop&) {
-            return std::make_shared<FakeSaver>(frame, QStringLiteral("a"), journal);
-        },
-        {});
-    window->show();
-    ASSERT_TRUE(comesTrue([&] { return window->preview().isRunning(); }));
+    asked.hasOptions = false;
+    const auto window = shownWindow();
     EXPECT_FALSE(button(*window, options).isEnabled());
 }
 
-TEST_F(PreferencesWindowTest, alert_says_whenTheSaverCannotBeLoaded)
+TEST_F(PreferencesWindowTest, alert_says_whenWhatPlaysMoviesCannotBeLoaded)
 {
-    const auto window = makeWindow([](const Rect&, Desktop&) { return nullptr; }, {});
+    const auto window = makeWindow([] { return nullptr; });
     window->show();
     ASSERT_TRUE(comesTrue([&] { return !alertOf(*window).isEmpty(); }));
     EXPECT_EQ(alertOf(*window), QStringLiteral("The screen saver cannot be loaded."));
     EXPECT_FALSE(button(*window, options).isEnabled());
+}
+
+TEST_F(PreferencesWindowTest, alert_says_whenTheSaverCannotBeMade)
+{
+    asked.isThere = false;
+    const auto window = makeWindow(previews());
+    window->show();
+    ASSERT_TRUE(comesTrue([&] { return !alertOf(*window).isEmpty(); }));
+    EXPECT_EQ(alertOf(*window), QStringLiteral("The screen saver cannot be loaded."));
+    EXPECT_FALSE(button(*window, options).isEnabled());
+}
+
+TEST_F(PreferencesWindowTest, preview_standsStillFromTheStart_whenTheSaverIsTriedBeforeIt)
+{
+    const auto window = makeWindow(previews(), program("while :; do :; done"));
+    window->tryIt();
+    window->show();
+    ASSERT_TRUE(comesTrue([&] { return window->preview() != nullptr; }));
+    EXPECT_FALSE(window->preview()->isRunning());
 }
 
 TEST_F(PreferencesWindowTest, preview_standsStill_whileTheSaverIsTried)
@@ -124,10 +207,10 @@ TEST_F(PreferencesWindowTest, preview_standsStill_whileTheSaverIsTried)
     const QString go = folder.filePath(QStringLiteral("go"));
     const auto window = shownWindow(program("while [ ! -e '" + QFile::encodeName(go) + "' ]; do :; done"));
     QTest::mouseClick(&button(*window, tryIt), Qt::LeftButton);
-    EXPECT_FALSE(window->preview().isRunning());
+    EXPECT_FALSE(isRunning(*window));
     EXPECT_FALSE(button(*window, tryIt).isEnabled());
     QFile(go).open(QIODevice::WriteOnly);
-    ASSERT_TRUE(comesTrue([&] { return window->preview().isRunning(); }));
+    ASSERT_TRUE(comesTrue([&] { return isRunning(*window); }));
     EXPECT_TRUE(button(*window, tryIt).isEnabled());
     EXPECT_EQ(alertOf(*window), QString());
 }
@@ -138,16 +221,16 @@ TEST_F(PreferencesWindowTest, alert_says_whenTheTrialFails)
     QTest::mouseClick(&button(*window, tryIt), Qt::LeftButton);
     ASSERT_TRUE(comesTrue([&] { return !alertOf(*window).isEmpty(); }));
     EXPECT_EQ(alertOf(*window), QStringLiteral("kestro: broken"));
-    EXPECT_TRUE(window->preview().isRunning());
+    EXPECT_TRUE(isRunning(*window));
 }
 
 TEST_F(PreferencesWindowTest, preview_standsStill_whileTheWindowIsMinimized)
 {
     const auto window = shownWindow();
     window->setWindowState(Qt::WindowMinimized);
-    ASSERT_TRUE(comesTrue([&] { return !window->preview().isRunning(); }));
+    ASSERT_TRUE(comesTrue([&] { return !isRunning(*window); }));
     window->setWindowState(Qt::WindowNoState);
-    EXPECT_TRUE(comesTrue([&] { return window->preview().isRunning(); }));
+    EXPECT_TRUE(comesTrue([&] { return isRunning(*window); }));
 }
 
 TEST_F(PreferencesWindowTest, close_endsThePreviewAndTheTrial)
@@ -157,9 +240,9 @@ TEST_F(PreferencesWindowTest, close_endsThePreviewAndTheTrial)
     QSignalSpy closed(window.get(), &PreferencesWindow::closed);
     QTest::mouseClick(&button(*window, QStringLiteral("&Close")), Qt::LeftButton);
     EXPECT_EQ(closed.count(), 1);
-    EXPECT_FALSE(window->preview().isRunning());
+    EXPECT_FALSE(isRunning(*window));
     EXPECT_EQ(window->findChildren<QProcess*>().size(), 0);
-    EXPECT_TRUE(journal.contains(QStringLiteral("stop")));
+    EXPECT_EQ(asked.journal, QStringList{QStringLiteral("end")});
 }
 
 TEST_F(PreferencesWindowTest, escape_closesTheWindow)
@@ -179,14 +262,14 @@ TEST_F(PreferencesWindowTest, window_comesBackAtItsPlace)
         window->setGeometry(40, 50, 500, 420);
         window->close();
     }
-    const auto again = makeWindow(views(), {});
+    const auto again = makeWindow(previews());
     EXPECT_EQ(again->size(), QSize(500, 420));
     EXPECT_EQ(again->pos(), QPoint(40, 50));
 }
 
 TEST_F(PreferencesWindowTest, window_isSmallEnoughForASmallScreenAtTwiceTheScale)
 {
-    const auto window = makeWindow(views(), {});
+    const auto window = makeWindow(previews());
     EXPECT_LE(window->minimumSizeHint().width(), 512);
     EXPECT_LE(window->minimumSizeHint().height(), 384 - 40);
 }
@@ -201,7 +284,6 @@ TEST_F(PreferencesWindowTest, buttons_canBeReachedByKeys)
         keys.insert(each->shortcut());
     }
     EXPECT_EQ(keys.size(), 4);
-    EXPECT_EQ(window->preview().accessibleName(), QStringLiteral("Preview"));
 }
 
 } // namespace kestro

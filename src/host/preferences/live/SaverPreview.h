@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/preferences/Preview.h"
 #include "widgets/WidgetDesktop.h"
 
 #include <QWidget>
@@ -30,10 +31,8 @@ public:
 
     /// Makes the view and runs it; answers false when there is none. Once; lets events through meanwhile.
     [[nodiscard]] bool start();
-    /// Why the saver does not run just now.
-    enum Pause : unsigned { OtherRuns = 1, Unseen = 2 };
     /// The saver runs while nothing keeps it from it; it goes on where it was.
-    void setPaused(Pause reason, bool paused);
+    void setPaused(Preview::Pause reason, bool paused);
     [[nodiscard]] bool isRunning() const { return m_hosted != nullptr; }
 
     /// The saver whose options are edited: the view's own, or, where the view is of a saver that only stands

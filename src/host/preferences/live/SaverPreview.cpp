@@ -1,4 +1,4 @@
-#include "host/preferences/SaverPreview.h"
+#include "host/preferences/live/SaverPreview.h"
 
 #include "engine/MySaver.h"
 #include "host/HostedSaver.h"
@@ -45,7 +45,7 @@ bool SaverPreview::start()
     return true;
 }
 
-void SaverPreview::setPaused(Pause reason, bool paused)
+void SaverPreview::setPaused(Preview::Pause reason, bool paused)
 {
     m_pauses = paused ? m_pauses | reason : m_pauses & ~unsigned{reason};
     apply();

@@ -1,4 +1,4 @@
-#include "host/preferences/LazyTrailerBrowser.h"
+#include "host/preferences/live/LazyTrailerBrowser.h"
 
 #include "settings/URLListReceiver.h"
 

@@ -1,6 +1,6 @@
-#include "host/preferences/SaverPreview.h"
+#include "host/preferences/live/SaverPreview.h"
 
-#include "host/preferences/PreferencesTest.h"
+#include "host/preferences/live/LiveTest.h"
 #include "platform/display/Notifications.h"
 #include "widgets/SurfaceWidget.h"
 
@@ -8,7 +8,7 @@ namespace kestro {
 
 namespace {
 
-class SaverPreviewTest : public PreferencesTest {
+class SaverPreviewTest : public LiveTest {
 protected:
     SaverPreviewTest()
     {
@@ -40,6 +40,12 @@ TEST_F(SaverPreviewTest, saver_isSeenInTheWidget)
     EXPECT_EQ(shown.pixelColor(159, 89), QColor(Qt::red));
 }
 
+TEST_F(SaverPreviewTest, widget_tellsAScreenReaderWhatItIs)
+{
+    EXPECT_EQ(preview.accessibleName(), QStringLiteral("Preview"));
+    EXPECT_EQ(preview.surface().accessibleName(), QStringLiteral("Preview"));
+}
+
 TEST_F(SaverPreviewTest, view_isFitted_whenTheWidgetIsResized)
 {
     ASSERT_TRUE(preview.start());
@@ -58,15 +64,15 @@ TEST_F(SaverPreviewTest, start_fails_whenNoViewCanBeMade)
 TEST_F(SaverPreviewTest, saver_goesOnAsItWas_whenNothingHoldsItAnyMore)
 {
     ASSERT_TRUE(preview.start());
-    preview.setPaused(SaverPreview::OtherRuns, true);
-    preview.setPaused(SaverPreview::Unseen, true);
+    preview.setPaused(Preview::OtherRuns, true);
+    preview.setPaused(Preview::Unseen, true);
     EXPECT_FALSE(preview.isRunning());
-    preview.setPaused(SaverPreview::OtherRuns, false);
+    preview.setPaused(Preview::OtherRuns, false);
     EXPECT_FALSE(preview.isRunning());
     journal.clear();
     timers.advance(1);
     EXPECT_EQ(journal, QStringList());
-    preview.setPaused(SaverPreview::Unseen, false);
+    preview.setPaused(Preview::Unseen, false);
     EXPECT_TRUE(preview.isRunning());
     EXPECT_EQ(journal, QStringList{QStringLiteral("start")});
     EXPECT_EQ(frames.size(), 1U);
@@ -76,10 +82,10 @@ TEST_F(SaverPreviewTest, saver_goesOnAsItWas_whenNothingHoldsItAnyMore)
 
 TEST_F(SaverPreviewTest, saver_waits_whenPausedBeforeItStarts)
 {
-    preview.setPaused(SaverPreview::OtherRuns, true);
+    preview.setPaused(Preview::OtherRuns, true);
     ASSERT_TRUE(preview.start());
     EXPECT_EQ(journal, QStringList());
-    preview.setPaused(SaverPreview::OtherRuns, false);
+    preview.setPaused(Preview::OtherRuns, false);
     EXPECT_EQ(journal, QStringList{QStringLiteral("start")});
 }
 
@@ -93,7 +99,7 @@ TEST_F(SaverPreviewTest, end_stopsTheSaverForGood_andTellsSo)
     preview.end();
     EXPECT_EQ(told, 1);
     EXPECT_EQ(journal.back(), QStringLiteral("stop"));
-    preview.setPaused(SaverPreview::OtherRuns, false);
+    preview.setPaused(Preview::OtherRuns, false);
     EXPECT_FALSE(preview.isRunning());
 }
 

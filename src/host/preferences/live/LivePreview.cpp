@@ -1,0 +1,44 @@
+#include "host/preferences/live/LivePreview.h"
+
+#include <utility>
+
+namespace kestro {
+
+LivePreview::LivePreview(Parts parts)
+    : m_parts(std::move(parts))
+    , m_trailers(m_parts.trailers)
+    , m_saver(std::make_unique<SaverPreview>(m_parts.views))
+{
+}
+
+LivePreview::~LivePreview()
+{
+    delete m_sheet; // it refers to the saver
+}
+
+bool LivePreview::start(const std::function<void()>& made)
+{
+    QObject::connect(m_saver.get(), &SaverPreview::made, made);
+    return m_saver->start();
+}
+
+void LivePreview::setPaused(Pause reason, bool paused)
+{
+    m_saver->setPaused(reason, paused);
+}
+
+void LivePreview::openOptions(QWidget& over)
+{
+    ConfigurableSaver* const saver = m_saver->saver();
+    if (!saver) return;
+    if (!m_sheet) m_sheet = m_parts.sheet(*saver, m_trailers, &over);
+    m_sheet->open();
+}
+
+void LivePreview::end()
+{
+    m_saver->end();
+    m_trailers.close();
+}
+
+} // namespace kestro

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "host/preferences/Preview.h"
+#include "host/preferences/live/LazyTrailerBrowser.h"
+#include "host/preferences/live/SaverPreview.h"
+
+#include <QDialog>
+#include <QPointer>
+
+namespace kestro {
+
+/// The saver in a widget, with the sheet of its options and the browser of trailers that the sheet shows.
+/// Owned by the window with the settings. Main thread.
+class LivePreview final : public Preview {
+public:
+    /// What it is made of.
+    struct Parts {
+        SaverPreview::ViewFactory views;
+        /// Makes the sheet for a saver, over a window, which owns it.
+        std::function<QDialog*(ConfigurableSaver& saver, TrailerBrowser& trailers, QWidget* over)> sheet;
+        LazyTrailerBrowser::Maker trailers;
+    };
+
+    explicit LivePreview(Parts parts);
+    ~LivePreview() override;
+
+    [[nodiscard]] QWidget& widget() override { return *m_saver; }
+    [[nodiscard]] bool start(const std::function<void()>& made) override;
+    [[nodiscard]] bool isRunning() const override { return m_saver->isRunning(); }
+    void setPaused(Pause reason, bool paused) override;
+    [[nodiscard]] bool hasOptions() const override { return m_saver->saver() != nullptr; }
+    void openOptions(QWidget& over) override;
+    void end() override;
+
+private:
+    Parts m_parts;
+    LazyTrailerBrowser m_trailers;
+    std::unique_ptr<SaverPreview> m_saver;
+    QPointer<QDialog> m_sheet; ///< made when first opened; its window may go first
+};
+
+} // namespace kestro

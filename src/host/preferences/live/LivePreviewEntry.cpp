@@ -1,0 +1,38 @@
+#include "config_ui/ConfigSheet.h"
+#include "host/KestroBundle.h"
+#include "host/preferences/live/LivePreview.h"
+#include "platform/movie/MpvMovieLibrary.h"
+#include "platform/saver/ScreenSaverView.h"
+#include "trailers/TrailerCont.h"
+#include "trailers/panel/TrailerPanel.h"
+
+namespace kestro {
+
+namespace {
+
+std::shared_ptr<ScreenSaverView> makeView(const Rect& frame, Desktop& desktop)
+{
+    const auto principal = kestroSaver();
+    return principal ? principal->initWithFrameIsPreview(frame, true, desktop) : nullptr;
+}
+
+LazyTrailerBrowser::Maker panels()
+{
+    return [movies = std::make_shared<MpvMovieLibrary>()] {
+        return std::make_unique<TrailerPanel>(TrailerCont::sharedController(), *movies);
+    };
+}
+
+} // namespace
+
+} // namespace kestro
+
+/// What the program looks for in this library. The caller owns the answer.
+extern "C" Q_DECL_EXPORT kestro::Preview* kestroLivePreview(QSettings* state)
+{
+    const auto sheet = [state](kestro::ConfigurableSaver& saver, kestro::TrailerBrowser& trailers,
+                               QWidget* over) {
+        return new kestro::ConfigSheet(saver, &trailers, over, state);
+    };
+    return new kestro::LivePreview({kestro::makeView, sheet, kestro::panels()});
+}

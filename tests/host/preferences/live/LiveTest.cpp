@@ -1,0 +1,12 @@
+#include "host/preferences/live/LiveTest.h"
+
+#include "platform/display/Painter.h"
+
+namespace kestro {
+
+void OptionSaver::drawRect(Painter& painter, const Rect& rect)
+{
+    painter.fill(rect, Qt::red);
+}
+
+} // namespace kestro
