@@ -42,7 +42,6 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     , m_trial(parts.program)
 {
     setWindowTitle(tr("Kestro Settings"));
-    m_options->setEnabled(false); // until there is a saver
     layOut();
     addKeys();
     takeShapeOfScreen();
@@ -108,12 +107,25 @@ void PreferencesWindow::startPreview()
     QGuiApplication::sync(); // until then what was painted is not on the screen
     if (m_isOver) return;
     m_preview = m_parts.preview();
-    if (!m_preview) return alert(tr("The screen saver cannot be loaded."));
+    if (!m_preview) return saverIsMissing();
     m_box->setContent(m_preview->widget());
     m_preview->setPaused(Preview::Unseen, isMinimized());
     m_preview->setPaused(Preview::OtherRuns, m_trial.isRunning());
-    const bool isThere = m_preview->start([this] { m_options->setEnabled(m_preview->hasOptions()); });
-    if (!isThere) alert(tr("The screen saver cannot be loaded."));
+    if (!m_preview->start([this] { saverIsMade(); })) saverIsMissing();
+}
+
+void PreferencesWindow::saverIsMade()
+{
+    m_isMade = true;
+    m_options->setEnabled(m_preview->hasOptions());
+    if (m_wantsOptions)
+        QMetaObject::invokeMethod(this, &PreferencesWindow::openOptions, Qt::QueuedConnection);
+}
+
+void PreferencesWindow::saverIsMissing()
+{
+    m_options->setEnabled(false);
+    alert(tr("The screen saver cannot be loaded."));
 }
 
 void PreferencesWindow::pausePreview(Preview::Pause reason, bool paused)
@@ -131,7 +143,8 @@ void PreferencesWindow::changeEvent(QEvent* event)
 
 void PreferencesWindow::openOptions()
 {
-    if (m_preview) m_preview->openOptions(*this);
+    m_wantsOptions = !m_isMade;
+    if (m_isMade) m_preview->openOptions(*this);
 }
 
 void PreferencesWindow::tryIt()

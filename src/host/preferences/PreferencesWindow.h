@@ -36,7 +36,7 @@ public:
     explicit PreferencesWindow(const Parts& parts);
     ~PreferencesWindow() override;
 
-    /// Opens the sheet over the window; nothing while it is open.
+    /// Opens the sheet over the window, as soon as there is a saver; nothing while it is open.
     void openOptions();
     /// Runs the saver full screen; the preview stands still meanwhile.
     void tryIt();
@@ -60,6 +60,8 @@ private:
     void restorePlace();
     void takeShapeOfScreen();
     void startPreview();
+    void saverIsMade();
+    void saverIsMissing();
     void pausePreview(Preview::Pause reason, bool paused);
     void trialEnded(const QString& error);
     void alert(const QString& message);
@@ -73,6 +75,8 @@ private:
     std::unique_ptr<Preview> m_preview;
     SaverRun m_trial;
     bool m_wasPainted = false;
+    bool m_isMade = false;
+    bool m_wantsOptions = false; ///< asked for before there was a saver
     bool m_isOver = false;
 };
 

@@ -131,7 +131,6 @@ TEST_F(PreferencesWindowTest, preview_isMade_onceTheWindowWasPainted)
         return std::make_unique<FakePreview>(asked);
     });
     watch = std::make_unique<PaintWatch>(button(*window, options));
-    EXPECT_FALSE(button(*window, options).isEnabled());
     window->show();
     ASSERT_TRUE(comesTrue([&] { return isRunning(*window); }));
     EXPECT_TRUE(wasPainted);
@@ -156,15 +155,34 @@ TEST_F(PreferencesWindowTest, options_openOverTheWindow)
     EXPECT_EQ(asked.journal, QStringList{QStringLiteral("options over Kestro Settings")});
 }
 
-TEST_F(PreferencesWindowTest, options_canBeOpened_whileTheSaverStillLooksForAMovie)
+TEST_F(PreferencesWindowTest, options_openWhileTheSaverStillLooksForAMovie)
 {
     std::unique_ptr<PreferencesWindow> window;
-    bool wasEnabled = false;
-    asked.whileStarting = [&] { wasEnabled = button(*window, options).isEnabled(); };
+    asked.whileStarting = [&] { QTest::mouseClick(&button(*window, options), Qt::LeftButton); };
     window = makeWindow(previews());
     window->show();
     ASSERT_TRUE(comesTrue([&] { return isRunning(*window); }));
-    EXPECT_TRUE(wasEnabled);
+    EXPECT_EQ(asked.journal, QStringList{QStringLiteral("options over Kestro Settings")});
+}
+
+TEST_F(PreferencesWindowTest, options_openOnceTheyCan_whenTheyAreAskedForBefore)
+{
+    const auto window = makeWindow(previews());
+    QTest::mouseClick(&button(*window, options), Qt::LeftButton);
+    QTest::mouseClick(&button(*window, options), Qt::LeftButton);
+    EXPECT_EQ(asked.journal, QStringList());
+    window->show();
+    ASSERT_TRUE(comesTrue([&] { return !asked.journal.isEmpty(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(asked.journal, QStringList{QStringLiteral("options over Kestro Settings")});
+}
+
+TEST_F(PreferencesWindowTest, options_haveTheKeysFirst)
+{
+    const auto window = shownWindow();
+    window->activateWindow();
+    ASSERT_TRUE(comesTrue([&] { return window->isActiveWindow(); }));
+    EXPECT_EQ(window->focusWidget(), &button(*window, options));
 }
 
 TEST_F(PreferencesWindowTest, options_areDisabled_whenTheSaverHasNone)
