@@ -10,7 +10,7 @@ const QString removeOption = QStringLiteral("remove");
 
 int install(const Arguments& arguments)
 {
-    const XscreensaverList list = XscreensaverList::ofUser(QStringLiteral("/proc/self/exe"));
+    const XscreensaverList list = XscreensaverList::ofUser();
     const auto change = arguments.has(removeOption) ? list.remove() : list.add();
     if (!change) {
         complain(change.error());

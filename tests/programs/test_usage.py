@@ -143,8 +143,9 @@ class BrokenPackage(ProgramTest):
         prefix = self.home.path / "package"
         libraries = prefix / "lib" / "kestro"
         libraries.mkdir(parents=True)
-        for library in (pathlib.Path(KESTRO).parent.parent / "lib" / "kestro").glob("libkestro-*.so*"):
-            shutil.copy(library, libraries)
+        package = pathlib.Path(KESTRO).parent.parent / "lib" / "kestro"
+        for file in [package / "kestro", *package.glob("libkestro-*.so*")]:
+            shutil.copy(file, libraries)
         (prefix / "bin").mkdir()
         self.program = shutil.copy(KESTRO, prefix / "bin")
         self.bundle = libraries / "Kestro.saver"

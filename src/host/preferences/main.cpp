@@ -48,7 +48,6 @@ int showSettings()
 {
     const auto application = startWidgets();
     const Translations translations;
-    const QString program = packagePrefix() + QStringLiteral("/bin/kestro");
     QSettings state(homeFolder() + QStringLiteral("/.config/kestro/settings-window.conf"),
                     QSettings::IniFormat);
     // Whatever the window can do without for a moment is loaded once it is on the screen.
@@ -56,7 +55,7 @@ int showSettings()
         showIcon();
         return loadPreview(state);
     };
-    PreferencesWindow window({preview, program, XscreensaverList::ofUser(program), state});
+    PreferencesWindow window({preview, kestroProgram(), XscreensaverList::ofUser(), state});
     const StopSignals signalWatch([&](int) { leave(window); });
     QObject::connect(&window, &PreferencesWindow::closed, [&] { leave(window); });
     window.show();

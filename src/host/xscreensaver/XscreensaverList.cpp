@@ -43,9 +43,9 @@ XscreensaverList::XscreensaverList(QString path, QString program)
 {
 }
 
-XscreensaverList XscreensaverList::ofUser(const QString& program)
+XscreensaverList XscreensaverList::ofUser()
 {
-    return {homeFolder() + QStringLiteral("/.xscreensaver"), program};
+    return {homeFolder() + QStringLiteral("/.xscreensaver"), kestroProgram()};
 }
 
 Result<bool> XscreensaverList::isListed() const

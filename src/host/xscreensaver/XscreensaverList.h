@@ -16,8 +16,8 @@ class XscreensaverList final {
 public:
     /// `program` is the file of the program that xscreensaver is to run.
     XscreensaverList(QString path, QString program);
-    /// The user's own list.
-    [[nodiscard]] static XscreensaverList ofUser(const QString& program);
+    /// The user's own list, and this package's program.
+    [[nodiscard]] static XscreensaverList ofUser();
 
     /// What putting in or taking out did.
     struct Change {

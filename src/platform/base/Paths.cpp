@@ -84,6 +84,11 @@ QString packagePrefix()
     return prefix;
 }
 
+QString kestroProgram()
+{
+    return packagePrefix() + QStringLiteral("/bin/kestro");
+}
+
 QString platformPath(const QString& path)
 {
     const QString root = fromEnvironment("KESTRO_ROOT");

@@ -13,6 +13,9 @@ namespace kestro {
 /// folder that holds this library.
 [[nodiscard]] QString packagePrefix();
 
+/// The file of the program that a person or xscreensaver starts.
+[[nodiscard]] QString kestroProgram();
+
 /// Where an absolute path of the desktop lies here: `path` itself if something exists there, else the same
 /// path below the package's platform root (`<prefix>/share/kestro/root`). KESTRO_ROOT, where set, stands for
 /// both: the answer is then always below it. What is answered need not exist.

@@ -56,6 +56,11 @@ TEST(Paths, homeFolder_isTheAccounts_whenHomeIsNotSet)
     EXPECT_EQ(homeFolder(), QString::fromLocal8Bit(expected));
 }
 
+TEST(Paths, kestroProgram_isInThePackage)
+{
+    EXPECT_EQ(kestroProgram(), packagePrefix() + QStringLiteral("/bin/kestro"));
+}
+
 TEST(Paths, packagePrefix_isTwoAboveTheLibrarysFolder)
 {
     EXPECT_TRUE(QFileInfo::exists(packagePrefix() + QStringLiteral("/lib/kestro/libkestro-base.so")))
