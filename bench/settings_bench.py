@@ -4,6 +4,7 @@ restarts of the preview leave behind.
 usage: settings_bench.py KESTRO PLAIN_WINDOW [RESTARTS]
 """
 
+import contextlib
 import os
 import shutil
 import statistics
@@ -18,7 +19,7 @@ from movie_bench import bar, make_home, make_movie
 ROUNDS = 11
 QUIET = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
 LONGEST = 20  # seconds that anything may take
-WARM = 30  # restarts until what is kept from one to the next is there
+WARM = 200  # restarts until what is kept from one to the next is there
 FEW = 3  # of some 400 places on the screen
 LOOKS = 40  # at what a process holds
 WIDTH, HEIGHT = 1280, 800
@@ -172,15 +173,14 @@ class Window:
 
 
 def restarts(kestro, home, count):
-    window = Window(kestro, home)
-    window.learn()
-    opened = [window.sheet_opens() for _ in range(WARM)]
-    before = window.use()
-    begun = time.monotonic()
-    opened += [window.sheet_opens() for _ in range(count)]
-    minutes = (time.monotonic() - begun) / 60
-    after = window.use()
-    window.close()
+    with contextlib.closing(Window(kestro, home)) as window:
+        window.learn()
+        opened = [window.sheet_opens() for _ in range(WARM)]
+        before = window.use()
+        begun = time.monotonic()
+        opened += [window.sheet_opens() for _ in range(count)]
+        minutes = (time.monotonic() - begun) / 60
+        after = window.use()
     report(f"the sheet opens ({len(opened) - 1} times, the first {opened[0]:.0f} ms)", opened[1:])
     bar("the sheet opens, ms", statistics.median(opened[1:]), 150)
     print(f"  {count} restarts of the preview in {minutes:.0f} minutes: {before[0]:.0f} MB, {before[1]} descriptors, {before[2]} "
