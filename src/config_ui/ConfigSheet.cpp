@@ -206,7 +206,10 @@ void ConfigSheet::openThemePanel()
     if (!m_themePanel) {
         m_movies = std::make_unique<MpvMovieLibrary>();
         m_themePanel = std::make_unique<ThemePanel>(*m_model, *m_movies, this);
+        connect(m_themePanel.get(), &QDialog::accepted, this,
+                [this] { m_playlist->showFrom(m_rowsBeforeThemes); });
     }
+    m_rowsBeforeThemes = m_ui->playListView->model()->rowCount();
     m_themePanel->showIDVDThemes();
 }
 

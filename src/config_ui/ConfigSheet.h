@@ -75,6 +75,7 @@ private:
     std::unique_ptr<PlaylistPane> m_playlist;
     std::unique_ptr<MovieLibrary> m_movies;   ///< of the theme panel; made with it
     std::unique_ptr<ThemePanel> m_themePanel; ///< from its first opening on
+    int m_rowsBeforeThemes = 0;               ///< in the playlist, when that panel was opened
     QButtonGroup* m_playModeRadio = nullptr;
     QButtonGroup* m_partialModeRadio = nullptr;
     QButtonGroup* m_reposRadio = nullptr;

@@ -344,6 +344,26 @@ TEST_F(ConfigSheetPlaylistTest, themeMovies_areForMachinesThatHaveThem)
     EXPECT_FALSE(panel.isVisible());
 }
 
+TEST_F(ConfigSheetPlaylistTest, themeMovies_areSelectedOnceTheyAreAdded)
+{
+    const ScopedEnvironment root("KESTRO_ROOT", folder.path());
+    const QString themes = folder.filePath("Applications/iDVD.app/Contents/Resources");
+    ASSERT_TRUE(QDir().mkpath(themes));
+    for (const char* name : {"/a.mov", "/b.mov"})
+        QFile(themes + name).open(QFile::WriteOnly);
+    open({movie("0")});
+    click("idvdBtn");
+    auto& panel = *qobject_cast<ThemePanel*>(QApplication::activeModalWidget());
+    panel.reject();
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
+    click("idvdBtn");
+    panel.findChild<QTableView*>()->selectAll();
+    panel.accept();
+    EXPECT_EQ(listed().size(), 3);
+    EXPECT_EQ(sheet->playlist().selectedRows(), (QList<int>{1, 2}));
+    EXPECT_EQ(sheet->focusWidget(), &table());
+}
+
 TEST_F(ConfigSheetPlaylistTest, entriesWithoutAMovie_areNotLookedInto)
 {
     open({movie("page.html"), movie("a.swf"), "auto://LatestTrailers/6/480", movie("z.mov")});
