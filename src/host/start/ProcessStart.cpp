@@ -14,11 +14,14 @@ namespace kestro {
 namespace {
 
 /// File names and URLs are UTF-8 here whatever the shell's locale says; set before Qt looks, it has nothing
-/// to warn of.
+/// to warn of. The rest of the locale, dates and numbers, stays the person's own where it can.
 void useUtf8()
 {
     std::setlocale(LC_CTYPE, "");
-    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) setenv("LC_ALL", "C.UTF-8", 1);
+    if (std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0) return;
+    const char* const all = std::getenv("LC_ALL"); // where set, it counts instead of the others
+    setenv(all && *all ? "LC_ALL" : "LC_CTYPE", "C.UTF-8", 1);
+    std::setlocale(LC_CTYPE, "");
 }
 
 /// Each movie brings threads of its own, and each thread would get a share of memory of its own that keeps

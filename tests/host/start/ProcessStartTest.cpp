@@ -1,5 +1,8 @@
 #include "host/start/ProcessStart.h"
 
+#include "platform/base/ScopedEnvironment.h"
+
+#include <clocale>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <malloc.h>
@@ -28,6 +31,34 @@ TEST(ProcessStart, largeBlocks_areGivenBackAtOnce_howeverManyLargerOnesThereWere
     EXPECT_GE(outsideOfHeaps(picture), before + picture);
     EXPECT_GE(outsideOfHeaps(picture / 2), before + picture / 2);
     EXPECT_EQ(mallinfo2().hblkhd, before);
+}
+
+TEST(ProcessStart, datesStayThePersons_whenOnlyTheCharactersNeedAnotherLocale)
+{
+    const ScopedEnvironment all("LC_ALL", QString());
+    const ScopedEnvironment characters("LC_CTYPE", QStringLiteral("C"));
+    const ScopedEnvironment language("LANG", QStringLiteral("de_DE.UTF-8"));
+    prepareProcess();
+    EXPECT_EQ(qEnvironmentVariable("LC_CTYPE"), QStringLiteral("C.UTF-8"));
+    EXPECT_EQ(qEnvironmentVariable("LC_ALL"), QString());
+    EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), "C.UTF-8");
+}
+
+TEST(ProcessStart, charactersAreUtf8_whenOneLocaleIsSetForAll)
+{
+    const ScopedEnvironment all("LC_ALL", QStringLiteral("C"));
+    prepareProcess();
+    EXPECT_EQ(qEnvironmentVariable("LC_ALL"), QStringLiteral("C.UTF-8"));
+}
+
+TEST(ProcessStart, localeStays_whenItIsUtf8)
+{
+    const ScopedEnvironment all("LC_ALL", QString());
+    const ScopedEnvironment characters("LC_CTYPE", QStringLiteral("C.UTF-8"));
+    const ScopedEnvironment language("LANG", QStringLiteral("fr_FR.UTF-8"));
+    prepareProcess();
+    EXPECT_EQ(qEnvironmentVariable("LC_CTYPE"), QStringLiteral("C.UTF-8"));
+    EXPECT_EQ(qEnvironmentVariable("LC_ALL"), QString());
 }
 
 TEST(ProcessStart, words_areTheArgumentsWithoutTheProgramsName)
