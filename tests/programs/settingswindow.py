@@ -3,6 +3,7 @@
 import os
 import pathlib
 import re
+import shlex
 import subprocess
 
 from harness import BOUND, KESTRO, ProgramTest, end_process, wait_until
@@ -19,10 +20,13 @@ class SettingsTest(ProgramTest):
         super().setUp()
         self.server = XServer("1024x768")
         self.addCleanup(self.server.close)
-        manager = subprocess.Popen(self.window_manager(), env=self.display(), start_new_session=True, stdin=subprocess.DEVNULL,
+        # While it starts it can miss a window for good, and it says that it is there before that is over.
+        has_started = self.home.path / "window-manager"
+        manager = subprocess.Popen([*self.window_manager(), "--startup", f"touch {shlex.quote(str(has_started))}"],
+                                   env=self.display(), start_new_session=True, stdin=subprocess.DEVNULL,
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.addCleanup(end_process, manager)
-        wait_until(lambda: "window id # 0x" in self.server.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "openbox")
+        wait_until(has_started.exists, "the window manager")
 
     def window_manager(self):
         """Its command."""
