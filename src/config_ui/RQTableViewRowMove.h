@@ -102,8 +102,10 @@ public:
     /// A point of the viewport in table coordinates.
     [[nodiscard]] QPoint convertFromViewport(const QPoint& point) const;
 
-    // A change of the data ends a move inside the table.
+    // A change of the rows ends a move inside the table; what they show may change meanwhile.
     void reset() override;
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                     const QList<int>& roles = {}) override;
 
 protected:
     void rowsInserted(const QModelIndex& parent, int start, int end) override;

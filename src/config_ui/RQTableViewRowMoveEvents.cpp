@@ -142,6 +142,15 @@ void RQTableViewRowMove::reset()
     QTableView::reset();
 }
 
+void RQTableViewRowMove::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                                     const QList<int>& roles)
+{
+    QTableView::dataChanged(topLeft, bottomRight, roles);
+    if (!m_move) return;
+    grabTableBits();
+    viewport()->update();
+}
+
 void RQTableViewRowMove::rowsInserted(const QModelIndex& parent, int start, int end)
 {
     if (m_move) endMove();

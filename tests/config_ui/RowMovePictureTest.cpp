@@ -95,6 +95,14 @@ TEST_F(RowMovePicture, line_isGone_whenTheMouseIsOnTheMovingRowsPlaceOrOnNone)
     }
 }
 
+TEST_F(RowMovePicture, table_showsWhatItsRowsLearn_whileARowIsMoved)
+{
+    dragTo(0, 10, 2 * rowHeight + 14);
+    EXPECT_EQ(screen().pixelColor(edge, 4 * rowHeight + 10), white);
+    m_model.item(4)->setBackground(blue);
+    EXPECT_EQ(screen().pixelColor(edge, 4 * rowHeight + 10), blue);
+}
+
 TEST_F(RowMovePicture, movingRow_isDrawnAtThreeQuarters_whenOverOthers)
 {
     dragTo(0, 10, 2 * rowHeight + 14);
