@@ -20,7 +20,7 @@ ROUNDS = 11
 QUIET = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
 LONGEST = 20  # seconds that anything may take
 WARM = 200  # restarts until what is kept from one to the next is there
-FEW = 3  # of some 400 places on the screen
+STRAY_PLACES = 3  # of some 400 on the screen, that may look otherwise
 LOOKS = 40  # at what a process holds
 WIDTH, HEIGHT = 1280, 800
 CORNER = (4, 4)  # in the margin of a window, which without a window manager stands in the corner of the screen
@@ -28,12 +28,10 @@ PICTURE = (291, 150)  # well inside the preview
 
 
 def wait_for(condition, what):
-    """Seconds until it is so."""
     begun = time.monotonic()
     while not condition():
         if time.monotonic() - begun > LONGEST:
             raise SystemExit(f"{what} did not come")
-    return time.monotonic() - begun
 
 
 def first_pictures(command, home, *places):
@@ -131,7 +129,7 @@ class Window:
 
     def looks_like(self, picture):
         """Whether the samples are those, but for a caret or the like."""
-        return sum(now != then for now, then in zip(self.samples(), picture)) <= FEW
+        return sum(shown != known for shown, known in zip(self.samples(), picture)) <= STRAY_PLACES
 
     def learn(self):
         """What the screen looks like without the sheet and with it."""

@@ -5,9 +5,9 @@
 namespace kestro {
 
 LivePreview::LivePreview(Parts parts)
-    : m_parts(std::move(parts))
-    , m_trailers(m_parts.trailers)
-    , m_saver(std::make_unique<SaverPreview>(m_parts.views))
+    : m_makeSheet(std::move(parts.sheet))
+    , m_trailers(std::move(parts.trailers))
+    , m_saver(std::make_unique<SaverPreview>(std::move(parts.views)))
 {
 }
 
@@ -31,7 +31,7 @@ void LivePreview::openOptions(QWidget& over)
 {
     ConfigurableSaver* const saver = m_saver->saver();
     if (!saver) return;
-    if (!m_sheet) m_sheet = m_parts.sheet(*saver, m_trailers, &over);
+    if (!m_sheet) m_sheet = m_makeSheet(*saver, m_trailers, &over);
     m_sheet->open();
 }
 

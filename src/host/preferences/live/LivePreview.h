@@ -13,11 +13,13 @@ namespace kestro {
 /// Owned by the window with the settings. Main thread.
 class LivePreview final : public Preview {
 public:
+    /// Makes the sheet for a saver, over a window, which owns it.
+    using SheetMaker =
+        std::function<QDialog*(ConfigurableSaver& saver, TrailerBrowser& trailers, QWidget* over)>;
     /// What it is made of.
     struct Parts {
         SaverPreview::ViewFactory views;
-        /// Makes the sheet for a saver, over a window, which owns it.
-        std::function<QDialog*(ConfigurableSaver& saver, TrailerBrowser& trailers, QWidget* over)> sheet;
+        SheetMaker sheet;
         LazyTrailerBrowser::Maker trailers;
     };
 
@@ -33,7 +35,7 @@ public:
     void end() override;
 
 private:
-    Parts m_parts;
+    SheetMaker m_makeSheet;
     LazyTrailerBrowser m_trailers;
     std::unique_ptr<SaverPreview> m_saver;
     QPointer<QDialog> m_sheet; ///< made when first opened; its window may go first

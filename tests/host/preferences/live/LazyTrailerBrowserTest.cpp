@@ -1,8 +1,6 @@
 #include "host/preferences/live/LazyTrailerBrowser.h"
 
-#include "settings/URLListReceiver.h"
-
-#include <QStringList>
+#include "host/preferences/live/NotedBrowser.h"
 
 #include <gtest/gtest.h>
 
@@ -10,31 +8,13 @@ namespace kestro {
 
 namespace {
 
-class NotingBrowser final : public TrailerBrowser {
-public:
-    explicit NotingBrowser(QStringList& journal)
-        : m_journal(journal)
-    {
-    }
-    void showPanel(URLListReceiver&) override { m_journal.append(QStringLiteral("show")); }
-    void close() override { m_journal.append(QStringLiteral("close")); }
-
-private:
-    QStringList& m_journal;
-};
-
-class NoReceiver final : public URLListReceiver {
-public:
-    void addURLList(const QList<QUrl>&) override {}
-};
-
 class LazyTrailerBrowserTest : public testing::Test {
 protected:
     QStringList journal;
     NoReceiver receiver;
     LazyTrailerBrowser browser{[this] {
         journal.append(QStringLiteral("make"));
-        return std::make_unique<NotingBrowser>(journal);
+        return std::make_unique<NotedBrowser>(journal);
     }};
 };
 

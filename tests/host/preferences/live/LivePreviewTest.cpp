@@ -1,30 +1,12 @@
 #include "host/preferences/live/LivePreview.h"
 
 #include "host/preferences/live/LiveTest.h"
-#include "settings/URLListReceiver.h"
+#include "host/preferences/live/NotedBrowser.h"
 #include "widgets/SurfaceWidget.h"
 
 namespace kestro {
 
 namespace {
-
-class NotedBrowser final : public TrailerBrowser {
-public:
-    explicit NotedBrowser(QStringList& journal)
-        : m_journal(journal)
-    {
-    }
-    void showPanel(URLListReceiver&) override { m_journal.append(QStringLiteral("trailers shown")); }
-    void close() override { m_journal.append(QStringLiteral("trailers closed")); }
-
-private:
-    QStringList& m_journal;
-};
-
-class NoReceiver final : public URLListReceiver {
-public:
-    void addURLList(const QList<QUrl>&) override {}
-};
 
 class LivePreviewTest : public LiveTest {
 protected:
@@ -121,8 +103,8 @@ TEST_F(LivePreviewTest, end_stopsTheSaverAndClosesTheTrailers)
     browser->showPanel(receiver);
     shown->end();
     EXPECT_FALSE(shown->isRunning());
-    EXPECT_EQ(journal, QStringList({QStringLiteral("start"), QStringLiteral("trailers shown"),
-                                    QStringLiteral("stop"), QStringLiteral("trailers closed")}));
+    EXPECT_EQ(journal, QStringList({QStringLiteral("start"), QStringLiteral("show"), QStringLiteral("stop"),
+                                    QStringLiteral("close")}));
 }
 
 TEST_F(LivePreviewTest, pause_isTheSavers)
