@@ -3,6 +3,7 @@
 #include "platform/display/Surface.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -42,7 +43,7 @@ Number median(std::vector<Number> numbers)
 /// Every still but the first, which opens the movie.
 void measureStills(MovieLibrary& library, const QUrl& url)
 {
-    const auto copy = library.movieWithURL(url);
+    const auto copy = library.movieWithURL(url)->copyForStills();
     std::vector<double> costs;
     for (int i = 0; i < stills; ++i) {
         const double before = processorMilliseconds();
@@ -56,7 +57,7 @@ void measureStills(MovieLibrary& library, const QUrl& url)
 int picturesPlayed(MovieLibrary& library, const QUrl& url, bool takesStills)
 {
     const auto movie = library.movieWithURL(url);
-    const auto copy = library.movieWithURL(url);
+    const auto copy = movie->copyForStills();
     const Size size = movie->naturalSize();
     QImage canvas = alignedImage({static_cast<int>(size.width), static_cast<int>(size.height)},
                                  QImage::Format_RGB32, Surface::guardRows);

@@ -3,6 +3,7 @@
 #include "platform/base/Log.h"
 #include "platform/display/Painter.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 
 #include <QMetaObject>
 
@@ -20,7 +21,7 @@ constexpr std::chrono::milliseconds longestCapture{500};
 
 } // namespace
 
-Picture movieImage(QTMovie* copy, std::int32_t time, std::stop_token stop)
+Picture movieImage(StillMovie* copy, std::int32_t time, std::stop_token stop)
 {
     Picture still = copy ? GetMoviePict(*copy, time, std::move(stop)) : Picture{};
     if (still.isNull()) logLine(QStringLiteral("movie doesn't have a image."));

@@ -18,7 +18,7 @@
 namespace kestro {
 
 class Painter;
-class QTMovie;
+class StillMovie;
 
 /// The stills that a moving movie window leaves behind on the saver's surface: at most five, newest first,
 /// each a little fainter at every drawing. Stills are taken on a thread of their own, one at a time. Owned by
@@ -28,7 +28,7 @@ public:
     /// A still to take: of `copy` (null: none can be had), at movie time `time`, to lie at `place` in the
     /// saver view.
     struct Capture {
-        std::shared_ptr<QTMovie> copy;
+        std::shared_ptr<StillMovie> copy;
         std::int32_t time = 0;
         Point place;
     };
@@ -90,6 +90,6 @@ private:
 
 /// A still of `copy` at `time`, as it comes; a null picture, with a log line, when there is none or when told
 /// to stop. Any thread.
-[[nodiscard]] Picture movieImage(QTMovie* copy, std::int32_t time, std::stop_token stop = {});
+[[nodiscard]] Picture movieImage(StillMovie* copy, std::int32_t time, std::stop_token stop = {});
 
 } // namespace kestro

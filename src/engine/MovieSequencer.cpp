@@ -4,6 +4,7 @@
 #include "platform/base/StoredValue.h"
 #include "platform/movie/MovieLibrary.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 #include "platform/saver/ScreenSaverFunctions.h"
 #include "settings/MovieURL.h"
 #include "settings/Playlist.h"
@@ -54,8 +55,7 @@ MovieContent MovieSequencer::openEntry(const QUrl& url)
         recordFailure(url);
         return {};
     }
-    if (m_sources.settings.fadeoutEffect() && !m_sources.isPreview)
-        m_cacheMovie = m_sources.movies.movieWithURL(url);
+    if (m_sources.settings.fadeoutEffect() && !m_sources.isPreview) m_cacheMovie = movie->copyForStills();
     return movie;
 }
 

@@ -16,6 +16,7 @@ class Playlist;
 class QTMovie;
 class Random;
 class Settings;
+class StillMovie;
 
 /// Decides which entry of the playlist plays next and opens it: in order or at random, from where the last
 /// run stopped, past what cannot be opened. Owned by the engine, one per view. Main thread; between tries
@@ -58,7 +59,7 @@ public:
 
     /// A second copy of the movie that was opened last, for stills alone; null unless movies fade out. Shared
     /// with the capture thread.
-    [[nodiscard]] const std::shared_ptr<QTMovie>& cacheMovie() const { return m_cacheMovie; }
+    [[nodiscard]] const std::shared_ptr<StillMovie>& cacheMovie() const { return m_cacheMovie; }
 
 private:
     /// One pick in random order.
@@ -86,7 +87,7 @@ private:
     std::function<void(double)> m_wait;
     std::function<void()> m_searching;
     QList<QUrl> m_randomList;
-    std::shared_ptr<QTMovie> m_cacheMovie;
+    std::shared_ptr<StillMovie> m_cacheMovie;
     bool m_stopped = false;
     int m_stops = 0;
 };

@@ -11,6 +11,7 @@
 #include "platform/display/Screen.h"
 #include "platform/display/Timer.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 #include "platform/web/WebView.h"
 #include "presentation/MovieFrame.h"
 #include "settings/BackSaverMenu.h"

@@ -6,6 +6,7 @@
 #include "platform/display/Desktop.h"
 #include "platform/display/Screen.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 #include "presentation/MovieFrame.h"
 
 namespace kestro {

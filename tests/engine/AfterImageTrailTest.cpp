@@ -4,6 +4,7 @@
 #include "platform/display/Painter.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -26,7 +27,7 @@ protected:
     {
         const QString name = colour.name(QColor::HexRgb).mid(1) + ".mov";
         describe(name, {.naturalSize = size, .colour = colour});
-        return {movies.movieWithURL(urlOf(name)), 0, place};
+        return {movies.movieWithURL(urlOf(name))->copyForStills(), 0, place};
     }
 
     void draw(bool overBackground = false, const Rect& hidden = {})
@@ -131,7 +132,7 @@ TEST_F(AfterImageTrailTest, capture_isGivenUp_whenAServerNeverAnswers)
 {
     const SilentServer server;
     MpvMovieLibrary remote({.networkTimeout = 3600});
-    const AfterImageTrail::Capture capture{remote.movieWithURL(server.url()), 0, {0, 0}};
+    const AfterImageTrail::Capture capture{remote.movieWithURL(server.url())->copyForStills(), 0, {0, 0}};
     trail.queueImageThread(capture);
     EXPECT_TRUE(trail.isCapturing());
     trail.cancelCapture();

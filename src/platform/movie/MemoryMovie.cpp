@@ -1,8 +1,10 @@
 #include "platform/movie/MemoryMovie.h"
 
 #include "platform/base/Clock.h"
+#include "platform/movie/StillMovie.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 
 namespace kestro {
@@ -37,13 +39,45 @@ private:
     bool m_announced = false;
 };
 
+/// Stills of one colour.
+class MemoryMovie::ColourStills final : public StillMovie {
+public:
+    explicit ColourStills(const MemoryMovieDescription& description)
+        : m_description(description)
+    {
+    }
+
+    void setStillSize(int width, int height) override { m_size = QSize(width, height); }
+
+    [[nodiscard]] Picture still(MovieTime, std::stop_token) override
+    {
+        const QSize size = pictureSize();
+        if (size.isEmpty() || m_description.failsLoading) return {};
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(m_description.colour);
+        return {image, {static_cast<float>(size.width()), static_cast<float>(size.height())}};
+    }
+
+private:
+    [[nodiscard]] QSize pictureSize() const
+    {
+        const QSize size = m_size;
+        if (!size.isEmpty()) return size;
+        const Size natural = m_description.naturalSize;
+        return {static_cast<int>(std::lround(natural.width)), static_cast<int>(std::lround(natural.height))};
+    }
+
+    const MemoryMovieDescription m_description;
+    std::atomic<QSize> m_size{QSize()};
+};
+
 MemoryMovie::MemoryMovie(const QUrl& url, const MemoryMovieDescription& description, const Clock& clock)
     : m_url(url)
     , m_description(description)
     , m_clock(clock)
     , m_layer(std::make_unique<ColourLayer>(*this))
     , m_openedAt(clock.now())
-    , m_settledAt(clock.now())
+    , m_touchedAt(clock.now())
 {
 }
 
@@ -85,17 +119,17 @@ EndMode MemoryMovie::endMode() const
 
 Playhead MemoryMovie::playhead() const
 {
-    if (state() != State::Loaded) return m_settled;
-    Playhead start = m_settled;
+    if (state() != State::Loaded) return m_touched;
+    Playhead start = m_touched;
     start.position = std::min(start.position, m_description.seconds); // may have been set while loading
-    const double since = std::max(m_settledAt, loadedAt());
+    const double since = std::max(m_touchedAt, loadedAt());
     return start.after(m_clock.now() - since, m_description.seconds, endMode());
 }
 
 void MemoryMovie::settleAt(const Playhead& playhead)
 {
-    m_settled = playhead;
-    m_settledAt = m_clock.now();
+    m_touched = playhead;
+    m_touchedAt = m_clock.now();
 }
 
 void MemoryMovie::settle()
@@ -166,22 +200,9 @@ Layer& MemoryMovie::layer()
     return *m_layer;
 }
 
-void MemoryMovie::setStillSize(int width, int height)
+std::shared_ptr<StillMovie> MemoryMovie::copyForStills() const
 {
-    m_stillSize = QSize(width, height);
-}
-
-Picture MemoryMovie::still(MovieTime, std::stop_token)
-{
-    QSize size = m_stillSize;
-    if (size.isEmpty()) {
-        const Size natural = m_description.naturalSize;
-        size = {static_cast<int>(std::lround(natural.width)), static_cast<int>(std::lround(natural.height))};
-    }
-    if (size.isEmpty() || m_description.failsLoading) return {};
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(m_description.colour);
-    return {image, {static_cast<float>(size.width()), static_cast<float>(size.height())}};
+    return std::make_shared<ColourStills>(m_description);
 }
 
 void MemoryMovieLibrary::describe(const QString& absoluteUrl, const MemoryMovieDescription& description)

@@ -10,7 +10,7 @@
 #include <QSize>
 #include <QString>
 
-#include <atomic>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -29,13 +29,14 @@ struct MemoryMovieDescription {
 };
 
 /// A movie without a file: it plays by a clock that is handed in, shows one colour, and keeps all rules of
-/// QTMovie. Its position is worked out when asked for. Main thread, except still().
+/// QTMovie. Its position is worked out when asked for. Main thread.
 class MemoryMovie final : public QTMovie {
 public:
     MemoryMovie(const QUrl& url, const MemoryMovieDescription& description, const Clock& clock);
     ~MemoryMovie() override;
 
     [[nodiscard]] State state() const override;
+    void whenSettled(std::function<void()> settled) override { m_settled = std::move(settled); }
     [[nodiscard]] QUrl url() const override { return m_url; }
     [[nodiscard]] Size naturalSize() const override;
     [[nodiscard]] MovieTime duration() const override;
@@ -51,11 +52,11 @@ public:
     void setVolume(float volume) override { m_volume = volume; }
     [[nodiscard]] float volume() const override { return m_volume; }
     [[nodiscard]] Layer& layer() override;
-    void setStillSize(int width, int height) override;
-    [[nodiscard]] Picture still(MovieTime time, std::stop_token stop = {}) override;
+    [[nodiscard]] std::shared_ptr<StillMovie> copyForStills() const override;
 
 private:
     class ColourLayer;
+    class ColourStills;
 
     [[nodiscard]] EndMode endMode() const;
     [[nodiscard]] double loadedAt() const;
@@ -69,13 +70,13 @@ private:
     const Clock& m_clock;
     std::unique_ptr<ColourLayer> m_layer;
     double m_openedAt = 0;
-    Playhead m_settled;     ///< where it stood or ran when last touched
-    double m_settledAt = 0; ///< clock time of that
+    Playhead m_touched;     ///< where it stood or ran when last touched
+    double m_touchedAt = 0; ///< clock time of that
     bool m_loops = false;
     bool m_backAndForth = false;
     bool m_muted = false;
     float m_volume = 1;
-    std::atomic<QSize> m_stillSize{QSize()};
+    std::function<void()> m_settled; ///< never called: nobody tells it that the clock was turned
 };
 
 /// Opens movies that tests described beforehand, by their absolute URL string; any other URL is refused.

@@ -1,4 +1,5 @@
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 
 #include <algorithm>
 #include <limits>
@@ -26,12 +27,12 @@ std::int32_t GetMovieDuration(const QTMovie& movie)
     return handleTime(movie.duration());
 }
 
-void SetMovieBox(QTMovie& movie, MovieBox box)
+void SetMovieBox(StillMovie& movie, MovieBox box)
 {
     movie.setStillSize(box.right - box.left, box.bottom - box.top);
 }
 
-Picture GetMoviePict(QTMovie& movie, std::int32_t value, std::stop_token stop)
+Picture GetMoviePict(StillMovie& movie, std::int32_t value, std::stop_token stop)
 {
     return movie.still({value, movieTimeScale}, std::move(stop));
 }

@@ -3,6 +3,8 @@
 #include "platform/base/Log.h"
 #include "platform/movie/DecoderThreads.h"
 #include "platform/movie/KeyframeDistance.h"
+#include "platform/movie/StillDecoder.h"
+#include "platform/movie/StillMovie.h"
 
 #include <QThread>
 
@@ -12,15 +14,11 @@
 
 namespace kestro {
 
-using std::chrono::milliseconds;
-
 // Playing backwards keeps every picture from one keyframe to the next in memory, at 1.5 bytes a pixel.
 static constexpr double mostReversalBytes = 256e6;
 static constexpr double bytesPerPixel = 1.5;
 // The last picture of a movie begins this much before its end, at most.
 static constexpr double longestPicture = 0.5;
-// A still is not worth a screen that stands any longer.
-static constexpr milliseconds longestOnMainThread{300};
 
 /// Shows what the player draws; looking at it starts the player.
 class MpvMovie::PlayerLayer final : public Layer {
@@ -57,11 +55,31 @@ private:
     MpvMovie& m_movie;
 };
 
+/// Stills by a decoder of their own.
+class MpvMovie::DecodedStills final : public StillMovie {
+public:
+    DecodedStills(const QUrl& url, std::chrono::milliseconds longest)
+        : m_decoder(url)
+        , m_longest(longest)
+    {
+    }
+
+    void setStillSize(int width, int height) override { m_decoder.setSize({width, height}); }
+
+    [[nodiscard]] Picture still(MovieTime time, std::stop_token stop) override
+    {
+        return m_decoder.picture(secondsFromMovieTime(time), m_longest, std::move(stop));
+    }
+
+private:
+    StillDecoder m_decoder;
+    std::chrono::milliseconds m_longest;
+};
+
 MpvMovie::MpvMovie(const QUrl& url, std::optional<MovieFacts> facts, const MpvMovieOptions& options)
     : m_url(url)
     , m_facts(facts)
     , m_options(options)
-    , m_stills(url)
     , m_layer(std::make_unique<PlayerLayer>(*this))
 {
     const bool loadsNow = !m_facts;
@@ -274,6 +292,24 @@ void MpvMovie::playerFailed()
 {
     m_failed = true;
     m_playing = false;
+    tellSettled();
+}
+
+void MpvMovie::playerIsLoaded()
+{
+    tellSettled();
+}
+
+void MpvMovie::whenSettled(std::function<void()> settled)
+{
+    m_settled = state() == State::Loading ? std::move(settled) : nullptr;
+}
+
+/// Posted: whoever hears of it may let go of the movie.
+void MpvMovie::tellSettled()
+{
+    if (auto settled = std::exchange(m_settled, nullptr))
+        QMetaObject::invokeMethod(&m_context, std::move(settled), Qt::QueuedConnection);
 }
 
 void MpvMovie::setMuted(bool muted)
@@ -293,18 +329,9 @@ Layer& MpvMovie::layer()
     return *m_layer;
 }
 
-void MpvMovie::setStillSize(int width, int height)
+std::shared_ptr<StillMovie> MpvMovie::copyForStills() const
 {
-    m_stills.setSize({width, height});
-}
-
-Picture MpvMovie::still(MovieTime time, std::stop_token stop)
-{
-    const bool isMainThread = QThread::currentThread() == m_context.thread();
-    const std::chrono::milliseconds longest = isMainThread && !m_url.isLocalFile()
-                                                  ? longestOnMainThread
-                                                  : std::chrono::seconds(m_options.networkTimeout);
-    return m_stills.picture(secondsFromMovieTime(time), longest, std::move(stop));
+    return std::make_shared<DecodedStills>(m_url, std::chrono::seconds(m_options.networkTimeout));
 }
 
 } // namespace kestro

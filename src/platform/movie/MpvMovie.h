@@ -5,18 +5,17 @@
 #include "platform/movie/MpvMovieOptions.h"
 #include "platform/movie/MpvPlayer.h"
 #include "platform/movie/QTMovie.h"
-#include "platform/movie/StillDecoder.h"
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
 namespace kestro {
 
 /// A real movie, played by libmpv, its stills decoded by libavcodec. A local one starts its player when it is
-/// first played or shown; a remote one at once, to load. Made by MpvMovieLibrary. Main thread, except
-/// still().
+/// first played or shown; a remote one at once, to load. Made by MpvMovieLibrary. Main thread.
 class MpvMovie final : public QTMovie, private MpvPlayerListener {
 public:
     /// `facts` of a local movie, none for a remote one.
@@ -24,6 +23,7 @@ public:
     ~MpvMovie() override;
 
     [[nodiscard]] State state() const override;
+    void whenSettled(std::function<void()> settled) override;
     [[nodiscard]] QUrl url() const override { return m_url; }
     [[nodiscard]] Size naturalSize() const override;
     [[nodiscard]] MovieTime duration() const override;
@@ -39,13 +39,14 @@ public:
     void setVolume(float volume) override;
     [[nodiscard]] float volume() const override { return m_volume; }
     [[nodiscard]] Layer& layer() override;
-    void setStillSize(int width, int height) override;
-    [[nodiscard]] Picture still(MovieTime time, std::stop_token stop = {}) override;
+    [[nodiscard]] std::shared_ptr<StillMovie> copyForStills() const override;
 
 private:
     class PlayerLayer;
+    class DecodedStills;
 
     void playerHasPicture() override;
+    void playerIsLoaded() override;
     void playerReachedEnd() override;
     void playerFailed() override;
 
@@ -54,6 +55,7 @@ private:
     void playerIsWanted();
     [[nodiscard]] bool isCutOff() const { return m_player && m_player->isCutOff(); }
     void startWhenShown();
+    void tellSettled();
     [[nodiscard]] double knownSeconds() const;
     [[nodiscard]] double position() const;
     [[nodiscard]] bool mayTurn();
@@ -65,7 +67,6 @@ private:
     const QUrl m_url;
     const std::optional<MovieFacts> m_facts;
     const MpvMovieOptions m_options;
-    StillDecoder m_stills;
     std::unique_ptr<PlayerLayer> m_layer;
     std::unique_ptr<MpvPlayer> m_player;
     std::optional<bool> m_mayTurn; ///< whether playing it backwards is affordable, once asked
@@ -79,7 +80,8 @@ private:
     bool m_backAndForth = false;
     bool m_muted = false;
     float m_volume = 1;
-    QObject m_context; ///< what is posted to this movie goes with it
+    std::function<void()> m_settled; ///< told once it is no longer loading
+    QObject m_context;               ///< what is posted to this movie goes with it
 };
 
 } // namespace kestro

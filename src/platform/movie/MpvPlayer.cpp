@@ -158,7 +158,9 @@ void MpvPlayer::handleReply(const mpv_event& event)
     case Duration:
         m_duration = valueOf(event, MPV_FORMAT_DOUBLE, 0.0);
         m_loaded = m_width > 0 && m_height > 0;
-        if (m_loaded) m_loadTimer.stop();
+        if (!m_loaded) return;
+        m_loadTimer.stop();
+        m_listener.playerIsLoaded();
         return;
     case Move:
         m_accepted |= isAboutThisMove;

@@ -32,6 +32,8 @@ struct MpvPlayerSetup {
 class MpvPlayerListener {
 public:
     virtual void playerHasPicture() = 0;
+    /// Its numbers are known.
+    virtual void playerIsLoaded() = 0;
     /// Came to the end it was going to. It stands there.
     virtual void playerReachedEnd() = 0;
     /// Broke off before there was a picture; final.

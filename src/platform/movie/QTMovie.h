@@ -7,30 +7,35 @@
 #include <QUrl>
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <stop_token>
 
 namespace kestro {
 
 class Layer;
+class StillMovie;
 
 /// What a movie does at its end. The two are set apart; where both are set, back and forth wins.
 enum class MovieAttribute { Loops, LoopsBackAndForth };
 
-/// One movie, opened from a URL. A local one was found good when it was opened; a remote one may still be
-/// loading: its natural size and duration are zero until they are known. Nothing plays until play(). What it
-/// costs to play (decoders, threads) is only taken when it is first played, sought or shown, so an opened
-/// movie may lie idle, or serve for stills alone. Shared: the view that shows it, the engine and the capture
-/// thread hold it together. Main thread, except still().
+/// One movie, opened from a URL. It may still be loading, from a disk or a server: its natural size and
+/// duration are zero until they are known. Nothing plays until play(). What it costs to play (decoders,
+/// threads) is only taken when it is first played, sought or shown, so an opened local movie may lie idle.
+/// Shared: the view that shows it and the engine hold it together. Main thread.
 class QTMovie {
 public:
     virtual ~QTMovie() = default;
 
     enum class State {
-        Loading, ///< a remote movie of which nothing is known
+        Loading, ///< nothing is known of it yet
         Loaded,
         Failed, ///< loading broke off before there was a picture; final
     };
     [[nodiscard]] virtual State state() const = 0;
+    /// Runs `settled` once, on the event loop, after the state has left Loading; never where it is not
+    /// Loading now. Another call takes the place of the one before; null takes it back.
+    virtual void whenSettled(std::function<void()> settled) = 0;
     [[nodiscard]] virtual QUrl url() const = 0;
 
     /// Points at one pixel a point, turned upright, pixel aspect applied; zero while unknown.
@@ -60,13 +65,9 @@ public:
     /// The moving picture; never null, lives as long as the movie.
     [[nodiscard]] virtual Layer& layer() = 0;
 
-    /// Pixels of the pictures that still() answers; the natural size until set.
-    virtual void setStillSize(int width, int height) = 0;
-    /// The picture at `time` (the last one when past the end), scaled to the still size. A null picture when
-    /// it cannot be had. Any one thread at a time; never disturbs play. It may wait for a server:
-    /// on the main thread a third of a second at most, elsewhere until the network's time limit, or until
-    /// `stop`.
-    [[nodiscard]] virtual Picture still(MovieTime time, std::stop_token stop = {}) = 0;
+    /// A copy for stills alone, which knows of the movie what this one knows now; taking them never disturbs
+    /// play. Never null.
+    [[nodiscard]] virtual std::shared_ptr<StillMovie> copyForStills() const = 0;
 };
 
 // The handle functions: times are 32-bit units of the movie's own time scale.
@@ -86,8 +87,8 @@ struct MovieBox {
     std::int16_t right = 0;
 };
 /// Sets the rectangle that stills of the movie fill.
-void SetMovieBox(QTMovie& movie, MovieBox box);
+void SetMovieBox(StillMovie& movie, MovieBox box);
 /// A still of the movie at that time; a null picture when there is none, or when told to stop.
-[[nodiscard]] Picture GetMoviePict(QTMovie& movie, std::int32_t value, std::stop_token stop = {});
+[[nodiscard]] Picture GetMoviePict(StillMovie& movie, std::int32_t value, std::stop_token stop = {});
 
 } // namespace kestro

@@ -1,5 +1,6 @@
 #include "platform/base/Clock.h"
 #include "platform/movie/MemoryMovie.h"
+#include "platform/movie/StillMovie.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -30,8 +31,9 @@ TEST(HandleFunctions, takeStillsOfTheBoxSize)
 {
     const ManualClock clock;
     MemoryMovie movie(url, {.colour = Qt::green}, clock);
-    SetMovieBox(movie, {.top = 10, .left = 20, .bottom = 58, .right = 120});
-    const Picture still = GetMoviePict(movie, 600);
+    const auto copy = movie.copyForStills();
+    SetMovieBox(*copy, {.top = 10, .left = 20, .bottom = 58, .right = 120});
+    const Picture still = GetMoviePict(*copy, 600);
     EXPECT_EQ(still.image.size(), QSize(100, 48));
     EXPECT_EQ(still.image.pixelColor(99, 47), QColor(Qt::green));
 }

@@ -2,6 +2,7 @@
 
 #include "platform/base/Clock.h"
 #include "platform/movie/MovieTest.h"
+#include "platform/movie/StillMovie.h"
 
 #include <gtest/gtest.h>
 
@@ -56,7 +57,7 @@ TEST(MemoryMovie, fails_whenDescribedSo)
     EXPECT_EQ(movie.state(), QTMovie::State::Failed);
     EXPECT_EQ(movie.rate(), 0);
     EXPECT_TRUE(drawn(movie).isNull());
-    EXPECT_TRUE(movie.still({0, 600}).isNull());
+    EXPECT_TRUE(movie.copyForStills()->still({0, 600}).isNull());
 }
 
 TEST(MemoryMovie, showsItsColour)

@@ -6,6 +6,7 @@
 #include "platform/movie/MovieTest.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -222,7 +223,7 @@ TEST(MpvMovie, mayBeLetGoOf_onAnotherThread)
     const std::weak_ptr<QTMovie> watched = movie;
     movie->play();
     std::thread([held = std::move(movie)]() mutable {
-        static_cast<void>(held->still({600, 600}));
+        static_cast<void>(held->copyForStills()->still({600, 600}));
         held.reset();
     }).join();
     EXPECT_TRUE(waitUntil([&watched] { return watched.expired(); }));
@@ -234,7 +235,7 @@ TEST(MpvMovie, givesStills_thatMatchWhatIsPlayed)
     const auto movie = openMovie(testMovie("plain.mp4"));
     movie->play();
     for (const int number : {10, 59, 0, 33})
-        EXPECT_EQ(numberIn(movie->still({number * 20, 600}).image), number);
+        EXPECT_EQ(numberIn(movie->copyForStills()->still({number * 20, 600}).image), number);
     EXPECT_EQ(movie->rate(), 1);
 }
 

@@ -7,6 +7,7 @@
 #include "platform/movie/MovieTest.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 
 #include <QProcess>
 
@@ -173,7 +174,7 @@ TEST_F(RemoteMovie, loopsPlainly_whenItShallTurn)
 TEST_F(RemoteMovie, givesStills)
 {
     const auto movie = open("good/plain.mp4");
-    EXPECT_EQ(numberIn(movie->still({44 * 20, 600}).image), 44);
+    EXPECT_EQ(numberIn(movie->copyForStills()->still({44 * 20, 600}).image), 44);
 }
 
 class RemoteMovieBad : public RemoteMovie, public testing::WithParamInterface<const char*> {};
@@ -187,7 +188,7 @@ TEST_P(RemoteMovieBad, fails)
     EXPECT_FALSE(movie->layer().hasPicture());
     movie->play();
     EXPECT_EQ(movie->rate(), 0);
-    EXPECT_TRUE(movie->still({0, 600}).isNull());
+    EXPECT_TRUE(movie->copyForStills()->still({0, 600}).isNull());
 }
 
 INSTANTIATE_TEST_SUITE_P(Answers, RemoteMovieBad,
