@@ -4,6 +4,19 @@
 
 namespace kestro {
 
+namespace {
+
+/// Points beyond an edge: where there is room to bounce, a corner is overshot by two steps of 8 at most.
+constexpr float farthest = 16;
+
+float turned(float step, float beyondLower, float beyondUpper)
+{
+    const bool strays = (step < 0 && beyondLower > farthest) || (step > 0 && beyondUpper > farthest);
+    return strays ? -step : step;
+}
+
+} // namespace
+
 void Bounce::assignRndValues()
 {
     m_incPt.x = static_cast<float>(SSRandomIntBetween(m_random, 4, 8));
@@ -35,6 +48,12 @@ void Bounce::turnAtEdge(const Rect& rect, const Rect& area)
     const bool goesDown = sideways ? wentDown : !atBottom;
     if (goesLeft) m_incPt.x = -m_incPt.x;
     if (goesDown) m_incPt.y = -m_incPt.y;
+}
+
+void Bounce::turnStray(const Rect& rect, const Rect& area)
+{
+    m_incPt.x = turned(m_incPt.x, area.left() - rect.left(), rect.right() - area.right());
+    m_incPt.y = turned(m_incPt.y, area.bottom() - rect.bottom(), rect.top() - area.top());
 }
 
 Rect Bounce::newRectFromScreen(const Rect& rect, const Rect& screenFrame)

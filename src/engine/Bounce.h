@@ -6,8 +6,8 @@
 namespace kestro {
 
 /// Moves a rectangle on by one step a tick and turns it back at the edges, each time with a new speed. It
-/// owns the step
-/// (`incPt`), in points: whole numbers from 4 to 8 with a sign. Owned by the engine. Main thread.
+/// owns the step (`incPt`), in points: whole numbers from 4 to 8 with a sign. Owned by the engine. Main
+/// thread.
 class Bounce final {
 public:
     explicit Bounce(Random& random)
@@ -27,6 +27,9 @@ public:
     [[nodiscard]] Rect newRectFromScreen(const Rect& rect, const Rect& screenFrame);
     /// Where `rect` goes next inside a view with these bounds.
     [[nodiscard]] Rect newRectFromView(const Rect& rect, const Rect& bounds);
+    /// Turns the step back on each axis on which `rect` is far beyond an edge of `area` and still moves out.
+    /// One edge is turned at a time above, so that what is as large as the area would drift off it.
+    void turnStray(const Rect& rect, const Rect& area);
 
 private:
     void turnAtEdge(const Rect& rect, const Rect& area);

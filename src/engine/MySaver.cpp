@@ -1,10 +1,8 @@
 #include "engine/MySaver.h"
 
 #include "engine/BackSaverHost.h"
-#include "engine/MovieStage.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
-#include "platform/base/StoredValue.h"
 #include "platform/display/Cursor.h"
 #include "platform/display/Desktop.h"
 #include "platform/display/Painter.h"
@@ -13,10 +11,10 @@
 #include "platform/movie/QTMovie.h"
 #include "platform/movie/StillMovie.h"
 #include "platform/web/WebView.h"
-#include "presentation/MovieFrame.h"
+#include "presentation/KTMovieView.h"
+#include "presentation/KTMovieWindow.h"
 #include "settings/BackSaverMenu.h"
 #include "settings/MovieURL.h"
-#include "settings/SettingsStore.h"
 
 #include <utility>
 
@@ -24,15 +22,8 @@ namespace kestro {
 
 namespace {
 
-constexpr double movieInterval = 0.05; ///< seconds between two ticks while a movie plays
-constexpr double signInterval = 0.1;   ///< … while the sign picture shows
+constexpr double signInterval = 0.1; ///< seconds between two ticks while the sign picture shows
 constexpr double capturePause = 10;
-
-std::unique_ptr<MovieStage> makeStage(bool windowMode, View& saver, const MovieFramePlatform& platform)
-{
-    if (windowMode) return std::make_unique<WindowStage>(saver, platform);
-    return std::make_unique<ViewStage>(saver, platform);
-}
 
 } // namespace
 
@@ -52,21 +43,19 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     , m_services(services)
     , m_settings(services.store, {isPreview, false})
     , m_playlist(m_settings, services.trailers, *this, isPreview)
-    , m_sequencer(
-          {m_settings, m_playlist, services.movies, services.desktop.random(), isPreview,
-           [web = services.webEngine] { return web && web->isAvailable(); }},
-          [this](double seconds) { m_services.desktop.timers().wait(seconds); },
-          [this] { showSignWhileSearching(); })
+    , m_sequencer({m_settings, m_playlist, services.movies, services.desktop.random(),
+                   services.desktop.clock(), isPreview,
+                   [web = services.webEngine] { return web && web->isAvailable(); }})
     , m_geometry(*this, m_settings, services.desktop.random())
     , m_bounce(services.desktop.random())
     , m_fadeOut(services.desktop.timers())
     , m_trail([this] { markTrail(); })
     , m_piggyBack(services.desktop)
+    , m_resumePoint(m_settings, services.store)
 {
     m_bounce.assignRndValuesWithSign();
     m_windowMode = !isPreview && m_settings.isBounceMode();
     m_settings.setWindowMode(m_windowMode);
-    m_stage = makeStage(m_windowMode, *this, {services.desktop, services.webEngine});
     forgetBackSaverThatIsGone();
 }
 
@@ -97,45 +86,33 @@ std::shared_ptr<ScreenSaverView> MySaver::loadOtherSaver()
 
 void MySaver::startAnimation()
 {
-    m_sequencer.resume();
-    const int stops = m_sequencer.stops();
-    if (!m_saverInited) setUp();
-    if (m_sequencer.isStopped() || isRestarted(stops)) return;
+    if (!isPreview()) m_services.desktop.cursor().hide();
+    if (!m_saverInited && !m_search) {
+        setAnimationTimeInterval(movieInterval);
+        beginSearch(MovieSearch::Purpose::Start);
+    }
     openFadeOut();
-    if (m_movieView) m_movieView->start(this);
+    if (!m_search) startMovie();
     if (m_settings.isFlyMode() || (isPreview() && m_settings.isBounceMode()))
         m_flyTime = m_services.desktop.clock().now();
     ScreenSaverView::startAnimation();
 }
 
-// Once in the life of a saver: the first movie, or the sign that there is none.
-void MySaver::setUp()
+std::unique_ptr<MovieFrame> MySaver::createMovieFrame(const Rect& rect)
 {
-    const int stops = m_sequencer.stops();
-    if (m_playlist.isMovieExists() && makeMovieFrame() && _resetMovie()) {
-        setAnimationTimeInterval(movieInterval);
-        if (!isPreview()) m_services.desktop.cursor().hide();
-    } else if (!isRestarted(stops)) {
-        dropMovieFrame();
-        showSign(signForStart());
-    }
-    m_saverInited = true;
-}
-
-// Whether the saver was stopped and started anew since it had been stopped that often: what looked for a
-// movie then, further up the stack, has nothing more to say.
-bool MySaver::isRestarted(int stops) const
-{
-    return !m_sequencer.isStopped() && m_sequencer.stops() != stops;
+    const MovieFramePlatform platform{m_services.desktop, m_services.webEngine};
+    if (!m_windowMode) return std::make_unique<KTMovieView>(rect, platform);
+    auto* screen = window() ? window()->screen() : nullptr;
+    return screen ? std::make_unique<KTMovieWindow>(rect, *screen, platform) : nullptr;
 }
 
 bool MySaver::makeMovieFrame()
 {
-    m_movieView = m_stage->createMovieFrame(bounds());
+    m_movieView = createMovieFrame(bounds());
     if (!m_movieView) return false;
     applyLoopMode();
     m_movieView->showControllerAdjustingSize(false, false);
-    m_stage->addMovieFrame(*m_movieView);
+    m_movieView->show(*this);
     return true;
 }
 
@@ -150,7 +127,7 @@ void MySaver::dropMovieFrame()
     if (!m_movieView) return;
     m_trail.waitForCapture();
     m_movieView->setMovie({});
-    m_stage->removeMovieFrame(*m_movieView);
+    m_movieView->hide();
     m_movieView.reset();
 }
 
@@ -164,14 +141,15 @@ void MySaver::openFadeOut()
 
 void MySaver::stopAnimation()
 {
-    m_sequencer.stop();
+    m_search.reset();
+    m_captureTimer.reset();
     m_fadeOut.stopTimer();
     m_piggyBack.stopTimers();
     storeResumePoint();
     if (m_windowMode && m_movieView) {
         m_trail.cancelCapture();
         m_movieView->setMovie({});
-        m_stage->removeMovieFrame(*m_movieView);
+        m_movieView->hide();
     }
     m_fadeOut.close();
     const auto self = m_piggyBack.close();
@@ -182,35 +160,24 @@ void MySaver::stopAnimation()
 
 void MySaver::storeResumePoint()
 {
-    const auto movie = m_movieView ? m_movieView->movie() : nullptr;
-    if (!m_settings.canContinue() || !movie) return;
-    const QUrl url = movie->url();
-    logLine(QStringLiteral("URL = %1").arg(absoluteString(url)));
-    if (!url.isValid()) return;
-    auto& store = m_services.store;
-    store.setDefaultsForKey(lastPathComponent(url), QStringLiteral("LastMovie"));
-    store.setDefaultsForKey(storedInt(GetMovieTime(*movie)), QStringLiteral("LastPos"));
+    if (const auto movie = m_movieView ? m_movieView->movie() : nullptr) m_resumePoint.store(*movie);
 }
 
 void MySaver::captureStop()
 {
-    const auto self = m_piggyBack.saver();
+    if (isPaused()) return;
     if (const auto behind = otherSaver()) behind->stopAnimation();
     m_fadeOut.pause();
     m_piggyBack.pause();
     if (m_movieView) m_movieView->stop(this);
-
-    m_isPaused = true;
-    m_services.desktop.timers().wait(capturePause);
-    m_isPaused = false;
-
-    if (!m_sequencer.isStopped()) goOn();
+    m_captureTimer = m_services.desktop.timers().repeating(capturePause, [this] { goOn(); });
 }
 
 // The movie first: a tick that found it stopped would take the next one.
 void MySaver::goOn()
 {
-    if (m_movieView) m_movieView->start(this);
+    m_captureTimer.reset();
+    startMovie();
     m_fadeOut.resume();
     m_piggyBack.resume();
     if (const auto behind = otherSaver()) behind->startAnimation();
@@ -220,35 +187,35 @@ void MySaver::resetMovie()
 {
     const auto self = m_piggyBack.saver();
     stopAnimation();
-    m_sequencer.resume();
-    const int stops = m_sequencer.stops();
-    const bool plays = m_playlist.isMovieExists() && (m_movieView || makeMovieFrame()) && _resetMovie();
-    if (isRestarted(stops)) return;
-    if (plays)
-        setAnimationTimeInterval(movieInterval);
-    else
-        fallBackToSign(m_services.signs.previewImage());
-    m_saverInited = true;
+    m_retries.end();
+    if (m_saverInited) m_resumePoint.end();
+    beginSearch(MovieSearch::Purpose::Restart);
     startAnimation();
 }
 
-bool MySaver::_resetMovie()
+bool MySaver::_resetMovie(const MovieContent& content)
 {
     m_trail.waitForCapture();
-    m_isPicking = true;
-    const MovieContent content = m_sequencer.newNextMovie(!m_saverInited);
-    m_isPicking = false;
-    if (isEmpty(content) || !m_movieView) return false;
-
     hideSign();
+    if (!m_movieView && !makeMovieFrame()) return false;
     if (m_movieView->movie()) m_movieView->setMovie({});
-    m_stage->removeMovieFrame(*m_movieView);
+    m_movieView->hide();
+    goToResumePoint(content);
     m_movieView->setMovie(content);
     applySound();
     resetMovieViewFrame();
-    m_stage->addMovieFrame(*m_movieView);
+    m_movieView->show(*this);
     if (m_windowMode) setNeedsDisplay(true);
     return true;
+}
+
+void MySaver::goToResumePoint(const MovieContent& content)
+{
+    const auto* movie = std::get_if<std::shared_ptr<QTMovie>>(&content);
+    if (movie)
+        m_resumePoint.goTo(**movie);
+    else
+        m_resumePoint.end();
 }
 
 // Only the first screen ever plays sound.
@@ -267,7 +234,7 @@ void MySaver::resetMovieViewFrame()
 
 void MySaver::setMovieFrame(const Rect& rect)
 {
-    m_stage->setMovieFrame(*m_movieView, rect);
+    m_movieView->place(rect);
     const auto& copy = m_sequencer.cacheMovie();
     if (!m_windowMode || !m_settings.fadeoutEffect() || !copy) return;
     SetMovieBox(*copy, {0, 0, static_cast<std::int16_t>(rect.size.height),
@@ -328,15 +295,6 @@ void MySaver::fallBackToSign(const Picture& sign)
     m_bounce.assignRndValues();
 }
 
-// A search in random order goes on for as long as nothing can be played; where no movie stands, the sign does
-// meanwhile.
-void MySaver::showSignWhileSearching()
-{
-    if (!m_movieView || m_movieView->movie() || m_sign.isShown()) return;
-    m_stage->removeMovieFrame(*m_movieView);
-    showSign(signForStart());
-}
-
 void MySaver::drawRect(Painter& painter, const Rect& rect)
 {
     const bool overBackground = otherSaver() != nullptr;
@@ -359,7 +317,7 @@ void MySaver::drawGround(Painter& painter, const Rect& rect, const Rect& hidden)
 Rect MySaver::coveredByMovie() const
 {
     if (!m_movieView) return {};
-    const Rect covered = m_stage->coveredBy(*m_movieView);
+    const Rect covered = m_movieView->covered();
     const Point screen = m_geometry.screenFrame().origin;
     return covered.movedBy({-screen.x, -screen.y});
 }

@@ -4,8 +4,11 @@
 #include "engine/Bounce.h"
 #include "engine/FadeOut.h"
 #include "engine/MovieGeometry.h"
+#include "engine/MovieSearch.h"
 #include "engine/MovieSequencer.h"
 #include "engine/PiggyBack.h"
+#include "engine/ResumePoint.h"
+#include "engine/RetrySchedule.h"
 #include "engine/SignImage.h"
 #include "engine/TraceSource.h"
 #include "platform/saver/ScreenSaverView.h"
@@ -15,6 +18,7 @@
 #include "settings/Settings.h"
 
 #include <memory>
+#include <optional>
 
 namespace kestro {
 
@@ -22,8 +26,8 @@ class BackSaverHost;
 class Desktop;
 class MovieFrame;
 class MovieLibrary;
-class MovieStage;
 class SettingsStore;
+class Timer;
 class WebEngine;
 
 /// What savers of one process share. All of it outlives every saver.
@@ -62,13 +66,11 @@ public:
     void setFrame(const Rect& frame) override;
     void setFrameSize(Size size) override;
 
-    /// Holds everything up for ten seconds, this saver and the one behind it, letting events through; then
-    /// lets it go on, unless it was stopped meanwhile.
+    /// Holds everything up for ten seconds, this saver and the one behind it; then lets it go on, unless it
+    /// was stopped meanwhile.
     void captureStop();
     /// Starts anew with the settings as they are now.
     void resetMovie() override;
-    /// Puts the next entry into the movie frame; answers false, and changes nothing, when there is none.
-    bool _resetMovie();
 
     [[nodiscard]] SaverSnapshot snapshot() const override;
 
@@ -85,16 +87,28 @@ public:
     [[nodiscard]] std::shared_ptr<ScreenSaverView> otherSaver() const { return m_piggyBack.otherSaver(); }
 
 private:
+    static constexpr double movieInterval = 0.05; ///< seconds between two ticks while a movie plays
+
     // life cycle
     void forgetBackSaverThatIsGone();
     [[nodiscard]] std::shared_ptr<ScreenSaverView> loadOtherSaver();
-    void setUp();
-    [[nodiscard]] bool isRestarted(int stops) const;
-    [[nodiscard]] bool makeMovieFrame();
-    void dropMovieFrame();
     void openFadeOut();
     void storeResumePoint();
+    void goToResumePoint(const MovieContent& content);
+    [[nodiscard]] bool isPaused() const { return m_captureTimer != nullptr; }
     void goOn();
+
+    // the search for the next movie
+    void beginSearch(MovieSearch::Purpose purpose);
+    [[nodiscard]] std::unique_ptr<PlayableSearch> playableSearch();
+    [[nodiscard]] std::unique_ptr<MoviePick> newPick(MovieSearch::Purpose purpose);
+    void advanceSearch();
+    void found(MovieSearch::Purpose purpose);
+    void foundNothing(MovieSearch::Purpose purpose);
+    void loopWhatIsAlone();
+    void retry();
+    [[nodiscard]] bool replaceBrokenMovie();
+    void startMovie();
 
     // drawing
     void drawGround(Painter& painter, const Rect& rect, const Rect& hidden);
@@ -104,11 +118,10 @@ private:
     void placeSign();
     void hideSign();
     void fallBackToSign(const Picture& sign);
-    void showSignWhileSearching();
     [[nodiscard]] const Picture& signForStart() const;
 
     // one tick
-    [[nodiscard]] bool handleFailedLoading();
+    void tickWhileSearching();
     void moveMovie();
     void moveMovieWindow();
     void flyMovie();
@@ -117,6 +130,12 @@ private:
     void moveSign();
 
     // the movie frame
+    [[nodiscard]] std::unique_ptr<MovieFrame> createMovieFrame(const Rect& rect);
+    [[nodiscard]] bool makeMovieFrame();
+    void dropMovieFrame();
+    /// Puts `content` into the movie frame, which it makes where there is none; answers false where it
+    /// cannot.
+    bool _resetMovie(const MovieContent& content);
     void resetMovieViewFrame();
     void setMovieFrame(const Rect& rect);
     void fitToFrame();
@@ -142,14 +161,15 @@ private:
     FadeOut m_fadeOut;
     AfterImageTrail m_trail;
     PiggyBack m_piggyBack;
-    std::unique_ptr<MovieStage> m_stage;
+    ResumePoint m_resumePoint;
+    RetrySchedule m_retries;
     std::unique_ptr<MovieFrame> m_movieView;
-    double m_flyTime = 0;  ///< clock time of the last re-placement
-    int m_stepCount = 11;  ///< window mode: ticks since the last capture; the first tick takes one
-    int m_failedLoads = 0; ///< movies in a row that failed after they were opened
+    std::unique_ptr<MovieSearch> m_search; ///< null while nothing is looked for
+    std::optional<int> m_played;           ///< curIdx at the end of the last movie, until another one loads
+    std::unique_ptr<Timer> m_captureTimer; ///< ends captureStop's pause
+    double m_flyTime = 0;                  ///< clock time of the last re-placement
+    int m_stepCount = 11; ///< window mode: ticks since the last capture; the first tick takes one
     bool m_saverInited = false;
-    bool m_isPicking = false; ///< the next entry is being looked for, further down the stack
-    bool m_isPaused = false;  ///< captureStop is waiting, further down the stack
 };
 
 } // namespace kestro

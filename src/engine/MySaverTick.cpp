@@ -1,6 +1,5 @@
 // What the saver does at every tick: moving the movie or the sign, and taking the next entry.
 
-#include "engine/MovieStage.h"
 #include "engine/MySaver.h"
 #include "platform/base/Clock.h"
 #include "platform/display/Desktop.h"
@@ -20,39 +19,26 @@ constexpr int lastStepBeforeCapture = 9;
 void MySaver::animateOneFrame()
 {
     m_piggyBack.watchForClose();
-    if (m_isPicking || m_isPaused) return;
+    if (isPaused()) return;
+    if (!m_search && m_retries.isDue(m_services.desktop.clock().now())) retry();
+    if (m_search) return tickWhileSearching();
     if (!m_movieView) return moveSign();
-    if (handleFailedLoading()) return;
+    if (replaceBrokenMovie()) return;
     if (m_movieView->isPlaying()) moveMovie();
-    if (m_movieView && !m_movieView->isPlaying()) switchMovie();
+    if (!m_movieView->isPlaying()) switchMovie();
 }
 
-// A movie that was opened, but turned out unloadable later, counts as ended and as one that could not be
-// opened. Where that went for as many movies in a row as there are entries, there is nothing to play.
-bool MySaver::handleFailedLoading()
+// The movie that ended stands meanwhile, or the sign goes on.
+void MySaver::tickWhileSearching()
 {
-    const auto movie = m_movieView->movie();
-    if (!movie || movie->state() == QTMovie::State::Loading) return false;
-    if (movie->state() == QTMovie::State::Loaded) {
-        m_failedLoads = 0;
-        return false;
-    }
-    m_sequencer.recordFailure(movie->url());
-    ++m_failedLoads;
-    const int stops = m_sequencer.stops();
-    const bool goesOn = m_failedLoads < m_playlist.fileList().size() && _resetMovie();
-    if (m_sequencer.isStopped() || isRestarted(stops)) return true;
-    if (goesOn)
-        m_movieView->start(this);
-    else
-        fallBackToSign(signForStart());
-    return true;
+    advanceSearch();
+    if (!m_movieView) moveSign();
 }
 
 void MySaver::moveMovie()
 {
     const auto movie = m_movieView->movie();
-    if (m_movieView->frame().isEmpty() && movie && movie->duration().timeValue > 0) resetMovieViewFrame();
+    if (m_movieView->frame().isEmpty() && movie && !movie->naturalSize().isEmpty()) resetMovieViewFrame();
     if (!m_settings.isDynamicMode()) return;
     if (m_windowMode)
         moveMovieWindow();
@@ -69,8 +55,10 @@ void MySaver::moveMovieWindow()
         ++m_stepCount;
         markTrail();
     }
-    m_movieView->setFrameOrigin(
-        m_bounce.newRectFromScreen(m_movieView->frame(), m_geometry.screenFrame()).origin);
+    const Rect screen = m_geometry.screenFrame();
+    const Rect next = m_bounce.newRectFromScreen(m_movieView->frame(), screen);
+    m_bounce.turnStray(next, screen);
+    m_movieView->setFrameOrigin(next.origin);
 }
 
 void MySaver::flyMovie()
@@ -96,18 +84,13 @@ bool MySaver::isTimeToFly()
 
 void MySaver::switchMovie()
 {
-    const int played = m_playlist.curIdx();
+    m_played = m_playlist.curIdx();
     if (hasEffects() && m_settings.isFlyMode())
         afterImageEffect();
     else if (hasEffects() && m_windowMode && m_playlist.fileList().size() > 1)
         queueImageNoThread();
 
-    const int stops = m_sequencer.stops();
-    _resetMovie();
-    if (m_sequencer.isStopped() || isRestarted(stops)) return;
-    if (m_playlist.curIdx() == played && !m_playlist.hasAutoTrailers())
-        if (const auto mode = m_settings.loopMode(1)) m_movieView->setLoopMode(*mode);
-    m_movieView->start(this);
+    beginSearch(MovieSearch::Purpose::Next);
 }
 
 void MySaver::moveSign()
@@ -115,6 +98,7 @@ void MySaver::moveSign()
     if (!m_sign.isShown()) return;
     const Rect old = m_sign.imgBounds();
     m_sign.setImgBounds(m_bounce.newRectFromView(old, bounds()));
+    m_bounce.turnStray(m_sign.imgBounds(), bounds());
     displayRectIgnoringOpacity(unionRect(old, m_sign.imgBounds()));
 }
 

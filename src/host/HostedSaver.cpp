@@ -41,14 +41,9 @@ HostedSaver::~HostedSaver()
 void HostedSaver::start()
 {
     if (m_state != State::Made) return;
-    const auto self = shared_from_this();
     m_state = State::Running;
-    m_isBusy = true;
     m_view->startAnimation();
-    m_isBusy = false;
-    // Stopped while it was starting, and then it went on to start: what came after the stop is stopped too.
-    if (m_state == State::Stopped && m_view->isAnimating()) m_view->stopAnimation();
-    if (m_state == State::Running) schedule();
+    schedule();
 }
 
 void HostedSaver::stop()
@@ -68,12 +63,9 @@ void HostedSaver::fitToScreen()
 
 void HostedSaver::tick()
 {
-    if (m_isBusy || m_state != State::Running) return;
-    const auto self = shared_from_this();
-    m_isBusy = true;
+    if (m_state != State::Running) return;
+    const auto self = shared_from_this(); // whoever is told of the tick may let go of this
     m_view->animateOneFrame();
-    m_isBusy = false;
-    // Stopped inside the tick: the screen may be gone, there is nothing to tell of and nothing to come.
     if (m_state != State::Running) return;
     if (!m_isSaverAbove) tickIsOver();
     if (m_state == State::Running) schedule();

@@ -13,8 +13,8 @@ class ScreenSaverView;
 class Timer;
 
 /// One screen's saver: a black window over the whole screen, the view in it, and the view's ticks. Owned by
-/// the session; shared because a view may let events through while it starts or ticks, and its screen may go
-/// in them. The screen must outlive every call but the destructor. Main thread.
+/// the session; shared because whoever is told of a tick may end the session. The screen must outlive every
+/// call but the destructor. Main thread.
 class HostedSaver final : public std::enable_shared_from_this<HostedSaver> {
 public:
     using TickHandler = std::function<void(HostedSaver&)>;
@@ -23,11 +23,9 @@ public:
     HostedSaver(Screen& screen, std::shared_ptr<ScreenSaverView> view, TickHandler onTick);
     ~HostedSaver();
 
-    /// Starts the view, then ticks it at the interval that it asks for, until stopped. A tick never starts
-    /// while the view is still busy starting or with the one before. Nothing once stopped.
+    /// Starts the view, then ticks it at the interval that it asks for, until stopped. Nothing once stopped.
     void start();
-    /// Ends the ticks, stops the view, at once even where it is busy (not one that was never started), and
-    /// closes the window.
+    /// Ends the ticks, stops the view (not one that was never started), and closes the window.
     void stop();
     /// Fits the window, and the view with it, to its screen as it is now.
     void fitToScreen();
@@ -53,7 +51,6 @@ private:
     std::unique_ptr<Timer> m_timer;
     double m_interval = 0; ///< of m_timer, seconds
     State m_state = State::Made;
-    bool m_isBusy = false;
     bool m_isSaverAbove = false; ///< one that runs by itself; its ticks are counted then
     int m_ticks = 0;
 };

@@ -5,7 +5,6 @@
 #include "platform/display/Desktop.h"
 #include "platform/display/Notifications.h"
 #include "platform/display/Screen.h"
-#include "platform/display/Timer.h"
 #include "platform/saver/ScreenSaverView.h"
 
 #include <algorithm>
@@ -32,21 +31,17 @@ bool SaverSession::start()
     watchScreens();
     for (Screen* screen : m_desktop.screens())
         cover(*screen);
-    // A copy: screens may come and go while a view lets events through.
-    const auto covered = m_savers;
-    for (const auto& saver : covered)
+    for (const auto& saver : m_savers)
         saver->start();
-    return !covered.empty() || m_desktop.screens().empty();
+    return !m_savers.empty() || m_desktop.screens().empty();
 }
 
 void SaverSession::stop()
 {
     if (std::exchange(m_isStopped, true)) return;
-    const auto running = m_savers;
-    for (const auto& saver : running)
+    for (const auto& saver : m_savers)
         saver->stop();
     m_desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
-    m_desktop.timers().stopWaiting();
 }
 
 std::shared_ptr<HostedSaver> SaverSession::cover(Screen& screen)

@@ -33,12 +33,11 @@ public:
     /// Called after each tick of each screen's view.
     void setTickHandler(TickHandler handler) { m_onTick = std::move(handler); }
 
-    /// Covers every screen, then starts a saver on each, first screen first. Views may let events through
-    /// while they start, so call it inside the event loop. Answers false when there are screens and none got
-    /// a view; where there is no screen yet, the first one that comes gets a saver.
+    /// Covers every screen, then starts a saver on each, first screen first. Answers false when there are
+    /// screens and none got a view; where there is no screen yet, the first one that comes gets a saver.
     bool start();
-    /// Stops every view, first screen first, tells that the application ends, and makes a view that is
-    /// waiting inside an operation come back. Nothing when already stopped.
+    /// Stops every view, first screen first, and tells that the application ends. Nothing when already
+    /// stopped.
     void stop();
     [[nodiscard]] bool isStopped() const { return m_isStopped; }
 

@@ -40,6 +40,10 @@ public:
     void setLoopMode(int mode) override;
     void showControllerAdjustingSize(bool show, bool adjustSize) override;
     [[nodiscard]] Size sizeWithScale(float scale) const override;
+    void show(View& saver) override { saver.addSubview(*this); }
+    void hide() override { removeFromSuperview(); }
+    void place(const Rect& rect) override { setFrame(rect); }
+    [[nodiscard]] Rect covered() const override { return {}; }
     [[nodiscard]] Rect frame() const override { return View::frame(); }
 
     void setFrame(const Rect& frame) override;

@@ -17,6 +17,18 @@ KTMovieWindow::KTMovieWindow(const Rect& rect, Screen& screen, const MovieFrameP
 
 KTMovieWindow::~KTMovieWindow() = default;
 
+// On the saver's own black nothing but the stills could show the shadow, which is not worth its cost.
+void KTMovieWindow::show(View& saver)
+{
+    setHasShadow(saver.window() && !saver.window()->isOpaque());
+    makeKeyAndOrderFront();
+}
+
+Rect KTMovieWindow::covered() const
+{
+    return isVisible() && !m_movieView.isHoldingPicture() ? frame() : Rect{};
+}
+
 void KTMovieWindow::setFrameDisplay(const Rect& frame, bool display)
 {
     Window::setFrameDisplay(frame, display);

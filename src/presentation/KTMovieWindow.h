@@ -31,6 +31,10 @@ public:
     }
     [[nodiscard]] Size sizeWithScale(float scale) const override { return m_movieView.sizeWithScale(scale); }
 
+    void show(View& saver) override;
+    void hide() override { orderOut(); }
+    void place(const Rect& rect) override { setFrameDisplay(rect, true); }
+    [[nodiscard]] Rect covered() const override;
     [[nodiscard]] Rect frame() const override { return Window::frame(); }
     void setFrameOrigin(Point origin) override { Window::setFrameOrigin(origin); }
     /// Screen coordinates; the movie view fills the window again.

@@ -7,6 +7,8 @@
 
 namespace kestro {
 
+class View;
+
 /// What happens at the end of a movie. Any other number counts as Normal.
 namespace LoopMode {
 inline constexpr int Normal = 0;       ///< play once and stop
@@ -47,6 +49,16 @@ public:
     /// The natural size of the content in points, zero while unknown. `scale` counts for web content only,
     /// which has a quarter of the main screen times the scale.
     [[nodiscard]] virtual Size sizeWithScale(float scale) const = 0;
+
+    /// Puts the frame on show: on `saver`, or in front of what is on its screen where it is a window.
+    virtual void show(View& saver) = 0;
+    /// Takes it from sight.
+    virtual void hide() = 0;
+    /// Moves and sizes the frame: in the saver's view, or on the desk where it is a window.
+    virtual void place(const Rect& rect) = 0;
+    /// The part of the desk that the frame covers, whatever lies below it; empty where it is part of the
+    /// saver's view, and while it shows nothing.
+    [[nodiscard]] virtual Rect covered() const = 0;
 
     /// Where the frame stands: in the saver's view, or on the desk where it is a window.
     [[nodiscard]] virtual Rect frame() const = 0;

@@ -63,13 +63,6 @@ QString textOf(const QVariant& stored)
     return stored.typeId() == QMetaType::QString ? stored.toString() : QString();
 }
 
-bool isPlayable(const QUrl& url)
-{
-    if (!url.isLocalFile()) return true;
-    const QString path = url.path(QUrl::FullyDecoded);
-    return !path.isEmpty() && QFileInfo::exists(path);
-}
-
 } // namespace
 
 Playlist::Playlist(Settings& settings, LatestTrailers& trailers, TrailerClient& client, bool isPreview)
@@ -162,15 +155,6 @@ const QList<QUrl>& Playlist::fileList()
 {
     if (!m_urlList) m_urlList = movieFileList(true);
     return *m_urlList;
-}
-
-bool Playlist::isMovieExists()
-{
-    const QList<QUrl>& urls = fileList();
-    const auto first = std::find_if(urls.begin(), urls.end(), isPlayable);
-    if (first == urls.end()) return false;
-    m_curIdx = static_cast<int>(first - urls.begin());
-    return true;
 }
 
 void Playlist::addFailedURL(const QUrl& url)

@@ -41,10 +41,6 @@ public:
     /// Forgets the kept list, so that the next fileList() is built anew.
     void dropFileList() { m_urlList.reset(); }
 
-    /// Whether anything in fileList() can be played: a file that is there, or anything that is no file.
-    /// Points curIdx() at the first such entry; leaves it alone when there is none.
-    [[nodiscard]] bool isMovieExists();
-
     /// Sequential order: index in fileList() of the next entry to try. Random order: of the entry now
     /// playing. -1 at first.
     [[nodiscard]] int curIdx() const { return m_curIdx; }

@@ -1,7 +1,9 @@
 #include "engine/Bounce.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <set>
 
 namespace kestro {
@@ -122,6 +124,81 @@ TEST(Bounce, assignRndValuesWithSign_drawsTheQuadrantFirst)
     Bounce bounce(script);
     bounce.assignRndValuesWithSign();
     EXPECT_EQ(bounce.incPt(), (Point{-4, 8}));
+}
+
+namespace {
+
+struct Shape {
+    const char* name;
+    Size size;
+};
+
+void PrintTo(const Shape& shape, std::ostream* out)
+{
+    *out << shape.name;
+}
+
+class BounceStray : public testing::TestWithParam<Shape> {
+protected:
+    /// How far the rectangle was from covering the area, or from lying in it, at its worst in many ticks.
+    static float worstOf(bool inView, Size size)
+    {
+        SeededRandom random(11);
+        Bounce bounce(random);
+        const Rect place = inView ? Rect{{0, 0}, {800, 600}} : area;
+        float worst = 0;
+        for (int start = 0; start < 20; ++start) {
+            bounce.assignRndValuesWithSign();
+            Rect rect{place.origin, size};
+            for (int tick = 0; tick < 1000; ++tick) {
+                rect = inView ? bounce.newRectFromView(rect, place) : bounce.newRectFromScreen(rect, place);
+                bounce.turnStray(rect, place);
+                worst = std::max({worst, strayed(rect.left(), rect.right(), place.left(), place.right()),
+                                  strayed(rect.bottom(), rect.top(), place.bottom(), place.top())});
+            }
+        }
+        return worst;
+    }
+
+private:
+    static float strayed(float lower, float upper, float areaLower, float areaUpper)
+    {
+        const bool isLarger = upper - lower > areaUpper - areaLower;
+        return isLarger ? std::max(lower - areaLower, areaUpper - upper)
+                        : std::max(areaLower - lower, upper - areaUpper);
+    }
+};
+
+} // namespace
+
+TEST_P(BounceStray, rectangle_neverLeavesItsArea)
+{
+    // What had gone 16 points beyond goes on by one step of 8 at most.
+    EXPECT_LE(worstOf(false, GetParam().size), 24);
+    EXPECT_LE(worstOf(true, GetParam().size), 24);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, BounceStray,
+                         testing::Values(Shape{"small", {80, 60}}, Shape{"asLarge", {800, 600}},
+                                         Shape{"asWide", {800, 300}}, Shape{"asHigh", {300, 600}},
+                                         Shape{"wider", {900, 300}}, Shape{"higher", {300, 700}},
+                                         Shape{"larger", {1000, 900}}),
+                         [](const auto& shape) { return std::string(shape.param.name); });
+
+TEST(Bounce, turnStray_leavesAStepAlone_whereThereIsRoom)
+{
+    SeededRandom random(3);
+    Bounce bounce(random);
+    for (const Point place : {Point{-16, 300}, Point{736, 300}, Point{300, -16}, Point{300, 556}}) {
+        for (const Point step : {Point{8, 8}, Point{-8, -8}}) {
+            bounce.setIncPt(step);
+            bounce.turnStray({place, {80, 60}}, {{0, 0}, {800, 600}});
+            EXPECT_EQ(bounce.incPt(), step);
+        }
+    }
+    bounce.setIncPt({-4, 8});
+    bounce.turnStray({{-17, 557}, {80, 60}}, {{0, 0}, {800, 600}});
+    EXPECT_EQ(bounce.incPt(), (Point{4, -8}));
 }
 
 } // namespace kestro

@@ -14,6 +14,7 @@
 
 #include <QTemporaryDir>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <vector>
@@ -65,6 +66,8 @@ protected:
     void tickFor(MySaver& saver, double seconds);
     /// The name of the movie that the saver shows; empty for none.
     static QString playing(const MySaver& saver);
+    /// Turns the event loop until `done`, while other threads look at files; answers whether it came to be.
+    static bool comesTrue(const std::function<bool()>& done);
     /// How often a line was logged.
     [[nodiscard]] int logged(const QString& line) const;
     /// The pixel of the first screen's picture, counted from its lower left corner.

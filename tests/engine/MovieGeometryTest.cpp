@@ -28,6 +28,10 @@ public:
     void setLoopMode(int) override {}
     void showControllerAdjustingSize(bool, bool) override {}
     Size sizeWithScale(float) const override { return m_natural; }
+    void show(View&) override {}
+    void hide() override {}
+    void place(const Rect&) override {}
+    Rect covered() const override { return {}; }
     Rect frame() const override { return {}; }
     void setFrameOrigin(Point) override {}
 

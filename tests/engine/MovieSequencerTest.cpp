@@ -12,13 +12,8 @@ class MovieSequencerTest : public EngineTest, public TrailerClient {
 protected:
     MovieSequencer makeSequencer(bool isPreview = false, bool playsWebContent = false)
     {
-        return MovieSequencer(
-            {settings, playlist, movies, random, isPreview, [playsWebContent] { return playsWebContent; }},
-            [this](double seconds) {
-                waits.push_back(seconds);
-                if (onWait) onWait();
-            },
-            [this] { ++searches; });
+        return MovieSequencer({settings, playlist, movies, random, clock, isPreview,
+                               [playsWebContent] { return playsWebContent; }});
     }
 
     /// The name of what was picked; empty for nothing.
@@ -29,16 +24,21 @@ protected:
         if (const auto* url = std::get_if<QUrl>(&content)) return url->fileName();
         return {};
     }
-    static QString pick(MovieSequencer& sequencer, bool isFirst = false)
+    static MovieContent content(MovieSequencer& sequencer, bool isFirst = false,
+                                const std::optional<QString>& resumed = {})
     {
-        return nameOf(sequencer.newNextMovie(isFirst));
+        const auto pick = sequencer.newNextMovie(isFirst, resumed, {});
+        EXPECT_NE(pick->step(), MoviePick::State::Searching);
+        return pick->takeContent();
+    }
+    static QString pick(MovieSequencer& sequencer, bool isFirst = false,
+                        const std::optional<QString>& resumed = {})
+    {
+        return nameOf(content(sequencer, isFirst, resumed));
     }
 
     Settings settings{store, {}};
     Playlist playlist{settings, trailers, *this, false};
-    std::vector<double> waits;
-    std::function<void()> onWait;
-    int searches = 0;
 };
 
 } // namespace
@@ -99,28 +99,14 @@ TEST_F(MovieSequencerTest, newNextMovie_isNothing_forAnEmptyPlaylist)
     }
 }
 
-TEST_F(MovieSequencerTest, newNextMovie_letsTheDesktopGoOnBetweenTriesAndStopsWhenTold)
-{
-    setPlaylist({"x.mov", "y.mov", "a.mov"});
-    describe("a.mov");
-    auto sequencer = makeSequencer();
-    onWait = [&] { sequencer.stop(); };
-    playlist.setCurIdx(0);
-    EXPECT_EQ(pick(sequencer), "");
-    EXPECT_EQ(movies.tried().size(), 1U);
-    sequencer.resume();
-    onWait = nullptr;
-    EXPECT_EQ(pick(sequencer), "a.mov");
-}
-
 TEST_F(MovieSequencerTest, newNextMovie_answersTheAddress_forWebContent)
 {
     setPlaylist({"clip.swf"});
     auto sequencer = makeSequencer(false, true);
     playlist.setCurIdx(0);
-    const auto content = sequencer.newNextMovie(true);
-    ASSERT_TRUE(std::holds_alternative<QUrl>(content));
-    EXPECT_EQ(std::get<QUrl>(content), urlOf("clip.swf"));
+    const auto shown = content(sequencer, true);
+    ASSERT_TRUE(std::holds_alternative<QUrl>(shown));
+    EXPECT_EQ(std::get<QUrl>(shown), urlOf("clip.swf"));
 }
 
 TEST_F(MovieSequencerTest, newNextMovie_countsWebContentAsFailed_withoutAWebEngine)
@@ -166,14 +152,13 @@ TEST_F(MovieSequencerTest, newNextMovie_refusesTheOnlyEntryOnceAndThenTakesIt_in
     EXPECT_EQ(movies.tried().size(), 1U);
     EXPECT_EQ(pick(sequencer), "a.mov");
     EXPECT_EQ(movies.tried().size(), 3U);
-    EXPECT_TRUE(waits.empty());
-    EXPECT_EQ(searches, 0);
 }
 
 TEST_F(MovieSequencerTest, newNextMovie_letsGoOfTheCopy_whenItRefusesARepeat)
 {
     set("RandomMode", "1");
     set("Fadeout", "1");
+    set("FullScreenMode", "0");
     setGoodPlaylist({"a.mov"});
     auto sequencer = makeSequencer();
     EXPECT_EQ(pick(sequencer, true), "a.mov");
@@ -183,116 +168,53 @@ TEST_F(MovieSequencerTest, newNextMovie_letsGoOfTheCopy_whenItRefusesARepeat)
     EXPECT_TRUE(sequencer.cacheMovie());
 }
 
-TEST_F(MovieSequencerTest, newNextMovie_goesOnOneDrawASecond_whenAWholeRandomCycleFailed)
-{
-    set("RandomMode", "1");
-    setPlaylist({"x.mov", "y.mov"});
-    auto sequencer = makeSequencer();
-    onWait = [&] {
-        if (waits.size() == 5) sequencer.stop();
-    };
-    EXPECT_EQ(pick(sequencer), "");
-    EXPECT_EQ(waits, (std::vector<double>{0, 0, 1, 1, 1}));
-    EXPECT_EQ(searches, 2);
-}
-
-TEST_F(MovieSequencerTest, newNextMovie_takesWhatOpensLater_whenARandomCycleFailed)
-{
-    set("RandomMode", "1");
-    setPlaylist({"x.mov", "y.mov"});
-    auto sequencer = makeSequencer();
-    onWait = [&] {
-        if (waits.size() == 4) describe("y.mov");
-    };
-    EXPECT_EQ(pick(sequencer), "y.mov");
-}
-
 TEST_F(MovieSequencerTest, newNextMovie_startsAtTheLastMovie_whenResumingInOrder)
 {
-    set("Continue", "1");
     setGoodPlaylist({"a.mov", "b.mov", "c.mov"});
-    store.defaultsPlist()["LastMovie"] = "b.mov";
     auto sequencer = makeSequencer();
     playlist.setCurIdx(0);
-    EXPECT_EQ(pick(sequencer, true), "b.mov");
+    EXPECT_EQ(pick(sequencer, true, "b.mov"), "b.mov");
     EXPECT_EQ(playlist.curIdx(), 2);
     EXPECT_EQ(pick(sequencer), "c.mov");
 }
 
 TEST_F(MovieSequencerTest, newNextMovie_drawsTheLastMovieFirst_whenResumingInRandomOrder)
 {
-    set("Continue", "1");
     set("RandomMode", "1");
     setGoodPlaylist({"a.mov", "b.mov", "c.mov", "d.mov", "e.mov", "f.mov", "g.mov"});
-    store.defaultsPlist()["LastMovie"] = "e.mov";
     for (int i = 0; i < 5; ++i) {
         auto sequencer = makeSequencer();
-        EXPECT_EQ(pick(sequencer, true), "e.mov");
+        EXPECT_EQ(pick(sequencer, true, "e.mov"), "e.mov");
         EXPECT_EQ(playlist.curIdx(), 4);
     }
 }
 
 TEST_F(MovieSequencerTest, newNextMovie_startsAtTheFirstPlayable_whenTheLastMovieIsGone)
 {
-    set("Continue", "1");
     setGoodPlaylist({"a.mov", "b.mov"});
-    store.defaultsPlist()["LastMovie"] = "gone.mov";
     auto sequencer = makeSequencer();
     playlist.setCurIdx(1);
-    EXPECT_EQ(pick(sequencer, true), "b.mov");
+    EXPECT_EQ(pick(sequencer, true, "gone.mov"), "b.mov");
 }
 
-TEST_F(MovieSequencerTest, newNextMovie_ignoresTheLastMovie_unlessFirstAndContinuing)
-{
-    setGoodPlaylist({"a.mov", "b.mov"});
-    store.defaultsPlist()["LastMovie"] = "b.mov";
-    auto sequencer = makeSequencer();
-    playlist.setCurIdx(0);
-    EXPECT_EQ(pick(sequencer, true), "a.mov");
-    set("Continue", "1");
-    playlist.setCurIdx(0);
-    EXPECT_EQ(pick(sequencer, false), "a.mov");
-}
-
-TEST_F(MovieSequencerTest, newNextMovie_resumesAtTheLastPosition)
-{
-    set("Continue", "1");
-    setGoodPlaylist({"a.mov"}, 10);
-    store.defaultsPlist()["LastPos"] = "1234";
-    auto sequencer = makeSequencer();
-    playlist.setCurIdx(0);
-    const auto content = sequencer.newNextMovie(true);
-    EXPECT_EQ(GetMovieTime(*std::get<std::shared_ptr<QTMovie>>(content)), 1234);
-}
-
-TEST_F(MovieSequencerTest, newNextMovie_playsFromTheStart_whenThePositionIsPastTheEnd)
-{
-    set("Continue", "1");
-    setGoodPlaylist({"a.mov"}, 10);
-    for (const auto& [stored, expected] : std::vector<std::pair<QString, int>>{{"6001", 0}, {"6000", 6000}}) {
-        store.defaultsPlist()["LastPos"] = stored;
-        auto sequencer = makeSequencer();
-        playlist.setCurIdx(0);
-        const auto content = sequencer.newNextMovie(true);
-        EXPECT_EQ(GetMovieTime(*std::get<std::shared_ptr<QTMovie>>(content)), expected);
-    }
-}
-
-TEST_F(MovieSequencerTest, newNextMovie_keepsACopyForStills_onlyWhereMoviesFade)
+TEST_F(MovieSequencerTest, newNextMovie_keepsACopyForStills_onlyWhereMoviesLeavePictures)
 {
     setGoodPlaylist({"a.mov"});
-    const auto copyWith = [&](const char* fade, bool isPreview) {
+    const auto copyWith = [&](const char* fade, const char* fullScreen, bool isPreview) {
         set("Fadeout", fade);
+        set("FullScreenMode", fullScreen);
         auto sequencer = makeSequencer(isPreview);
         playlist.setCurIdx(0);
         EXPECT_EQ(pick(sequencer), "a.mov");
         return sequencer.cacheMovie();
     };
-    EXPECT_FALSE(copyWith("0", false));
-    EXPECT_FALSE(copyWith("1", true));
-    const auto copy = copyWith("1", false);
+    EXPECT_FALSE(copyWith("0", "0", false));
+    EXPECT_FALSE(copyWith("1", "1", false));
+    EXPECT_FALSE(copyWith("1", "0", true));
+    const auto copy = copyWith("1", "0", false);
     ASSERT_TRUE(copy);
     EXPECT_FALSE(copy->still({0, 600}).isNull());
+    EXPECT_EQ(movies.tried().size(), 4U);
 }
 
 TEST_F(MovieSequencerTest, newNextMovie_buildsTheListAnew_afterItWrapsWithTrailers)
@@ -332,6 +254,29 @@ TEST_F(MovieSequencerTest, newNextMovie_beginsAtTheTop_whenTheListGotShorter)
     auto sequencer = makeSequencer();
     EXPECT_EQ(pick(sequencer), "a.mov");
     EXPECT_EQ(playlist.curIdx(), 0);
+}
+
+TEST_F(MovieSequencerTest, newNextMovie_isNothing_onceAWholeRandomCycleFailed)
+{
+    set("RandomMode", "1");
+    setPlaylist({"x.mov", "y.mov"});
+    auto sequencer = makeSequencer();
+    EXPECT_EQ(pick(sequencer), "");
+    EXPECT_EQ(movies.tried().size(), 2U);
+    describe("y.mov");
+    sequencer.entries().beginRetry();
+    EXPECT_EQ(pick(sequencer), "y.mov");
+}
+
+TEST_F(MovieSequencerTest, newNextMovie_fillsTheBagAgain_beforeARandomPickFindsNothing)
+{
+    set("RandomMode", "1");
+    setGoodPlaylist({"a.mov", "b.mov"});
+    auto sequencer = makeSequencer();
+    const QString first = pick(sequencer, true);
+    const QString other = first == "a.mov" ? "b.mov" : "a.mov";
+    describe(other, {.opens = false});
+    EXPECT_EQ(pick(sequencer), first);
 }
 
 } // namespace kestro

@@ -88,7 +88,7 @@ TEST_F(MySaverLifeTest, startAnimation_showsTheSelectSign_whenNothingIsPlayable)
     ASSERT_TRUE(saver.snapshot().sign);
     EXPECT_EQ(saver.snapshot().sign->size, signs.selectImage().size);
     EXPECT_EQ(saver.animationTimeInterval(), 0.1);
-    EXPECT_FALSE(desktop.cursor().isHidden());
+    EXPECT_TRUE(desktop.cursor().isHidden());
     const Rect sign = *saver.snapshot().sign;
     EXPECT_TRUE(sign.left() >= 0 && sign.bottom() >= 0 && sign.right() <= 1920 && sign.top() <= 1080);
 }

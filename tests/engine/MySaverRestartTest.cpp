@@ -38,14 +38,14 @@ TEST_F(MySaverRestartTest, resetMovie_putsAMovieInPlaceOfTheSign)
     setPlaylist({url.toString(QUrl::FullyEncoded)});
     auto& saver = makeSaver();
     saver.startAnimation();
-    ASSERT_TRUE(saver.snapshot().sign);
+    ASSERT_TRUE(comesTrue([&] { return saver.snapshot().sign.has_value(); }));
     (void)pixelAt(0, 0);
 
     QFile file(url.toLocalFile());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     movies.describe(url.toString(QUrl::FullyEncoded), {});
     saver.resetMovie();
-    EXPECT_EQ(playing(saver), "later.mov");
+    EXPECT_TRUE(comesTrue([&] { return playing(saver) == "later.mov"; }));
     EXPECT_FALSE(saver.snapshot().sign);
     EXPECT_EQ(saver.animationTimeInterval(), 0.05);
     EXPECT_TRUE(saver.movieView()->movie()->attribute(MovieAttribute::Loops));
@@ -101,83 +101,99 @@ TEST_F(MySaverRestartTest, movie_isPlacedAnew_whenItsWindowIsResized)
     EXPECT_EQ(saver.movieView()->frame(), (Rect{{0, 0}, {1280, 720}}));
 }
 
-TEST_F(MySaverRestartTest, search_showsTheSignAndGivesWayToTheMovie_inRandomOrder)
+TEST_F(MySaverRestartTest, search_showsTheMovingSignAndGivesWayToTheMovie)
 {
-    set("RandomMode", "1");
-    setPlaylist({"x.mov", "y.mov"});
-    auto& saver = makeSaver();
-    bool signSeen = false;
-    const auto watch = timers.repeating(1.5, [&] {
-        signSeen = signSeen || pixelAt(960, 540) != QColor(Qt::red);
-        describe("y.mov");
-    });
-    saver.startAnimation();
-    EXPECT_TRUE(signSeen);
-    EXPECT_EQ(playing(saver), "y.mov");
-    EXPECT_FALSE(saver.snapshot().sign);
-    EXPECT_EQ(pixelAt(960, 540), QColor(Qt::red));
-}
-
-TEST_F(MySaverRestartTest, search_endsWhenTheSaverIsStopped_inRandomOrder)
-{
-    set("RandomMode", "1");
-    setPlaylist({"x.mov", "y.mov"});
-    auto& saver = makeSaver();
-    int turns = 0;
-    const auto watch = timers.repeating(1.0, [&] {
-        if (++turns == 3) saver.stopAnimation();
-        saver.animateOneFrame();
-    });
-    saver.startAnimation();
-    EXPECT_EQ(turns, 3);
-    EXPECT_FALSE(saver.isAnimating());
-}
-
-TEST_F(MySaverRestartTest, search_givesWayToARestart_inRandomOrder)
-{
-    for (const bool isPreview : {false, true}) {
-        set("RandomMode", "1");
+    for (const char* order : {"0", "1"}) {
+        set("RandomMode", order);
         setPlaylist({"x.mov", "y.mov"});
-        auto& saver = makeSaver(isPreview);
-        int turns = 0;
-        const auto watch = timers.repeating(1.0, [&] {
-            if (++turns != 3) return;
-            setGoodPlaylist({"a.mov", "b.mov"});
-            set("RandomMode", "0");
-            saver.playlist().dropFileList();
-            saver.resetMovie();
-        });
+        describe("y.mov", {.opens = false});
+        auto& saver = makeSaver();
         saver.startAnimation();
-        EXPECT_LE(turns, 4);
-        EXPECT_TRUE(saver.isAnimating());
-        EXPECT_EQ(playing(saver), "a.mov");
+        const auto sign = saver.snapshot().sign;
+        ASSERT_TRUE(sign);
+        tickFor(saver, 200);
+        ASSERT_TRUE(saver.snapshot().sign);
+        EXPECT_NE(saver.snapshot().sign->origin, sign->origin);
+        describe("y.mov");
+        tickFor(saver, 31);
+        EXPECT_EQ(playing(saver), "y.mov");
+        EXPECT_EQ(saver.movieView()->movie()->rate(), 1.0F);
+        EXPECT_EQ(saver.animationTimeInterval(), 0.05);
         EXPECT_FALSE(saver.snapshot().sign);
-        tickFor(saver, 1);
-        EXPECT_EQ(playing(saver), "a.mov");
-        EXPECT_GT(saver.snapshot().movie->time, 0);
+        EXPECT_EQ(pixelAt(960, 540), QColor(Qt::red));
         saver.stopAnimation();
     }
 }
 
-TEST_F(MySaverRestartTest, restart_givesWayToAnother_whileItSearches)
+TEST_F(MySaverRestartTest, search_triesOnceASecondAtMost)
 {
+    setPlaylist({"x.mov", "y.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    tickFor(saver, 20);
+    EXPECT_GE(movies.tried().size(), 2U * 18);
+    EXPECT_LE(movies.tried().size(), 2U * 21);
+    EXPECT_EQ(logged("Failed to load movie:http://m/x.mov"), 1);
+}
+
+TEST_F(MySaverRestartTest, search_isGivenUp_whenTheSaverIsStopped)
+{
+    setPlaylist({"x.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    saver.stopAnimation();
+    describe("x.mov");
+    const auto tries = movies.tried().size();
+    timers.advance(100);
+    EXPECT_EQ(movies.tried().size(), tries);
+    EXPECT_FALSE(saver.isAnimating());
+}
+
+TEST_F(MySaverRestartTest, start_searchesAnew_whenItWasStoppedInItsSearch)
+{
+    set("FileList", QVariantList{"file:///slow.mov", "http://m/far.mov"});
+    describe("far.mov", {.loadsAfter = 1});
+    auto& saver = makeSaver();
+    saver.startAnimation(); // the file is looked for on another thread
+    saver.stopAnimation();
+    EXPECT_FALSE(saver.snapshot().sign);
     setGoodPlaylist({"a.mov"});
+    saver.playlist().dropFileList();
+    saver.startAnimation();
+    EXPECT_EQ(playing(saver), "a.mov");
+    EXPECT_EQ(saver.movieView()->movie()->rate(), 1.0F);
+}
+
+TEST_F(MySaverRestartTest, resetMovie_asksEntriesThatFailedAgain)
+{
+    for (const bool isPreview : {false, true}) {
+        setPlaylist({"x.mov"});
+        describe("x.mov", {.opens = false});
+        auto& saver = makeSaver(isPreview);
+        saver.startAnimation();
+        EXPECT_TRUE(saver.snapshot().sign);
+        describe("x.mov");
+        saver.resetMovie();
+        EXPECT_EQ(playing(saver), "x.mov");
+        EXPECT_FALSE(saver.snapshot().sign);
+        EXPECT_TRUE(saver.isAnimating());
+        saver.stopAnimation();
+    }
+}
+
+TEST_F(MySaverRestartTest, resetMovie_takesThePlaceOfASearch)
+{
+    setPlaylist({"x.mov"});
     auto& saver = makeSaver(true);
     saver.startAnimation();
-    set("RandomMode", "1");
-    setPlaylist({"x.mov"});
+    tickFor(saver, 2);
+    setGoodPlaylist({"b.mov"});
     saver.playlist().dropFileList();
-    int turns = 0;
-    const auto watch = timers.repeating(1.0, [&] {
-        if (++turns != 2) return;
-        setGoodPlaylist({"b.mov"});
-        saver.playlist().dropFileList();
-        saver.resetMovie();
-    });
     saver.resetMovie();
+    tickFor(saver, 5);
     EXPECT_EQ(playing(saver), "b.mov");
+    EXPECT_GT(saver.snapshot().movie->time, 0);
     EXPECT_FALSE(saver.snapshot().sign);
-    EXPECT_TRUE(saver.isAnimating());
 }
 
 TEST_F(MySaverRestartTest, destruction_endsTheCrawl)

@@ -283,46 +283,6 @@ TEST_F(MySaverTickTest, remoteMovie_isPlacedOnceItsSizeIsKnown)
     EXPECT_EQ(saver.movieView()->movie()->rate(), 1.0F);
 }
 
-TEST_F(MySaverTickTest, remoteMovie_thatFailsLaterIsLoggedRecordedAndSkipped)
-{
-    setPlaylist({"far.mov", "b.mov"});
-    describe("far.mov", {.loadsAfter = 3, .failsLoading = true});
-    describe("b.mov");
-    auto& saver = started();
-    tickFor(saver, 3.1);
-    EXPECT_EQ(logged("Failed to load movie:http://m/far.mov"), 1);
-    EXPECT_EQ(playing(saver), "b.mov");
-    EXPECT_EQ(saver.movieView()->movie()->rate(), 1.0F);
-}
-
-TEST_F(MySaverTickTest, remoteMovies_giveWayToTheSign_whenAllOfThemFail)
-{
-    for (const char* order : {"0", "1"}) {
-        set("RandomMode", order);
-        setPlaylist({"far.mov", "away.mov"});
-        describe("far.mov", {.loadsAfter = 1, .failsLoading = true});
-        describe("away.mov", {.loadsAfter = 1, .failsLoading = true});
-        auto& saver = started();
-        tickFor(saver, 1.1);
-        EXPECT_TRUE(saver.movieView());
-        tickFor(saver, 1.2);
-        EXPECT_FALSE(saver.movieView());
-        EXPECT_TRUE(saver.snapshot().sign);
-        EXPECT_EQ(saver.animationTimeInterval(), 0.1);
-    }
-}
-
-TEST_F(MySaverTickTest, remoteMovie_givesWayToTheSign_whenItFailsAndNothingElseOpens)
-{
-    setPlaylist({"far.mov", "x.mov"});
-    describe("far.mov", {.loadsAfter = 1, .failsLoading = true});
-    auto& saver = started();
-    describe("far.mov", {.opens = false});
-    tickFor(saver, 1.1);
-    EXPECT_FALSE(saver.movieView());
-    EXPECT_TRUE(saver.snapshot().sign);
-}
-
 TEST_F(MySaverTickTest, gap_showsTheLastPictureUntilTheNextMovieHasOne)
 {
     setPlaylist({"a.mov", "far.mov"});

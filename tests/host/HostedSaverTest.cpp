@@ -125,26 +125,6 @@ TEST_F(HostedSaverTest, tick_leavesTimeForOthers_whenTheViewAsksForNoPause)
     EXPECT_EQ(ticks(), 10);
 }
 
-TEST_F(HostedSaverTest, tick_waits_whenTheOneBeforeLetsEventsThrough)
-{
-    const auto saver = make();
-    view->onTick = [this] { desk.timers.wait(0.55); };
-    saver->start();
-    desk.timers.advance(0.11);
-    EXPECT_EQ(ticks(), 1);
-    EXPECT_EQ(desk.count(QStringLiteral("a tick done")), 1);
-}
-
-TEST_F(HostedSaverTest, tick_waits_whenTheStartLetsEventsThrough)
-{
-    const auto saver = make();
-    view->onStart = [this] { desk.timers.wait(1); };
-    saver->start();
-    EXPECT_EQ(ticks(), 0);
-    desk.timers.advance(0.11);
-    EXPECT_EQ(ticks(), 1);
-}
-
 TEST_F(HostedSaverTest, stop_endsTheTicksAndStopsTheViewOnce_whenRunning)
 {
     const auto saver = make();

@@ -65,25 +65,6 @@ TEST_F(SaverSessionTest, stop_stopsInScreenOrderThenTells_whenRunning)
     EXPECT_TRUE(session.isStopped());
 }
 
-TEST_F(SaverSessionTest, stop_endsAWaitAndStartsNoOtherView_whenTheFirstOneIsStarting)
-{
-    desk.onMake = [this](FakeSaver& saver) { saver.onStart = [this] { desk.timers.wait(1000); }; };
-    const auto signal = desk.timers.repeating(3, [this] { session.stop(); });
-    session.start();
-    EXPECT_DOUBLE_EQ(desk.clock.now(), 3);
-    EXPECT_EQ(desk.count(QStringLiteral("b start")), 0);
-    EXPECT_EQ(desk.count(QStringLiteral("b stop")), 0);
-}
-
-TEST_F(SaverSessionTest, otherViews_tickOn_whenOneIsBusy)
-{
-    session.start();
-    desk.savers[0]->onTick = [this] { desk.timers.wait(0.55); };
-    desk.timers.advance(0.11);
-    EXPECT_EQ(desk.count(QStringLiteral("a tick")), 1);
-    EXPECT_GE(desk.count(QStringLiteral("b tick")), 5);
-}
-
 TEST_F(SaverSessionTest, tickHandler_hearsOfEachScreensTicks_whenSet)
 {
     std::vector<const Screen*> ticked;

@@ -68,28 +68,6 @@ TEST_F(SessionScreensTest, saver_isLetGoWithoutHarm_whenItsScreenGoesInItsTick)
     EXPECT_EQ(desk.count(QStringLiteral("b tick")), 3);
 }
 
-TEST_F(SessionScreensTest, saver_isLetGoWithoutHarm_whenItsScreenGoesInItsStart)
-{
-    desk.onMake = [this](FakeSaver& saver) {
-        if (desk.savers.size() == 1) saver.onStart = [this] { desk.desktop.removeScreen(desk.screen(0)); };
-    };
-    session.start();
-    EXPECT_FALSE(desk.savers[0]->isAnimating());
-    EXPECT_EQ(desk.count(QStringLiteral("b start")), 1);
-    desk.timers.advance(0.11);
-    EXPECT_EQ(desk.count(QStringLiteral("a tick")), 0);
-}
-
-TEST_F(SessionScreensTest, saver_isNeverStarted_whenItsScreenGoesBeforeItsTurn)
-{
-    desk.onMake = [this](FakeSaver& saver) {
-        if (desk.savers.size() == 1) saver.onStart = [this] { desk.desktop.removeScreen(desk.screen(1)); };
-    };
-    session.start();
-    EXPECT_EQ(desk.count(QStringLiteral("a start done")), 1);
-    EXPECT_EQ(desk.count(QStringLiteral("b start")), 0);
-}
-
 TEST_F(SessionScreensTest, windowAndView_takeTheNewSize_whenTheScreenChanges)
 {
     session.start();

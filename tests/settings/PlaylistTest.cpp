@@ -59,7 +59,6 @@ TEST_F(PlaylistOfURLs, movieFileList_isEmpty_whenVersion5HoldsAnEmptyList)
     useList("5", QVariantList());
     EXPECT_TRUE(playlist().plistFileList().isEmpty());
     EXPECT_TRUE(playlist().fileList().isEmpty());
-    EXPECT_FALSE(playlist().isMovieExists());
 }
 
 TEST_F(PlaylistOfURLs, movieFileList_isEmpty_whenVersion5HoldsNoList)
@@ -166,34 +165,6 @@ TEST_F(PlaylistOfURLs, fileList_isKept_untilDropped)
     EXPECT_EQ(playlist().fileList().size(), 6);
     playlist().dropFileList();
     EXPECT_EQ(texts(playlist().fileList()), QStringList(remote));
-}
-
-TEST_F(PlaylistOfURLs, isMovieExists_pointsAtTheFirstPlayableEntry)
-{
-    install(QStringLiteral("/Films/a b.mov"));
-    const QString missing = QStringLiteral("file:///no such/a.mov");
-    const QString there = installedURL(QStringLiteral("/Films/a b.mov"));
-    struct Case {
-        QStringList list;
-        int expected;
-    };
-    for (const Case& c : {Case{{there}, 0}, Case{{missing, there}, 1}, Case{{missing, missing, remote}, 2},
-                          Case{{remote, there}, 0}, Case{{QStringLiteral("file:"), remote}, 1},
-                          Case{{missing, automatic}, 1}}) {
-        useList("5", c.list);
-        EXPECT_EQ(playlist().curIdx(), -1);
-        EXPECT_TRUE(playlist().isMovieExists()) << c.list.join(u' ').toStdString();
-        EXPECT_EQ(playlist().curIdx(), c.expected) << c.list.join(u' ').toStdString();
-    }
-}
-
-TEST_F(PlaylistOfURLs, isMovieExists_leavesTheIndexAlone_whenNothingIsPlayable)
-{
-    useList("5", QStringList{QStringLiteral("file:///no such/a.mov"),
-                             QStringLiteral("auto://LatestTrailers/0/480")});
-    playlist().setCurIdx(7);
-    EXPECT_FALSE(playlist().isMovieExists());
-    EXPECT_EQ(playlist().curIdx(), 7);
 }
 
 TEST_F(PlaylistOfURLs, movieFileStrings_keepTheLettersThatAreStored)

@@ -59,37 +59,17 @@ ManualTimerSource::~ManualTimerSource() = default;
 
 void ManualTimerSource::advance(double seconds)
 {
-    turn(seconds, false);
+    const double end = m_clock.now() + seconds;
+    while (ManualTimer* timer = nextDue(end + tolerance)) {
+        turnClockTo(timer->due());
+        timer->takeTurn();
+    }
+    turnClockTo(end);
 }
 
 std::unique_ptr<Timer> ManualTimerSource::repeating(double seconds, std::function<void()> action)
 {
     return std::make_unique<ManualTimer>(*this, seconds, std::move(action));
-}
-
-void ManualTimerSource::wait(double seconds)
-{
-    bool stopped = false;
-    m_waits.push_back(&stopped);
-    turn(seconds, stopped);
-    std::erase(m_waits, &stopped);
-}
-
-void ManualTimerSource::stopWaiting()
-{
-    for (bool* stopped : m_waits)
-        *stopped = true;
-}
-
-void ManualTimerSource::turn(double seconds, const bool& stopped)
-{
-    const double end = m_clock.now() + seconds;
-    while (ManualTimer* timer = nextDue(end + tolerance)) {
-        turnClockTo(timer->due());
-        timer->takeTurn();
-        if (stopped) return;
-    }
-    turnClockTo(end);
 }
 
 ManualTimerSource::ManualTimer* ManualTimerSource::nextDue(double latest) const
@@ -101,7 +81,7 @@ ManualTimerSource::ManualTimer* ManualTimerSource::nextDue(double latest) const
 
 void ManualTimerSource::turnClockTo(double time)
 {
-    // A wait inside an action may have turned it further already.
+    // An action may have turned it further already.
     m_clock.advance(std::max(0.0, time - m_clock.now()));
 }
 

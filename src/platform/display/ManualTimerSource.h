@@ -21,20 +21,15 @@ public:
     void advance(double seconds);
 
     [[nodiscard]] std::unique_ptr<Timer> repeating(double seconds, std::function<void()> action) override;
-    /// Turns the clock forward by that span, or up to the action that stops the waiting.
-    void wait(double seconds) override;
-    void stopWaiting() override;
 
 private:
     class ManualTimer;
 
-    void turn(double seconds, const bool& stopped);
     [[nodiscard]] ManualTimer* nextDue(double latest) const;
     void turnClockTo(double time);
 
     ManualClock& m_clock;
     std::vector<ManualTimer*> m_timers;
-    std::vector<bool*> m_waits;
 };
 
 } // namespace kestro

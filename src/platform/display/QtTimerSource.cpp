@@ -1,6 +1,5 @@
 #include "platform/display/QtTimerSource.h"
 
-#include <QEventLoop>
 #include <QTimer>
 
 #include <algorithm>
@@ -42,25 +41,6 @@ private:
 std::unique_ptr<Timer> QtTimerSource::repeating(double seconds, std::function<void()> action)
 {
     return std::make_unique<QtTimer>(seconds, std::move(action));
-}
-
-void QtTimerSource::wait(double seconds)
-{
-    QEventLoop loop;
-    QTimer end;
-    end.setSingleShot(true);
-    end.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&end, &QTimer::timeout, &loop, &QEventLoop::quit);
-    end.start(milliseconds(seconds));
-    m_waits.push_back(&loop);
-    loop.exec();
-    std::erase(m_waits, &loop);
-}
-
-void QtTimerSource::stopWaiting()
-{
-    for (QEventLoop* loop : m_waits)
-        loop->quit();
 }
 
 } // namespace kestro

@@ -22,12 +22,6 @@ public:
 
     /// A timer that runs `action` every `seconds`, first after one such span. Owned by the caller.
     [[nodiscard]] virtual std::unique_ptr<Timer> repeating(double seconds, std::function<void()> action) = 0;
-
-    /// Lets events, timers and pictures through for `seconds`, for an operation that must wait without
-    /// freezing the desktop. Returns early once stopWaiting() was called in it.
-    virtual void wait(double seconds) = 0;
-    /// Ends every wait() that is under way; nothing when none is.
-    virtual void stopWaiting() = 0;
 };
 
 } // namespace kestro

@@ -91,7 +91,8 @@ double MemoryMovie::loadedAt() const
 QTMovie::State MemoryMovie::state() const
 {
     if (m_clock.now() < loadedAt()) return State::Loading;
-    if (m_description.failsLoading) return State::Failed;
+    const bool isBroken = m_clock.now() >= m_openedAt + m_description.breaksOffAfter;
+    if (m_description.failsLoading || isBroken) return State::Failed;
     m_layer->announceOnce();
     return State::Loaded;
 }

@@ -22,10 +22,11 @@ class Clock;
 struct MemoryMovieDescription {
     Size naturalSize{640, 360};
     double seconds = 10;
-    QColor colour = Qt::red;   ///< every picture of it
-    bool opens = true;         ///< false: refused when opened
-    double loadsAfter = 0;     ///< seconds until size, duration and picture are there; 0 for a local file
-    bool failsLoading = false; ///< ends in State::Failed instead, after that span
+    QColor colour = Qt::red;     ///< every picture of it
+    bool opens = true;           ///< false: refused when opened
+    double loadsAfter = 0;       ///< seconds until size, duration and picture are there; 0 for a local file
+    bool failsLoading = false;   ///< ends in State::Failed instead, after that span
+    double breaksOffAfter = 1e9; ///< seconds after it was opened until it ends in State::Failed
 };
 
 /// A movie without a file: it plays by a clock that is handed in, shows one colour, and keeps all rules of

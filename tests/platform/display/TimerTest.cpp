@@ -4,8 +4,7 @@
 #include "platform/display/ManualTimerSource.h"
 #include "platform/display/QtTimerSource.h"
 
-#include <QCoreApplication>
-#include <QTimer>
+#include <QEventLoop>
 
 #include <gtest/gtest.h>
 #include <vector>
@@ -73,30 +72,13 @@ TEST(ManualTimerSource, fire_runsTheActionOutOfTurn)
     EXPECT_EQ(runs, (std::vector<double>{0.5, 1.0}));
 }
 
-TEST(ManualTimerSource, wait_turnsTheClockUntilStopped)
+TEST(ManualTimerSource, advanceInsideAnAction_turnsTheOuterClockTooButNeverBack)
 {
     ManualClock clock;
     ManualTimerSource timers(clock);
     int runs = 0;
     const auto timer = timers.repeating(1.0, [&] {
-        if (++runs == 4) timers.stopWaiting();
-    });
-    timers.wait(2.5);
-    EXPECT_DOUBLE_EQ(clock.now(), 2.5);
-    timers.wait(10);
-    EXPECT_DOUBLE_EQ(clock.now(), 4.0);
-    timers.stopWaiting();
-    timers.wait(1.5);
-    EXPECT_DOUBLE_EQ(clock.now(), 5.5);
-}
-
-TEST(ManualTimerSource, waitInsideAnAction_turnsTheOuterClockTooButNeverBack)
-{
-    ManualClock clock;
-    ManualTimerSource timers(clock);
-    int runs = 0;
-    const auto timer = timers.repeating(1.0, [&] {
-        if (++runs == 1) timers.wait(3);
+        if (++runs == 1) timers.advance(3);
     });
     timers.advance(2);
     EXPECT_DOUBLE_EQ(clock.now(), 4.0);
@@ -106,17 +88,19 @@ TEST(ManualTimerSource, waitInsideAnAction_turnsTheOuterClockTooButNeverBack)
 TEST(QtTimerSource, repeating_runsTheActionAgainAndAgain)
 {
     QtTimerSource timers;
+    QEventLoop loop;
     int runs = 0;
     const auto timer = timers.repeating(0.001, [&] {
-        if (++runs == 3) timers.stopWaiting();
+        if (++runs == 3) loop.quit();
     });
-    timers.wait(30);
+    loop.exec();
     EXPECT_EQ(runs, 3);
 }
 
 TEST(QtTimerSource, timer_mayBeDestroyedInItsOwnAction)
 {
     QtTimerSource timers;
+    QEventLoop loop;
     int runs = 0;
     std::unique_ptr<Timer> timer;
     std::unique_ptr<Timer> fired;
@@ -127,33 +111,11 @@ TEST(QtTimerSource, timer_mayBeDestroyedInItsOwnAction)
     });
     fired = timers.repeating(1000, [&] {
         fired.reset();
-        timers.stopWaiting();
+        loop.quit();
     });
-    timers.wait(30);
+    loop.exec();
     EXPECT_EQ(runs, 1);
     EXPECT_EQ(fired, nullptr);
-}
-
-TEST(QtTimerSource, wait_letsEventsThroughAndEndsByItself)
-{
-    QtTimerSource timers;
-    bool delivered = false;
-    QTimer::singleShot(0, QCoreApplication::instance(), [&] { delivered = true; });
-    timers.wait(0.005);
-    EXPECT_TRUE(delivered);
-}
-
-TEST(QtTimerSource, stopWaiting_endsNestedWaits)
-{
-    QtTimerSource timers;
-    bool innerEnded = false;
-    QTimer::singleShot(0, QCoreApplication::instance(), [&] {
-        QTimer::singleShot(0, QCoreApplication::instance(), [&] { timers.stopWaiting(); });
-        timers.wait(30);
-        innerEnded = true;
-    });
-    timers.wait(30);
-    EXPECT_TRUE(innerEnded);
 }
 
 } // namespace kestro

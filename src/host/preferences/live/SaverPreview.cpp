@@ -84,7 +84,6 @@ void SaverPreview::end()
     apply();
     WidgetDesktop& desktop = m_surface->desktop();
     desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
-    desktop.timers().stopWaiting();
 }
 
 void SaverPreview::resizeEvent(QResizeEvent*)

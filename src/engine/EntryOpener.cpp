@@ -1,0 +1,76 @@
+#include "engine/EntryOpener.h"
+
+#include "platform/base/Clock.h"
+#include "platform/base/Log.h"
+#include "platform/movie/MovieLibrary.h"
+#include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
+#include "settings/MovieURL.h"
+#include "settings/Playlist.h"
+#include "settings/Settings.h"
+
+#include <utility>
+
+namespace kestro {
+
+namespace {
+
+constexpr double restAfterFailure = 30; ///< seconds
+
+} // namespace
+
+EntryOpener::EntryOpener(EntrySources sources)
+    : m_sources(std::move(sources))
+{
+}
+
+MovieContent EntryOpener::open(const QUrl& url)
+{
+    if (!isValidURL(url) || isResting(url)) return {};
+    const bool isWebContent = upperCasePathExtension(url) == u"SWF";
+    if (isWebContent && m_sources.playsWebContent()) return url;
+
+    if (auto movie = isWebContent ? nullptr : m_sources.movies.movieWithURL(url)) return movie;
+    recordFailure(url);
+    return {};
+}
+
+void EntryOpener::opened(const MovieContent& content)
+{
+    m_isRetry = false;
+    const auto* movie = std::get_if<std::shared_ptr<QTMovie>>(&content);
+    m_cacheMovie = movie && leavesPictures() ? (*movie)->copyForStills() : nullptr;
+}
+
+bool EntryOpener::leavesPictures() const
+{
+    return m_sources.settings.fadeoutEffect() && m_sources.settings.isDynamicMode() && !m_sources.isPreview;
+}
+
+void EntryOpener::recordFailure(const QUrl& url)
+{
+    const bool isKnown = m_sources.playlist.failedURLList().contains(absoluteString(url));
+    if (!m_isRetry || !isKnown) logLine(QStringLiteral("Failed to load movie:%1").arg(absoluteString(url)));
+    m_sources.playlist.addFailedURL(url);
+    if (!url.isLocalFile()) m_failedAt.insert(url, m_sources.clock.now());
+}
+
+bool EntryOpener::isResting(const QUrl& url) const
+{
+    const auto failed = m_failedAt.constFind(url);
+    return failed != m_failedAt.constEnd() && m_sources.clock.now() - *failed < restAfterFailure;
+}
+
+void EntryOpener::beginRetry()
+{
+    m_isRetry = true;
+    m_failedAt.clear();
+}
+
+void EntryOpener::forgetFailures()
+{
+    m_isRetry = false;
+    m_failedAt.clear();
+}
+
+} // namespace kestro

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "presentation/MovieContent.h"
+
+#include <QHash>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+
+namespace kestro {
+
+class Clock;
+class MovieLibrary;
+class Playlist;
+class QTMovie;
+class Random;
+class Settings;
+class StillMovie;
+
+/// What opening entries works with; all of it outlives the opener.
+struct EntrySources {
+    Settings& settings;
+    Playlist& playlist;
+    MovieLibrary& movies;
+    Random& random;
+    const Clock& clock;
+    bool isPreview = false;
+    std::function<bool()> playsWebContent; ///< whether "SWF" entries can be shown now
+};
+
+/// Opens entries of the playlist one by one, and knows which of them failed. A remote entry that failed
+/// rests: it is passed over for half a minute, so that a server that is away is not asked again at every turn
+/// of the list. Owned by the sequencer. Main thread.
+class EntryOpener final {
+public:
+    explicit EntryOpener(EntrySources sources);
+
+    /// Begins to open the entry: a movie, which may still be loading, or the address of web content. Nothing,
+    /// logged and recorded as the reason asks for, where it cannot be played.
+    [[nodiscard]] MovieContent open(const QUrl& url);
+    /// The entry opened and is to be played.
+    void opened(const MovieContent& content);
+    /// Logs and records a movie that could not be loaded, at once or later.
+    void recordFailure(const QUrl& url);
+
+    /// Asks resting entries again, from now on. Failures that are on record are not logged once more until
+    /// something opened.
+    void beginRetry();
+    /// Forgets which entries rest.
+    void forgetFailures();
+
+    /// A copy of the movie that opened last, for stills alone; null where movies leave no pictures. Shared
+    /// with the capture thread.
+    [[nodiscard]] const std::shared_ptr<StillMovie>& cacheMovie() const { return m_cacheMovie; }
+    void dropCacheMovie() { m_cacheMovie.reset(); }
+
+private:
+    [[nodiscard]] bool isResting(const QUrl& url) const;
+    [[nodiscard]] bool leavesPictures() const;
+
+    EntrySources m_sources;
+    QHash<QUrl, double> m_failedAt; ///< clock time of the last failure of each remote entry
+    bool m_isRetry = false;
+    std::shared_ptr<StillMovie> m_cacheMovie;
+};
+
+} // namespace kestro

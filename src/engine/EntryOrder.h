@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+#include <optional>
+
+namespace kestro {
+
+class Playlist;
+class Random;
+
+/// The order in which one pick tries the entries of the playlist, and when every one was tried. It goes on
+/// with the list that it took at its start. Owned by a pick. Main thread.
+class EntryOrder {
+public:
+    virtual ~EntryOrder() = default;
+
+    /// The entry to try, the same until it is passed or taken; nothing once every one was tried in vain.
+    [[nodiscard]] virtual std::optional<QUrl> next() = 0;
+    /// The entry could not be opened.
+    virtual void pass() = 0;
+    /// The entry was opened; answers whether it is to be played, and then points the playlist at it. Where it
+    /// is not, the pick goes on.
+    [[nodiscard]] virtual bool take() = 0;
+};
+
+/// One circle through the list from the playlist's index on.
+class SequentialOrder final : public EntryOrder {
+public:
+    /// `resumed` is the name of the movie to begin with, where the list has it.
+    SequentialOrder(Playlist& playlist, const std::optional<QString>& resumed);
+
+    [[nodiscard]] std::optional<QUrl> next() override;
+    void pass() override { advance(); }
+    [[nodiscard]] bool take() override;
+
+private:
+    void advance();
+
+    Playlist& m_playlist;
+    const QList<QUrl> m_list;
+    qsizetype m_start;
+    qsizetype m_next;
+    bool m_isOver;
+};
+
+/// Draws from a bag that is filled with the whole list whenever it is empty. The entry that plays now is
+/// refused once, so that it only comes again where chance insists.
+class RandomOrder final : public EntryOrder {
+public:
+    /// `bag` is kept from pick to pick, and outlives this. Movies of the name `resumed` are drawn first.
+    /// `mayRepeat`: the entry that plays is not refused.
+    RandomOrder(Playlist& playlist, Random& random, QList<QUrl>& bag, std::optional<QString> resumed,
+                bool mayRepeat);
+
+    [[nodiscard]] std::optional<QUrl> next() override;
+    void pass() override { advance(); }
+    [[nodiscard]] bool take() override;
+
+private:
+    [[nodiscard]] bool isOver() const { return m_list.isEmpty() || (m_isWholeCycle && !m_openedAny); }
+    void refill();
+    void draw();
+    void advance();
+
+    Playlist& m_playlist;
+    Random& m_random;
+    QList<QUrl>& m_bag;
+    const QList<QUrl> m_list;
+    std::optional<QString> m_resumed;
+    std::optional<qsizetype> m_drawn; ///< in the bag
+    bool m_mayRepeat;
+    bool m_isWholeCycle = false; ///< the bag was filled in this pick
+    bool m_openedAny = false;    ///< in this cycle
+};
+
+} // namespace kestro

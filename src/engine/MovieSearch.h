@@ -1,0 +1,42 @@
+#pragma once
+
+#include "engine/MoviePick.h"
+#include "settings/PlayableSearch.h"
+
+#include <functional>
+#include <memory>
+
+namespace kestro {
+
+/// One search for something to play and what it is for: at a start first for an entry that seems playable,
+/// then, from there, for one that opens. Owned by the saver; destroying it gives the search up. Main thread.
+class MovieSearch final {
+public:
+    enum class Purpose {
+        Start,   ///< the first movie of a saver
+        Restart, ///< the first with new settings
+        Next,    ///< the one after a movie that ended
+        Replace, ///< the one after a movie that broke off
+        Retry,   ///< anything, after a search that found nothing
+    };
+    using MakePick = std::function<std::unique_ptr<MoviePick>()>;
+
+    /// `first`, where there is one, has to find an entry before `makePick` makes the pick; `found` is told
+    /// its index.
+    MovieSearch(Purpose purpose, std::unique_ptr<PlayableSearch> first, std::function<void(int)> found,
+                MakePick makePick);
+
+    [[nodiscard]] Purpose purpose() const { return m_purpose; }
+    /// Goes on with the search as far as it can go now.
+    [[nodiscard]] MoviePick::State step();
+    [[nodiscard]] MovieContent takeContent() { return m_pick ? m_pick->takeContent() : MovieContent{}; }
+
+private:
+    Purpose m_purpose;
+    std::unique_ptr<PlayableSearch> m_first;
+    std::function<void(int)> m_found;
+    MakePick m_makePick;
+    std::unique_ptr<MoviePick> m_pick;
+};
+
+} // namespace kestro

@@ -1,0 +1,121 @@
+// How the saver looks for the next movie, a step at a time, and what it does with what it finds.
+
+#include "engine/MySaver.h"
+#include "platform/base/Clock.h"
+#include "platform/display/Desktop.h"
+#include "platform/movie/QTMovie.h"
+#include "presentation/MovieFrame.h"
+
+#include <utility>
+
+namespace kestro {
+
+using Purpose = MovieSearch::Purpose;
+
+void MySaver::beginSearch(Purpose purpose)
+{
+    auto& entries = m_sequencer.entries();
+    const bool isStart = purpose == Purpose::Start || purpose == Purpose::Restart;
+    if (isStart) entries.forgetFailures();
+    if (purpose == Purpose::Retry) entries.beginRetry();
+    m_search = std::make_unique<MovieSearch>(
+        purpose, isStart ? playableSearch() : nullptr, [this](int index) { m_playlist.setCurIdx(index); },
+        [this, purpose] { return newPick(purpose); });
+    advanceSearch();
+}
+
+std::unique_ptr<PlayableSearch> MySaver::playableSearch()
+{
+    return std::make_unique<PlayableSearch>(m_playlist.fileList(), [this] { advanceSearch(); });
+}
+
+// While the sign shows it stays until a movie is there to take its place.
+std::unique_ptr<MoviePick> MySaver::newPick(Purpose purpose)
+{
+    return m_sequencer.newNextMovie(
+        !m_saverInited, m_resumePoint.movieName(),
+        {.waitsForServers = purpose == Purpose::Retry, .wake = [this] { advanceSearch(); }});
+}
+
+void MySaver::advanceSearch()
+{
+    if (!m_search || isPaused()) return;
+    const auto state = m_search->step();
+    if (state == MoviePick::State::Searching) return;
+    const auto search = std::move(m_search);
+    if (state == MoviePick::State::Found && _resetMovie(search->takeContent()))
+        found(search->purpose());
+    else
+        foundNothing(search->purpose());
+}
+
+void MySaver::found(Purpose purpose)
+{
+    m_saverInited = true;
+    m_retries.end();
+    setAnimationTimeInterval(movieInterval);
+    if (purpose == Purpose::Next || purpose == Purpose::Replace)
+        loopWhatIsAlone();
+    else
+        m_played.reset();
+    if (isAnimating()) startMovie();
+}
+
+void MySaver::foundNothing(Purpose purpose)
+{
+    m_saverInited = true;
+    switch (purpose) {
+    case Purpose::Next:
+        loopWhatIsAlone();
+        return startMovie();
+    case Purpose::Start:
+        dropMovieFrame();
+        showSign(signForStart());
+        break;
+    case Purpose::Restart:
+        fallBackToSign(m_services.signs.previewImage());
+        break;
+    case Purpose::Replace:
+        fallBackToSign(signForStart());
+        break;
+    case Purpose::Retry:
+        break;
+    }
+    if (!m_playlist.plistFileList().isEmpty()) m_retries.failed(m_services.desktop.clock().now());
+}
+
+// Where the entry that ended is taken again, past others that failed, it is the only one that can be played.
+void MySaver::loopWhatIsAlone()
+{
+    if (m_played != m_playlist.curIdx() || m_playlist.hasAutoTrailers()) return;
+    if (const auto mode = m_settings.loopMode(1)) m_movieView->setLoopMode(*mode);
+}
+
+// The list is built anew where it may hold something else by now.
+void MySaver::retry()
+{
+    if (m_playlist.hasAutoTrailers() || m_playlist.fileList().isEmpty()) m_playlist.dropFileList();
+    beginSearch(Purpose::Retry);
+}
+
+// A movie that was opened, but broke off later, counts as ended and as one that could not be opened.
+bool MySaver::replaceBrokenMovie()
+{
+    const auto movie = m_movieView->movie();
+    if (!movie || movie->state() == QTMovie::State::Loading) return false;
+    if (movie->state() == QTMovie::State::Loaded) {
+        m_played.reset();
+        m_resumePoint.goTo(*movie);
+        return false;
+    }
+    m_sequencer.entries().recordFailure(movie->url());
+    beginSearch(Purpose::Replace);
+    return true;
+}
+
+void MySaver::startMovie()
+{
+    if (m_movieView) m_movieView->start(this);
+}
+
+} // namespace kestro

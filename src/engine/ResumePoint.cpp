@@ -1,0 +1,50 @@
+#include "engine/ResumePoint.h"
+
+#include "platform/base/Log.h"
+#include "platform/base/StoredValue.h"
+#include "platform/movie/QTMovie.h"
+#include "settings/MovieURL.h"
+#include "settings/Settings.h"
+#include "settings/SettingsStore.h"
+
+#include <utility>
+
+namespace kestro {
+
+ResumePoint::ResumePoint(const Settings& settings, SettingsStore& store)
+    : m_settings(settings)
+    , m_store(store)
+{
+}
+
+std::optional<QVariant> ResumePoint::stored(const QString& key) const
+{
+    return m_isWaiting && m_settings.canContinue() ? m_store.defaultsForKey(key) : std::nullopt;
+}
+
+std::optional<QString> ResumePoint::movieName() const
+{
+    const auto name = stored(QStringLiteral("LastMovie"));
+    return name ? std::optional(name->toString()) : std::nullopt;
+}
+
+void ResumePoint::goTo(QTMovie& movie)
+{
+    if (!m_isWaiting || movie.state() != QTMovie::State::Loaded) return;
+    const auto position = stored(QStringLiteral("LastPos"));
+    end();
+    if (position && GetMovieDuration(movie) >= intValue(*position))
+        SetMovieTimeValue(movie, intValue(*position));
+}
+
+void ResumePoint::store(const QTMovie& movie)
+{
+    if (!m_settings.canContinue()) return;
+    const QUrl url = movie.url();
+    logLine(QStringLiteral("URL = %1").arg(absoluteString(url)));
+    if (!url.isValid() || m_isWaiting) return;
+    m_store.setDefaultsForKey(lastPathComponent(url), QStringLiteral("LastMovie"));
+    m_store.setDefaultsForKey(storedInt(GetMovieTime(movie)), QStringLiteral("LastPos"));
+}
+
+} // namespace kestro
