@@ -30,6 +30,10 @@ class Layer {
 public:
     virtual ~Layer() = default;
 
+    /// Told each time a picture of the screen is composed that the layer has a place in: content that takes
+    /// nothing until somebody looks at it begins with this.
+    virtual void willShow() {}
+
     /// Whether there is a picture to draw. Until then what stood there before keeps standing.
     [[nodiscard]] virtual bool hasPicture() const = 0;
 

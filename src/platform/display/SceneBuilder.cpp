@@ -106,7 +106,10 @@ void SceneBuilder::addViews(Window& window, View& view)
         addHeld(window, view);
         return;
     }
-    if (view.layer() && view.layer()->hasPicture()) addLayer(window, view);
+    if (view.layer()) {
+        view.layer()->willShow();
+        if (view.layer()->hasPicture()) addLayer(window, view);
+    }
     for (View* inside : view.subviews())
         addViews(window, *inside);
 }

@@ -12,7 +12,7 @@
 namespace kestro {
 
 static constexpr int mostPackets = 2000;
-static constexpr std::chrono::milliseconds longestLook{1000};
+static constexpr std::chrono::milliseconds longestLook{250};
 
 /// Counts the pictures between keyframes as they go by.
 class KeyframeRuns final {

@@ -13,9 +13,8 @@ class MovieLibrary {
 public:
     virtual ~MovieLibrary() = default;
 
-    /// Opens the movie at `url` (file, http or https). A local file is looked into and answered, or refused
-    /// with null, at once. A remote movie is answered at once and loads in the background. Null for any other
-    /// scheme.
+    /// Opens the movie at `url` (file, http or https), which is answered at once and loads in the background,
+    /// from a disk as from a server. Null for any other scheme, and for an address without a host.
     [[nodiscard]] virtual std::shared_ptr<QTMovie> movieWithURL(const QUrl& url) = 0;
 };
 

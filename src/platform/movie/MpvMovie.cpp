@@ -1,16 +1,13 @@
 #include "platform/movie/MpvMovie.h"
 
 #include "platform/base/Log.h"
+#include "platform/movie/DecodedStills.h"
 #include "platform/movie/DecoderThreads.h"
-#include "platform/movie/KeyframeDistance.h"
-#include "platform/movie/StillDecoder.h"
-#include "platform/movie/StillMovie.h"
 
 #include <QThread>
 
 #include <algorithm>
-#include <chrono>
-#include <utility>
+#include <concepts>
 
 namespace kestro {
 
@@ -20,7 +17,7 @@ static constexpr double bytesPerPixel = 1.5;
 // The last picture of a movie begins this much before its end, at most.
 static constexpr double longestPicture = 0.5;
 
-/// Shows what the player draws; looking at it starts the player.
+/// Shows what the player draws; being shown starts the player.
 class MpvMovie::PlayerLayer final : public Layer {
 public:
     explicit PlayerLayer(MpvMovie& movie)
@@ -28,25 +25,28 @@ public:
     {
     }
 
+    void willShow() override { m_movie.beShown(); }
+
     [[nodiscard]] bool hasPicture() const override
     {
-        m_movie.startWhenShown();
-        return m_movie.m_player && !m_movie.isCutOff() && m_movie.m_player->hasPicture();
+        const MpvPlayer* const player = m_movie.player();
+        return player && !player->isCutOff() && player->hasPicture();
     }
 
     bool render(const PixelTarget& target) override
     {
-        return hasPicture() && m_movie.m_player->render(target);
+        return hasPicture() && m_movie.player()->render(target);
     }
 
     [[nodiscard]] bool drawsWithOpenGL() const override
     {
-        return m_movie.m_player && m_movie.m_player->drawsWithOpenGL();
+        const MpvPlayer* const player = m_movie.player();
+        return player && player->drawsWithOpenGL();
     }
 
     bool renderWithOpenGL(const FramebufferTarget& target) override
     {
-        return hasPicture() && m_movie.m_player->renderWithOpenGL(target);
+        return hasPicture() && m_movie.player()->renderWithOpenGL(target);
     }
 
     void announce() const { announcePicture(); }
@@ -55,38 +55,47 @@ private:
     MpvMovie& m_movie;
 };
 
-/// Stills by a decoder of their own.
-class MpvMovie::DecodedStills final : public StillMovie {
-public:
-    DecodedStills(const QUrl& url, std::chrono::milliseconds longest)
-        : m_decoder(url)
-        , m_longest(longest)
-    {
-    }
-
-    void setStillSize(int width, int height) override { m_decoder.setSize({width, height}); }
-
-    [[nodiscard]] Picture still(MovieTime time, std::stop_token stop) override
-    {
-        return m_decoder.picture(secondsFromMovieTime(time), m_longest, std::move(stop));
-    }
-
-private:
-    StillDecoder m_decoder;
-    std::chrono::milliseconds m_longest;
-};
-
-MpvMovie::MpvMovie(const QUrl& url, std::optional<MovieFacts> facts, const MpvMovieOptions& options)
+MpvMovie::MpvMovie(const QUrl& url, const MpvMovieOptions& options)
     : m_url(url)
-    , m_facts(facts)
     , m_options(options)
     , m_layer(std::make_unique<PlayerLayer>(*this))
 {
-    const bool loadsNow = !m_facts;
-    if (loadsNow) static_cast<void>(ensurePlayer());
+    if (m_url.isLocalFile())
+        open();
+    else
+        static_cast<void>(start(0));
 }
 
 MpvMovie::~MpvMovie() = default;
+
+void MpvMovie::open()
+{
+    const QString path = m_url.toLocalFile();
+    auto look = DetachedTask::start<Result<MovieFacts>>(
+        QStringLiteral("movie ") + path, m_options.longestProbe,
+        [probe = m_options.probe, path] { return probe(path); },
+        [this](const std::optional<Result<MovieFacts>>& facts) { takeFacts(facts); });
+    if (look)
+        m_state = Opening{.look = std::move(look)};
+    else
+        m_state = Broken{};
+}
+
+void MpvMovie::takeFacts(const std::optional<Result<MovieFacts>>& facts)
+{
+    const Opening wishes = std::move(std::get<Opening>(m_state));
+    tellSettled();
+    if (!facts || !*facts) {
+        m_state = Broken{.at = wishes.at};
+        return;
+    }
+    m_facts = facts->value();
+    m_state = Lying{knownSeconds() > 0 ? std::min(wishes.at, knownSeconds()) : wishes.at};
+    if (wishes.plays)
+        play();
+    else if (wishes.isShown)
+        beShown();
+}
 
 static int threadsFor(const std::optional<MovieFacts>& facts)
 {
@@ -94,71 +103,106 @@ static int threadsFor(const std::optional<MovieFacts>& facts)
     return facts ? decoderThreads(*facts, cores) : decoderThreadsOfUnknown(cores);
 }
 
-bool MpvMovie::ensurePlayer()
+/// Takes a player, which stands there. False, broken, when there is none to be had.
+bool MpvMovie::start(double at)
 {
-    if (m_player || m_failed) return m_player != nullptr;
-    m_player = MpvPlayer::start({.url = m_url,
-                                 .options = m_options,
-                                 .start = m_start,
-                                 .pictureSeconds = m_facts ? m_facts->pictureSeconds : 0,
-                                 .rotation = m_facts ? m_facts->rotation : 0,
-                                 .decoderThreads = threadsFor(m_facts),
-                                 .reversible = turns(),
-                                 .hasSound = !m_facts || m_facts->hasSound,
-                                 .muted = m_muted,
-                                 .volume = m_volume,
-                                 .openGL = m_options.openGL.lock()},
-                                *this);
-    m_failed = !m_player;
+    auto player = MpvPlayer::start({.url = m_url,
+                                    .options = m_options,
+                                    .start = at,
+                                    .pictureSeconds = m_facts ? m_facts->pictureSeconds : 0,
+                                    .rotation = m_facts ? m_facts->rotation : 0,
+                                    .decoderThreads = threadsFor(m_facts),
+                                    .reversible = turns(),
+                                    .hasSound = !m_facts || m_facts->hasSound,
+                                    .muted = m_muted,
+                                    .volume = m_volume,
+                                    .openGL = m_options.openGL.lock()},
+                                   *this);
+    if (!player) {
+        m_state = Broken{.at = at};
+        return false;
+    }
+    m_state = Standing{{.player = std::move(player)}};
     applyEndMode();
-    return m_player != nullptr;
+    return true;
+}
+
+MpvPlayer* MpvMovie::player() const
+{
+    return std::visit(
+        [](const auto& state) -> MpvPlayer* {
+            if constexpr (requires { state.player; }) return state.player.get();
+            return nullptr;
+        },
+        m_state);
+}
+
+MpvMovie::Started* MpvMovie::started()
+{
+    return std::visit(
+        []<typename Current>(Current& state) -> Started* {
+            if constexpr (std::derived_from<Current, Started>) return &state;
+            return nullptr;
+        },
+        m_state);
+}
+
+/// From one of those that have a player to another.
+template <typename Next>
+void MpvMovie::become()
+{
+    Started kept = std::move(*started());
+    m_state = Next{std::move(kept)};
 }
 
 /// Posted, so that what is set right after the movie is put on show (its position) is known when the player
 /// starts.
-void MpvMovie::startWhenShown()
+void MpvMovie::beShown()
 {
-    if ((m_player && !isCutOff()) || m_showing) return;
-    m_showing = true;
+    if (auto* const opening = std::get_if<Opening>(&m_state)) opening->isShown = true;
+    const bool isCutOff = started() && player()->isCutOff();
+    if (!isCutOff && !std::holds_alternative<Lying>(m_state)) return;
     QMetaObject::invokeMethod(
-        &m_context, [this] { playerIsWanted(); }, Qt::QueuedConnection);
+        &m_context, [this] { takePlayerForShow(); }, Qt::QueuedConnection);
 }
 
-void MpvMovie::playerIsWanted()
+void MpvMovie::takePlayerForShow()
 {
-    m_showing = false;
-    if (isCutOff())
-        replacePlayer();
-    else
-        static_cast<void>(ensurePlayer());
+    if (const auto* const lying = std::get_if<Lying>(&m_state)) static_cast<void>(start(lying->at));
+    if (started() && player()->isCutOff()) replacePlayer();
 }
 
 /// One that draws in software goes on from where the other was.
 void MpvMovie::replacePlayer()
 {
-    m_start = m_player->position();
-    m_player.reset();
-    if (!ensurePlayer()) return;
-    if (m_backwards) m_player->setBackwards(true);
-    if (m_playing) m_player->setPaused(false);
+    const bool wasPlaying = std::holds_alternative<Playing>(m_state);
+    const bool hadEnded = std::holds_alternative<Ended>(m_state);
+    const bool backwards = started()->backwards;
+    if (!start(player()->position())) return;
+    setBackwards(backwards);
+    if (hadEnded) become<Ended>();
+    if (wasPlaying) {
+        become<Playing>();
+        player()->setPaused(false);
+    }
 }
 
 QTMovie::State MpvMovie::state() const
 {
-    if (m_failed) return State::Failed;
-    return m_facts || m_player->isLoaded() ? State::Loaded : State::Loading;
+    if (std::holds_alternative<Broken>(m_state)) return State::Failed;
+    return m_facts || (player() && player()->isLoaded()) ? State::Loaded : State::Loading;
 }
 
 Size MpvMovie::naturalSize() const
 {
     if (m_facts) return m_facts->naturalSize();
-    return m_player ? m_player->naturalSize() : Size{};
+    return player() ? player()->naturalSize() : Size{};
 }
 
 double MpvMovie::knownSeconds() const
 {
     if (m_facts) return m_facts->seconds;
-    return m_player ? m_player->duration() : 0;
+    return player() ? player()->duration() : 0;
 }
 
 MovieTime MpvMovie::duration() const
@@ -168,61 +212,87 @@ MovieTime MpvMovie::duration() const
 
 double MpvMovie::position() const
 {
-    const double here = m_player ? m_player->position() : m_start;
-    if (!m_ended) return here;
-    if (m_backwards) return 0;
+    if (const auto* const ended = std::get_if<Ended>(&m_state)) return endPosition(*ended);
+    return std::visit(
+        [](const auto& state) {
+            if constexpr (requires { state.at; })
+                return state.at;
+            else
+                return state.player->position();
+        },
+        m_state);
+}
+
+double MpvMovie::endPosition(const Ended& ended) const
+{
+    if (ended.backwards) return 0;
+    const double here = ended.player->position();
     return here >= knownSeconds() - longestPicture ? knownSeconds() : here;
 }
 
 MovieTime MpvMovie::currentTime() const
 {
     MovieTime time = movieTimeFromSeconds(position());
-    const bool isDurationKnown = m_facts || state() == State::Loaded;
-    if (isDurationKnown && knownSeconds() > 0)
-        time.timeValue = std::min(time.timeValue, duration().timeValue);
+    if (knownSeconds() > 0) time.timeValue = std::min(time.timeValue, duration().timeValue);
     return time;
+}
+
+bool MpvMovie::isAtEnd(double seconds) const
+{
+    return m_facts && m_facts->seconds > 0 && seconds >= m_facts->seconds;
 }
 
 void MpvMovie::setCurrentTime(MovieTime time)
 {
     const double wanted = std::max(0.0, secondsFromMovieTime(time));
-    moveTo(knownSeconds() > 0 ? std::min(wanted, knownSeconds()) : wanted);
-}
-
-void MpvMovie::moveTo(double seconds)
-{
-    m_ended = m_facts && !m_playing && seconds >= m_facts->seconds;
-    if (m_player)
-        m_player->seek(seconds);
+    const double seconds = knownSeconds() > 0 ? std::min(wanted, knownSeconds()) : wanted;
+    if (auto* const opening = std::get_if<Opening>(&m_state)) opening->at = seconds;
+    if (auto* const lying = std::get_if<Lying>(&m_state)) lying->at = seconds;
+    if (!started()) return;
+    player()->seek(seconds);
+    if (std::holds_alternative<Playing>(m_state)) return;
+    if (isAtEnd(seconds))
+        become<Ended>();
     else
-        m_start = seconds;
+        become<Standing>();
 }
 
 float MpvMovie::rate() const
 {
-    if (!m_playing || state() != State::Loaded) return 0;
-    return m_backwards ? -1.0F : 1.0F;
+    const auto* const playing = std::get_if<Playing>(&m_state);
+    if (!playing || state() != State::Loaded) return 0;
+    return playing->backwards ? -1.0F : 1.0F;
 }
 
 void MpvMovie::play()
 {
-    if (m_playing || m_failed) return;
-    if (m_ended && turns())
-        setBackwards(!m_backwards);
-    else if (m_ended) {
-        setBackwards(false);
-        moveTo(0);
+    if (auto* const opening = std::get_if<Opening>(&m_state)) opening->plays = true;
+    if (const auto* const lying = std::get_if<Lying>(&m_state)) {
+        const double at = lying->at;
+        if (!start(at)) return;
+        if (isAtEnd(at)) become<Ended>();
     }
-    m_ended = false;
-    if (!ensurePlayer()) return;
-    m_playing = true;
-    m_player->setPaused(false);
+    if (std::holds_alternative<Ended>(m_state)) playFromEnd();
+    if (!std::holds_alternative<Standing>(m_state)) return;
+    become<Playing>();
+    player()->setPaused(false);
+}
+
+void MpvMovie::playFromEnd()
+{
+    const bool backwards = turns() && !started()->backwards;
+    const bool fromTheBeginning = !turns();
+    become<Standing>();
+    setBackwards(backwards);
+    if (fromTheBeginning) player()->seek(0);
 }
 
 void MpvMovie::stop()
 {
-    m_playing = false;
-    if (m_player) m_player->setPaused(true);
+    if (auto* const opening = std::get_if<Opening>(&m_state)) opening->plays = false;
+    if (!std::holds_alternative<Playing>(m_state)) return;
+    become<Standing>();
+    player()->setPaused(true);
 }
 
 void MpvMovie::setAttribute(MovieAttribute attribute, bool on)
@@ -238,49 +308,50 @@ bool MpvMovie::attribute(MovieAttribute attribute) const
     return attribute == MovieAttribute::Loops ? m_loops : m_backAndForth;
 }
 
-bool MpvMovie::mayTurn()
+bool MpvMovie::mayTurn() const
 {
-    if (m_mayTurn) return *m_mayTurn;
-    const int distance = m_facts ? keyframeDistance(m_url.toLocalFile()) : 0;
-    const double bytes = m_facts ? bytesPerPixel * distance * m_facts->codedWidth * m_facts->codedHeight : 0;
-    m_mayTurn = distance > 0 && bytes < mostReversalBytes;
-    if (!*m_mayTurn) {
-        const QString why =
-            m_facts ? QStringLiteral("its keyframes are too far apart") : QStringLiteral("it is remote");
-        logLine(QStringLiteral("%1: loops instead of playing back and forth: %2").arg(m_url.toString(), why));
-    }
-    return *m_mayTurn;
+    if (!m_facts) return false;
+    const double pixels = static_cast<double>(m_facts->codedWidth) * m_facts->codedHeight;
+    return m_facts->keyframeDistance > 0 &&
+           bytesPerPixel * pixels * m_facts->keyframeDistance < mostReversalBytes;
 }
 
-bool MpvMovie::turns()
+void MpvMovie::sayWhyItDoesNotTurn()
 {
-    return m_backAndForth && mayTurn();
+    if (std::exchange(m_saidWhy, true)) return;
+    const QString why =
+        m_facts ? QStringLiteral("its keyframes are too far apart") : QStringLiteral("it is remote");
+    logLine(QStringLiteral("%1: loops instead of playing back and forth: %2").arg(m_url.toString(), why));
 }
 
 /// mpv loops by itself; turning is done here, each time it comes to an end.
 void MpvMovie::applyEndMode()
 {
-    if (!m_player) return;
-    if (turns() && !m_player->isReversible()) m_player->makeReversible();
+    const Started* const with = started();
+    if (!with) return;
+    if (m_backAndForth && !mayTurn()) sayWhyItDoesNotTurn();
+    if (turns() && !with->player->isReversible()) with->player->makeReversible();
     const bool loops = (m_loops || m_backAndForth) && !turns();
-    m_player->setLooping(loops && !m_backwards);
+    with->player->setLooping(loops && !with->backwards);
 }
 
 void MpvMovie::setBackwards(bool backwards)
 {
-    if (m_backwards == backwards) return;
-    m_backwards = backwards;
+    if (started()->backwards == backwards) return;
+    started()->backwards = backwards;
     applyEndMode();
-    if (ensurePlayer()) m_player->setBackwards(backwards);
+    player()->setBackwards(backwards);
 }
 
 void MpvMovie::playerReachedEnd()
 {
-    if (m_playing && turns()) return setBackwards(!m_backwards);
-    if (m_playing && m_loops) return setBackwards(false); // forward, mpv goes on from the beginning by itself
-    if (m_playing && m_backAndForth) return;
-    m_ended = true;
-    stop();
+    if (std::holds_alternative<Playing>(m_state)) {
+        if (turns()) return setBackwards(!started()->backwards);
+        if (m_loops) return setBackwards(false); // forward, mpv goes on from the beginning by itself
+        if (m_backAndForth) return;
+    }
+    become<Ended>();
+    player()->setPaused(true);
 }
 
 void MpvMovie::playerHasPicture()
@@ -290,8 +361,10 @@ void MpvMovie::playerHasPicture()
 
 void MpvMovie::playerFailed()
 {
-    m_failed = true;
-    m_playing = false;
+    auto last = std::move(started()->player);
+    const double at = last->position();
+    if (!last->hasPicture()) last.reset();
+    m_state = Broken{at, std::move(last)};
     tellSettled();
 }
 
@@ -315,13 +388,13 @@ void MpvMovie::tellSettled()
 void MpvMovie::setMuted(bool muted)
 {
     m_muted = muted;
-    if (m_player) m_player->setMuted(muted);
+    if (player()) player()->setMuted(muted);
 }
 
 void MpvMovie::setVolume(float volume)
 {
     m_volume = volume;
-    if (m_player) m_player->setVolume(volume);
+    if (player()) player()->setVolume(volume);
 }
 
 Layer& MpvMovie::layer()

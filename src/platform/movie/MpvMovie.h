@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/base/DetachedTask.h"
+#include "platform/base/Result.h"
 #include "platform/display/Layer.h"
 #include "platform/movie/MovieFacts.h"
 #include "platform/movie/MpvMovieOptions.h"
@@ -11,15 +13,17 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
+#include <variant>
 
 namespace kestro {
 
-/// A real movie, played by libmpv, its stills decoded by libavcodec. A local one starts its player when it is
-/// first played or shown; a remote one at once, to load. Made by MpvMovieLibrary. Main thread.
+/// A real movie, played by libmpv, its stills decoded by libavcodec. The file of a local one is looked into
+/// first, on another thread; it starts its player when it is first played or shown. A remote one starts it at
+/// once, to load. Made by MpvMovieLibrary. Main thread.
 class MpvMovie final : public QTMovie, private MpvPlayerListener {
 public:
-    /// `facts` of a local movie, none for a remote one.
-    MpvMovie(const QUrl& url, std::optional<MovieFacts> facts, const MpvMovieOptions& options);
+    MpvMovie(const QUrl& url, const MpvMovieOptions& options);
     ~MpvMovie() override;
 
     [[nodiscard]] State state() const override;
@@ -43,42 +47,68 @@ public:
 
 private:
     class PlayerLayer;
-    class DecodedStills;
+
+    /// Its file is looked into. What it is to do then is kept.
+    struct Opening {
+        std::unique_ptr<DetachedTask> look = {};
+        double at = 0; ///< seconds
+        bool plays = false;
+        bool isShown = false;
+    };
+    /// Known; nothing has been taken yet to play it with.
+    struct Lying {
+        double at = 0; ///< seconds
+    };
+    /// What it plays with, never null, and which way.
+    struct Started {
+        std::unique_ptr<MpvPlayer> player = {};
+        bool backwards = false;
+    };
+    struct Standing : Started {};
+    struct Playing : Started {};
+    /// Stands at the end that it was going to.
+    struct Ended : Started {};
+    struct Broken {
+        double at = 0;                          ///< seconds
+        std::unique_ptr<MpvPlayer> player = {}; ///< shows the last picture; null where there was none
+    };
 
     void playerHasPicture() override;
     void playerIsLoaded() override;
     void playerReachedEnd() override;
     void playerFailed() override;
 
-    [[nodiscard]] bool ensurePlayer();
+    void open();
+    void takeFacts(const std::optional<Result<MovieFacts>>& facts);
+    void beShown();
+    void takePlayerForShow();
+    [[nodiscard]] bool start(double at);
     void replacePlayer();
-    void playerIsWanted();
-    [[nodiscard]] bool isCutOff() const { return m_player && m_player->isCutOff(); }
-    void startWhenShown();
+    [[nodiscard]] MpvPlayer* player() const;
+    [[nodiscard]] Started* started();
+    template <typename Next>
+    void become();
     void tellSettled();
     [[nodiscard]] double knownSeconds() const;
+    [[nodiscard]] bool isAtEnd(double seconds) const;
     [[nodiscard]] double position() const;
-    [[nodiscard]] bool mayTurn();
-    [[nodiscard]] bool turns();
+    [[nodiscard]] double endPosition(const Ended& ended) const;
+    [[nodiscard]] bool mayTurn() const;
+    [[nodiscard]] bool turns() const { return m_backAndForth && mayTurn(); }
+    void sayWhyItDoesNotTurn();
     void applyEndMode();
     void setBackwards(bool backwards);
-    void moveTo(double seconds);
+    void playFromEnd();
 
     const QUrl m_url;
-    const std::optional<MovieFacts> m_facts;
     const MpvMovieOptions m_options;
+    std::optional<MovieFacts> m_facts; ///< of a local movie, once it was looked into
     std::unique_ptr<PlayerLayer> m_layer;
-    std::unique_ptr<MpvPlayer> m_player;
-    std::optional<bool> m_mayTurn; ///< whether playing it backwards is affordable, once asked
-    double m_start = 0;            ///< seconds; the position until there is a player
-    bool m_playing = false;        ///< asked to play, and not come to the end since
-    bool m_ended = false;          ///< stands at the end that it was going to
-    bool m_backwards = false;
-    bool m_failed = false;
-    bool m_showing = false; ///< a start was posted because somebody looked
+    std::variant<Opening, Lying, Standing, Playing, Ended, Broken> m_state = Opening{};
     bool m_loops = false;
     bool m_backAndForth = false;
     bool m_muted = false;
+    bool m_saidWhy = false; ///< that it loops although it was to turn
     float m_volume = 1;
     std::function<void()> m_settled; ///< told once it is no longer loading
     QObject m_context;               ///< what is posted to this movie goes with it

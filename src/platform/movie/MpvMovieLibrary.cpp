@@ -1,6 +1,5 @@
 #include "platform/movie/MpvMovieLibrary.h"
 
-#include "platform/movie/MovieProbe.h"
 #include "platform/movie/MpvMovie.h"
 
 #include <QCoreApplication>
@@ -26,19 +25,12 @@ static void deleteOnMainThread(QTMovie* movie)
         application, [movie] { delete movie; }, Qt::QueuedConnection);
 }
 
-static std::shared_ptr<QTMovie> openLocal(const QUrl& url, const MpvMovieOptions& options)
-{
-    const auto facts = probeMovie(url.toLocalFile());
-    if (!facts) return nullptr;
-    return {new MpvMovie(url, facts.value(), options), deleteOnMainThread};
-}
-
 std::shared_ptr<QTMovie> MpvMovieLibrary::movieWithURL(const QUrl& url)
 {
-    if (url.isLocalFile()) return openLocal(url, m_options);
     const bool isRemote = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-    if (!isRemote || url.host().isEmpty()) return nullptr;
-    return {new MpvMovie(url, std::nullopt, m_options), deleteOnMainThread};
+    const bool mayBeMovie = url.isLocalFile() || (isRemote && !url.host().isEmpty());
+    if (!mayBeMovie) return nullptr;
+    return {new MpvMovie(url, m_options), deleteOnMainThread};
 }
 
 } // namespace kestro

@@ -3,13 +3,17 @@
 #include "platform/display/Geometry.h"
 #include "platform/movie/MpvHandle.h"
 #include "platform/movie/MpvMovieOptions.h"
+#include "platform/movie/PlayerState.h"
+#include "platform/movie/StreamEnd.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 #include <QUrl>
 
 #include <atomic>
 #include <memory>
+#include <optional>
 
 namespace kestro {
 
@@ -36,7 +40,7 @@ public:
     virtual void playerIsLoaded() = 0;
     /// Came to the end it was going to. It stands there.
     virtual void playerReachedEnd() = 0;
-    /// Broke off before there was a picture; final.
+    /// Broke off; final. A picture that there was stays.
     virtual void playerFailed() = 0;
 
 protected:
@@ -44,7 +48,8 @@ protected:
 };
 
 /// Plays one movie with libmpv: starts standing, at the place it is given. Its questions are answered from
-/// what mpv told last, never by asking. Owned by MpvMovie; main thread; seconds.
+/// what mpv told last, never by asking. A remote movie that makes no progress while it should fails. Owned by
+/// MpvMovie; main thread; seconds.
 class MpvPlayer final : public QObject {
 public:
     /// Null when mpv cannot be had.
@@ -63,13 +68,14 @@ public:
     [[nodiscard]] bool isReversible() const { return m_setup.reversible; }
 
     /// Where it is; where it was sent, until it plays on from there.
-    [[nodiscard]] double position() const { return m_position; }
+    [[nodiscard]] double position() const { return m_state.position(); }
     /// Whether the numbers below are known.
-    [[nodiscard]] bool isLoaded() const { return m_loaded; }
-    [[nodiscard]] double duration() const { return m_duration; }
+    [[nodiscard]] bool isLoaded() const { return m_numbers.has_value(); }
+    /// Zero where the movie does not say.
+    [[nodiscard]] double duration() const { return m_numbers ? m_numbers->duration : 0; }
     [[nodiscard]] Size naturalSize() const;
 
-    [[nodiscard]] bool hasPicture() const { return m_hasPicture; }
+    [[nodiscard]] bool hasPicture() const { return m_picture >= Showing::Picture; }
     bool render(const PixelTarget& target);
     [[nodiscard]] bool drawsWithOpenGL() const { return m_handle->drawsWithOpenGL(); }
     bool renderWithOpenGL(const FramebufferTarget& target);
@@ -77,31 +83,66 @@ public:
     [[nodiscard]] bool isCutOff() const { return m_handle->isCutOff(); }
 
 private:
+    /// What an event answers.
+    enum Id : std::uint64_t {
+        Ignored,
+        TimePosition,
+        EndReached,
+        Idle,
+        Width,
+        Height,
+        Duration,
+        BytesRead,
+        BytesInAll,
+        Move
+    };
+    /// Some answers carry the move they belong to in their upper half.
+    static constexpr int moveShift = 32;
+
+    /// What mpv tells of the movie, in this order.
+    struct Numbers {
+        double width = 0;
+        double height = 0;
+        double duration = 0;
+    };
+    enum class Showing {
+        Nothing,
+        Waiting,  ///< there is a picture that may be of before the place it was sent to
+        Picture,  ///< there is one, and somebody draws
+        Unwatched ///< there is one, and nobody drew it in time: mpv goes on without
+    };
+
     MpvPlayer(const MpvPlayerSetup& setup, MpvPlayerListener& listener, std::unique_ptr<MpvHandle> handle);
 
+    void prepareTimers();
+    void observe();
     void load(double start);
     void wake();
     void drain();
     void handle(const mpv_event& event);
     void handleProperty(const mpv_event& event);
     void handleReply(const mpv_event& event);
+    void handleTime(double time);
+    void takeNumbers();
     void handleLoaded();
-    void handleSeek();
     void handleRestart();
-    void reachEnd();
     void handleEnd(const mpv_event_end_file& end);
     void handleHook(const mpv_event_hook& hook);
     void handleLog(const mpv_event_log_message& message);
+    void askWhetherEnded();
+    void reachEnd();
     void takePicture();
     void noteDrawing();
     void dropUnwatched();
-    void showPicture();
     void loadReversible();
-    void beginMove(double to);
+    void orderSeek();
     void arrive();
+    void watchProgress();
+    void endStall();
+    [[nodiscard]] bool isStalling() const;
+    [[nodiscard]] bool goesRoundInVain();
     [[nodiscard]] QByteArray mpvTarget(double seconds) const;
     [[nodiscard]] std::uint64_t ofThisMove(std::uint64_t id) const;
-    void askWhetherEnded();
     void fail();
     [[nodiscard]] bool isRemote() const { return !m_setup.url.isLocalFile(); }
 
@@ -110,28 +151,19 @@ private:
     QTimer m_unwatchedTimer; ///< runs while a picture waits to be drawn
     QTimer m_loadTimer;      ///< bounds the loading of a remote movie
     QTimer m_moveTimer;      ///< bounds a move that mpv never ends
+    QTimer m_stallTimer;     ///< runs while a remote movie should play on, but waits for its server
     std::atomic<bool> m_woken{false};
 
-    double m_position = 0;
-    double m_target = 0; ///< where it was sent last
-    double m_duration = 0;
-    double m_width = 0;
-    double m_height = 0;
-    double m_seekWhenLoaded = -1; ///< negative: none
-    std::uint32_t m_moves = 0; ///< counts seeks and turns, so that an answer from before one is known as such
+    PlayerState m_state;
+    Showing m_picture = Showing::Nothing;
+    Numbers m_asked;                  ///< answered so far
+    std::optional<Numbers> m_numbers; ///< once all are
+    StreamBytes m_source;
+    bool m_isIdle = true;        ///< mpv shows no pictures: paused, seeking or waiting for data
+    bool m_decodesSound = false; ///< as mpv was told last
+    QElapsedTimer m_round;       ///< since it began anew by itself last
+    int m_roundsInVain = 0;      ///< so often it began anew, one after the other, and played nothing
     int m_loggedLines = 0;
-    bool m_paused = true;
-    bool m_silent = false;   ///< sound is not decoded
-    bool m_sent = false;     ///< the position is where it was sent, and it has not played on since
-    bool m_moving = false;   ///< on its way to the position
-    bool m_accepted = false; ///< mpv has taken the last order to move
-    bool m_underway = false; ///< and carries it out
-    bool m_fileLoaded = false;
-    bool m_loaded = false;
-    bool m_hasPicture = false;
-    bool m_pictureWaits = false; ///< there is one that may be of before the place it was sent to
-    bool m_failed = false;
-    bool m_unwatched = false; ///< nobody drew the last picture
 
     std::unique_ptr<MpvHandle> m_handle; ///< goes first: no notice comes after it
 };

@@ -21,7 +21,7 @@ enum class MovieAttribute { Loops, LoopsBackAndForth };
 
 /// One movie, opened from a URL. It may still be loading, from a disk or a server: its natural size and
 /// duration are zero until they are known. Nothing plays until play(). What it costs to play (decoders,
-/// threads) is only taken when it is first played, sought or shown, so an opened local movie may lie idle.
+/// threads) is only taken when it is first played or shown, so an opened local movie may lie idle.
 /// Shared: the view that shows it and the engine hold it together. Main thread.
 class QTMovie {
 public:
@@ -30,7 +30,7 @@ public:
     enum class State {
         Loading, ///< nothing is known of it yet
         Loaded,
-        Failed, ///< loading broke off before there was a picture; final
+        Failed, ///< it cannot be loaded, or broke off while it played, as its server went away; final
     };
     [[nodiscard]] virtual State state() const = 0;
     /// Runs `settled` once, on the event loop, after the state has left Loading; never where it is not

@@ -379,6 +379,7 @@ TEST_P(MovieContract, standsElsewhere_whenSentFromItsEnd)
 TEST_P(MovieContract, showsItsPicture_whenItIsLookedAt)
 {
     Layer& layer = m_movie->layer();
+    layer.willShow();
     EXPECT_TRUE(wait([&layer] { return layer.hasPicture(); }));
     EXPECT_FALSE(drawn(*m_movie).isNull());
     EXPECT_EQ(m_movie->rate(), 0);

@@ -68,7 +68,14 @@ std::shared_ptr<QTMovie> openMovie(const QUrl& url)
 {
     MpvMovieLibrary library({.networkTimeout = 10, .audioOutputs = "null"});
     library.setOpenGL(testOpenGL());
-    return library.movieWithURL(url);
+    return settled(library.movieWithURL(url));
+}
+
+std::shared_ptr<QTMovie> settled(std::shared_ptr<QTMovie> movie)
+{
+    if (movie && !waitUntil([&movie] { return movie->state() != QTMovie::State::Loading; }))
+        ADD_FAILURE() << "it loads for ever";
+    return movie;
 }
 
 QImage drawn(QTMovie& movie, int width, int height)
@@ -76,6 +83,7 @@ QImage drawn(QTMovie& movie, int width, int height)
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(Qt::magenta);
     const PixelTarget target{image.bits(), width, height, static_cast<int>(image.bytesPerLine())};
+    movie.layer().willShow();
     if (!movie.layer().render(target)) return {};
     return image;
 }

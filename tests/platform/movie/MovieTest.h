@@ -22,10 +22,13 @@ class QTMovie;
 /// What movies are drawn with, by KESTRO_RENDERER; null for software.
 [[nodiscard]] std::shared_ptr<OpenGL> testOpenGL();
 
-/// Opens a real movie, its sound played to nothing.
+/// The same movie once it is no longer loading; null stays null.
+[[nodiscard]] std::shared_ptr<QTMovie> settled(std::shared_ptr<QTMovie> movie);
+
+/// Opens a real movie, its sound played to nothing, and waits until it is loaded or has failed.
 [[nodiscard]] std::shared_ptr<QTMovie> openMovie(const QUrl& url);
 
-/// What the movie's layer draws, a null image when it draws nothing.
+/// What the movie's layer draws when it is looked at, a null image when it draws nothing.
 [[nodiscard]] QImage drawn(QTMovie& movie, int width = 320, int height = 180);
 
 /// The number that a picture of a numbered movie shows; -1 when it shows none.

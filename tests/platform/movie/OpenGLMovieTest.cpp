@@ -28,7 +28,7 @@ static std::shared_ptr<QTMovie> openWith(const std::shared_ptr<OpenGL>& openGL, 
 {
     MpvMovieLibrary library({.audioOutputs = "null"});
     library.setOpenGL(openGL);
-    return library.movieWithURL(testMovie(name));
+    return settled(library.movieWithURL(testMovie(name)));
 }
 
 /// How far apart the pictures are, per channel, on the average.

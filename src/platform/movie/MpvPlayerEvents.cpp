@@ -1,0 +1,280 @@
+// What a player hears from mpv.
+
+#include "platform/base/Log.h"
+#include "platform/movie/MpvOptions.h"
+#include "platform/movie/MpvPlayer.h"
+#include "platform/movie/MpvTracks.h"
+#include "platform/movie/StreamEnd.h"
+
+#include <QPointer>
+
+#include <algorithm>
+#include <utility>
+
+namespace kestro {
+
+static constexpr int mostLoggedLines = 3;
+// A movie that began anew so often, each time before it could have played, cannot be read any more.
+static constexpr int mostRoundsInVain = 5;
+static constexpr double leastRound = 0.01; // seconds
+
+void MpvPlayer::observe()
+{
+    if (isRemote()) mpv_hook_add(m_handle->raw(), Ignored, "on_preloaded", 0);
+    mpv_request_log_messages(m_handle->raw(), "error");
+    m_handle->observe(TimePosition, "time-pos", MPV_FORMAT_DOUBLE);
+    m_handle->observe(EndReached, "eof-reached", MPV_FORMAT_FLAG);
+    if (isRemote()) m_handle->observe(Idle, "core-idle", MPV_FORMAT_FLAG);
+    m_handle->setNotifier([this] { wake(); });
+}
+
+/// On any thread of mpv's: many notices make one event.
+void MpvPlayer::wake()
+{
+    if (m_woken.exchange(true)) return;
+    QMetaObject::invokeMethod(
+        this, [this] { drain(); }, Qt::QueuedConnection);
+}
+
+void MpvPlayer::drain()
+{
+    m_woken = false;
+    const QPointer<MpvPlayer> self(this);
+    while (self) {
+        const mpv_event& event = m_handle->nextEvent();
+        if (event.event_id == MPV_EVENT_NONE) break;
+        handle(event);
+    }
+    if (self && m_handle->takeNewPicture()) takePicture();
+}
+
+void MpvPlayer::handle(const mpv_event& event)
+{
+    const bool waitsForAnswer = event.event_id == MPV_EVENT_HOOK;
+    if (m_state.hasFailed() && !waitsForAnswer) return;
+    switch (event.event_id) {
+    case MPV_EVENT_FILE_LOADED:
+        return handleLoaded();
+    case MPV_EVENT_SEEK:
+        return m_state.seekBegan();
+    case MPV_EVENT_PLAYBACK_RESTART:
+        return handleRestart();
+    case MPV_EVENT_PROPERTY_CHANGE:
+        return handleProperty(event);
+    case MPV_EVENT_GET_PROPERTY_REPLY:
+    case MPV_EVENT_SET_PROPERTY_REPLY:
+    case MPV_EVENT_COMMAND_REPLY:
+        return handleReply(event);
+    case MPV_EVENT_END_FILE:
+        return handleEnd(*static_cast<mpv_event_end_file*>(event.data));
+    case MPV_EVENT_HOOK:
+        return handleHook(*static_cast<mpv_event_hook*>(event.data));
+    case MPV_EVENT_LOG_MESSAGE:
+        return handleLog(*static_cast<mpv_event_log_message*>(event.data));
+    default:
+        return;
+    }
+}
+
+template <typename T>
+static T valueOf(const mpv_event& event, mpv_format format, T absent)
+{
+    const auto* property = static_cast<mpv_event_property*>(event.data);
+    if (event.error < 0 || !property || property->format != format) return absent;
+    return *static_cast<T*>(property->data);
+}
+
+void MpvPlayer::handleProperty(const mpv_event& event)
+{
+    switch (event.reply_userdata) {
+    case TimePosition:
+        return handleTime(valueOf(event, MPV_FORMAT_DOUBLE, -1.0));
+    case EndReached:
+        if (valueOf(event, MPV_FORMAT_FLAG, 0)) askWhetherEnded();
+        return;
+    case Idle:
+        m_isIdle = valueOf(event, MPV_FORMAT_FLAG, 1);
+        return watchProgress();
+    default:
+        return;
+    }
+}
+
+void MpvPlayer::handleTime(double time)
+{
+    if (time < 0) return;
+    const double before = m_state.position();
+    m_state.timeIs(time, m_setup.pictureSeconds);
+    if (m_state.position() != before) m_roundsInVain = 0;
+}
+
+/// A notice of the end may be older than a seek away from it, so it only makes us ask.
+void MpvPlayer::askWhetherEnded()
+{
+    if (m_state.isUnderway()) return;
+    if (isRemote()) {
+        m_handle->ask(BytesRead, "stream-pos", MPV_FORMAT_DOUBLE);
+        m_handle->ask(BytesInAll, "stream-end", MPV_FORMAT_DOUBLE);
+    }
+    m_handle->ask(ofThisMove(EndReached), "eof-reached", MPV_FORMAT_FLAG);
+}
+
+void MpvPlayer::handleReply(const mpv_event& event)
+{
+    const auto move = static_cast<std::uint32_t>(event.reply_userdata >> moveShift);
+    const double number = valueOf(event, MPV_FORMAT_DOUBLE, 0.0);
+    switch (event.reply_userdata & ((1ULL << moveShift) - 1)) {
+    case Width:
+        m_asked.width = number;
+        return;
+    case Height:
+        m_asked.height = number;
+        return;
+    case Duration:
+        m_asked.duration = number;
+        return takeNumbers();
+    case BytesRead:
+        m_source.read = number;
+        return;
+    case BytesInAll:
+        m_source.length = number;
+        return;
+    case Move:
+        if (event.error >= 0) return m_state.accepted(move);
+        if (m_state.refused(move)) arrive();
+        return;
+    case EndReached:
+        if (move == m_state.move() && !m_state.isUnderway() && valueOf(event, MPV_FORMAT_FLAG, 0)) reachEnd();
+        return;
+    default:
+        return;
+    }
+}
+
+void MpvPlayer::takeNumbers()
+{
+    if (m_asked.width <= 0 || m_asked.height <= 0 || m_state.hasFailed()) return;
+    m_numbers = m_asked;
+    m_loadTimer.stop();
+    m_listener.playerIsLoaded();
+}
+
+void MpvPlayer::handleLoaded()
+{
+    if (m_state.opened()) orderSeek();
+}
+
+void MpvPlayer::handleRestart()
+{
+    const bool beginsAnew = m_state.isGoing() && !m_state.isUnderway();
+    if (!m_state.restarted()) return;
+    if (beginsAnew && goesRoundInVain()) return fail();
+    if (!m_numbers) {
+        m_handle->ask(Width, "dwidth", MPV_FORMAT_DOUBLE);
+        m_handle->ask(Height, "dheight", MPV_FORMAT_DOUBLE);
+        m_handle->ask(Duration, "duration", MPV_FORMAT_DOUBLE);
+    }
+    arrive();
+}
+
+void MpvPlayer::arrive()
+{
+    m_moveTimer.stop();
+    watchProgress();
+    askWhetherEnded();
+    if (m_picture != Showing::Waiting) return;
+    m_picture = Showing::Picture;
+    m_listener.playerHasPicture();
+}
+
+/// A looping movie whose server went away begins anew again and again, as fast as it can.
+bool MpvPlayer::goesRoundInVain()
+{
+    const double seconds = m_round.isValid() ? static_cast<double>(m_round.restart()) / 1000 : 0;
+    if (!m_round.isValid()) m_round.start();
+    const bool couldHavePlayed = seconds > std::max(duration() / 2, leastRound);
+    m_roundsInVain = couldHavePlayed ? 0 : m_roundsInVain + 1;
+    return isRemote() && m_roundsInVain > mostRoundsInVain;
+}
+
+bool MpvPlayer::isStalling() const
+{
+    return isRemote() && m_isIdle && m_state.isGoing();
+}
+
+void MpvPlayer::watchProgress()
+{
+    if (!isStalling())
+        m_stallTimer.stop();
+    else if (!m_stallTimer.isActive())
+        m_stallTimer.start();
+}
+
+/// What mpv told while this thread was busy elsewhere counts first.
+void MpvPlayer::endStall()
+{
+    const QPointer<MpvPlayer> self(this);
+    drain();
+    if (self && isStalling()) fail();
+}
+
+/// A remote movie that comes to its end without a picture (its index at the end of the file, say, on a server
+/// that sends files only whole), or before its time, has failed.
+void MpvPlayer::reachEnd()
+{
+    const bool hasFailed = !m_numbers || brokeOff(position(), m_numbers->duration, m_source);
+    if (isRemote() && hasFailed) return fail();
+    m_listener.playerReachedEnd();
+}
+
+void MpvPlayer::handleEnd(const mpv_event_end_file& end)
+{
+    const bool isFault = end.reason == MPV_END_FILE_REASON_ERROR;
+    if (isFault && (isRemote() || !hasPicture())) return fail();
+    if (!isFault && end.reason != MPV_END_FILE_REASON_EOF) return;
+    m_picture = Showing::Nothing; // mpv let go of it
+    m_listener.playerReachedEnd();
+}
+
+/// The last picture stands until the movie is let go of.
+void MpvPlayer::fail()
+{
+    if (m_state.hasFailed()) return;
+    m_state.fail();
+    for (QTimer* const timer : {&m_loadTimer, &m_moveTimer, &m_stallTimer})
+        timer->stop();
+    if (hasPicture())
+        m_handle->set("pause", "yes");
+    else
+        m_handle->command(Ignored, {"stop"});
+    m_listener.playerFailed();
+}
+
+/// A remote movie was opened and mpv waits, so asking is quick here: nothing of it may be shown before it is
+/// upright.
+void MpvPlayer::handleHook(const mpv_event_hook& hook)
+{
+    const int rotation = rotationOfMovingPicture(m_handle->raw());
+    if (rotation > 0) {
+        m_handle->set("hwdec", "no"); // the filter turns pictures in memory
+        m_handle->set("vf", rotationFilter(rotation));
+    }
+    mpv_hook_continue(m_handle->raw(), hook.id);
+    if (rotation < 0) fail();
+}
+
+void MpvPlayer::handleLog(const mpv_event_log_message& message)
+{
+    const QString source = QString::fromUtf8(message.prefix);
+    if (source.startsWith(QLatin1String("ao"))) return; // no sound device is no fault of the movie
+    if (++m_loggedLines > mostLoggedLines) return;
+    logLine(QStringLiteral("%1: %2: %3")
+                .arg(m_setup.url.toString(), source, QString::fromUtf8(message.text).trimmed()));
+}
+
+std::uint64_t MpvPlayer::ofThisMove(std::uint64_t id) const
+{
+    return id | static_cast<std::uint64_t>(m_state.move()) << moveShift;
+}
+
+} // namespace kestro
