@@ -1,13 +1,9 @@
 #include "engine/AfterImageTrail.h"
 
-#include "platform/base/Log.h"
 #include "platform/display/Painter.h"
-#include "platform/movie/QTMovie.h"
-#include "platform/movie/StillMovie.h"
 
 #include <QMetaObject>
 
-#include <chrono>
 #include <utility>
 
 namespace kestro {
@@ -16,81 +12,41 @@ namespace {
 
 constexpr std::size_t fullTrail = 5;
 constexpr double shadeStep = 0.02; ///< opacity lost at each drawing
-/// What a still of a large local movie takes on a busy machine.
-constexpr std::chrono::milliseconds longestCapture{500};
 
 } // namespace
 
-Picture movieImage(StillMovie* copy, std::int32_t time, std::stop_token stop)
-{
-    Picture still = copy ? GetMoviePict(*copy, time, std::move(stop)) : Picture{};
-    if (still.isNull()) logLine(QStringLiteral("movie doesn't have a image."));
-    return still;
-}
-
-AfterImageTrail::AfterImageTrail(std::function<void()> changed)
+AfterImageTrail::AfterImageTrail(std::function<void(const Rect&)> changed)
     : m_changed(std::move(changed))
 {
 }
 
-AfterImageTrail::~AfterImageTrail()
+void AfterImageTrail::queueImage(const Picture& image, Point pos)
 {
-    cancelCapture();
-}
-
-void AfterImageTrail::queueImageThread(const Capture& capture)
-{
-    waitForCapture();
-    m_onThread = true;
-    // The thread lets go of the movie before it reports the end, so that a movie is never destroyed on it.
-    m_thread = std::jthread([this, held = std::make_unique<Capture>(capture)](std::stop_token stop) mutable {
-        queueImage(*held, std::move(stop));
-        held.reset();
-        const std::lock_guard lock(m_doneMutex);
-        m_onThread = false;
-        m_done.notify_all();
-    });
-}
-
-void AfterImageTrail::queueImage(const Capture& capture, std::stop_token stop)
-{
-    const Picture image = movieImage(capture.copy.get(), capture.time, std::move(stop));
-    const std::lock_guard lock(m_dictLock);
-    dropOldest();
-    if (image.isNull()) return;
-    m_imgList.push_front({image, capture.place});
+    if (!add(image, pos)) return;
+    const Rect place{pos, image.size};
     QMetaObject::invokeMethod(
-        &m_mainThread, [this] { m_changed(); }, Qt::QueuedConnection);
+        &m_mainThread, [this, place] { m_changed(place); }, Qt::QueuedConnection);
 }
 
-bool AfterImageTrail::queueImageNoThread(const Capture& capture)
+bool AfterImageTrail::queueImageNoThread(const Picture& image, Point pos)
 {
-    dropOldest();
-    const Picture image = movieImage(capture.copy.get(), capture.time);
+    return add(image, pos);
+}
+
+bool AfterImageTrail::add(const Picture& image, Point pos)
+{
+    const std::lock_guard lock(m_dictLock);
+    if (m_imgList.size() >= fullTrail) m_imgList.pop_back();
     if (image.isNull()) return false;
-    m_imgList.push_front({image, capture.place});
+    m_imgList.push_front({image, pos});
     return true;
 }
 
-void AfterImageTrail::dropOldest()
+void AfterImageTrail::age()
 {
-    if (m_imgList.size() >= fullTrail) m_imgList.pop_back();
-}
-
-void AfterImageTrail::waitForCapture()
-{
-    {
-        std::unique_lock lock(m_doneMutex);
-        m_done.wait_for(lock, longestCapture, [this] { return !m_onThread; });
-    }
-    cancelCapture();
-}
-
-void AfterImageTrail::cancelCapture()
-{
-    if (!m_thread.joinable()) return;
-    m_thread.request_stop();
-    m_thread.join();
+    const std::lock_guard lock(m_dictLock);
+    for (Record& record : m_imgList)
+        if (std::exchange(record.isDrawn, false)) record.shade = static_cast<float>(record.shade - shadeStep);
 }
 
 void AfterImageTrail::draw(Painter& painter, const Rect& rect, bool overBackground, const Rect& hidden)
@@ -101,7 +57,7 @@ void AfterImageTrail::draw(Painter& painter, const Rect& rect, bool overBackgrou
     else
         drawOnBlack(painter, hidden);
     for (Record& record : m_imgList)
-        record.shade = static_cast<float>(record.shade - shadeStep);
+        record.isDrawn = true;
     noteDrawn(rect, hidden);
 }
 

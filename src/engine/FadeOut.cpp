@@ -63,6 +63,11 @@ void FadeOut::resume()
     m_aiTimer->fire();
 }
 
+double FadeOut::secondsLeft() const
+{
+    return m_backWindow && isFading() ? m_backWindow->alphaValue() / fadeStep * fadeInterval : 0;
+}
+
 void FadeOut::leaveBehind(const Picture& image, const Rect& frame)
 {
     if (!isReady()) return;

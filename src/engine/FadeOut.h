@@ -32,6 +32,8 @@ public:
     /// Whether a picture left now would fade: there is a window, and no fade runs.
     [[nodiscard]] bool isReady() const { return m_backWindow && !m_aiTimer; }
     [[nodiscard]] bool isFading() const { return m_aiTimer != nullptr; }
+    /// Until the fade that runs is over; 0 where none runs.
+    [[nodiscard]] double secondsLeft() const;
 
     /// Leaves `image` (a null one: nothing) at `frame` on the desk, and starts its fade. Nothing unless
     /// isReady().

@@ -49,7 +49,8 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     , m_geometry(*this, m_settings, services.desktop.random())
     , m_bounce(services.desktop.random())
     , m_fadeOut(services.desktop.timers())
-    , m_trail([this] { markTrail(); })
+    , m_trail([this](const Rect& place) { markStill(place); })
+    , m_stillAhead(m_captures, services.desktop.clock())
     , m_piggyBack(services.desktop)
     , m_resumePoint(m_settings, services.store)
 {
@@ -125,7 +126,7 @@ void MySaver::applyLoopMode()
 void MySaver::dropMovieFrame()
 {
     if (!m_movieView) return;
-    m_trail.waitForCapture();
+    m_captures.wait();
     m_movieView->setMovie({});
     m_movieView->hide();
     m_movieView.reset();
@@ -147,7 +148,7 @@ void MySaver::stopAnimation()
     m_piggyBack.stopTimers();
     storeResumePoint();
     if (m_windowMode && m_movieView) {
-        m_trail.cancelCapture();
+        m_captures.cancel();
         m_movieView->setMovie({});
         m_movieView->hide();
     }
@@ -195,7 +196,7 @@ void MySaver::resetMovie()
 
 bool MySaver::_resetMovie(const MovieContent& content)
 {
-    m_trail.waitForCapture();
+    m_captures.wait();
     hideSign();
     if (!m_movieView && !makeMovieFrame()) return false;
     if (m_movieView->movie()) m_movieView->setMovie({});

@@ -2,6 +2,7 @@
 
 #include "engine/AfterImageTrail.h"
 #include "engine/Bounce.h"
+#include "engine/CaptureThread.h"
 #include "engine/FadeOut.h"
 #include "engine/MovieGeometry.h"
 #include "engine/MovieSearch.h"
@@ -10,6 +11,7 @@
 #include "engine/ResumePoint.h"
 #include "engine/RetrySchedule.h"
 #include "engine/SignImage.h"
+#include "engine/StillAhead.h"
 #include "engine/TraceSource.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "settings/ConfigurableSaver.h"
@@ -81,8 +83,8 @@ public:
 
     /// The movie frame, null while the sign picture shows.
     [[nodiscard]] MovieFrame* movieView() const { return m_movieView.get(); }
-    /// Whether a still for the trail is being taken.
-    [[nodiscard]] bool isCapturing() const { return m_trail.isCapturing(); }
+    /// Whether a still is being taken.
+    [[nodiscard]] bool isCapturing() const { return m_captures.isBusy(); }
     /// The view of the saver behind this one, null when there is none.
     [[nodiscard]] std::shared_ptr<ScreenSaverView> otherSaver() const { return m_piggyBack.otherSaver(); }
 
@@ -145,10 +147,16 @@ private:
     [[nodiscard]] bool hasEffects() const;
     [[nodiscard]] Point placeInView() const;
     [[nodiscard]] Rect coveredByMovie() const;
-    [[nodiscard]] AfterImageTrail::Capture captureAt(Point place) const;
+    [[nodiscard]] StillAhead::Moment pictureIn(double seconds) const;
+    void askForStillAhead();
+    [[nodiscard]] double secondsToSwitch(double most);
+    [[nodiscard]] double secondsToFade() const;
+    [[nodiscard]] double secondsToFly() const;
+    void queueImageThread();
     void afterImageEffect();
     void queueImageNoThread();
     void markTrail();
+    void markStill(const Rect& place);
 
     SaverServices m_services;
     bool m_windowMode = false;
@@ -160,6 +168,8 @@ private:
     SignImage m_sign;
     FadeOut m_fadeOut;
     AfterImageTrail m_trail;
+    CaptureThread m_captures; ///< goes before the trail that it hands stills to
+    StillAhead m_stillAhead;
     PiggyBack m_piggyBack;
     ResumePoint m_resumePoint;
     RetrySchedule m_retries;

@@ -1,16 +1,52 @@
 // What the saver leaves behind of its movies: the trail of a window and the picture that fades.
 
 #include "engine/MySaver.h"
+#include "platform/base/Clock.h"
+#include "platform/display/Desktop.h"
 #include "platform/display/Window.h"
+#include "platform/movie/Playhead.h"
 #include "platform/movie/QTMovie.h"
+#include "platform/movie/StillMovie.h"
 #include "presentation/MovieFrame.h"
 
+#include <cmath>
+#include <limits>
+
 namespace kestro {
+
+namespace {
+
+constexpr double never = std::numeric_limits<double>::infinity();
+/// Of a tick: what adding up many of them may be off by.
+constexpr double roundingSlack = 1e-6;
+
+EndMode endModeOf(const QTMovie& movie)
+{
+    if (movie.attribute(MovieAttribute::LoopsBackAndForth)) return EndMode::Turn;
+    return movie.attribute(MovieAttribute::Loops) ? EndMode::Loop : EndMode::Stop;
+}
+
+/// Seconds until the movie stands at its end; never, where it does not come to stand there.
+double secondsToEnd(const QTMovie& movie)
+{
+    const double duration = secondsFromMovieTime(movie.duration());
+    if (endModeOf(movie) != EndMode::Stop || movie.rate() <= 0 || duration <= 0) return never;
+    return duration - secondsFromMovieTime(movie.currentTime());
+}
+
+} // namespace
 
 void MySaver::markTrail()
 {
     for (const Rect& place : m_trail.changing())
         setNeedsDisplayInRect(place);
+}
+
+// All of a new still but a narrow strip lies behind the window that it is a picture of.
+void MySaver::markStill(const Rect& place)
+{
+    for (const Rect& part : subtractRect({place}, coveredByMovie()))
+        setNeedsDisplayInRect(part);
 }
 
 bool MySaver::hasEffects() const
@@ -25,26 +61,78 @@ Point MySaver::placeInView() const
     return {frame.x - screen.x, frame.y - screen.y};
 }
 
-AfterImageTrail::Capture MySaver::captureAt(Point place) const
+// The picture that the movie will show in so many seconds. There is none of web content, nor of a movie whose
+// size is not known yet.
+StillAhead::Moment MySaver::pictureIn(double seconds) const
 {
     const auto movie = m_movieView->movie();
-    return {movie ? m_sequencer.cacheMovie() : nullptr, movie ? GetMovieTime(*movie) : 0, place};
+    if (!movie || movie->state() != QTMovie::State::Loaded || m_movieView->frame().isEmpty()) return {};
+    const double duration = secondsFromMovieTime(movie->duration());
+    const Playhead here{secondsFromMovieTime(movie->currentTime()), movie->rate() < 0, movie->rate() != 0};
+    return {m_sequencer.cacheMovie(), here.after(seconds, duration, endModeOf(*movie)).position, duration};
+}
+
+// Asks in good time for the still of the picture that the movie will leave behind.
+void MySaver::askForStillAhead()
+{
+    if (!hasEffects()) return;
+    const double lead = m_stillAhead.lead();
+    const double left = m_windowMode ? secondsToSwitch(lead) : secondsToFade();
+    if (left <= lead) m_stillAhead.ask(pictureIn(left));
+}
+
+// Window mode: a still is left at the switch to another entry. Never, where that is further off than `most`.
+double MySaver::secondsToSwitch(double most)
+{
+    const auto movie = m_movieView->movie();
+    const double left = movie ? secondsToEnd(*movie) : never;
+    return left <= most && m_playlist.fileList().size() > 1 ? left : never;
+}
+
+// Until the movie goes elsewhere or ends; never, where a fade will still be running then.
+double MySaver::secondsToFade() const
+{
+    const auto movie = m_movieView->movie();
+    const double toEnd = movie && m_settings.isFlyMode() ? secondsToEnd(*movie) : never;
+    const double left = std::fmin(secondsToFly(), toEnd);
+    return m_fadeOut.secondsLeft() < left ? left : never;
+}
+
+// The first tick strictly later than the interval.
+double MySaver::secondsToFly() const
+{
+    if (m_settings.reposition() != 0) return never;
+    const double tick = animationTimeInterval();
+    const double left = m_flyTime + m_settings.timeInterval() - m_services.desktop.clock().now();
+    return (std::floor(std::fmax(left, 0) / tick + roundingSlack) + 1) * tick;
+}
+
+// One still at a time: while another is being taken, this one is left out.
+void MySaver::queueImageThread()
+{
+    if (m_captures.isBusy()) return;
+    const Point place = placeInView();
+    const auto shown = pictureIn(0);
+    if (!shown.copy) return m_trail.queueImage({}, place);
+    const std::int32_t time = GetMovieTime(*m_movieView->movie());
+    m_captures.start({shown.copy, time},
+                     [this, place](const Picture& still) { m_trail.queueImage(still, place); });
 }
 
 // The movie's picture stays behind at its place and fades there, while the movie goes elsewhere.
 void MySaver::afterImageEffect()
 {
     if (!m_fadeOut.isReady()) return;
-    const auto capture = captureAt({});
     const Rect place = m_movieView->frame().movedBy(m_geometry.screenFrame().origin);
-    m_fadeOut.leaveBehind(movieImage(capture.copy.get(), capture.time), place);
+    m_fadeOut.leaveBehind(m_stillAhead.take(pictureIn(0)), place);
 }
 
 // The last still of a movie that is about to be replaced. Its place is the window's on the desk, taken as it
 // is.
 void MySaver::queueImageNoThread()
 {
-    if (!m_trail.queueImageNoThread(captureAt(m_movieView->frame().origin))) return;
+    const Picture still = m_stillAhead.take(pictureIn(0));
+    if (!m_trail.queueImageNoThread(still, m_movieView->frame().origin)) return;
     display();
     if (window()) window()->flushWindow();
 }

@@ -23,6 +23,7 @@ void MySaver::animateOneFrame()
     if (!m_search && m_retries.isDue(m_services.desktop.clock().now())) retry();
     if (m_search) return tickWhileSearching();
     if (!m_movieView) return moveSign();
+    m_trail.age();
     if (replaceBrokenMovie()) return;
     if (m_movieView->isPlaying()) moveMovie();
     if (!m_movieView->isPlaying()) switchMovie();
@@ -44,17 +45,18 @@ void MySaver::moveMovie()
         moveMovieWindow();
     else
         flyMovie();
+    askForStillAhead();
 }
 
 void MySaver::moveMovieWindow()
 {
     if (m_stepCount > lastStepBeforeCapture) {
-        if (hasEffects()) m_trail.queueImageThread(captureAt(placeInView()));
+        if (hasEffects()) queueImageThread();
         m_stepCount = 0;
     } else {
         ++m_stepCount;
-        markTrail();
     }
+    markTrail();
     const Rect screen = m_geometry.screenFrame();
     const Rect next = m_bounce.newRectFromScreen(m_movieView->frame(), screen);
     m_bounce.turnStray(next, screen);

@@ -67,6 +67,17 @@ TEST_F(FadeOutTest, fadeoutWindow_isSeenOnTheScreen)
     EXPECT_NEAR(pixelAt(400, 300).red(), 128, 2);
 }
 
+TEST_F(FadeOutTest, secondsLeft_isWhenTheFadeWillBeOver)
+{
+    EXPECT_EQ(fade.secondsLeft(), 0);
+    fade.leaveBehind(still(Qt::red), place);
+    EXPECT_NEAR(fade.secondsLeft(), 1, 1e-5);
+    timers.advance(0.6);
+    EXPECT_NEAR(fade.secondsLeft(), 0.4, 1e-5);
+    timers.advance(0.4);
+    EXPECT_EQ(fade.secondsLeft(), 0);
+}
+
 TEST_F(FadeOutTest, leaveBehind_isRefused_whileAFadeRuns)
 {
     fade.leaveBehind(still(Qt::red), place);

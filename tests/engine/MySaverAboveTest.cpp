@@ -80,7 +80,7 @@ TEST_F(MySaverAboveTest, fly_fadesOverTheLiveBackground)
     auto& saver = started();
     const Rect old = saver.movieView()->frame();
     while (!saver.snapshot().isFading)
-        run(0.05);
+        runSettled(saver, 1);
     const Rect now = saver.movieView()->frame();
     run(0.45);
     const Point left{now.left() > old.left() ? old.left() + 2 : old.right() - 3, middleOf(old).y};

@@ -49,8 +49,9 @@ public:
 
     void setStillSize(int width, int height) override { m_size = QSize(width, height); }
 
-    [[nodiscard]] Picture still(MovieTime, std::stop_token) override
+    [[nodiscard]] Picture still(MovieTime time, std::stop_token stop) override
     {
+        if (m_description.takesStill) return m_description.takesStill(time, std::move(stop));
         const QSize size = pictureSize();
         if (size.isEmpty() || m_description.failsLoading) return {};
         QImage image(size, QImage::Format_RGB32);

@@ -27,6 +27,8 @@ struct MemoryMovieDescription {
     double loadsAfter = 0;       ///< seconds until size, duration and picture are there; 0 for a local file
     bool failsLoading = false;   ///< ends in State::Failed instead, after that span
     double breaksOffAfter = 1e9; ///< seconds after it was opened until it ends in State::Failed
+    /// Takes its stills, on whatever thread asks for them; empty: they come at once.
+    std::function<Picture(MovieTime, std::stop_token)> takesStill = {};
 };
 
 /// A movie without a file: it plays by a clock that is handed in, shows one colour, and keeps all rules of
