@@ -41,8 +41,9 @@ void PlayableSearch::look(const QUrl& url)
         m_task = DetachedTask::start<bool>(
             QStringLiteral("exists:") + path, longestLook, [path] { return QFileInfo::exists(path); },
             [this](std::optional<bool> isThere) {
+                const auto wake = m_wake; // which may destroy this
                 looked(isThere.value_or(false));
-                m_wake();
+                wake();
             });
     }
     if (!m_task) looked(false);
