@@ -81,7 +81,8 @@ void MySaver::foundNothing(Purpose purpose)
     case Purpose::Retry:
         break;
     }
-    if (!m_playlist.plistFileList().isEmpty()) m_retries.failed(m_services.desktop.clock().now());
+    if (m_playlist.plistFileList().isEmpty()) return;
+    m_retries.failed(m_services.desktop.clock().now(), m_playlist.fileList().size());
 }
 
 // Where the entry that ended is taken again, past others that failed, it is the only one that can be played.

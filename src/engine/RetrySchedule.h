@@ -1,15 +1,18 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <optional>
 
 namespace kestro {
 
-/// When a search that found nothing to play is made again: after a second, and in the first minute every
-/// second, later every half minute, for ever. Seconds of the clock. A value of the engine's; main thread.
+/// When a search that found nothing to play is made again, for ever: in the first minute every second, later
+/// every half minute. A long list is given longer rests from the beginning, since each of its files is looked
+/// for. Seconds of the clock. A value of the engine's; main thread.
 class RetrySchedule final {
 public:
-    /// A search that ended at `now` found nothing.
-    void failed(double now);
+    /// A search among so many entries found nothing.
+    void failed(double now, qsizetype entries);
     /// Something plays, or is not to be looked for any more.
     void end() { *this = {}; }
     /// Whether it is time to search again.
