@@ -6,15 +6,18 @@
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MpvRenderer.h"
 #include "platform/movie/OpenGLTeardown.h"
+#include "platform/movie/ShownPicture.h"
 
 #include <clocale>
 #include <mpv/render.h>
 
 namespace kestro {
 
-std::unique_ptr<MpvHandle> MpvHandle::create(const Options& options, std::shared_ptr<OpenGL> openGL)
+std::unique_ptr<MpvHandle> MpvHandle::create(const Options& options, std::shared_ptr<OpenGL> openGL,
+                                             std::shared_ptr<ShownPicture> shown)
 {
     auto handle = std::unique_ptr<MpvHandle>(new MpvHandle);
+    handle->m_shown = std::move(shown);
     if (!handle->start(options, std::move(openGL))) return nullptr;
     return handle;
 }
@@ -48,13 +51,16 @@ bool MpvHandle::startSoftware()
         {MPV_RENDER_PARAM_API_TYPE, const_cast<char*>(MPV_RENDER_API_TYPE_SW)},
         {MPV_RENDER_PARAM_INVALID, nullptr},
     };
-    return mpv_render_context_create(&m_renderer, m_handle, params) >= 0;
+    if (mpv_render_context_create(&m_renderer, m_handle, params) < 0) return false;
+    m_shown->setRenderer(m_renderer);
+    return true;
 }
 
 MpvHandle::~MpvHandle()
 {
     if (!m_handle) return;
     setNotifier({});
+    m_shown->takeBack(m_renderer);
     if (m_openGL)
         OpenGLTeardown::begin(m_handle, m_renderer, std::move(m_openGL));
     else
@@ -96,6 +102,7 @@ bool MpvHandle::isCutOff() const
 
 bool MpvHandle::takeNewPicture()
 {
+    if (!m_openGL) return m_shown->takeNew();
     makeCurrent();
     return mpv_render_context_update(m_renderer) & MPV_RENDER_UPDATE_FRAME;
 }
@@ -132,22 +139,12 @@ bool MpvHandle::render(const PixelTarget& target)
 {
     if (m_openGL)
         return m_openGL->renderToMemory(target, [this](const auto& card) { return renderWithOpenGL(card); });
-    int size[2] = {target.width, target.height};
-    auto stride = static_cast<std::size_t>(target.stride);
-    int off = 0;
-    mpv_render_param params[] = {
-        {MPV_RENDER_PARAM_SW_SIZE, size},
-        {MPV_RENDER_PARAM_SW_FORMAT, const_cast<char*>("bgr0")},
-        {MPV_RENDER_PARAM_SW_STRIDE, &stride},
-        {MPV_RENDER_PARAM_SW_POINTER, target.pixels},
-        {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &off},
-        {MPV_RENDER_PARAM_INVALID, nullptr},
-    };
-    return mpv_render_context_render(m_renderer, params) >= 0;
+    return m_shown->draw(target);
 }
 
 void MpvHandle::skipPicture()
 {
+    if (!m_openGL) return m_shown->skip();
     makeCurrent();
     skipPictureOf(m_renderer);
 }

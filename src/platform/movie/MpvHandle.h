@@ -16,6 +16,7 @@ namespace kestro {
 struct FramebufferTarget;
 class OpenGL;
 struct PixelTarget;
+class ShownPicture;
 
 /// One libmpv player with its renderer: with OpenGL, or in software. Nothing here waits for mpv's playing
 /// thread: what is asked is answered by events. Owned by MpvPlayer; main thread. Destroying it frees mpv on
@@ -25,9 +26,9 @@ public:
     using Options = std::vector<std::pair<const char*, QByteArray>>;
 
     /// Null when mpv cannot be had. `openGL` is to draw the pictures; null for software, which it falls back
-    /// to.
-    [[nodiscard]] static std::unique_ptr<MpvHandle> create(const Options& options,
-                                                           std::shared_ptr<OpenGL> openGL = nullptr);
+    /// to. What it draws in software can be had of `shown` as well.
+    [[nodiscard]] static std::unique_ptr<MpvHandle>
+    create(const Options& options, std::shared_ptr<OpenGL> openGL, std::shared_ptr<ShownPicture> shown);
     ~MpvHandle();
     MpvHandle(const MpvHandle&) = delete;
     MpvHandle& operator=(const MpvHandle&) = delete;
@@ -67,7 +68,8 @@ private:
 
     mpv_handle* m_handle = nullptr;
     mpv_render_context* m_renderer = nullptr;
-    std::shared_ptr<OpenGL> m_openGL; ///< what the renderer draws with; shared as OpenGL says
+    std::shared_ptr<OpenGL> m_openGL;      ///< what the renderer draws with; shared as OpenGL says
+    std::shared_ptr<ShownPicture> m_shown; ///< all drawing in software goes through it
     std::unique_ptr<std::function<void()>> m_notifier;
 };
 

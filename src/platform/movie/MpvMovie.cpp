@@ -1,8 +1,9 @@
 #include "platform/movie/MpvMovie.h"
 
 #include "platform/base/Log.h"
-#include "platform/movie/DecodedStills.h"
 #include "platform/movie/DecoderThreads.h"
+#include "platform/movie/MpvStills.h"
+#include "platform/movie/ShownPicture.h"
 
 #include <QThread>
 
@@ -59,6 +60,7 @@ MpvMovie::MpvMovie(const QUrl& url, const MpvMovieOptions& options)
     : m_url(url)
     , m_options(options)
     , m_layer(std::make_unique<PlayerLayer>(*this))
+    , m_shown(std::make_shared<ShownPicture>())
 {
     if (m_url.isLocalFile())
         open();
@@ -116,7 +118,8 @@ bool MpvMovie::start(double at)
                                     .hasSound = !m_facts || m_facts->hasSound,
                                     .muted = m_muted,
                                     .volume = m_volume,
-                                    .openGL = m_options.openGL.lock()},
+                                    .openGL = m_options.openGL.lock(),
+                                    .shown = m_shown},
                                    *this);
     if (!player) {
         m_state = Broken{.at = at};
@@ -404,7 +407,7 @@ Layer& MpvMovie::layer()
 
 std::shared_ptr<StillMovie> MpvMovie::copyForStills() const
 {
-    return std::make_shared<DecodedStills>(m_url, std::chrono::seconds(m_options.networkTimeout));
+    return std::make_shared<MpvStills>(m_shown, m_url, std::chrono::seconds(m_options.networkTimeout));
 }
 
 } // namespace kestro

@@ -18,6 +18,8 @@
 
 namespace kestro {
 
+class ShownPicture;
+
 /// A real movie, played by libmpv, its stills decoded by libavcodec. The file of a local one is looked into
 /// first, on another thread; it starts its player when it is first played or shown. A remote one starts it at
 /// once, to load. Made by MpvMovieLibrary. Main thread.
@@ -104,6 +106,7 @@ private:
     const MpvMovieOptions m_options;
     std::optional<MovieFacts> m_facts; ///< of a local movie, once it was looked into
     std::unique_ptr<PlayerLayer> m_layer;
+    const std::shared_ptr<ShownPicture> m_shown; ///< what copies for stills look at first
     std::variant<Opening, Lying, Standing, Playing, Ended, Broken> m_state = Opening{};
     bool m_loops = false;
     bool m_backAndForth = false;

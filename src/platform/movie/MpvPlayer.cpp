@@ -3,6 +3,7 @@
 #include "platform/display/Layer.h"
 #include "platform/movie/AvInput.h"
 #include "platform/movie/MpvOptions.h"
+#include "platform/movie/ShownPicture.h"
 
 #include <algorithm>
 #include <chrono>
@@ -23,7 +24,7 @@ static constexpr double mpvSlack = 0.005;
 
 std::unique_ptr<MpvPlayer> MpvPlayer::start(const MpvPlayerSetup& setup, MpvPlayerListener& listener)
 {
-    auto handle = MpvHandle::create(mpvOptions(setup), setup.openGL);
+    auto handle = MpvHandle::create(mpvOptions(setup), setup.openGL, setup.shown);
     if (!handle) return nullptr;
     return std::unique_ptr<MpvPlayer>(new MpvPlayer(setup, listener, std::move(handle)));
 }
@@ -60,6 +61,7 @@ void MpvPlayer::prepareTimers()
 void MpvPlayer::load(double start)
 {
     m_state.load(start);
+    m_setup.shown->left();
     const QByteArray target = mpvTarget(start);
     m_handle->set("start", target.toDouble() > 0 ? target : "none"); // not every server lets itself be sought
     m_handle->command(ofThisMove(Move), {"loadfile", mediaSource(m_setup.url).constData()});
@@ -80,6 +82,7 @@ void MpvPlayer::seek(double seconds)
 void MpvPlayer::orderSeek()
 {
     m_moveTimer.start();
+    m_setup.shown->left();
     const QByteArray target = mpvTarget(m_state.position());
     m_handle->command(ofThisMove(Move), {"seek", target.constData(), "absolute+exact"});
 }
@@ -102,6 +105,7 @@ void MpvPlayer::setLooping(bool looping)
 void MpvPlayer::setBackwards(bool backwards)
 {
     if (m_state.turn()) m_moveTimer.start();
+    m_setup.shown->left();
     m_handle->set("play-dir", backwards ? "backward" : "forward", ofThisMove(Move));
 }
 

@@ -17,6 +17,8 @@
 
 namespace kestro {
 
+class ShownPicture;
+
 /// What a player is started with.
 struct MpvPlayerSetup {
     QUrl url;
@@ -30,6 +32,7 @@ struct MpvPlayerSetup {
     bool muted = false; ///< sound is not even decoded until unmuted
     double volume = 1;
     std::shared_ptr<OpenGL> openGL = {}; ///< to draw with; null for software
+    std::shared_ptr<ShownPicture> shown; ///< is told what shows; never null
 };
 
 /// Hears from a player, on the main thread. May destroy it in any of these.

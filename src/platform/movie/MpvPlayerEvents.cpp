@@ -4,6 +4,7 @@
 #include "platform/movie/MpvOptions.h"
 #include "platform/movie/MpvPlayer.h"
 #include "platform/movie/MpvTracks.h"
+#include "platform/movie/ShownPicture.h"
 #include "platform/movie/StreamEnd.h"
 
 #include <QPointer>
@@ -105,6 +106,8 @@ void MpvPlayer::handleTime(double time)
     if (time < 0) return;
     const double before = m_state.position();
     m_state.timeIs(time, m_setup.pictureSeconds);
+    const bool isShowing = hasPicture() && std::holds_alternative<PlayerState::Playing>(m_state.current());
+    if (isShowing) m_setup.shown->began(time, m_setup.pictureSeconds);
     if (m_state.position() != before) m_roundsInVain = 0;
 }
 

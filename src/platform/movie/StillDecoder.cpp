@@ -98,6 +98,7 @@ bool StillDecoder::open()
     if (!m_codec || !m_packet) return false;
     if (avcodec_parameters_to_context(m_codec.get(), m_input->video()->codecpar) < 0) return false;
     m_codec->pkt_timebase = m_input->video()->time_base;
+    m_codec->skip_loop_filter = AVDISCARD_NONREF; // no other frame is made of those
     m_codec->thread_count = decoderThreads(m_facts, QThread::idealThreadCount());
     return avcodec_open2(m_codec.get(), decoder, nullptr) >= 0;
 }

@@ -1,0 +1,104 @@
+#include "platform/movie/ShownPicture.h"
+
+#include "platform/display/AlignedImage.h"
+#include "platform/display/Layer.h"
+#include "platform/movie/MpvRenderer.h"
+
+#include <mpv/render.h>
+#include <utility>
+
+namespace kestro {
+
+namespace {
+
+/// The time asked for was read a moment ago: the movie may have gone on to its next picture since.
+constexpr double latest = 0.05;
+/// What rounding a time to whole units may add to it.
+constexpr double rounding = 0.002;
+
+} // namespace
+
+void ShownPicture::setRenderer(mpv_render_context* renderer)
+{
+    const std::lock_guard lock(m_mutex);
+    m_renderer = renderer;
+    m_hasBegun = false;
+}
+
+void ShownPicture::takeBack(mpv_render_context* renderer)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_renderer != renderer) return;
+    m_renderer = nullptr;
+    m_hasBegun = false;
+}
+
+void ShownPicture::began(double seconds, double lasts)
+{
+    const std::lock_guard lock(m_mutex);
+    m_hasBegun = true;
+    m_seconds = seconds;
+    m_lasts = lasts;
+}
+
+void ShownPicture::left()
+{
+    const std::lock_guard lock(m_mutex);
+    m_hasBegun = false;
+}
+
+bool ShownPicture::isOn(double seconds) const
+{
+    return m_renderer && m_hasBegun && m_seconds - latest <= seconds &&
+           seconds <= m_seconds + m_lasts + rounding;
+}
+
+bool ShownPicture::draw(const PixelTarget& target)
+{
+    const std::lock_guard lock(m_mutex);
+    return m_renderer && drawLocked(target);
+}
+
+bool ShownPicture::takeNew()
+{
+    const std::lock_guard lock(m_mutex);
+    const bool wasTaken = std::exchange(m_wasTaken, false);
+    return m_renderer && ((mpv_render_context_update(m_renderer) & MPV_RENDER_UPDATE_FRAME) || wasTaken);
+}
+
+void ShownPicture::skip()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_renderer) skipPictureOf(m_renderer);
+}
+
+bool ShownPicture::drawLocked(const PixelTarget& target)
+{
+    int size[2] = {target.width, target.height};
+    auto stride = static_cast<std::size_t>(target.stride);
+    int off = 0;
+    mpv_render_param params[] = {
+        {MPV_RENDER_PARAM_SW_SIZE, size},
+        {MPV_RENDER_PARAM_SW_FORMAT, const_cast<char*>("bgr0")},
+        {MPV_RENDER_PARAM_SW_STRIDE, &stride},
+        {MPV_RENDER_PARAM_SW_POINTER, target.pixels},
+        {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &off},
+        {MPV_RENDER_PARAM_INVALID, nullptr},
+    };
+    return mpv_render_context_render(m_renderer, params) >= 0;
+}
+
+Picture ShownPicture::picture(double seconds, QSize size)
+{
+    if (size.isEmpty()) return {};
+    const int evenWidth = (size.width() + 1) / 2 * 2; // the last column of an odd one falls between the rows
+    QImage image = alignedImage(size, QImage::Format_RGB32);
+    const std::lock_guard lock(m_mutex);
+    if (image.isNull() || !isOn(seconds)) return {};
+    m_wasTaken = m_wasTaken || (mpv_render_context_update(m_renderer) & MPV_RENDER_UPDATE_FRAME);
+    const PixelTarget target{image.bits(), evenWidth, size.height(), static_cast<int>(image.bytesPerLine())};
+    if (!drawLocked(target)) return {};
+    return {image, {static_cast<float>(size.width()), static_cast<float>(size.height())}};
+}
+
+} // namespace kestro
