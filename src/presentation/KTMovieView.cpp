@@ -114,8 +114,13 @@ void KTMovieView::stop(const void* sender)
 
 bool KTMovieView::isPlaying() const
 {
-    auto* inner = innerMovieView();
+    const auto* inner = innerMovieView();
     return !inner || inner->isPlaying();
+}
+
+void KTMovieView::keepPlaying()
+{
+    if (auto* inner = innerMovieView()) inner->keepPlaying();
 }
 
 void KTMovieView::setVolume(float volume)

@@ -33,6 +33,7 @@ public:
     void start(const void* sender) override;
     void stop(const void* sender) override;
     [[nodiscard]] bool isPlaying() const override;
+    void keepPlaying() override;
     void setVolume(float volume) override;
     [[nodiscard]] float volume() const override;
     void setMuted(bool muted) override;

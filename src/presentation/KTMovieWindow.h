@@ -20,6 +20,7 @@ public:
     void start(const void* sender) override { m_movieView.start(sender); }
     void stop(const void* sender) override { m_movieView.stop(sender); }
     [[nodiscard]] bool isPlaying() const override { return m_movieView.isPlaying(); }
+    void keepPlaying() override { m_movieView.keepPlaying(); }
     void setVolume(float volume) override { m_movieView.setVolume(volume); }
     [[nodiscard]] float volume() const override { return m_movieView.volume(); }
     void setMuted(bool muted) override { m_movieView.setMuted(muted); }

@@ -60,17 +60,24 @@ float KTQTMovieView::volume() const
     return movie() ? movie()->volume() : 0.0F;
 }
 
-bool KTQTMovieView::isPlaying()
+bool KTQTMovieView::isPlaying() const
 {
-    if (auto* older = asNSMovieView()) return older->isPlaying();
-    const float rate = movie() ? movie()->rate() : 0.0F;
-    if (rate != 0.0F) {
-        m_resetFlag = false;
-        return true;
-    }
-    if (!m_resetFlag) return false;
-    if (movie() && movie()->duration().timeValue > 0) start(this);
-    return true;
+    if (const auto* older = asNSMovieView()) return older->isPlaying();
+    return m_resetFlag || (movie() && movie()->rate() != 0.0F);
+}
+
+void KTQTMovieView::keepPlaying()
+{
+    if (asNSMovieView()) return;
+    noteRate();
+    if (!m_resetFlag || !movie() || movie()->duration().timeValue <= 0) return;
+    start(this);
+    noteRate(); // one that is shorter than the time between two calls is seen as well
+}
+
+void KTQTMovieView::noteRate()
+{
+    if (movie() && movie()->rate() != 0.0F) m_resetFlag = false;
 }
 
 Size KTQTMovieView::sizeForMagnification(float magnification) const

@@ -14,7 +14,7 @@ class KTQTMovieView final : public QTMovieView {
 public:
     using QTMovieView::QTMovieView;
 
-    /// From now on the view counts as playing until the movie's rate has been seen off zero once.
+    /// From now on the view counts as playing until keepPlaying() has seen the movie's rate off zero once.
     void setMovie(std::shared_ptr<QTMovie> movie) override;
     /// Shows the movie inside `movie`.
     void setMovie(const NSMovie& movie);
@@ -34,14 +34,19 @@ public:
     void start(const void* sender) { play(sender); }
     void stop(const void* sender) { pause(sender); }
 
-    /// Newer generation: tells a movie that has yet to begin (true, and it is started once its duration is
-    /// known) from one that has stopped or ended (false).
-    [[nodiscard]] bool isPlaying();
+    /// Newer generation: true for a movie that plays or has yet to begin, false for one that has stopped or
+    /// ended, as far as keepPlaying() has seen it.
+    [[nodiscard]] bool isPlaying() const;
+    /// To be called again and again: sees whether the movie has begun, and starts it where it has not, once
+    /// its duration is known. Nothing in the older generation.
+    void keepPlaying();
     /// Points; the magnification counts in the older generation only. Zero while unknown.
     [[nodiscard]] Size sizeForMagnification(float magnification) const;
 
 private:
-    bool m_resetFlag = false;
+    void noteRate();
+
+    bool m_resetFlag = false; ///< the movie has not been seen running since it was set
 };
 
 } // namespace kestro

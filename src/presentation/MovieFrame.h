@@ -36,6 +36,9 @@ public:
     virtual void stop(const void* sender) = 0;
     /// Whether the movie plays or has yet to begin; true while empty and for web content, which never end.
     [[nodiscard]] virtual bool isPlaying() const = 0;
+    /// To be called at each tick: starts a movie that has yet to begin, once its duration is known. From when
+    /// it was seen running here, one that stands counts as ended.
+    virtual void keepPlaying() = 0;
 
     /// 0 silent … 1 as recorded. These settings outlive the content they were given for.
     virtual void setVolume(float volume) = 0;

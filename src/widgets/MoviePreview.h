@@ -46,8 +46,8 @@ public:
     void start();
     /// Stops the movie where it is.
     void stop();
-    /// As KTQTMovieView::isPlaying: true as well for a movie just set, which is then started.
-    [[nodiscard]] bool isPlaying() { return m_view.isPlaying(); }
+    /// Whether it plays, or will once it is loaded.
+    [[nodiscard]] bool isPlaying() const { return isRunning(); }
     /// Of the movie; zero while it is unknown and without a movie.
     [[nodiscard]] Size naturalSize() const { return m_view.sizeForMagnification(1); }
 
@@ -58,7 +58,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// The natural size of the movie became known; at once, inside setMovie, for a local one.
+    /// The natural size of the movie became known.
     void movieLoaded();
     /// The movie that was still loading cannot be shown.
     void movieFailed();

@@ -21,6 +21,7 @@ public:
     void start(const void*) override {}
     void stop(const void*) override {}
     bool isPlaying() const override { return true; }
+    void keepPlaying() override {}
     void setVolume(float) override {}
     float volume() const override { return 0; }
     void setMuted(bool) override {}

@@ -140,13 +140,14 @@ TEST_F(KTMovieViewTest, isPlaying_isTrueWhileEmptyAndForAPage)
     EXPECT_TRUE(view.isPlaying());
     view.start(nullptr);
     view.stop(nullptr);
+    view.keepPlaying();
     EXPECT_TRUE(view.isPlaying());
 }
 
 TEST_F(KTMovieViewTest, isPlaying_isFalseOnceAMovieEnded)
 {
     view.setMovie(movie({.seconds = 1}));
-    view.start(nullptr);
+    view.keepPlaying();
     EXPECT_TRUE(view.isPlaying());
     clock.advance(1.5);
     EXPECT_FALSE(view.isPlaying());

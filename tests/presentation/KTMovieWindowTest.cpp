@@ -60,6 +60,7 @@ TEST_F(KTMovieWindowTest, playback_isHandedOnUnchanged)
     clock.advance(1);
     frame.stop(nullptr);
     EXPECT_EQ(shown->currentTime().timeValue, 600);
+    frame.keepPlaying();
     frame.start(nullptr);
     EXPECT_TRUE(frame.isPlaying());
     clock.advance(3);

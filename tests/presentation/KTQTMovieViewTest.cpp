@@ -97,43 +97,90 @@ TEST_F(KTQTMovieViewTest, showController_isHandedOn_inTheOlderGeneration)
     EXPECT_TRUE(olderView.isControllerVisible());
 }
 
-TEST_F(KTQTMovieViewTest, isPlaying_startsAMovieThatWasJustSet)
+TEST_F(KTQTMovieViewTest, keepPlaying_startsAMovieThatWasJustSet)
 {
     const auto shown = movie();
     view.setMovie(shown);
     EXPECT_EQ(shown->rate(), 0.0F);
     EXPECT_TRUE(view.isPlaying());
+    view.keepPlaying();
+    EXPECT_TRUE(view.isPlaying());
     EXPECT_EQ(shown->rate(), 1.0F);
+}
+
+TEST_F(KTQTMovieViewTest, isPlaying_changesNothing)
+{
+    const auto shown = movie({.seconds = 2});
+    view.setMovie(shown);
+    EXPECT_TRUE(view.isPlaying());
+    EXPECT_EQ(shown->rate(), 0.0F);
+    view.start(nullptr);
+    EXPECT_TRUE(view.isPlaying()); // nor does it take note that the movie runs
+    view.stop(nullptr);
+    EXPECT_TRUE(view.isPlaying());
 }
 
 TEST_F(KTQTMovieViewTest, isPlaying_isFalseOnceTheMovieRanAndStands)
 {
-    const auto shown = movie({.seconds = 2});
-    view.setMovie(shown);
+    view.setMovie(movie({.seconds = 2}));
     view.start(nullptr);
+    view.keepPlaying();
     EXPECT_TRUE(view.isPlaying());
     clock.advance(2.5);
+    view.keepPlaying();
     EXPECT_FALSE(view.isPlaying());
+    view.keepPlaying();
     EXPECT_FALSE(view.isPlaying());
+}
+
+TEST_F(KTQTMovieViewTest, isPlaying_isTrueAgain_whenAnotherMovieIsSet)
+{
+    view.setMovie(movie({.seconds = 2}));
+    view.keepPlaying();
+    clock.advance(2.5);
     view.setMovie(movie());
     EXPECT_TRUE(view.isPlaying());
-    view.stop(nullptr);
-    EXPECT_TRUE(view.isPlaying());
-    EXPECT_TRUE(view.isPlaying());
+    view.keepPlaying();
     view.stop(nullptr);
     EXPECT_FALSE(view.isPlaying());
 }
 
-TEST_F(KTQTMovieViewTest, isPlaying_keepsAskingWithoutStarting_whileTheDurationIsUnknown)
+TEST_F(KTQTMovieViewTest, keepPlaying_startsAMovieThatWasStopped_onlyBeforeItWasSeenRunning)
+{
+    const auto shown = movie();
+    view.setMovie(shown);
+    view.start(nullptr);
+    view.stop(nullptr);
+    view.keepPlaying();
+    EXPECT_EQ(shown->rate(), 1.0F);
+    view.stop(nullptr);
+    view.keepPlaying();
+    EXPECT_EQ(shown->rate(), 0.0F);
+}
+
+TEST_F(KTQTMovieViewTest, keepPlaying_startsOnce_whatIsOverBeforeTheNextCall)
+{
+    const auto shown = movie({.seconds = 0.02});
+    view.setMovie(shown);
+    view.keepPlaying();
+    clock.advance(0.05);
+    EXPECT_FALSE(view.isPlaying());
+    view.keepPlaying();
+    EXPECT_EQ(shown->rate(), 0.0F);
+}
+
+TEST_F(KTQTMovieViewTest, keepPlaying_doesNotStart_whileTheDurationIsUnknown)
 {
     const auto shown = movie({.loadsAfter = 2});
     view.setMovie(shown);
-    EXPECT_TRUE(view.isPlaying());
+    view.keepPlaying();
     clock.advance(1.9);
+    view.keepPlaying();
     EXPECT_TRUE(view.isPlaying());
     EXPECT_EQ(shown->rate(), 0.0F);
     clock.advance(0.2);
-    EXPECT_TRUE(view.isPlaying());
+    EXPECT_EQ(shown->rate(), 0.0F);
+    view.keepPlaying();
     EXPECT_EQ(shown->rate(), 1.0F);
 }
 
@@ -149,6 +196,7 @@ TEST_F(KTQTMovieViewTest, isPlaying_isTheOlderViewsAnswer_inTheOlderGeneration)
     const auto shown = movie();
     olderView.setMovie(shown);
     EXPECT_FALSE(olderView.isPlaying());
+    olderView.keepPlaying();
     EXPECT_EQ(shown->rate(), 0.0F);
     older.playing = true;
     EXPECT_TRUE(olderView.isPlaying());

@@ -141,10 +141,14 @@ TEST_F(MoviePreviewTest, operations_doNothing_withoutAMovie)
     EXPECT_FALSE(button().isPlaying());
 }
 
-TEST_F(MoviePreviewTest, isPlaying_startsAMovieThatWasJustSet)
+TEST_F(MoviePreviewTest, isPlaying_isTrueFromStartToStop_whileItLoadsToo)
 {
-    const auto set = shown();
+    const auto set = shown({.loadsAfter = 1});
+    EXPECT_FALSE(preview.isPlaying());
+    EXPECT_EQ(set->rate(), 0);
+    preview.start();
     EXPECT_TRUE(preview.isPlaying());
+    timers.advance(1.1);
     EXPECT_EQ(set->rate(), 1);
     EXPECT_TRUE(preview.isPlaying());
     preview.stop();
