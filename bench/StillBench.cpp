@@ -40,10 +40,20 @@ Number median(std::vector<Number> numbers)
     return numbers[numbers.size() / 2];
 }
 
+/// The movie once it is loaded; ends the program where there is none.
+std::shared_ptr<QTMovie> loaded(MovieLibrary& library, const QUrl& url)
+{
+    auto movie = library.movieWithURL(url);
+    while (movie && movie->state() == QTMovie::State::Loading)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    if (!movie || movie->state() == QTMovie::State::Failed) std::exit(1);
+    return movie;
+}
+
 /// Every still but the first, which opens the movie.
 void measureStills(MovieLibrary& library, const QUrl& url)
 {
-    const auto copy = library.movieWithURL(url)->copyForStills();
+    const auto copy = loaded(library, url)->copyForStills();
     std::vector<double> costs;
     for (int i = 0; i < stills; ++i) {
         const double before = processorMilliseconds();
@@ -56,7 +66,7 @@ void measureStills(MovieLibrary& library, const QUrl& url)
 /// Plays the movie, drawing each of its pictures; answers how many there were.
 int picturesPlayed(MovieLibrary& library, const QUrl& url, bool takesStills)
 {
-    const auto movie = library.movieWithURL(url);
+    const auto movie = loaded(library, url);
     const auto copy = movie->copyForStills();
     const Size size = movie->naturalSize();
     QImage canvas = alignedImage({static_cast<int>(size.width), static_cast<int>(size.height)},
@@ -103,7 +113,6 @@ int main(int argc, char** argv)
     if (argc != 2) return 2;
     const QUrl url = QUrl::fromLocalFile(QString::fromLocal8Bit(argv[1]));
     kestro::MpvMovieLibrary library;
-    if (!library.movieWithURL(url)) return 1;
     kestro::measureStills(library, url);
     kestro::measurePlay(library, url);
     return 0;

@@ -73,6 +73,7 @@ void ThemePanel::setUpButtons()
     connect(m_ui->playButton, &QPushButton::clicked, this, &ThemePanel::selectIDVDTheme);
     connect(m_ui->stopButton, &QPushButton::clicked, this, &ThemePanel::stopTheme);
     connect(m_ui->addButton, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_themeMovieView, &MoviePreview::movieFailed, this, &ThemePanel::showWhatCanBeDone);
     connect(m_ui->cancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -123,18 +124,23 @@ void ThemePanel::previewSelection()
     if (!rows.isEmpty()) {
         const int current = m_ui->themeTable->currentIndex().row();
         const QUrl url = m_browser.movieURL(rows.contains(current) ? current : rows.last());
-        const auto& shown = m_themeMovieView->movie();
-        if (!shown || shown->url() != url) m_themeMovieView->setMovie(NSMovie(m_movies.movieWithURL(url)));
+        const bool isShown = hasMovie() && m_themeMovieView->movie()->url() == url;
+        if (!isShown) m_themeMovieView->setMovie(NSMovie(m_movies.movieWithURL(url)));
         selectIDVDTheme();
     }
     showWhatCanBeDone();
 }
 
+bool ThemePanel::hasMovie() const
+{
+    const auto& shown = m_themeMovieView->movie();
+    return shown && shown->state() != QTMovie::State::Failed;
+}
+
 void ThemePanel::showWhatCanBeDone()
 {
-    const bool hasMovie = m_themeMovieView->movie() != nullptr;
-    m_ui->playButton->setEnabled(hasMovie);
-    m_ui->stopButton->setEnabled(hasMovie);
+    m_ui->playButton->setEnabled(hasMovie());
+    m_ui->stopButton->setEnabled(hasMovie());
     m_ui->addButton->setEnabled(!selectedRows().isEmpty());
 }
 

@@ -53,6 +53,7 @@ private:
     void fitToScreen();
     void previewSelection();
     void showWhatCanBeDone();
+    [[nodiscard]] bool hasMovie() const;
     void colourRows();
     [[nodiscard]] QList<int> selectedRows() const;
 

@@ -210,6 +210,22 @@ TEST_F(ThemePanelTest, selecting_previewsNothing_whenTheMovieCannotBeRead)
     EXPECT_TRUE(button("addButton").isEnabled());
 }
 
+TEST_F(ThemePanelTest, buttons_areOff_onceTheMovieTurnsOutToBeNone)
+{
+    m_movies.describe(m_urls[1].toString(), {.loadsAfter = 1, .failsLoading = true});
+    m_panel.showIDVDThemes();
+    select({1});
+    EXPECT_TRUE(button("playButton").isEnabled());
+    m_timers.advance(1.2);
+    EXPECT_FALSE(button("playButton").isEnabled());
+    EXPECT_FALSE(button("stopButton").isEnabled());
+    m_movies.describe(m_urls[1].toString(), {});
+    select({0});
+    select({1});
+    EXPECT_EQ(rate(), 1);
+    EXPECT_TRUE(button("playButton").isEnabled());
+}
+
 TEST_F(ThemePanelTest, buttons_stopAndPlayTheMovie_whenClicked)
 {
     m_panel.showIDVDThemes();

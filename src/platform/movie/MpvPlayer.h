@@ -95,6 +95,7 @@ private:
         Width,
         Height,
         Duration,
+        LaterDuration,
         BytesRead,
         BytesInAll,
         Move
@@ -127,6 +128,7 @@ private:
     void handleReply(const mpv_event& event);
     void handleTime(double time);
     void takeNumbers();
+    void takeDuration(double seconds);
     void handleLoaded();
     void handleRestart();
     void handleEnd(const mpv_event_end_file& end);

@@ -25,6 +25,7 @@ void MpvPlayer::observe()
     mpv_request_log_messages(m_handle->raw(), "error");
     m_handle->observe(TimePosition, "time-pos", MPV_FORMAT_DOUBLE);
     m_handle->observe(EndReached, "eof-reached", MPV_FORMAT_FLAG);
+    m_handle->observe(LaterDuration, "duration", MPV_FORMAT_DOUBLE);
     if (isRemote()) m_handle->observe(Idle, "core-idle", MPV_FORMAT_FLAG);
     m_handle->setNotifier([this] { wake(); });
 }
@@ -93,6 +94,8 @@ void MpvPlayer::handleProperty(const mpv_event& event)
     case EndReached:
         if (valueOf(event, MPV_FORMAT_FLAG, 0)) askWhetherEnded();
         return;
+    case LaterDuration:
+        return takeDuration(valueOf(event, MPV_FORMAT_DOUBLE, 0.0));
     case Idle:
         m_isIdle = valueOf(event, MPV_FORMAT_FLAG, 1);
         return watchProgress();
@@ -160,6 +163,12 @@ void MpvPlayer::takeNumbers()
     m_numbers = m_asked;
     m_loadTimer.stop();
     m_listener.playerIsLoaded();
+}
+
+/// A movie that does not say how long it is grows with what is read of it.
+void MpvPlayer::takeDuration(double seconds)
+{
+    if (m_numbers && seconds > 0) m_numbers->duration = seconds;
 }
 
 void MpvPlayer::handleLoaded()

@@ -43,11 +43,25 @@ protected:
     }
     [[nodiscard]] std::shared_ptr<QTMovie> open(const char* path, int networkTimeout = 1) const
     {
-        return MpvMovieLibrary({.networkTimeout = networkTimeout, .audioOutputs = "null"})
-            .movieWithURL(addressOf(path));
+        MpvMovieOptions options;
+        options.networkTimeout = networkTimeout;
+        return open(path, options);
+    }
+    [[nodiscard]] std::shared_ptr<QTMovie> open(const char* path, MpvMovieOptions options) const
+    {
+        options.audioOutputs = "null";
+        return MpvMovieLibrary(options).movieWithURL(addressOf(path));
+    }
+    /// The requests that the server got so far.
+    [[nodiscard]] int requests()
+    {
+        m_server.waitForReadyRead(0);
+        m_requests += m_server.readAll();
+        return static_cast<int>(m_requests.count('\n'));
     }
 
     QProcess m_server;
+    QByteArray m_requests;
     int m_port = 0;
     std::vector<QString> m_logged;
     LogCapture m_capture{[this](const QString& line) { m_logged.push_back(line); }};
@@ -222,6 +236,94 @@ TEST_P(RemoteMovieCut, playsWhatThereIs_andHasBrokenOff)
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, RemoteMovieCut, testing::Values("broken/plain.mkv", "stalled/plain.mkv"));
+
+/// Fails soon where it makes no progress, while no read of it times out.
+static MpvMovieOptions impatient()
+{
+    MpvMovieOptions options;
+    options.networkTimeout = 60;
+    options.longestStall = std::chrono::milliseconds(500);
+    return options;
+}
+
+TEST_F(RemoteMovie, breaksOff_whenItsServerOnlyTrickles)
+{
+    const auto movie = open("trickle/plain.mkv", impatient());
+    movie->play();
+    ASSERT_TRUE(loads(*movie));
+    ASSERT_TRUE(waitUntil([&] { return movie->state() == State::Failed; }));
+    EXPECT_EQ(movie->rate(), 0);
+    EXPECT_GT(movie->currentTime().timeValue, 100);
+    EXPECT_LT(movie->currentTime().timeValue, 1100);
+    movie->play();
+    EXPECT_EQ(movie->rate(), 0);
+    EXPECT_TRUE(movie->layer().hasPicture()); // the last one stands
+}
+
+TEST_F(RemoteMovie, doesNotBreakOff_whileItStands)
+{
+    const auto standing = open("trickle/plain.mkv", impatient());
+    standing->play();
+    ASSERT_TRUE(loads(*standing));
+    ASSERT_TRUE(waitUntil([&] { return standing->currentTime().timeValue > 100; }));
+    standing->stop();
+    const auto playing = open("trickle/plain.mkv", impatient());
+    playing->play();
+    ASSERT_TRUE(loads(*playing));
+    ASSERT_TRUE(waitUntil([&] { return playing->state() == State::Failed; }));
+    EXPECT_EQ(standing->state(), State::Loaded);
+    standing->play();
+    EXPECT_TRUE(waitUntil([&] { return standing->state() == State::Failed; }));
+}
+
+TEST_F(RemoteMovie, fails_whenItsServerTricklesFromTheStart)
+{
+    EXPECT_TRUE(fails(*open("drip/plain.mkv")));
+}
+
+TEST_F(RemoteMovie, breaksOff_whenItLoops_andItsServerGoesAway)
+{
+    MpvMovieOptions options = impatient();
+    options.cacheBytes = 64 << 10; // so that each round is read anew
+    const auto movie = open("good/large.mp4", options);
+    movie->setAttribute(MovieAttribute::Loops, true);
+    movie->play();
+    ASSERT_TRUE(loads(*movie));
+    std::int64_t last = 0;
+    ASSERT_TRUE(waitUntil([&] {
+        return movie->currentTime().timeValue < std::exchange(last, movie->currentTime().timeValue);
+    }));
+    EXPECT_EQ(movie->rate(), 1);
+    stopServer();
+    EXPECT_TRUE(waitUntil([&] { return movie->state() == State::Failed; }));
+    EXPECT_EQ(movie->rate(), 0);
+}
+
+TEST_F(RemoteMovie, loadsAndPlays_whenItDoesNotSayHowLongItIs)
+{
+    const auto movie = open("live/noduration.webm");
+    ASSERT_TRUE(loads(*movie));
+    EXPECT_EQ(movie->naturalSize(), (Size{320, 180}));
+    EXPECT_EQ(movie->rate(), 0);
+    movie->play();
+    EXPECT_EQ(movie->rate(), 1);
+    std::vector<int> numbers;
+    EXPECT_TRUE(watch(*movie, numbers, [&] { return !numbers.empty() && numbers.back() > 50; }));
+    EXPECT_TRUE(waitUntil([&] { return movie->currentTime().timeValue > 1100; }));
+}
+
+TEST_F(RemoteMovie, isFetchedOnceToPlay_andOnceMoreForStills)
+{
+    const auto movie = open("good/plain.mp4");
+    const auto copy = movie->copyForStills();
+    movie->play();
+    ASSERT_TRUE(loads(*movie));
+    ASSERT_TRUE(waitUntil([&] { return movie->rate() == 0; }));
+    EXPECT_EQ(requests(), 1);
+    for (const int number : {10, 20, 44})
+        EXPECT_EQ(numberIn(copy->still({number * 20, 600}).image), number);
+    EXPECT_EQ(requests(), 2);
+}
 
 TEST_F(RemoteMovie, failsAtOnce_whenItsIndexIsAtTheEnd_andTheServerKnowsNoRanges)
 {
