@@ -70,35 +70,6 @@ MpvMovie::MpvMovie(const QUrl& url, const MpvMovieOptions& options)
 
 MpvMovie::~MpvMovie() = default;
 
-void MpvMovie::open()
-{
-    const QString path = m_url.toLocalFile();
-    auto look = DetachedTask::start<Result<MovieFacts>>(
-        QStringLiteral("movie ") + path, m_options.longestProbe,
-        [probe = m_options.probe, path] { return probe(path); },
-        [this](const std::optional<Result<MovieFacts>>& facts) { takeFacts(facts); });
-    if (look)
-        m_state = Opening{.look = std::move(look)};
-    else
-        m_state = Broken{};
-}
-
-void MpvMovie::takeFacts(const std::optional<Result<MovieFacts>>& facts)
-{
-    const Opening wishes = std::move(std::get<Opening>(m_state));
-    tellSettled();
-    if (!facts || !*facts) {
-        m_state = Broken{.at = wishes.at};
-        return;
-    }
-    m_facts = facts->value();
-    m_state = Lying{knownSeconds() > 0 ? std::min(wishes.at, knownSeconds()) : wishes.at};
-    if (wishes.plays)
-        play();
-    else if (wishes.isShown)
-        beShown();
-}
-
 static int threadsFor(const std::optional<MovieFacts>& facts)
 {
     const int cores = QThread::idealThreadCount();
@@ -374,18 +345,6 @@ void MpvMovie::playerFailed()
 void MpvMovie::playerIsLoaded()
 {
     tellSettled();
-}
-
-void MpvMovie::whenSettled(std::function<void()> settled)
-{
-    m_settled = state() == State::Loading ? std::move(settled) : nullptr;
-}
-
-/// Posted: whoever hears of it may let go of the movie.
-void MpvMovie::tellSettled()
-{
-    if (auto settled = std::exchange(m_settled, nullptr))
-        QMetaObject::invokeMethod(&m_context, std::move(settled), Qt::QueuedConnection);
 }
 
 void MpvMovie::setMuted(bool muted)
