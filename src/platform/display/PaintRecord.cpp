@@ -17,11 +17,18 @@ QRect largestRect(const QRegion& region)
                              [area](const QRect& a, const QRect& b) { return area(a) < area(b); });
 }
 
+/// Cheaply told: only where it is one rectangle.
+bool isWithin(const QRegion& region, const QRegion& whole)
+{
+    return whole.rectCount() == 1 && whole.boundingRect().contains(region.boundingRect());
+}
+
 } // namespace
 
 void PaintRecord::noteFill(const QRect& rect, int alpha)
 {
     const QRegion region = clipped(rect);
+    if (alpha == 255 && isWithin(region, m_opaque)) return addPainted(region);
     m_drawn = alpha > 0 ? m_drawn + region : m_drawn - region;
     m_opaque = alpha == 255 ? m_opaque + region : m_opaque - region;
     addPainted(region);
@@ -54,7 +61,7 @@ QRegion PaintRecord::takePainted()
 
 void PaintRecord::addPainted(const QRegion& region)
 {
-    m_painted += region;
+    if (!isWithin(region, m_painted)) m_painted += region;
     simplify();
 }
 

@@ -6,6 +6,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace kestro {
 
 Painter::Painter(QPainter& device, Point viewOrigin, float storeHeight, double pixelRatio,
@@ -22,10 +24,24 @@ void Painter::fill(const Rect& rect, const QColor& colour)
 {
     const QRect pixels = pixelRect(rect);
     noteFill(pixels, colour.alpha());
+    if (fillImage(pixels, colour)) return;
     m_device.setCompositionMode(QPainter::CompositionMode_Source);
     m_device.setOpacity(1);
     m_device.fillRect(pixels, colour);
     m_device.setCompositionMode(QPainter::CompositionMode_SourceOver);
+}
+
+/// Where the device is an image: a clip of many parts costs it more than the pixels do.
+bool Painter::fillImage(const QRect& pixels, const QColor& colour)
+{
+    if (m_isDeviceOut || m_device.device()->devType() != QInternal::Image) return false;
+    auto& target = static_cast<QImage&>(*m_device.device());
+    if (target.format() != QImage::Format_ARGB32_Premultiplied) return false;
+    const QRgb value = qPremultiply(colour.rgba());
+    for (const QRect& rect : clipped(pixels & target.rect()))
+        for (int row = rect.top(); row <= rect.bottom(); ++row)
+            std::fill_n(reinterpret_cast<QRgb*>(target.scanLine(row)) + rect.left(), rect.width(), value);
+    return true;
 }
 
 void Painter::draw(const Picture& picture, const Rect& rect, Compositing compositing, double opacity)

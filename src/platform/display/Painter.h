@@ -42,6 +42,7 @@ private:
     [[nodiscard]] QRect pixelRect(const Rect& rect) const;
     void clear(const QRect& pixels);
     void noteFill(const QRect& pixels, int alpha);
+    bool fillImage(const QRect& pixels, const QColor& colour);
     [[nodiscard]] bool copyOnBlack(const QImage& image, const QRect& place, const QRect& part,
                                    double opacity);
     [[nodiscard]] QRegion clipped(const QRect& pixels) const;

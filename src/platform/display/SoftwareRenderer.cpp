@@ -27,8 +27,23 @@ uchar* placeInCanvas(QImage& canvas, const QRect& rect)
     return reinterpret_cast<std::uintptr_t>(place) % pixelAlignment == 0 ? place : nullptr;
 }
 
+/// Copies opaque pixels as they are, where both sides are of the same kind.
+bool copyPart(QPainter& painter, const QImage& image, const QRect& place, const QRegion& region)
+{
+    auto& canvas = static_cast<QImage&>(*painter.device());
+    const bool isPlain = image.format() == QImage::Format_RGB32 && canvas.format() == QImage::Format_RGB32;
+    if (!isPlain || painter.opacity() < 1) return false;
+    for (const QRect& rect : region& place& canvas.rect())
+        for (int row = rect.top(); row <= rect.bottom(); ++row)
+            std::copy_n(reinterpret_cast<const QRgb*>(image.constScanLine(row - place.top())) + rect.left() -
+                            place.left(),
+                        rect.width(), reinterpret_cast<QRgb*>(canvas.scanLine(row)) + rect.left());
+    return true;
+}
+
 void drawPart(QPainter& painter, const QImage& image, const QRect& place, const QRegion& region)
 {
+    if (image.size() == place.size() && copyPart(painter, image, place, region)) return;
     if (image.size() == place.size()) {
         for (const QRect& rect : region)
             painter.drawImage(rect.topLeft(), image, rect.translated(-place.topLeft()));
