@@ -45,6 +45,21 @@ TEST_F(PainterTest, fill_replacesWhatIsThere_itsAlphaIncluded)
     EXPECT_EQ(at(15, 15).alpha(), 0);
 }
 
+TEST_F(PainterTest, fill_keepsToAClipOfManyParts)
+{
+    const QRegion clip = QRegion(0, 0, 100, 1) + QRegion(40, 10, 5, 30) + QRegion(60, 20, 30, 2);
+    device.setClipRegion(clip);
+    Painter painter(device, {0, 0}, 50, 1);
+    for (const QColor& colour : {QColor(Qt::red), QColor(0, 0, 255, 100)}) {
+        painter.fill({{-10, -10}, {95, 95}}, colour);
+        for (int x = 0; x < 100; ++x)
+            for (int y = 0; y < 50; ++y) {
+                const bool isFilled = clip.contains(QPoint(x, y)) && x < 85;
+                ASSERT_EQ(store.pixelColor(x, y).alpha(), isFilled ? colour.alpha() : 0) << x << ' ' << y;
+            }
+    }
+}
+
 TEST_F(PainterTest, draw_laysPictureOver_byItsOpacity)
 {
     Painter painter(device, {10, 5}, 50, 1);
