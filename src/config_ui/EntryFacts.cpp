@@ -1,5 +1,6 @@
 #include "config_ui/EntryFacts.h"
 
+#include "platform/base/FileURL.h"
 #include "platform/movie/MovieProbe.h"
 #include "platform/movie/StillDecoder.h"
 
@@ -21,7 +22,8 @@ constexpr double pictureAt = 0.25;
 
 Result<MovieFacts> probe(const QUrl& url, const std::stop_token& stop)
 {
-    if (url.isLocalFile()) return probeMovie(url.toLocalFile(), stop);
+    if (const auto path = localPath(url)) return probeMovie(*path, stop);
+    if (url.isLocalFile()) return Error{QStringLiteral("no such file")}; // of another machine
     if (url.scheme().startsWith(u"http")) return probeRemoteMovie(url, longestLookAtServer, stop);
     return Error{QStringLiteral("movies are played from files, http and https only")};
 }

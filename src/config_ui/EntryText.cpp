@@ -1,6 +1,7 @@
 #include "config_ui/EntryText.h"
 
 #include "config_ui/EntryFacts.h"
+#include "platform/base/FileURL.h"
 #include "platform/base/StoredValue.h"
 #include "settings/MovieURL.h"
 
@@ -67,9 +68,8 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
     if (!isValidURL(url)) return tr("Left out: a web page, no movie");
     if (facts != nullptr && !facts->fault.isEmpty())
         return tr("Cannot be opened: %1").arg(reason(facts->fault));
-    const QString place = url.isLocalFile()
-                              ? url.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash).toLocalFile()
-                              : url.host();
+    const auto folder = localPath(url.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash));
+    const QString place = folder.value_or(url.host());
     return isWebContent(url) ? tr("Web content, %1").arg(place) : QDir::toNativeSeparators(place);
 }
 

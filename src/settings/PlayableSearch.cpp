@@ -1,6 +1,7 @@
 #include "settings/PlayableSearch.h"
 
 #include "platform/base/DetachedTask.h"
+#include "platform/base/FileURL.h"
 
 #include <QFileInfo>
 
@@ -36,7 +37,7 @@ void PlayableSearch::step()
 
 void PlayableSearch::look(const QUrl& url)
 {
-    const QString path = url.path(QUrl::FullyDecoded);
+    const QString path = localPath(url).value_or(QString());
     if (!path.isEmpty()) {
         m_task = DetachedTask::start<bool>(
             QStringLiteral("exists:") + path, longestLook, [path] { return QFileInfo::exists(path); },

@@ -49,13 +49,18 @@ TEST_F(PlayableSearchTest, finds_theFirstPlayableEntry)
     const QUrl there = installed("a b.mov");
     const QUrl missing = file("no such.mov");
     const QUrl automatic(QStringLiteral("auto://LatestTrailers/6/480"));
+    QUrl onThisMachine = there;
+    onThisMachine.setHost(QStringLiteral("localhost"));
+    QUrl onAnother = there;
+    onAnother.setHost(QStringLiteral("server"));
     struct Case {
         QList<QUrl> list;
         int expected;
     };
-    for (const Case& c : {Case{{there}, 0}, Case{{missing, there}, 1}, Case{{missing, missing, remote}, 2},
-                          Case{{remote, there}, 0}, Case{{QUrl(QStringLiteral("file:")), remote}, 1},
-                          Case{{missing, automatic}, 1}}) {
+    for (const Case& c :
+         {Case{{there}, 0}, Case{{missing, there}, 1}, Case{{missing, missing, remote}, 2},
+          Case{{remote, there}, 0}, Case{{QUrl(QStringLiteral("file:")), remote}, 1},
+          Case{{missing, onThisMachine}, 1}, Case{{onAnother, remote}, 1}, Case{{missing, automatic}, 1}}) {
         const auto search = searched(c.list);
         EXPECT_TRUE(search->isMovieExists());
         EXPECT_EQ(search->index(), c.expected);

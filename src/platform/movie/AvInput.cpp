@@ -1,5 +1,6 @@
 #include "platform/movie/AvInput.h"
 
+#include "platform/base/FileURL.h"
 #include "platform/movie/AvFormat.h"
 
 #include <QFile>
@@ -32,7 +33,8 @@ bool AvInterrupt::isDue() const
 
 QByteArray mediaSource(const QUrl& url)
 {
-    return url.isLocalFile() ? QFile::encodeName(url.toLocalFile()) : url.toEncoded(QUrl::RemoveFragment);
+    const auto path = localPath(url);
+    return path ? QFile::encodeName(*path) : url.toEncoded(QUrl::RemoveFragment);
 }
 
 static QString errorText(int code)

@@ -1,5 +1,6 @@
 #include "platform/movie/MpvMovieLibrary.h"
 
+#include "platform/base/FileURL.h"
 #include "platform/movie/MpvMovie.h"
 
 #include <QCoreApplication>
@@ -28,7 +29,7 @@ static void deleteOnMainThread(QTMovie* movie)
 std::shared_ptr<QTMovie> MpvMovieLibrary::movieWithURL(const QUrl& url)
 {
     const bool isRemote = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-    const bool mayBeMovie = url.isLocalFile() || (isRemote && !url.host().isEmpty());
+    const bool mayBeMovie = localPath(url).has_value() || (isRemote && !url.host().isEmpty());
     if (!mayBeMovie) return nullptr;
     return {new MpvMovie(url, m_options), deleteOnMainThread};
 }

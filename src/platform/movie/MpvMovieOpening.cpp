@@ -1,5 +1,6 @@
 // How a local movie is opened, and how it is told that a movie is no longer loading.
 
+#include "platform/base/FileURL.h"
 #include "platform/movie/MpvMovie.h"
 
 #include <algorithm>
@@ -8,7 +9,7 @@ namespace kestro {
 
 void MpvMovie::open()
 {
-    const QString path = m_url.toLocalFile();
+    const QString path = localPath(m_url).value_or(QString());
     auto look = DetachedTask::start<Result<MovieFacts>>(
         QStringLiteral("movie ") + path, m_options.longestProbe,
         [probe = m_options.probe, path] { return probe(path); },

@@ -1,5 +1,6 @@
 #include "platform/network/LocalFile.h"
 
+#include "platform/base/FileURL.h"
 #include "platform/network/FetchError.h"
 
 #include <QFile>
@@ -42,11 +43,6 @@ Error systemError(int number)
     return Error{QString::fromLocal8Bit(std::strerror(number))};
 }
 
-bool isOnThisMachine(const QUrl& url)
-{
-    return url.host().isEmpty() || url.host() == u"localhost";
-}
-
 /// Reads one block to the end of `bytes`; answers its size, 0 at the end of the file, -1 for an error.
 ssize_t appendBlock(int file, QByteArray& bytes)
 {
@@ -78,14 +74,12 @@ Result<QByteArray> readAll(int file, qint64 limit, const Cancellation::Watch& wa
 
 Result<QByteArray> readLocalFile(const QUrl& url, qint64 limit, const Cancellation::Watch& watch)
 {
-    if (!isOnThisMachine(url)) return Error{QStringLiteral("a file of another machine")};
-    QUrl local = url;
-    local.setHost({});
-    const QString path = local.toLocalFile();
-    if (path.contains(QChar::Null)) return Error{QStringLiteral("no valid URL")};
+    const auto path = localPath(url);
+    if (!path) return Error{QStringLiteral("a file of another machine")};
+    if (path->contains(QChar::Null)) return Error{QStringLiteral("no valid URL")};
     // A pipe is opened without waiting for who writes into it, a terminal without becoming ours.
     const Descriptor file(
-        open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+        open(QFile::encodeName(*path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
     if (file.number() < 0) return systemError(errno);
     struct stat status = {};
     if (fstat(file.number(), &status) != 0) return systemError(errno);

@@ -24,8 +24,19 @@ static bool shows(QTMovie& movie, int number)
 TEST(MpvMovieLibrary, refusesOtherSchemes)
 {
     for (const char* url : {"ftp://example.org/m.mov", "av://lavfi:testsrc", "rtsp://example.org/m",
-                            "edl://m.mov", "http:", "/tmp/m.mov", "", "concat:a|b"})
+                            "edl://m.mov", "http:", "file://server/m.mov", "/tmp/m.mov", "", "concat:a|b"})
         EXPECT_EQ(openMovie(QUrl(QLatin1String(url))), nullptr) << url;
+}
+
+TEST(MpvMovieLibrary, opensAFile_byTheNameOfThisMachine)
+{
+    QUrl url = testMovie("plain.mp4");
+    url.setHost(QStringLiteral("localhost"));
+    const auto movie = openMovie(url);
+    ASSERT_NE(movie, nullptr);
+    movie->play();
+    EXPECT_TRUE(waitUntil([&] { return numberIn(drawn(*movie)) >= 1; }));
+    EXPECT_EQ(movie->url(), url);
 }
 
 TEST(MpvMovie, takesNoPlayer_untilItIsPlayed)

@@ -1,5 +1,6 @@
 #include "platform/web/helper/Page.h"
 
+#include "platform/base/FileURL.h"
 #include "platform/web/helper/SwfKind.h"
 
 #include <QFile>
@@ -35,7 +36,7 @@ std::unique_ptr<QQuickWebEngineProfile> makeProfile()
 /// Whether a file that no name tells to be an SWF is one.
 bool isSwfFile(const QUrl& url)
 {
-    QFile file(url.toLocalFile());
+    QFile file(localPath(url).value_or(QString()));
     return url.isLocalFile() && file.open(QIODevice::ReadOnly) &&
            hasSwfSignature(file.read(swfSignatureLength));
 }
@@ -64,10 +65,13 @@ Page::~Page()
     m_view.reset();
 }
 
-void Page::load(const QUrl& url)
+void Page::load(const QUrl& address)
 {
     m_isFailed = false;
-    if (url.isLocalFile() && !QFile::exists(url.toLocalFile())) return fail(QStringLiteral("no such file"));
+    const auto path = localPath(address);
+    const QUrl url = path ? QUrl::fromLocalFile(*path) : address;
+    if (url.isLocalFile() && !QFile::exists(path.value_or(QString())))
+        return fail(QStringLiteral("no such file"));
     if (hasSwfExtension(url) || isSwfFile(url))
         playSwf(url);
     else

@@ -38,7 +38,7 @@ public:
     ~Page() override;
 
     /// The saver's words.
-    void load(const QUrl& url);
+    void load(const QUrl& address);
     void resize(WebMessage message);
     void setMuted(bool muted);
     void release(quint32 generation, int slot);
