@@ -90,7 +90,10 @@ std::shared_ptr<ScreenSaverView> BackSaverHost::loadOtherSaverWithFrameIsPreview
                                                                                  Desktop& desktop)
 {
     const QScopedValueRollback loading(m_isLoading, true);
-    if (extensionOf(path) != slideShowExtension) return viewOf(path, frame, isPreview, desktop);
+    if (extensionOf(path) != slideShowExtension) {
+        m_slides.makeGood(); // the saver of picture folders may be the one that is chosen
+        return viewOf(path, frame, isPreview, desktop);
+    }
     const QString pictures = QDir::cleanPath(bundleAt(path)) + QStringLiteral("/Contents/Resources");
     if (!m_slides.redirect(pictures)) return nullptr;
     return viewOf(platformPath(picFolderPath), frame, isPreview, desktop);

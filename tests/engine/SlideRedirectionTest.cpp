@@ -2,12 +2,14 @@
 
 #include "engine/SaverFolders.h"
 #include "platform/base/Log.h"
+#include "platform/base/ProcessMark.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <unistd.h>
 
 namespace kestro {
 
@@ -28,11 +30,18 @@ protected:
     {
         return {{QStringLiteral("SlideFolder"), holiday}, {QStringLiteral("Zoom"), true}};
     }
-    /// A process of its own, as far as redirecting goes.
-    [[nodiscard]] std::unique_ptr<SlideRedirection> process() const
+    /// A process of its own, as far as redirecting goes: this one, unless another's mark is given.
+    [[nodiscard]] std::unique_ptr<SlideRedirection> process(const QString& mark = markOfThisProcess()) const
     {
-        return std::make_unique<SlideRedirection>(folders.home());
+        return std::make_unique<SlideRedirection>(folders.home(), mark);
     }
+    /// One that redirects, and is killed before it restores anything.
+    void runKilled(const QString& folder = pictures) const
+    {
+        EXPECT_TRUE(process(QStringLiteral("%1 0").arg(getpid()))->redirect(folder));
+    }
+    /// Another process that still runs.
+    static QString anotherMark() { return processMark(getppid()); }
     [[nodiscard]] int logged(const char* line) const { return static_cast<int>(log.count(line)); }
 
     SaverFolders folders;
@@ -153,11 +162,11 @@ TEST_F(SlideRedirectionTest, redirect_saysSoAndLeavesTheFile_whenItCannotBeRead)
 }
 
 // Killed, a run restores nothing itself.
-TEST_F(SlideRedirectionTest, killedRun_isMadeGoodByTheNextRedirectionAndRestoration)
+TEST_F(SlideRedirectionTest, killedRuns_areMadeGoodByTheNextRedirectionAndRestoration)
 {
     SaverFolders::putPreferences(usual(), original());
-    EXPECT_TRUE(process()->redirect(pictures));
-    EXPECT_TRUE(process()->redirect(pictures));
+    runKilled();
+    runKilled();
     const auto next = process();
     EXPECT_TRUE(next->redirect(QStringLiteral("/another")));
     EXPECT_EQ(folderIn(usual()), QStringLiteral("/another"));
@@ -165,22 +174,61 @@ TEST_F(SlideRedirectionTest, killedRun_isMadeGoodByTheNextRedirectionAndRestorat
     EXPECT_EQ(SaverFolders::preferences(usual()), original());
 }
 
-TEST_F(SlideRedirectionTest, killedRun_isMadeGoodByTheNextRestorationAlone)
+TEST_F(SlideRedirectionTest, makeGood_putsBackWhatAKilledRunHasLeft)
 {
     SaverFolders::putPreferences(usual(), original());
-    EXPECT_TRUE(process()->redirect(pictures));
+    runKilled();
+    process()->makeGood();
+    EXPECT_EQ(SaverFolders::preferences(usual()), original());
+}
+
+TEST_F(SlideRedirectionTest, makeGood_leavesTheFolder_whileAProcessShowsIt)
+{
+    SaverFolders::putPreferences(usual(), original());
+    runKilled();
+    const auto running = process(anotherMark());
+    EXPECT_TRUE(running->redirect(pictures));
+    process()->makeGood();
+    EXPECT_EQ(folderIn(usual()), pictures);
+    running->makeGood();
+    EXPECT_EQ(folderIn(usual()), pictures);
+    running->restore();
+    EXPECT_EQ(SaverFolders::preferences(usual()), original());
+}
+
+TEST_F(SlideRedirectionTest, makeGood_doesNothing_whenNothingWasLeft)
+{
+    process()->makeGood();
+    EXPECT_FALSE(QFile::exists(usual()));
+    SaverFolders::putPreferences(usual(), original());
+    process()->makeGood();
+    EXPECT_EQ(SaverFolders::preferences(usual()), original());
+    EXPECT_TRUE(log.isEmpty());
+}
+
+// A preview, or a saver of another kind, that stops while a slide show runs elsewhere.
+TEST_F(SlideRedirectionTest, restore_leavesTheFolderAlone_whereItWasNotRedirected)
+{
+    SaverFolders::putPreferences(usual(), original());
+    const auto running = process(anotherMark());
+    EXPECT_TRUE(running->redirect(pictures));
     process()->restore();
+    EXPECT_EQ(folderIn(usual()), pictures);
+    runKilled();
+    process()->restore();
+    EXPECT_EQ(folderIn(usual()), pictures);
+    running->restore();
     EXPECT_EQ(SaverFolders::preferences(usual()), original());
 }
 
 TEST_F(SlideRedirectionTest, killedRun_isForgotten_whenTheUserChoseAnotherFolderSince)
 {
     SaverFolders::putPreferences(usual(), original());
-    EXPECT_TRUE(process()->redirect(pictures));
+    runKilled();
     auto changed = SaverFolders::preferences(usual());
     changed[QStringLiteral("SlideFolder")] = QStringLiteral("/chosen");
     SaverFolders::putPreferences(usual(), changed);
-    process()->restore();
+    process()->makeGood();
     EXPECT_EQ(folderIn(usual()), QStringLiteral("/chosen"));
     const auto next = process();
     EXPECT_TRUE(next->redirect(pictures));
@@ -188,19 +236,30 @@ TEST_F(SlideRedirectionTest, killedRun_isForgotten_whenTheUserChoseAnotherFolder
     EXPECT_EQ(folderIn(usual()), QStringLiteral("/chosen"));
 }
 
-// One process a monitor, as under xscreensaver.
-TEST_F(SlideRedirectionTest, twoProcesses_putTheFolderBackInWhicheverOrderTheyStop)
+// One process a monitor, as under xscreensaver: the last one puts the folder back.
+TEST_F(SlideRedirectionTest, twoProcesses_keepTheFolderUntilBothHaveStopped)
 {
     for (const bool isFirstOut : {true, false}) {
         SaverFolders::putPreferences(usual(), original());
         const auto first = process();
-        const auto second = process();
+        const auto second = process(anotherMark());
         EXPECT_TRUE(first->redirect(pictures));
         EXPECT_TRUE(second->redirect(pictures));
         (isFirstOut ? first : second)->restore();
+        EXPECT_EQ(folderIn(usual()), pictures);
         (isFirstOut ? second : first)->restore();
         EXPECT_EQ(SaverFolders::preferences(usual()), original());
     }
+}
+
+TEST_F(SlideRedirectionTest, redirection_leavesNoLockBehind)
+{
+    SaverFolders::putPreferences(usual(), original());
+    const auto slides = process();
+    EXPECT_TRUE(slides->redirect(pictures));
+    slides->restore();
+    EXPECT_EQ(QDir(folders.byHost()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList{QStringLiteral("com.apple.screensaver.slideshow.0017f2.plist")});
 }
 
 } // namespace kestro

@@ -4,27 +4,54 @@
 
 #include <QDir>
 #include <QStringList>
+#include <QSysInfo>
+
+#include <algorithm>
 
 namespace kestro {
 
 namespace {
 
-bool isSlideShowName(const QString& name)
+constexpr qsizetype fewestParts = 5;
+
+QString byHostFolder(const QString& home)
+{
+    return home + QStringLiteral("/Library/Preferences/ByHost");
+}
+
+bool isSaverName(const QString& name)
 {
     const QStringList parts = name.split(u'.');
-    const QStringList wanted{QStringLiteral("com"), QStringLiteral("apple"), QStringLiteral("screensaver"),
-                             QStringLiteral("slideshow")};
-    return parts.size() > wanted.size() && parts.mid(0, wanted.size()) == wanted;
+    const QStringList wanted{QStringLiteral("com"), QStringLiteral("apple"), QStringLiteral("screensaver")};
+    return parts.size() >= fewestParts && parts.mid(0, wanted.size()) == wanted;
+}
+
+bool isSlideShowName(const QString& name)
+{
+    return isSaverName(name) && name.section(u'.', 3, 3) == u"slideshow";
+}
+
+QStringList preferenceFiles(const QString& home)
+{
+    return QDir(byHostFolder(home)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }
 
 } // namespace
 
 std::optional<QString> slideShowPreferences(const QString& home)
 {
-    const QDir folder(home + QStringLiteral("/Library/Preferences/ByHost"));
-    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden, QDir::Name))
-        if (isSlideShowName(name)) return folder.filePath(name);
+    for (const QString& name : preferenceFiles(home))
+        if (isSlideShowName(name)) return byHostFolder(home) + u'/' + name;
     return {};
+}
+
+bool makeScreenSaverPreferences(const QString& home)
+{
+    if (std::ranges::any_of(preferenceFiles(home), isSaverName)) return true;
+    const QByteArray machine = QSysInfo::machineUniqueId();
+    const QString name = machine.isEmpty() ? QStringLiteral("host") : QString::fromLatin1(machine);
+    return writePropertyList(byHostFolder(home) + QStringLiteral("/com.apple.screensaver.%1.plist").arg(name),
+                             QVariantMap());
 }
 
 QString slideFolder(const QString& home)

@@ -13,6 +13,10 @@ namespace kestro {
 /// none.
 [[nodiscard]] std::optional<QString> slideShowPreferences(const QString& home);
 
+/// Makes sure that there is a preference file of a screen saver in that folder, an empty one of this machine
+/// if need be: without any, no slide show can be pointed at a folder. Answers whether there is one.
+bool makeScreenSaverPreferences(const QString& home);
+
 /// The folder that those preferences name as "SlideFolder"; where they name none, the folder Pictures of that
 /// home. What is answered need not exist.
 [[nodiscard]] QString slideFolder(const QString& home);

@@ -65,4 +65,26 @@ TEST_F(SlideFolder, folder_isBelowTheHome_whereItBeginsWithATilde)
     EXPECT_EQ(slideFolder(m_home.path()), pictures() + QStringLiteral("/Cats"));
 }
 
+TEST_F(SlideFolder, screenSaverPreferences_areMade_whereThereAreNone)
+{
+    put("com.apple.dock.0A1B.plist", QStringLiteral("/other"));
+    EXPECT_TRUE(makeScreenSaverPreferences(m_home.path()));
+    const QStringList made = QDir(byHost()).entryList({QStringLiteral("com.apple.screensaver.*.plist")});
+    ASSERT_EQ(made.size(), 1);
+    EXPECT_EQ(made.front().count(u'.'), 4);
+    EXPECT_EQ(readPropertyListDictionary(byHost() + made.front()), QVariantMap());
+    EXPECT_FALSE(slideShowPreferences(m_home.path()).has_value());
+}
+
+TEST_F(SlideFolder, screenSaverPreferences_areLeftAlone_whereThereAreSome)
+{
+    for (const char* name :
+         {"com.apple.screensaver.0A1B.plist", "com.apple.screensaver.slideshow.0A1B.plist"}) {
+        put(name, QStringLiteral("/some/where"));
+        EXPECT_TRUE(makeScreenSaverPreferences(m_home.path()));
+        EXPECT_EQ(QDir(byHost()).entryList(QDir::Files), QStringList{QString::fromLatin1(name)});
+        ASSERT_TRUE(QFile::remove(byHost() + QString::fromLatin1(name)));
+    }
+}
+
 } // namespace kestro

@@ -1,8 +1,25 @@
 #include "host/preferences/live/LivePreview.h"
 
+#include "platform/base/Paths.h"
+#include "platform/saver/SlideFolder.h"
+#include "settings/ConfigurableSaver.h"
+
+#include <algorithm>
 #include <utility>
 
 namespace kestro {
+
+namespace {
+
+/// A saver of slide shows that is offered is to be shown, too: that takes the preferences that a desktop's
+/// own settings make.
+void prepareSlideShows(ConfigurableSaver& saver, const QString& home)
+{
+    const auto isSlideShow = [](const QString& path) { return path.endsWith(QStringLiteral(".slideSaver")); };
+    if (std::ranges::any_of(saver.reloadBackSavers(), isSlideShow)) makeScreenSaverPreferences(home);
+}
+
+} // namespace
 
 LivePreview::LivePreview(Parts parts)
     : m_makeSheet(std::move(parts.sheet))
@@ -31,6 +48,7 @@ void LivePreview::openOptions(QWidget& over)
 {
     ConfigurableSaver* const saver = m_saver->saver();
     if (!saver) return;
+    prepareSlideShows(*saver, homeFolder());
     if (!m_sheet) m_sheet = m_makeSheet(*saver, m_trailers, &over);
     m_sheet->open();
 }

@@ -4,6 +4,9 @@
 #include "host/preferences/live/NotedBrowser.h"
 #include "widgets/SurfaceWidget.h"
 
+#include <QDir>
+#include <QTemporaryDir>
+
 namespace kestro {
 
 namespace {
@@ -85,6 +88,22 @@ TEST_F(LivePreviewTest, options_openNothing_whenTheSaverHasNone)
     EXPECT_FALSE(shown->hasOptions());
     shown->openOptions(window);
     EXPECT_TRUE(sheets.empty());
+}
+
+// Without a preference file of a screen saver no slide show can be shown.
+TEST_F(LivePreviewTest, options_makeThePreferencesOfASlideShow_whereOneIsOffered)
+{
+    const QTemporaryDir home;
+    qputenv("KESTRO_HOME", QFile::encodeName(home.path()));
+    const QDir byHost(home.filePath(QStringLiteral("Library/Preferences/ByHost")));
+    const auto shown = startedPreview();
+    saver->backSavers = {QStringLiteral("/savers/Blue.saver")};
+    shown->openOptions(window);
+    EXPECT_FALSE(byHost.exists());
+    saver->backSavers.append(QStringLiteral("/savers/Five.slideSaver"));
+    shown->openOptions(window);
+    EXPECT_EQ(byHost.entryList({QStringLiteral("com.apple.screensaver.*.plist")}).size(), 1);
+    qunsetenv("KESTRO_HOME");
 }
 
 TEST_F(LivePreviewTest, sheet_goesBeforeTheSaverThatItIsOf)

@@ -34,10 +34,11 @@ public:
 
     [[nodiscard]] Settings& settings() override { qFatal("no settings here"); }
     [[nodiscard]] Playlist& playlist() override { qFatal("no playlist here"); }
-    [[nodiscard]] QStringList reloadBackSavers() override { return {}; }
+    [[nodiscard]] QStringList reloadBackSavers() override { return backSavers; }
     void applyLoopMode() override {}
     void resetMovie() override {}
 
+    QStringList backSavers;              ///< what may run behind
     std::function<void()> whileStarting; ///< called when it starts
 
 private:
