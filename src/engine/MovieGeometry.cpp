@@ -67,7 +67,7 @@ Size MovieGeometry::movieSizeForFlyMode(const MovieFrame& frame, float scale) co
 
     float factor = scale;
     if (m_saver.isPreview()) {
-        const Size screen = screenFrame().size;
+        const Size screen = monitorSize();
         factor = scale * std::min(view.width / screen.width, view.height / screen.height);
     }
     Size size{natural.width * factor, natural.height * factor};
@@ -96,6 +96,13 @@ Rect MovieGeometry::screenFrame() const
     const auto* window = m_saver.window();
     const auto* screen = window ? window->screen() : nullptr;
     return screen ? screen->frame() : m_saver.frame();
+}
+
+Size MovieGeometry::monitorSize() const
+{
+    const auto* window = m_saver.window();
+    const auto* screen = window ? window->screen() : nullptr;
+    return screen ? screen->monitorSize() : m_saver.frame().size;
 }
 
 Rect MovieGeometry::placeFor(const MovieFrame& frame, bool windowMode) const

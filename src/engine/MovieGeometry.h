@@ -41,6 +41,8 @@ public:
 private:
     [[nodiscard]] Rect movingPlaceFor(const MovieFrame& frame, bool windowMode) const;
     [[nodiscard]] Rect centred(Size size) const;
+    /// The size of the monitor that the saver's window is on.
+    [[nodiscard]] Size monitorSize() const;
 
     const ScreenSaverView& m_saver;
     const Settings& m_settings;

@@ -23,6 +23,7 @@ HostedSaver::HostedSaver(Screen& screen, std::shared_ptr<ScreenSaverView> view, 
     , m_window({screen.frame(), &screen, QStringLiteral("host")})
     , m_notifications(screen.desktop().notifications())
     , m_onTick(std::move(onTick))
+    , m_monitorSize(screen.monitorSize())
 {
     m_window.setLevel(WindowLevel::ScreenSaver);
     m_window.setOpaque(true);
@@ -56,9 +57,15 @@ void HostedSaver::stop()
     m_window.close();
 }
 
+// A view that keeps its size, but on another monitor, has its content to size anew all the same.
 void HostedSaver::fitToScreen()
 {
-    m_window.setFrameDisplay(m_screen.frame(), true);
+    const Rect frame = m_screen.frame();
+    const bool isResized = frame.size != m_window.frame().size;
+    const bool isOnOtherMonitor = m_screen.monitorSize() != m_monitorSize;
+    m_monitorSize = m_screen.monitorSize();
+    m_window.setFrameDisplay(frame, true);
+    if (isOnOtherMonitor && !isResized) m_view->setFrameSize(frame.size);
 }
 
 void HostedSaver::tick()

@@ -48,6 +48,7 @@ private:
     Window m_window;
     NotificationCenter& m_notifications;
     TickHandler m_onTick;
+    Size m_monitorSize;
     std::unique_ptr<Timer> m_timer;
     double m_interval = 0; ///< of m_timer, seconds
     State m_state = State::Made;

@@ -167,7 +167,7 @@ Size KTMovieView::sizeWithScale(float scale) const
     if (const auto* inner = innerMovieView()) return inner->sizeForMagnification(1.0F);
     const auto* screen = m_platform.desktop.mainScreen();
     if (!screen) return {};
-    const Size whole = screen->frame().size;
+    const Size whole = screen->monitorSize();
     return {whole.width * scale / 4.0F, whole.height * scale / 4.0F};
 }
 

@@ -6,6 +6,7 @@
 #include "platform/display/Screen.h"
 #include "widgets/WidgetSurface.h"
 
+#include <QScreen>
 #include <QWidget>
 
 namespace kestro {
@@ -15,6 +16,14 @@ namespace {
 Rect frameOf(const QWidget& widget)
 {
     return {{0, 0}, {static_cast<float>(widget.width()), static_cast<float>(widget.height())}};
+}
+
+/// The monitor that most of the widget's window is on.
+Size monitorOf(const QWidget& widget)
+{
+    const QScreen* const monitor = widget.screen();
+    const QSize size = monitor ? monitor->size() : widget.size();
+    return {static_cast<float>(size.width()), static_cast<float>(size.height())};
 }
 
 } // namespace
@@ -39,6 +48,7 @@ WidgetDesktop::WidgetDesktop(QWidget& widget, const SurfaceServices& services,
     , m_surface(*surface)
     , m_screen(std::make_unique<Screen>(*this, frameOf(widget), std::move(surface)))
 {
+    m_screen->setMonitorSize(monitorOf(widget));
 }
 
 WidgetDesktop::~WidgetDesktop() = default;
@@ -46,7 +56,10 @@ WidgetDesktop::~WidgetDesktop() = default;
 bool WidgetDesktop::follow()
 {
     const bool isOtherCanvas = m_surface.follow();
-    if (!isOtherCanvas && frameOf(m_widget) == m_screen->frame()) return false;
+    const Size monitor = monitorOf(m_widget);
+    if (!isOtherCanvas && frameOf(m_widget) == m_screen->frame() && monitor == m_screen->monitorSize())
+        return false;
+    m_screen->setMonitorSize(monitor);
     m_screen->setFrame(frameOf(m_widget));
     if (m_observer.resized) m_observer.resized(*m_screen);
     return true;

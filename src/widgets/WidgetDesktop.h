@@ -21,7 +21,8 @@ struct SurfaceServices {
 };
 
 /// The desktop that a kestro view sees which is shown in a widget: one screen, the widget, its lower left
-/// corner at (0, 0), drawn in software. Owned by that widget. Main thread; points.
+/// corner at (0, 0), drawn in software, as small as it is a part of its real monitor. Owned by that widget.
+/// Main thread; points.
 class WidgetDesktop final : public Desktop {
 public:
     WidgetDesktop(QWidget& widget, const SurfaceServices& services);
@@ -29,8 +30,8 @@ public:
 
     [[nodiscard]] Screen& screen() const { return *m_screen; }
     [[nodiscard]] const WidgetSurface& surface() const { return m_surface; }
-    /// Takes on the widget's size and density as they are now. Answers whether they changed, of which the
-    /// observer was told then.
+    /// Takes on the widget's size and density and its monitor's size as they are now. Answers whether they
+    /// changed, of which the observer was told then.
     bool follow();
 
     [[nodiscard]] std::vector<Screen*> screens() const override { return {m_screen.get()}; }

@@ -134,10 +134,26 @@ TEST_F(MovieGeometryTest, movieSizeForFlyMode_neverExceedsTheView)
     EXPECT_EQ(geometry.movieSizeForFlyMode(SizedFrame({4000, 4000}), 1.0F), (Size{500, 500}));
 }
 
-TEST_F(MovieGeometryTest, movieSizeForFlyMode_shrinksLikeTheScreen_inAPreview)
+// A preview is a screen of its own, in a part of the monitor.
+TEST_F(MovieGeometryTest, movieSizeForFlyMode_isToTheMonitorsScale_inAPreview)
 {
-    auto& geometry = geometryIn({192, 135}, true);
-    EXPECT_EQ(geometry.movieSizeForFlyMode(SizedFrame({640, 360}), 0.5F), (Size{32, 18}));
+    Screen& widget = desktop.addScreen({{1920, 0}, {558, 314}});
+    widget.setMonitorSize({1280, 720});
+    auto& saver = makeSaver(true, 1, {558, 314});
+    const MovieGeometry geometry(saver, saver.settings(), random);
+    EXPECT_EQ(geometry.movieSizeForFlyMode(SizedFrame({640, 360}), 1.0F), (Size{279, 157}));
+    EXPECT_EQ(geometry.movieSizeForFlyMode(SizedFrame({640, 360}), 2.0F), (Size{558, 314}));
+    widget.setMonitorSize({2560, 1440});
+    EXPECT_EQ(geometry.movieSizeForFlyMode(SizedFrame({640, 360}), 1.0F), (Size{140, 79}));
+}
+
+TEST_F(MovieGeometryTest, movieSizeForFlyMode_leavesTheMonitorAside_outsideAPreview)
+{
+    Screen& part = desktop.addScreen({{1920, 0}, {558, 314}});
+    part.setMonitorSize({1280, 720});
+    auto& saver = makeSaver(false, 1, {558, 314});
+    const MovieGeometry geometry(saver, saver.settings(), random);
+    EXPECT_EQ(geometry.movieSizeForFlyMode(SizedFrame({320, 180}), 1.0F), (Size{320, 180}));
 }
 
 TEST_F(MovieGeometryTest, movieSizeForFlyMode_isZero_whileTheSizeIsUnknown)

@@ -42,8 +42,14 @@ public:
         ScreenSaverView::stopAnimation();
     }
     void animateOneFrame() override { act(QStringLiteral("tick"), onTick); }
+    void setFrameSize(Size size) override
+    {
+        ScreenSaverView::setFrameSize(size);
+        if (onFit) onFit();
+    }
     [[nodiscard]] SaverSnapshot snapshot() const override { return shown; }
 
+    std::function<void()> onFit;
     std::function<void()> onStart;
     std::function<void()> onTick;
     SaverSnapshot shown;

@@ -78,6 +78,20 @@ TEST_F(SessionScreensTest, windowAndView_takeTheNewSize_whenTheScreenChanges)
     EXPECT_EQ(desk.savers[1]->frame().size, FakeDesk::right.size);
 }
 
+TEST_F(SessionScreensTest, view_isFittedAnew_whenItsScreenIsOnAnotherMonitor)
+{
+    session.start();
+    int fits = 0;
+    desk.savers[0]->onFit = [&fits] { ++fits; };
+    desk.desktop.resizeScreen(desk.screen(0), desk.screen(0).frame());
+    EXPECT_EQ(fits, 0);
+    desk.screen(0).setMonitorSize({2560, 1440});
+    desk.desktop.resizeScreen(desk.screen(0), desk.screen(0).frame());
+    EXPECT_EQ(fits, 1);
+    desk.desktop.resizeScreen(desk.screen(0), desk.screen(0).frame());
+    EXPECT_EQ(fits, 1);
+}
+
 TEST_F(SessionScreensTest, pointer_isSeenAnew_whenTheScreensChange)
 {
     int wakes = 0;

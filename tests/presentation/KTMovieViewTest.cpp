@@ -182,6 +182,14 @@ TEST_F(KTMovieViewTest, sizeWithScale_isAQuarterOfTheMainScreenTimesTheScale_for
     EXPECT_EQ(view.sizeWithScale(1), (Size{480, 300}));
 }
 
+// In a preview the main screen is but a part of its monitor.
+TEST_F(KTMovieViewTest, sizeWithScale_isAQuarterOfTheMonitor_forAPageInAPartOfOne)
+{
+    desktop.mainScreen()->setMonitorSize({1280, 720});
+    view.setMovie(page);
+    EXPECT_EQ(view.sizeWithScale(1), (Size{320, 180}));
+}
+
 TEST_F(KTMovieViewTest, setFrame_keepsTheContentAsLargeAsTheViewAndWhereItIs)
 {
     view.setMovie(movie());

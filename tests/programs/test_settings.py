@@ -58,6 +58,23 @@ class SettingsWindow(SettingsTest):
         self.assertAlmostEqual(width / height, 4 / 3, delta=0.02)
         self.close_window(process)
 
+    def test_preview_showsMoviesToTheScaleOfTheScreen(self):
+        # A movie of half the screen's width takes half of the preview's.
+        whole = self.width_of_movie(FullScreenMode="1")
+        half = self.width_of_movie(FullScreenMode="0", PartialMode="0", Scale="1", Interval="1000")
+        self.assertAlmostEqual(half / whole, 0.5, delta=0.02)
+
+    def width_of_movie(self, **settings):
+        self.home.play([movie("half-red", "red", seconds=60, size="512x384")], **settings)
+        process, _ = self.start_window()
+        width = wait_until(self.longest_red_row, "the movie")
+        self.close_window(process)
+        return width
+
+    def longest_red_row(self):
+        picture = self.server.picture()
+        return max(sum(picture.is_near(x, y, RED) for x in range(picture.width)) for y in range(0, picture.height, 8))
+
     def test_window_endsCleanly_whenSignalled(self):
         for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
             with self.subTest(number):

@@ -39,6 +39,15 @@ TEST_F(SurfaceWidgetTest, screen_hasTheSizeOfTheWidget_whenResized)
     EXPECT_EQ(widget.screen().surface().canvas().size(), QSize(300, 50));
 }
 
+TEST_F(SurfaceWidgetTest, screen_liesOnTheWidgetsMonitor)
+{
+    const QSize monitor = widget.QWidget::screen()->size();
+    const Size expected{static_cast<float>(monitor.width()), static_cast<float>(monitor.height())};
+    EXPECT_EQ(widget.screen().monitorSize(), expected);
+    widget.resize(300, 50);
+    EXPECT_EQ(widget.screen().monitorSize(), expected);
+}
+
 TEST_F(SurfaceWidgetTest, desktop_isOneScreenAndItsServices)
 {
     EXPECT_EQ(widget.desktop().screens(), std::vector<Screen*>{&widget.screen()});

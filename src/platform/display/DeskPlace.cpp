@@ -24,6 +24,20 @@ Rect deskFrame(const QRect& place)
             {static_cast<float>(place.width()), static_cast<float>(place.height())}};
 }
 
+Size monitorSizeAt(const QRect& place)
+{
+    QSize size = firstMonitor().size();
+    int most = 0;
+    for (const QScreen* monitor : QGuiApplication::screens()) {
+        const QRect common = monitor->geometry().intersected(place);
+        const int area = common.width() * common.height();
+        if (area <= most) continue;
+        most = area;
+        size = monitor->size();
+    }
+    return {static_cast<float>(size.width()), static_cast<float>(size.height())};
+}
+
 Rect firstMonitorFrame()
 {
     return deskFrame(firstMonitor());

@@ -12,6 +12,9 @@ namespace kestro {
 /// A place as the window system tells it, rows counted downwards, in global coordinates, y upwards.
 [[nodiscard]] Rect deskFrame(const QRect& place);
 
+/// The size of the monitor that most of that place lies on; where it lies on none, of the first one.
+[[nodiscard]] Size monitorSizeAt(const QRect& place);
+
 /// The first monitor's frame in global coordinates; empty while there is no monitor.
 [[nodiscard]] Rect firstMonitorFrame();
 

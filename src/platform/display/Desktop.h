@@ -43,7 +43,7 @@ public:
     [[nodiscard]] virtual const Clock& clock() const = 0;
     [[nodiscard]] virtual Random& random() = 0;
 
-    /// Called after a screen came or was resized, and before one goes.
+    /// Called after a screen came or was resized, moved or laid on another monitor, and before one goes.
     struct ScreenObserver {
         std::function<void(Screen&)> added;
         std::function<void(Screen&)> resized;

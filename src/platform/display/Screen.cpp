@@ -43,10 +43,11 @@ Screen::~Screen()
 
 void Screen::setFrame(const Rect& frame)
 {
+    const Point by{frame.origin.x - m_frame.origin.x, frame.origin.y - m_frame.origin.y};
     m_frame = frame;
     m_compositor->invalidate();
     for (Window* window : m_attached)
-        window->screenChanged();
+        window->screenChanged(by);
     scheduleUpdate();
 }
 

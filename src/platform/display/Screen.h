@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace kestro {
@@ -24,7 +25,11 @@ public:
     [[nodiscard]] Desktop& desktop() const { return m_desktop; }
     /// In global coordinates: points, the first screen's lower left corner is (0, 0).
     [[nodiscard]] Rect frame() const { return m_frame; }
+    /// The windows on it keep their places on it.
     void setFrame(const Rect& frame);
+    /// The size of the real monitor it lies on: its own, unless it is but a part of one, as a widget is.
+    [[nodiscard]] Size monitorSize() const { return m_monitorSize.value_or(m_frame.size); }
+    void setMonitorSize(Size size) { m_monitorSize = size; }
     [[nodiscard]] Surface& surface() const { return *m_surface; }
 
     /// Windows that are shown, bottom to top: by level, then by order.
@@ -48,6 +53,7 @@ private:
 
     Desktop& m_desktop;
     Rect m_frame;
+    std::optional<Size> m_monitorSize;
     std::unique_ptr<Surface> m_surface;
     std::unique_ptr<Compositor> m_compositor;
     std::vector<Window*> m_windows;

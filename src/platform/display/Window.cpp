@@ -176,8 +176,9 @@ void Window::scheduleUpdate()
     if (m_visible && m_screen) m_screen->scheduleUpdate();
 }
 
-void Window::screenChanged()
+void Window::screenChanged(Point movedBy)
 {
+    m_frame = m_frame.movedBy(movedBy);
     if (m_store->pixelRatio() == pixelRatio()) return;
     m_shadowOf = {};
     resetStore();

@@ -94,8 +94,8 @@ public:
     void drawMarkedViews();
     /// A change wants to be seen.
     void scheduleUpdate();
-    /// For the screen: its density changed, or it goes away.
-    void screenChanged();
+    /// For the screen: its density may have changed and it moved on the desk, or it goes away.
+    void screenChanged(Point movedBy);
     void screenGone();
 
 private:

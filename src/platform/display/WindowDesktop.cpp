@@ -29,6 +29,7 @@ WindowDesktop::WindowDesktop(std::unique_ptr<ForeignWindowSurface> surface, cons
     , m_screen(std::make_unique<Screen>(*this, deskFrame(surface->place()), std::move(surface)))
 {
     heedRendererWishInGivenWindow();
+    m_screen->setMonitorSize(monitorSizeAt(m_surface.place()));
     m_surface.setChangeHandler([this] { follow(); });
     QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &m_listener, [this] { follow(); });
     for (const QScreen* monitor : QGuiApplication::screens())
@@ -55,7 +56,9 @@ bool WindowDesktop::isFirst(const Screen& screen) const
 void WindowDesktop::follow()
 {
     const Rect frame = deskFrame(m_surface.place());
-    if (frame == m_screen->frame()) return;
+    const Size monitor = monitorSizeAt(m_surface.place());
+    if (frame == m_screen->frame() && monitor == m_screen->monitorSize()) return;
+    m_screen->setMonitorSize(monitor);
     m_screen->setFrame(frame);
     if (m_observer.resized) m_observer.resized(*m_screen);
 }

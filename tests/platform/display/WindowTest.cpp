@@ -212,6 +212,19 @@ TEST_F(WindowTest, screenAtNegativeOrigin_showsItsWindowAtItsPlace)
     EXPECT_EQ(at(30, 30, 1), QColor(Qt::black));
 }
 
+TEST_F(WindowTest, screenThatMoves_takesItsWindowsAlong)
+{
+    auto& other = desktop.addScreen({{200, 0}, {100, 100}});
+    Window shown({{{210, 20}, {30, 40}}, &other, "shown"});
+    Window hidden({{{250, 60}, {10, 10}}, &other, "hidden"});
+    Window elsewhere({{{10, 20}, {30, 40}}, desktop.mainScreen(), "elsewhere"});
+    shown.orderFront();
+    desktop.resizeScreen(other, {{-100, 50}, {100, 80}});
+    EXPECT_EQ(shown.frame(), (Rect{{-90, 70}, {30, 40}}));
+    EXPECT_EQ(hidden.frame(), (Rect{{-50, 110}, {10, 10}}));
+    EXPECT_EQ(elsewhere.frame(), (Rect{{10, 20}, {30, 40}}));
+}
+
 TEST_F(WindowTest, windowWithoutScreen_isNeverVisible)
 {
     Pane red({{10, 10}, {20, 20}}, Qt::red, nullptr);
