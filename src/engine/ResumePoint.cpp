@@ -43,8 +43,8 @@ void ResumePoint::store(const QTMovie& movie)
     const QUrl url = movie.url();
     logLine(QStringLiteral("URL = %1").arg(absoluteString(url)));
     if (!url.isValid() || m_isWaiting) return;
-    m_store.setDefaultsForKey(lastPathComponent(url), QStringLiteral("LastMovie"));
-    m_store.setDefaultsForKey(storedInt(GetMovieTime(movie)), QStringLiteral("LastPos"));
+    m_store.setDefaults({{QStringLiteral("LastMovie"), lastPathComponent(url)},
+                         {QStringLiteral("LastPos"), storedInt(GetMovieTime(movie))}});
 }
 
 } // namespace kestro

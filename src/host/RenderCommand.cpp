@@ -11,6 +11,7 @@
 #include "host/start/StopSignals.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
+#include "platform/base/Translations.h"
 #include "platform/display/ImageDesktop.h"
 #include "platform/display/OpenGL.h"
 #include "platform/display/QtTimerSource.h"
@@ -37,8 +38,10 @@ std::vector<Rect> screenFrames(const RenderOptions& options)
 int runOffScreen(const RenderOptions& options, const PictureFolder& pictures, TraceFile* trace)
 {
     const auto application = startGuiOffScreen();
+    const Translations translations;
     const auto principal = kestroSaver();
     if (!principal) return ExitFailure;
+    principal->setOptionsForThisRun({{QStringLiteral("LeavesNothing"), QStringLiteral("1")}});
 
     QtTimerSource timers;
     const SystemClock clock;

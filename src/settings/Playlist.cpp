@@ -146,7 +146,7 @@ QList<QUrl> Playlist::latestTrailers(const QUrl& entry)
 // The scan refreshes the record for a later expansion; this one takes the record as it is.
 void Playlist::scanOnce()
 {
-    if (m_hasAutoTrailers || m_isPreview) return;
+    if (m_hasAutoTrailers || m_isPreview || m_settings.store().leavesNothing()) return;
     m_hasAutoTrailers = true;
     m_trailers.scanLatest(m_client);
 }

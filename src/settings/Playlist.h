@@ -24,7 +24,7 @@ extern const QString defalutMovieURL_104;
 class Playlist final {
 public:
     /// `trailers` serves automatic entries; `client` is the view on whose behalf a crawl is asked for. With
-    /// `isPreview` no crawl is ever started.
+    /// `isPreview`, and in a run that leaves nothing behind, no crawl is ever started.
     Playlist(Settings& settings, LatestTrailers& trailers, TrailerClient& client, bool isPreview);
 
     /// The stored list as URLs, by the rules of its version; with `expand` each automatic entry is replaced

@@ -1,5 +1,6 @@
 #include "settings/SettingsStore.h"
 
+#include "platform/base/StoredValue.h"
 #include "platform/plist/PropertyList.h"
 
 #include <utility>
@@ -7,6 +8,8 @@
 namespace kestro {
 
 namespace {
+
+const QString leavesNothingKey = QStringLiteral("LeavesNothing");
 
 QVariantMap& loadedOnce(std::optional<QVariantMap>& kept, const QString& path)
 {
@@ -43,10 +46,20 @@ std::optional<QVariant> SettingsStore::option(const QString& key)
     return {};
 }
 
+bool SettingsStore::leavesNothing() const
+{
+    return intValue(m_optionsForThisRun.value(leavesNothingKey)) != 0;
+}
+
 bool SettingsStore::setDefaultsForKey(const QVariant& value, const QString& key)
 {
-    defaultsPlist().insert(key, value);
-    return writePropertyList(defaultsPlistPath(), defaultsPlist());
+    return setDefaults({{key, value}});
+}
+
+bool SettingsStore::setDefaults(const QVariantMap& values)
+{
+    defaultsPlist().insert(values);
+    return writeDefaults();
 }
 
 std::optional<QVariant> SettingsStore::defaultsForKey(const QString& key)
@@ -59,7 +72,12 @@ std::optional<QVariant> SettingsStore::defaultsForKey(const QString& key)
 bool SettingsStore::removeDefaultsForKey(const QString& key)
 {
     defaultsPlist().remove(key);
-    return writePropertyList(defaultsPlistPath(), defaultsPlist());
+    return writeDefaults();
+}
+
+bool SettingsStore::writeDefaults()
+{
+    return !leavesNothing() && writePropertyList(defaultsPlistPath(), defaultsPlist());
 }
 
 QString SettingsStore::plistPath() const

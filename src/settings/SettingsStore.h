@@ -24,12 +24,17 @@ public:
     /// Options that count instead of those in the file for as long as this store lives. They are not part of
     /// plist() and never written.
     void setOptionsForThisRun(const QVariantMap& options) { m_optionsForThisRun = options; }
+    /// Whether this run is to leave nothing behind, as the option "LeavesNothing" for this run says: then the
+    /// resume keys change in memory alone.
+    [[nodiscard]] bool leavesNothing() const;
     /// The option that counts, nothing when it has no value.
     [[nodiscard]] std::optional<QVariant> option(const QString& key);
 
     /// Sets a resume key and writes that file whole; answers whether it was written. The key stays set in
     /// memory either way.
     bool setDefaultsForKey(const QVariant& value, const QString& key);
+    /// The same for several keys, with one writing.
+    bool setDefaults(const QVariantMap& values);
     /// The value of a resume key, nothing when it has none.
     [[nodiscard]] std::optional<QVariant> defaultsForKey(const QString& key);
     /// Removes a resume key and writes that file whole; answers whether it was written.
@@ -39,6 +44,8 @@ public:
     [[nodiscard]] QString defaultsPlistPath() const;
 
 private:
+    bool writeDefaults();
+
     QString m_homeFolder;
     QVariantMap m_optionsForThisRun;
     std::optional<QVariantMap> m_plist;

@@ -82,6 +82,16 @@ class Home:
         entries = [entry if isinstance(entry, str) else url(entry) for entry in movies]
         self.write({"Ver": "5", "FileList": entries, **settings})
 
+    def trailer_site(self, start):
+        """Names the page that scans begin with."""
+        folder = self.path / ".config" / "kestro"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / "kestro.conf").write_text(f"[trailers]\nstart={start}\n")
+
+    def forget_scans(self):
+        for path in self.preferences.glob("Kestro_Scanned_Trailers*"):
+            path.unlink()
+
     def resume_point(self):
         path = self.preferences / "Kestro.def.plist"
         return plistlib.loads(path.read_bytes()) if path.exists() else {}

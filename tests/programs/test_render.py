@@ -1,6 +1,7 @@
 """`kestro render`: what the saver shows on screens in memory, by its pictures and its trace."""
 
 import signal
+import socket
 import unittest
 
 from harness import (BLACK, BLUE, BOUND, GREEN, RED, ProgramTest, Rendering, movie, read_trace, seconds_of, url,
@@ -226,34 +227,49 @@ class Sign(ProgramTest):
         self.check_sign()
 
 
-class Resume(ProgramTest):
-    def test_the_next_run_goes_on_where_this_one_stopped(self):
-        movies = [movie("short-red", "red", seconds=0.6), movie("blue-long", "blue", seconds=20)]
-        self.home.play(movies, Continue="1", **FULL_SCREEN)
-        first = Rendering(self, seconds=4)
-        stored = self.home.resume_point()
-        self.assertEqual(stored["LastMovie"], "blue-long.mp4")
-        self.assertGreater(int(stored["LastPos"]), 600)
-        second = Rendering(self, seconds=2)
-        self.assertEqual(second.urls()[0], url(movies[1]))
-        shown = [line["movie"]["time"] for line in second.movie_lines()]
-        self.assertGreaterEqual(shown[-1], int(stored["LastPos"]))
-        self.assertGreater(int(stored["LastPos"]), first.movie_lines()[0]["movie"]["time"])
+class LeavingNothing(ProgramTest):
+    """A rendering is the full saver, but for what that keeps for later."""
 
-    def test_nothing_is_stored_where_it_is_off(self):
-        self.home.play([movie("red")], **FULL_SCREEN)
-        Rendering(self)
+    def setUp(self):
+        super().setUp()
+        self.movies = [movie("short-red", "red", seconds=0.6), movie("blue-long", "blue", seconds=20)]
+        self.home.play(self.movies, Continue="1", **FULL_SCREEN)
+
+    def test_no_resume_point_is_stored(self):
+        self.assertEqual(Rendering(self).urls()[0], url(self.movies[0]))
         self.assertEqual(self.home.resume_point(), {})
 
-    def test_the_sign_leaves_the_resume_point_alone(self):
-        self.home.play([], Continue="1")
-        self.home.write({"LastMovie": "a.mov", "LastPos": "7"}, name="Kestro.def.plist")
-        Rendering(self)
-        self.assertEqual(self.home.resume_point(), {"LastMovie": "a.mov", "LastPos": "7"})
+    def test_it_goes_on_where_the_saver_stopped_and_leaves_that_point(self):
+        point = {"LastMovie": "blue-long.mp4", "LastPos": "1200"}
+        self.home.write(point, name="Kestro.def.plist")
+        rendering = Rendering(self, seconds=3)
+        self.assertEqual(rendering.urls()[0], url(self.movies[1]))
+        self.assertGreaterEqual(rendering.movie_lines()[-1]["movie"]["time"], 1200)
+        self.assertEqual(self.home.resume_point(), point)
+
+    def test_no_crawl_is_started(self):
+        with socket.create_server(("127.0.0.1", 0)) as site:
+            self.home.trailer_site(f"http://127.0.0.1:{site.getsockname()[1]}/trailers/")
+            self.home.play([self.movies[1], "auto://LatestTrailers/6/480"], **FULL_SCREEN)
+            self.assertTrue(Rendering(self).movie_lines())
+            site.settimeout(0)
+            self.assertRaises(BlockingIOError, site.accept)
+
+
+class LocalMovies(ProgramTest):
+    def test_a_file_is_found_by_the_name_of_this_machine(self):
+        path = movie("red")
+        self.home.play([f"file://localhost{path}"], **FULL_SCREEN)
+        rendering = Rendering(self)
+        self.assertTrue(rendering.last_picture().is_near(160, 120, RED))
+
+    def test_a_file_of_another_machine_is_none(self):
+        self.home.play([f"file://server{movie('red')}"], **FULL_SCREEN)
+        self.assertEqual(Rendering(self).movie_lines(), [])
 
 
 class Ending(ProgramTest):
-    def test_a_signal_ends_it_early_with_a_last_picture_and_the_resume_point(self):
+    def test_a_signal_ends_it_early_with_a_last_picture_and_no_resume_point(self):
         self.home.play([movie("long", seconds=8)], Continue="1", **FULL_SCREEN)
         for number in (signal.SIGTERM, signal.SIGINT):
             with self.subTest(number=number):
@@ -266,8 +282,7 @@ class Ending(ProgramTest):
                 self.assertEqual(self.ended(process)[0], 0)
                 [name] = [path.name for path in folder.iterdir()]
                 self.assertLess(seconds_of(name), BOUND)
-                self.assertEqual(self.home.resume_point()["LastMovie"], "long.mp4")
-                (self.home.preferences / "Kestro.def.plist").unlink()
+                self.assertEqual(self.home.resume_point(), {})
 
 
 if __name__ == "__main__":

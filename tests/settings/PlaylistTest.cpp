@@ -137,6 +137,16 @@ TEST_F(PlaylistOfURLs, expansion_asksForNoScan_inAPreview)
     EXPECT_FALSE(playlist().hasAutoTrailers());
 }
 
+TEST_F(PlaylistOfURLs, expansion_asksForNoScan_inARunThatLeavesNothing)
+{
+    useList("5", QStringList(automatic));
+    m_settings->settings().store().setOptionsForThisRun(
+        {{QStringLiteral("LeavesNothing"), QStringLiteral("1")}});
+    EXPECT_EQ(texts(playlist().fileList()), trailers(480, 6));
+    EXPECT_TRUE(m_trailers.scans.empty());
+    EXPECT_FALSE(playlist().hasAutoTrailers());
+}
+
 TEST_F(PlaylistOfURLs, editing_asksForNoScan)
 {
     useList("5", QStringList(automatic));

@@ -98,6 +98,17 @@ TEST_F(SettingsStoreFiles, setDefaults_leavesTheMainFileAlone)
     EXPECT_FALSE(QFile::exists(preferences("Kestro.plist")));
 }
 
+TEST_F(SettingsStoreFiles, setDefaults_setsSeveralKeys_keepingOthers)
+{
+    put(preferences("Kestro.def.plist"), QVariantMap{{QStringLiteral("Other"), QStringLiteral("x")}});
+    SettingsStore store(m_home.path());
+    EXPECT_TRUE(store.setDefaults({{lastMovie, QStringLiteral("a.mov")}, {lastPos, QStringLiteral("7")}}));
+    const QVariantMap expected{{QStringLiteral("Other"), QStringLiteral("x")},
+                               {lastMovie, QStringLiteral("a.mov")},
+                               {lastPos, QStringLiteral("7")}};
+    EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.def.plist")), expected);
+}
+
 TEST_F(SettingsStoreFiles, removeDefaults_writesTheWholeFile_keepingOtherKeys)
 {
     put(preferences("Kestro.def.plist"),
@@ -134,6 +145,21 @@ TEST_F(SettingsStoreFiles, optionsForThisRun_countInsteadOfTheFile_andAreNeverWr
     EXPECT_TRUE(store.setDefaultsForKey(QStringLiteral("1200"), lastPos));
     EXPECT_EQ(store.plist(), stored);
     EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.plist")), stored);
+}
+
+TEST_F(SettingsStoreFiles, runThatLeavesNothing_changesMemoryAlone)
+{
+    const QVariantMap stored{{lastMovie, QStringLiteral("a.mov")}};
+    put(preferences("Kestro.def.plist"), stored);
+    put(preferences("Kestro.plist"), QVariantMap{{QStringLiteral("LeavesNothing"), QStringLiteral("1")}});
+    SettingsStore store(m_home.path());
+    EXPECT_FALSE(store.leavesNothing()) << "a stored setting cannot ask for it";
+    store.setOptionsForThisRun({{QStringLiteral("LeavesNothing"), QStringLiteral("1")}});
+    EXPECT_TRUE(store.leavesNothing());
+    EXPECT_FALSE(store.setDefaultsForKey(QStringLiteral("1200"), lastPos));
+    EXPECT_EQ(store.defaultsForKey(lastPos), QVariant(QStringLiteral("1200")));
+    EXPECT_FALSE(store.removeDefaultsForKey(lastMovie));
+    EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.def.plist")), stored);
 }
 
 } // namespace kestro

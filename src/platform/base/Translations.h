@@ -7,9 +7,9 @@
 
 namespace kestro {
 
-/// The texts of windows in a person's language, those of Qt's own windows too. They are in use as long as
-/// this lives; where there are none in any language that the person reads, texts stay as they are in the
-/// code. Owned by a program with windows, which has made its application object before. Main thread.
+/// The texts of windows and of signs in a person's language, those of Qt's own windows too. They are in use
+/// as long as this lives; where there are none in any language that the person reads, texts stay as they are
+/// in the code. Owned by a program, which has made its application object before. Main thread.
 class Translations final {
 public:
     /// `folder` is where the package keeps its texts.
