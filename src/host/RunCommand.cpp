@@ -4,10 +4,12 @@
 #include "host/Program.h"
 #include "host/RunOptions.h"
 #include "host/SaverSession.h"
+#include "host/start/DisplayLoss.h"
 #include "host/start/GuiStart.h"
 #include "host/start/StopSignals.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
+#include "platform/base/Translations.h"
 #include "platform/display/QtDesktop.h"
 #include "platform/display/WindowDesktop.h"
 #include "platform/saver/ScreenSaverView.h"
@@ -53,10 +55,10 @@ void stop(SaverSession& session)
     std::_Exit(ExitFailure); // a signal that is blocked
 }
 
-SaverSession::ViewFactory viewsOf(const PrincipalClass& principal, Desktop& desktop)
+SaverSession::ViewFactory viewsOf(const PrincipalClass& principal, bool isPreview, Desktop& desktop)
 {
-    return [&principal, &desktop](const Rect& frame) {
-        return principal.initWithFrameIsPreview(frame, false, desktop);
+    return [&principal, isPreview, &desktop](const Rect& frame) {
+        return principal.initWithFrameIsPreview(frame, isPreview, desktop);
     };
 }
 
@@ -76,6 +78,7 @@ SaverSession::ViewFactory viewsOf(const PrincipalClass& principal, Desktop& desk
 int runFullScreen(const RunOptions& options)
 {
     const auto application = startGui();
+    const Translations translations;
     const auto principal = kestroSaver();
     if (!principal) return ExitFailure;
     principal->setOptionsForThisRun(options.settings);
@@ -83,8 +86,9 @@ int runFullScreen(const RunOptions& options)
     const SystemClock clock;
     SystemRandom random;
     QtDesktop desktop(clock, random);
-    SaverSession session(desktop, viewsOf(*principal, desktop));
+    SaverSession session(desktop, viewsOf(*principal, false, desktop));
     const StopSignals signalWatch([&](int) { leave(session, ExitSuccess); });
+    const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
     session.setWakeHandler([&] { leave(session, ExitSuccess); });
     play(session, [&] { desktop.showSurfaces(); });
 }
@@ -93,6 +97,7 @@ int runFullScreen(const RunOptions& options)
 int runInWindow(const RunOptions& options)
 {
     const auto application = startGuiInGivenWindow();
+    const Translations translations;
     const auto principal = kestroSaver();
     if (!principal) return ExitFailure;
     principal->setOptionsForThisRun(options.settings);
@@ -104,8 +109,9 @@ int runInWindow(const RunOptions& options)
         complain(desktop.error());
         return ExitFailure;
     }
-    SaverSession session(*desktop.value(), viewsOf(*principal, *desktop.value()));
+    SaverSession session(*desktop.value(), viewsOf(*principal, options.isPreview, *desktop.value()));
     const StopSignals signalWatch([&](int signal) { leaveBySignal(session, signal); });
+    const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
     desktop.value()->setGoneHandler([&] { leave(session, ExitSuccess); });
     play(session, [&] { desktop.value()->showSurface(); });
 }

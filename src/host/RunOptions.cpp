@@ -86,7 +86,7 @@ Syntax RunOptions::syntax()
          {},
          QStringLiteral("draw in the window that XSCREENSAVER_WINDOW names, else in the root window")},
         {QStringLiteral("window-id"), QStringLiteral("ID"),
-         QStringLiteral("draw in the window of that number")},
+         QStringLiteral("draw a preview in the window of that number: silent, sized to scale")},
         {QStringLiteral("mode"), QStringLiteral("MODE"),
          QStringLiteral("fullscreen, fly or bounce, whatever the settings say")},
         {QStringLiteral("scale"), QStringLiteral("S"),
@@ -110,6 +110,7 @@ Result<RunOptions> RunOptions::from(const Arguments& arguments, const QString& h
     options.settings = settings.value();
 
     const auto given = arguments.text(QStringLiteral("window-id"));
+    options.isPreview = given.has_value();
     options.isInWindow = given || arguments.has(QStringLiteral("root"));
     if (!options.isInWindow || (!given && handedOver.isEmpty())) return options;
     const auto window = given ? windowNumber(QStringLiteral("--window-id"), *given)

@@ -57,6 +57,17 @@ TEST(RunOptions, windowId_winsOverTheEnvironment_inEveryForm)
     }
 }
 
+// So xscreensaver's settings name their pane; the saver itself gets its windows by the variable.
+TEST(RunOptions, window_isAPreview_whenItIsGivenByItsNumber)
+{
+    const QString variable = QStringLiteral("0x1234");
+    EXPECT_TRUE(options({windowId, variable}).isPreview);
+    EXPECT_TRUE(options({root, windowId, variable}, QStringLiteral("7")).isPreview);
+    EXPECT_FALSE(options({root}, variable).isPreview);
+    EXPECT_FALSE(options({root}).isPreview);
+    EXPECT_FALSE(options({}, variable).isPreview);
+}
+
 TEST(RunOptions, window_isRefused_whenItIsNoNumber)
 {
     for (const char* text : {"", "0x", "x", "12x", "0x1g", "-5", "4294967296", "0x100000000", "1.5"}) {

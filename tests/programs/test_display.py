@@ -116,11 +116,12 @@ class Ending(DisplayTest):
         self.server.run("xdotool", "getmouselocation")
         return self.shows(320, 240, RED)
 
-    def test_a_server_that_dies_ends_it_without_a_crash(self):
+    def test_a_server_that_dies_ends_it_with_the_resume_point(self):
         process = self.start_showing_red()
         self.server.kill()
         status, errors = self.ended(process)
         self.assertEqual(status, 1, errors)
+        self.assertEqual(self.home.resume_point().get("LastMovie"), "long-red.mp4")
 
     def test_it_goes_on_after_it_was_stopped(self):
         self.home.play([movie("blinking", "red", seconds=60, is_blinking=True)], FullScreenMode="1")

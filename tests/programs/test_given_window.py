@@ -23,8 +23,9 @@ class GivenWindow(ProgramTest):
     def start(self, *words, **environment):
         return self.start_kestro(*words, DISPLAY=self.server.display, **environment)
 
-    def in_window(self, **environment):
-        return self.start("--window-id", str(self.giver.number), **environment)
+    def in_window(self, *words, **environment):
+        """The saver, as xscreensaver starts it in each of its windows."""
+        return self.start("--root", *words, XSCREENSAVER_WINDOW=hex(self.giver.number), **environment)
 
     def shows(self, x, y, colour=RED):
         return self.server.picture().is_near(x, y, colour)
@@ -36,6 +37,10 @@ class GivenWindow(ProgramTest):
     def showing(self, process):
         self.await_picture(process, 250, 150)
         return process
+
+    def red_pixels(self):
+        picture = self.server.picture()
+        return sum(picture.is_near(x, y, RED) for x in range(100, 400) for y in range(50, 250))
 
 
 class Drawing(GivenWindow):
@@ -91,7 +96,7 @@ class Options(GivenWindow):
         small = movie("small-red", "red", seconds=60, size="96x64")
         self.home.play([small], FullScreenMode="1", PlayMode="1", Continue="1")
         before = (self.home.preferences / "Kestro.plist").read_bytes()
-        process = self.start("--window-id", str(self.giver.number), "-mode", "fly", "--scale", "0.5", "--no-fade")
+        process = self.in_window("-mode", "fly", "--scale", "0.5", "--no-fade")
         red = wait_until(lambda: process.poll() is None and self.red_pixels(), "the movie")
         self.assertAlmostEqual(red, 48 * 32, delta=150)
         process.terminate()
@@ -99,9 +104,44 @@ class Options(GivenWindow):
         self.assertEqual(self.home.resume_point()["LastMovie"], "small-red.mp4")
         self.assertEqual((self.home.preferences / "Kestro.plist").read_bytes(), before)
 
-    def red_pixels(self):
-        picture = self.server.picture()
-        return sum(picture.is_near(x, y, RED) for x in range(100, 400) for y in range(50, 250))
+
+
+class Preview(GivenWindow):
+    """A window that is given by its number is a preview: that is how xscreensaver's settings name their pane."""
+
+    def in_pane(self):
+        return self.start("--root", "--window-id", hex(self.giver.number))
+
+    def test_a_movie_is_as_large_as_on_the_screen_to_scale(self):
+        # The window is 300 wide and the screen 1000: three tenths of a movie of 320 by 240.
+        self.home.play([movie("middle-red", "red", seconds=60, size="320x240")], FullScreenMode="0", PartialMode="0",
+                       Scale="1")
+        process = self.in_pane()
+        red = wait_until(lambda: process.poll() is None and self.red_pixels(), "the movie")
+        self.assertAlmostEqual(red, 96 * 72, delta=400)
+
+    def test_nothing_is_kept_of_it(self):
+        process = self.showing(self.in_pane())
+        process.terminate()
+        self.assertEqual(self.ended(process)[0], -signal.SIGTERM)
+        self.assertEqual(self.home.resume_point(), {})
+
+    def test_it_asks_no_trailer_site(self):
+        with socket.create_server(("127.0.0.1", 0)) as site:
+            self.home.play([movie("long-red", "red", seconds=60), "auto://LatestTrailers/6/480"], **PLAY)
+            self.home.trailer_site(f"http://127.0.0.1:{site.getsockname()[1]}/trailers/")
+            # The saver asks, at the latest before its first picture.
+            process = self.showing(self.in_window())
+            site.settimeout(BOUND)
+            site.accept()[0].close()
+            process.kill()
+            process.wait(timeout=BOUND)
+            self.home.forget_scans()
+            process = self.showing(self.in_pane())
+            process.terminate()
+            process.wait(timeout=BOUND)
+            site.settimeout(0)
+            self.assertRaises(BlockingIOError, site.accept)
 
 
 class Manners(GivenWindow):
@@ -176,10 +216,11 @@ class Ending(GivenWindow):
         self.assertEqual(status, 0, errors)
         self.assertEqual(self.home.resume_point().get("LastMovie"), "long-red.mp4")
 
-    def test_a_server_that_dies_ends_it_without_a_crash(self):
+    def test_a_server_that_dies_ends_it_well(self):
         process = self.showing(self.in_window())
         self.server.kill()
         self.assertEqual(self.ended(process)[0], 1)
+        self.assertEqual(self.home.resume_point().get("LastMovie"), "long-red.mp4")
 
 
 class WrongWindow(GivenWindow):
