@@ -94,6 +94,22 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>Add Movie</source>
         <translation>Film hinzufügen</translation>
     </message>
+    <message>
+        <source>No movie selected</source>
+        <translation>Kein Film ausgewählt</translation>
+    </message>
+    <message>
+        <source>Add movies in the settings</source>
+        <translation>Filme in den Einstellungen hinzufügen</translation>
+    </message>
+    <message>
+        <source>No movie could be loaded</source>
+        <translation>Kein Film konnte geladen werden</translation>
+    </message>
+    <message>
+        <source>Check the playlist and the network</source>
+        <translation>Bitte Wiedergabeliste und Netzwerk prüfen</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

@@ -94,6 +94,22 @@ Inténtelo de nuevo.</translation>
         <source>Add Movie</source>
         <translation>Añadir película</translation>
     </message>
+    <message>
+        <source>No movie selected</source>
+        <translation>Ninguna película seleccionada</translation>
+    </message>
+    <message>
+        <source>Add movies in the settings</source>
+        <translation>Añada películas en los ajustes</translation>
+    </message>
+    <message>
+        <source>No movie could be loaded</source>
+        <translation>No se pudo cargar ninguna película</translation>
+    </message>
+    <message>
+        <source>Check the playlist and the network</source>
+        <translation>Compruebe la lista de reproducción y la red</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

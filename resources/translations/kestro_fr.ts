@@ -94,6 +94,22 @@ Veuillez réessayer.</translation>
         <source>Add Movie</source>
         <translation>Ajouter un film</translation>
     </message>
+    <message>
+        <source>No movie selected</source>
+        <translation>Aucun film sélectionné</translation>
+    </message>
+    <message>
+        <source>Add movies in the settings</source>
+        <translation>Ajoutez des films dans les réglages</translation>
+    </message>
+    <message>
+        <source>No movie could be loaded</source>
+        <translation>Aucun film n’a pu être chargé</translation>
+    </message>
+    <message>
+        <source>Check the playlist and the network</source>
+        <translation>Vérifiez la liste de lecture et le réseau</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

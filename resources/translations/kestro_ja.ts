@@ -94,6 +94,22 @@ Please try again.</source>
         <source>Add Movie</source>
         <translation>ムービーを追加</translation>
     </message>
+    <message>
+        <source>No movie selected</source>
+        <translation>ムービーが選択されていません</translation>
+    </message>
+    <message>
+        <source>Add movies in the settings</source>
+        <translation>設定でムービーを追加してください</translation>
+    </message>
+    <message>
+        <source>No movie could be loaded</source>
+        <translation>ムービーを読み込めませんでした</translation>
+    </message>
+    <message>
+        <source>Check the playlist and the network</source>
+        <translation>再生リストとネットワークを確認してください</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

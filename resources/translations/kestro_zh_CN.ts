@@ -94,6 +94,22 @@ Please try again.</source>
         <source>Add Movie</source>
         <translation>添加影片</translation>
     </message>
+    <message>
+        <source>No movie selected</source>
+        <translation>未选择影片</translation>
+    </message>
+    <message>
+        <source>Add movies in the settings</source>
+        <translation>请在设置中添加影片</translation>
+    </message>
+    <message>
+        <source>No movie could be loaded</source>
+        <translation>无法载入任何影片</translation>
+    </message>
+    <message>
+        <source>Check the playlist and the network</source>
+        <translation>请检查播放列表和网络</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

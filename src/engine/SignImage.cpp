@@ -1,11 +1,22 @@
 #include "engine/SignImage.h"
 
+#include "engine/SignWords.h"
 #include "platform/base/Log.h"
 #include "platform/display/Painter.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 
 namespace kestro {
+
+namespace {
+
+constexpr SignWords selectWords{QT_TRANSLATE_NOOP("Kestro", "No movie selected"),
+                                QT_TRANSLATE_NOOP("Kestro", "Add movies in the settings")};
+constexpr SignWords failedWords{QT_TRANSLATE_NOOP("Kestro", "No movie could be loaded"),
+                                QT_TRANSLATE_NOOP("Kestro", "Check the playlist and the network")};
+
+} // namespace
 
 SignPictures::SignPictures(QString resourcesFolder)
     : m_resourcesFolder(std::move(resourcesFolder))
@@ -20,10 +31,23 @@ Picture SignPictures::load(const QString& name) const
     return picture.value_or(Picture{});
 }
 
+Picture SignPictures::loadWith(const QString& name, const SignWords& words) const
+{
+    Picture picture = load(name);
+    if (!picture.isNull()) drawWords(picture, words);
+    return picture;
+}
+
 const Picture& SignPictures::selectImage()
 {
-    if (m_select.isNull()) m_select = load(QStringLiteral("select.svg"));
+    if (m_select.isNull()) m_select = loadWith(QStringLiteral("select.svg"), selectWords);
     return m_select;
+}
+
+const Picture& SignPictures::failedImage()
+{
+    if (m_failed.isNull()) m_failed = loadWith(QStringLiteral("failed.svg"), failedWords);
+    return m_failed;
 }
 
 const Picture& SignPictures::previewImage()

@@ -7,24 +7,29 @@
 namespace kestro {
 
 class Painter;
+struct SignWords;
 
-/// The two sign pictures of a saver, read from its bundle's resources when first asked for and kept. Shared
-/// by every view of a process. Main thread.
+/// The sign pictures of a saver, read from its bundle's resources when first asked for, with their words in
+/// the person's language, and kept. Shared by every view of a process. Main thread.
 class SignPictures final {
 public:
-    /// `resourcesFolder` holds select.svg and preview.svg.
+    /// `resourcesFolder` holds select.svg, failed.svg and preview.svg.
     explicit SignPictures(QString resourcesFolder);
 
     /// Tells that no movie is selected.
     [[nodiscard]] const Picture& selectImage();
+    /// Tells that none of the movies that are selected can be played.
+    [[nodiscard]] const Picture& failedImage();
     /// Stands for the saver in a preview; on black.
     [[nodiscard]] const Picture& previewImage();
 
 private:
     [[nodiscard]] Picture load(const QString& name) const;
+    [[nodiscard]] Picture loadWith(const QString& name, const SignWords& words) const;
 
     QString m_resourcesFolder;
     Picture m_select;
+    Picture m_failed;
     Picture m_preview;
 };
 

@@ -93,13 +93,15 @@ TEST_F(SignImageTest, pictures_areReadFromTheResourcesAndKept)
     EXPECT_EQ(&select, &signs.selectImage());
     EXPECT_FALSE(signs.previewImage().isNull());
     EXPECT_NE(signs.previewImage().image, select.image);
+    EXPECT_NE(signs.failedImage().image, select.image);
+    EXPECT_EQ(signs.failedImage().size, select.size);
 }
 
 // The sign wanders over the saver without clearing its last place, so a picture of its own must do that:
 // black, and at its edges wider than the longest step.
 TEST_F(SignImageTest, pictures_coverTheirOwnTraces)
 {
-    for (const Picture* picture : {&signs.selectImage(), &signs.previewImage()}) {
+    for (const Picture* picture : {&signs.selectImage(), &signs.failedImage(), &signs.previewImage()}) {
         const QImage& image = picture->image;
         const double density = image.width() / static_cast<double>(picture->size.width);
         const int margin = static_cast<int>(8 * density);
@@ -117,6 +119,7 @@ TEST_F(SignImageTest, pictures_areNull_whenTheyCannotBeRead)
 {
     SignPictures missing(QStringLiteral("/nowhere"));
     EXPECT_TRUE(missing.selectImage().isNull());
+    EXPECT_TRUE(missing.failedImage().isNull());
     EXPECT_TRUE(missing.previewImage().isNull());
     EXPECT_EQ(logged("Cannot read the picture /nowhere/select.svg"), 1);
 }

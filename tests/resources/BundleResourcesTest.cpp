@@ -43,14 +43,21 @@ double brightShare(const QImage& image, const QRect& area)
 
 } // namespace
 
-TEST(BundleResources, select_showsAPictureAndTwoLines_whenDrawnOverBlack)
+TEST(BundleResources, signs_showAPictureAndLeaveRoomForWords_whenDrawnOverBlack)
 {
-    const QImage sign = drawn("select.svg");
-    ASSERT_EQ(sign.size(), QSize(420, 260));
-    EXPECT_GT(brightShare(sign, QRect(140, 30, 140, 122)), 0.2);  // the strip's middle frame
-    EXPECT_GT(brightShare(sign, QRect(90, 170, 240, 26)), 0.08);  // the first line
-    EXPECT_GT(brightShare(sign, QRect(100, 208, 220, 20)), 0.05); // the second
-    EXPECT_EQ(brightShare(sign, QRect(30, 156, 360, 10)), 0);     // nothing between
+    for (const char* name : {"select.svg", "failed.svg"}) {
+        const QImage sign = drawn(name);
+        ASSERT_EQ(sign.size(), QSize(420, 260)) << name;
+        EXPECT_GT(brightShare(sign, QRect(80, 26, 260, 126)), 0.15) << name;
+        EXPECT_EQ(brightShare(sign, QRect(30, 156, 360, 84)), 0) << name;
+    }
+}
+
+TEST(BundleResources, failed_isTheDarkerOfTheSigns_inItsMiddleFrame)
+{
+    const QRect middle(152, 50, 116, 82);
+    EXPECT_GT(brightShare(drawn("select.svg"), middle), 0.2);
+    EXPECT_LT(brightShare(drawn("failed.svg"), middle), 0.1);
 }
 
 TEST(BundleResources, preview_showsAPictureAndAName_whenDrawnOverBlack)
@@ -84,7 +91,7 @@ TEST(BundleResources, icon_isSquareAndColoured_whenDrawn)
 
 TEST(BundleResources, pictures_needNoFont_whenRead)
 {
-    for (const char* name : {"select.svg", "preview.svg", "kestro.svg"}) {
+    for (const char* name : {"select.svg", "failed.svg", "preview.svg", "kestro.svg"}) {
         QFile file(resource(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name;
         const QByteArray source = file.readAll();
