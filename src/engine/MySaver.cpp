@@ -96,6 +96,8 @@ void MySaver::startAnimation()
     if (!m_search) startMovie();
     if (m_settings.isFlyMode() || (isPreview() && m_settings.isBounceMode()))
         m_flyTime = m_services.desktop.clock().now();
+    else
+        m_flyTime.reset();
     ScreenSaverView::startAnimation();
 }
 
@@ -161,7 +163,8 @@ void MySaver::stopAnimation()
 
 void MySaver::storeResumePoint()
 {
-    if (const auto movie = m_movieView ? m_movieView->movie() : nullptr) m_resumePoint.store(*movie);
+    const auto movie = m_movieView ? m_movieView->movie() : nullptr;
+    if (movie && isFirstScreen()) m_resumePoint.store(*movie);
 }
 
 void MySaver::captureStop()
@@ -219,12 +222,16 @@ void MySaver::goToResumePoint(const MovieContent& content)
         m_resumePoint.end();
 }
 
-// Only the first screen ever plays sound.
-void MySaver::applySound()
+// The screen that plays sound and whose movie the next run begins with.
+bool MySaver::isFirstScreen() const
 {
     const auto* screen = window() ? window()->screen() : nullptr;
-    const bool mayPlay = screen && m_services.desktop.isFirst(*screen) && !isPreview();
-    m_movieView->setMuted(!mayPlay || !m_settings.isSoundOn());
+    return screen && m_services.desktop.isFirst(*screen);
+}
+
+void MySaver::applySound()
+{
+    m_movieView->setMuted(!isFirstScreen() || isPreview() || !m_settings.isSoundOn());
 }
 
 void MySaver::resetMovieViewFrame()
@@ -283,9 +290,11 @@ void MySaver::hideSign()
     setNeedsDisplay(true);
 }
 
-const Picture& MySaver::signForStart() const
+const Picture& MySaver::signForStart()
 {
-    return isPreview() ? m_services.signs.previewImage() : m_services.signs.selectImage();
+    auto& signs = m_services.signs;
+    if (isPreview()) return signs.previewImage();
+    return m_playlist.plistFileList().isEmpty() ? signs.selectImage() : signs.failedImage();
 }
 
 void MySaver::fallBackToSign(const Picture& sign)

@@ -96,6 +96,7 @@ private:
     [[nodiscard]] std::shared_ptr<ScreenSaverView> loadOtherSaver();
     void openFadeOut();
     void storeResumePoint();
+    [[nodiscard]] bool isFirstScreen() const;
     void goToResumePoint(const MovieContent& content);
     [[nodiscard]] bool isPaused() const { return m_captureTimer != nullptr; }
     void goOn();
@@ -120,7 +121,7 @@ private:
     void placeSign();
     void hideSign();
     void fallBackToSign(const Picture& sign);
-    [[nodiscard]] const Picture& signForStart() const;
+    [[nodiscard]] const Picture& signForStart();
 
     // one tick
     void tickWhileSearching();
@@ -177,7 +178,8 @@ private:
     std::unique_ptr<MovieSearch> m_search; ///< null while nothing is looked for
     std::optional<int> m_played;           ///< curIdx at the end of the last movie, until another one loads
     std::unique_ptr<Timer> m_captureTimer; ///< ends captureStop's pause
-    double m_flyTime = 0;                  ///< clock time of the last re-placement
+    /// Clock time of the last re-placement; nothing where the movie keeps its place.
+    std::optional<double> m_flyTime;
     int m_stepCount = 11; ///< window mode: ticks since the last capture; the first tick takes one
     bool m_saverInited = false;
 };

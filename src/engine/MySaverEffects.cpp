@@ -101,9 +101,9 @@ double MySaver::secondsToFade() const
 // The first tick strictly later than the interval.
 double MySaver::secondsToFly() const
 {
-    if (m_settings.reposition() != 0) return never;
+    if (m_settings.reposition() != 0 || !m_flyTime) return never;
     const double tick = animationTimeInterval();
-    const double left = m_flyTime + m_settings.timeInterval() - m_services.desktop.clock().now();
+    const double left = *m_flyTime + m_settings.timeInterval() - m_services.desktop.clock().now();
     return (std::floor(std::fmax(left, 0) / tick + roundingSlack) + 1) * tick;
 }
 

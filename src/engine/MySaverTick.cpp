@@ -79,8 +79,9 @@ void MySaver::flyMovie()
 bool MySaver::isTimeToFly()
 {
     if (m_settings.reposition() != 0) return !m_movieView->isPlaying();
+    if (!m_flyTime) return false;
     const double now = m_services.desktop.clock().now();
-    if (!(now - m_flyTime > static_cast<double>(m_settings.timeInterval()))) return false;
+    if (!(now - *m_flyTime > static_cast<double>(m_settings.timeInterval()))) return false;
     m_flyTime = now;
     return true;
 }

@@ -66,7 +66,8 @@ void PiggyBack::openWindow(Window& windowBehind, const ScreenSaverView& behind)
 
 void PiggyBack::startTicks()
 {
-    m_myTimer = m_desktop.timers().repeating(m_saver->animationTimeInterval(), [this] { tick(); });
+    m_interval = m_saver->animationTimeInterval();
+    m_myTimer = m_desktop.timers().repeating(m_interval, [this] { tick(); });
 }
 
 // The saver may be stopped in its tick, and is kept until that is over.
@@ -77,6 +78,7 @@ void PiggyBack::tick()
     if (!behind) return backgroundEnds();
     follow(*behind);
     saver->animateOneFrame();
+    if (m_myTimer && saver->animationTimeInterval() != m_interval) startTicks();
     m_desktop.notifications().post(Notice::SaverAboveTicked, behind.get());
 }
 

@@ -12,9 +12,10 @@ class Timer;
 class Window;
 
 /// Piggy-back running: the host has another saver's view, and the movies play above it. Once that view is in
-/// a window, a transparent window of its own is laid over it for the saver, which is then driven from here
-/// until the view's window closes or the application ends. Owned by the saver that it runs, which it keeps
-/// alive meanwhile; does nothing for one that the host runs directly. Main thread.
+/// a window, a transparent window of its own is laid over it for the saver, which is then driven from here,
+/// at the interval that it asks for, until the view's window closes or the application ends. Owned by the
+/// saver that it runs, which it keeps alive meanwhile; does nothing for one that the host runs directly. Main
+/// thread.
 class PiggyBack final {
 public:
     explicit PiggyBack(Desktop& desktop);
@@ -59,6 +60,7 @@ private:
     std::weak_ptr<ScreenSaverView> m_otherSaver; ///< the host's
     std::unique_ptr<Timer> m_tmpTimer;           ///< while waiting
     std::unique_ptr<Timer> m_myTimer;
+    double m_interval = 0; ///< of m_myTimer, seconds
     std::unique_ptr<Window> m_mySaverWindow;
     bool m_observerAdded = false;
     bool m_isPaused = false;

@@ -135,6 +135,28 @@ TEST_F(MySaverBackgroundTest, ticks_areSlower_whileTheSignShows)
     desktop.notifications().removeObserver(&told);
 }
 
+TEST_F(MySaverBackgroundTest, ticks_becomeSlower_whenTheSignTakesTheMoviesPlace)
+{
+    setGoodPlaylist({"a.mov"}, 100);
+    auto& saver = started();
+    int told = 0;
+    desktop.notifications().addObserver(&told, Notice::SaverAboveTicked, background.get(),
+                                        [&told] { ++told; });
+    run(1);
+    ASSERT_EQ(told, 20);
+    saver.setAnimationTimeInterval(0.1);
+    run(0.05);
+    told = 0;
+    run(1);
+    EXPECT_EQ(told, 10);
+    saver.setAnimationTimeInterval(0.05);
+    run(0.1);
+    told = 0;
+    run(1);
+    EXPECT_EQ(told, 20);
+    desktop.notifications().removeObserver(&told);
+}
+
 TEST_F(MySaverBackgroundTest, closing_stopsTheSaverAndLetsItGo)
 {
     set("Fadeout", "1");

@@ -1,6 +1,7 @@
 // Start, stop, restart: what a saver builds, shows and stores over its life.
 
 #include "engine/EngineTest.h"
+#include "engine/OtherMonitorsDesktop.h"
 #include "platform/base/StoredValue.h"
 #include "platform/display/Cursor.h"
 #include "platform/movie/QTMovie.h"
@@ -10,25 +11,6 @@
 namespace kestro {
 
 namespace {
-
-/// A desk whose one screen stands beside monitors that belong to other processes.
-class OtherMonitorsDesktop final : public Desktop {
-public:
-    explicit OtherMonitorsDesktop(Desktop& desk)
-        : m_desk(desk)
-    {
-    }
-    [[nodiscard]] std::vector<Screen*> screens() const override { return m_desk.screens(); }
-    [[nodiscard]] bool isFirst(const Screen&) const override { return false; }
-    [[nodiscard]] Cursor& cursor() override { return m_desk.cursor(); }
-    [[nodiscard]] TimerSource& timers() override { return m_desk.timers(); }
-    [[nodiscard]] NotificationCenter& notifications() override { return m_desk.notifications(); }
-    [[nodiscard]] const Clock& clock() const override { return m_desk.clock(); }
-    [[nodiscard]] Random& random() override { return m_desk.random(); }
-
-private:
-    Desktop& m_desk;
-};
 
 class MySaverLifeTest : public EngineTest {
 protected:
@@ -45,6 +27,21 @@ protected:
     static bool isWindow(const MySaver& saver)
     {
         return dynamic_cast<KTMovieWindow*>(saver.movieView()) != nullptr;
+    }
+    /// Whether that is the sign that wanders over the first screen, by the pixels of its middle.
+    bool isSeen(const MySaver& saver, const Picture& sign)
+    {
+        const auto bounds = saver.snapshot().sign;
+        if (!bounds) return false;
+        const int density = sign.image.width() / static_cast<int>(sign.size.width);
+        int difference = 0;
+        for (int x = 170; x < 250; ++x) {
+            const auto column = static_cast<int>(bounds->left()) + x;
+            const auto row = static_cast<int>(bounds->bottom()) + static_cast<int>(sign.size.height) - 80;
+            const QColor wanted = sign.image.pixelColor(x * density, 80 * density);
+            difference += std::abs(pixelAt(column, row).red() - wanted.red());
+        }
+        return difference < 80 * 16;
     }
     std::shared_ptr<MemoryMovie> shown() { return movies.alive().back(); }
     int windowsOfKind(const QString& kind)
@@ -89,17 +86,20 @@ TEST_F(MySaverLifeTest, startAnimation_showsTheSelectSign_whenNothingIsPlayable)
     EXPECT_EQ(saver.snapshot().sign->size, signs.selectImage().size);
     EXPECT_EQ(saver.animationTimeInterval(), 0.1);
     EXPECT_TRUE(desktop.cursor().isHidden());
+    EXPECT_TRUE(isSeen(saver, signs.selectImage()));
+    EXPECT_FALSE(isSeen(saver, signs.failedImage()));
     const Rect sign = *saver.snapshot().sign;
     EXPECT_TRUE(sign.left() >= 0 && sign.bottom() >= 0 && sign.right() <= 1920 && sign.top() <= 1080);
 }
 
-TEST_F(MySaverLifeTest, startAnimation_showsTheSelectSign_whenNoEntryOpens)
+TEST_F(MySaverLifeTest, startAnimation_saysThatNothingCouldBeLoaded_whenNoEntryOpens)
 {
     setPlaylist({"x.mov", "y.mov"});
     auto& saver = makeSaver();
     saver.startAnimation();
     EXPECT_EQ(saver.movieView(), nullptr);
-    EXPECT_TRUE(saver.snapshot().sign);
+    EXPECT_TRUE(isSeen(saver, signs.failedImage()));
+    EXPECT_FALSE(isSeen(saver, signs.selectImage()));
     EXPECT_EQ(logged("Failed to load movie:http://m/y.mov"), 1);
 }
 
@@ -266,55 +266,6 @@ TEST_F(MySaverLifeTest, sound_isOff_unlessSwitchedOn)
     EXPECT_TRUE(saver.movieView()->movie()->isMuted());
 }
 
-TEST_F(MySaverLifeTest, stopAnimation_storesTheResumePoint)
-{
-    setGoodPlaylist({"a.mov"});
-    set("Continue", "1");
-    auto& saver = makeSaver();
-    saver.startAnimation();
-    tickFor(saver, 3);
-    saver.stopAnimation();
-    EXPECT_EQ(logged("URL = http://m/a.mov"), 1);
-    EXPECT_EQ(store.defaultsForKey("LastMovie"), "a.mov");
-    EXPECT_NEAR(intValue(*store.defaultsForKey("LastPos")), 1800, 1);
-    SettingsStore written(home.path());
-    EXPECT_EQ(written.defaultsForKey("LastMovie"), "a.mov");
-}
-
-TEST_F(MySaverLifeTest, stopAnimation_storesTheResumePoint_inWindowModeToo)
-{
-    setGoodPlaylist({"a.mov"});
-    setBounce();
-    set("Continue", "1");
-    auto& saver = makeSaver();
-    saver.startAnimation();
-    saver.stopAnimation();
-    EXPECT_EQ(store.defaultsForKey("LastMovie"), "a.mov");
-    EXPECT_EQ(windowsOfKind("movie"), 0);
-    EXPECT_FALSE(saver.movieView()->movie());
-}
-
-TEST_F(MySaverLifeTest, stopAnimation_storesNothing_unlessContinuingWithAMovie)
-{
-    setGoodPlaylist({"a.mov"});
-    auto& saver = makeSaver();
-    saver.startAnimation();
-    saver.stopAnimation();
-    EXPECT_FALSE(store.defaultsForKey("LastMovie"));
-
-    set("Continue", "1");
-    auto& preview = makeSaver(true);
-    preview.startAnimation();
-    preview.stopAnimation();
-    EXPECT_FALSE(store.defaultsForKey("LastMovie"));
-
-    setPlaylist({});
-    auto& sign = makeSaver();
-    sign.startAnimation();
-    sign.stopAnimation();
-    EXPECT_FALSE(store.defaultsForKey("LastMovie"));
-}
-
 TEST_F(MySaverLifeTest, stopAnimation_showsThePointerAgain)
 {
     setGoodPlaylist({"a.mov"});
@@ -323,6 +274,18 @@ TEST_F(MySaverLifeTest, stopAnimation_showsThePointerAgain)
     saver.stopAnimation();
     EXPECT_FALSE(desktop.cursor().isHidden());
     EXPECT_FALSE(saver.isAnimating());
+}
+
+TEST_F(MySaverLifeTest, pointer_isHiddenWheneverTheSaverRuns_andShownInBetween)
+{
+    setPlaylist({});
+    auto& saver = makeSaver();
+    for (int i = 0; i < 2; ++i) {
+        saver.startAnimation();
+        EXPECT_TRUE(desktop.cursor().isHidden()) << i;
+        saver.stopAnimation();
+        EXPECT_FALSE(desktop.cursor().isHidden()) << i;
+    }
 }
 
 TEST_F(MySaverLifeTest, startAnimation_again_keepsTheMovieFrame)
@@ -346,21 +309,6 @@ TEST_F(MySaverLifeTest, startAnimation_again_leavesTheSignWhereItIs)
     saver.stopAnimation();
     saver.startAnimation();
     EXPECT_EQ(saver.snapshot().sign, sign);
-}
-
-TEST_F(MySaverLifeTest, resume_beginsTheNextRunWhereTheLastStopped)
-{
-    setGoodPlaylist({"a.mov", "b.mov", "c.mov"}, 10);
-    set("Continue", "1");
-    auto& first = makeSaver();
-    first.startAnimation();
-    tickFor(first, 12);
-    EXPECT_EQ(playing(first), "b.mov");
-    first.stopAnimation();
-    auto& second = makeSaver();
-    second.startAnimation();
-    EXPECT_EQ(playing(second), "b.mov");
-    EXPECT_NEAR(static_cast<double>(second.snapshot().movie->time), 1200, 70);
 }
 
 } // namespace kestro

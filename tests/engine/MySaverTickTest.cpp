@@ -219,15 +219,16 @@ TEST_F(MySaverTickTest, preview_fliesWhereTheSaverBounces)
     EXPECT_NE(saver.movieView()->frame(), first);
 }
 
-TEST_F(MySaverTickTest, stillPartial_movesEveryIntervalToo)
+TEST_F(MySaverTickTest, stillPartial_neitherFliesNorBounces)
 {
     setGoodPlaylist({"a.mov"}, 100);
     setFly();
     set("PartialMode", "2");
     auto& saver = started();
     const Rect first = saver.movieView()->frame();
-    tickFor(saver, 4.2);
-    EXPECT_NE(saver.movieView()->frame(), first);
+    EXPECT_EQ(first.size, (Size{320, 180}));
+    tickFor(saver, 9);
+    EXPECT_EQ(saver.movieView()->frame(), first);
 }
 
 TEST_F(MySaverTickTest, bounce_movesTheWindowByAStepEachTickAndNeverLeavesByMoreThanOne)
@@ -267,6 +268,22 @@ TEST_F(MySaverTickTest, bounce_staysOnItsOwnScreen)
     const auto shot = saver.snapshot();
     EXPECT_EQ(shot.movie->frame.origin.x, saver.movieView()->frame().origin.x + 800);
     EXPECT_EQ(shot.movie->frame.origin.y, saver.movieView()->frame().origin.y - 240);
+}
+
+TEST_F(MySaverTickTest, bounce_goesAlong_whenItsScreenMoves)
+{
+    setGoodPlaylist({"a.mov"}, 10000);
+    setBounce();
+    auto& other = desktop.addScreen({{1920, 300}, {800, 600}});
+    auto& saver = makeSaver(false, 1, {800, 600});
+    saver.startAnimation();
+    const Rect before = saver.movieView()->frame();
+    desktop.resizeScreen(other, {{0, -100}, {800, 600}});
+    EXPECT_EQ(saver.movieView()->frame(), before.movedBy({-1920, -400}));
+    tick(saver);
+    const Rect after = saver.movieView()->frame();
+    EXPECT_LE(std::abs(after.origin.x - (before.origin.x - 1920)), 8);
+    EXPECT_LE(std::abs(after.origin.y - (before.origin.y - 400)), 8);
 }
 
 TEST_F(MySaverTickTest, remoteMovie_isPlacedOnceItsSizeIsKnown)
