@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/display/Picture.h"
-#include "platform/movie/AvInput.h"
-#include "platform/movie/MovieFacts.h"
+#include "platform/movie/FrameDecoder.h"
 #include "platform/movie/StillScaler.h"
 
 #include <QSize>
@@ -12,10 +11,6 @@
 #include <memory>
 #include <mutex>
 #include <stop_token>
-
-struct AVCodecContext;
-struct AVFrame;
-struct AVPacket;
 
 namespace kestro {
 
@@ -39,29 +34,15 @@ public:
                                   std::stop_token stop = {});
 
 private:
-    struct FreeCodec {
-        void operator()(AVCodecContext* codec) const;
-    };
-    struct FreeFrame {
-        void operator()(AVFrame* frame) const;
-    };
-    struct FreePacket {
-        void operator()(AVPacket* packet) const;
-    };
-    using Frame = std::unique_ptr<AVFrame, FreeFrame>;
-
     [[nodiscard]] bool isOpen();
-    [[nodiscard]] bool open();
     [[nodiscard]] bool moveTo(double seconds);
     [[nodiscard]] bool isForwardCheaper(double seconds) const;
     [[nodiscard]] bool decodeFrom(double start, double seconds);
     [[nodiscard]] bool seek(double seconds);
     void stepTo(double seconds);
     [[nodiscard]] bool takeNext(double seconds);
-    [[nodiscard]] bool feed(double seconds);
     [[nodiscard]] bool isEarly(const AVPacket& packet, double seconds) const;
     [[nodiscard]] double insideMovie(double seconds) const;
-    [[nodiscard]] double secondsOf(const AVFrame& frame) const;
     [[nodiscard]] QSize pictureSize();
 
     const QUrl m_url;
@@ -70,13 +51,9 @@ private:
     std::mutex m_sizeMutex; ///< of the next: the main thread sets it while another decodes
     QSize m_size;
     bool m_tried = false;
-    std::unique_ptr<AvInput> m_input;
-    MovieFacts m_facts;
-    std::unique_ptr<AVCodecContext, FreeCodec> m_codec;
-    std::unique_ptr<AVPacket, FreePacket> m_packet;
-    Frame m_current; ///< the frame that is showing at the time asked for last
-    Frame m_next;    ///< the one after it, where it was decoded already
-    bool m_drained = false;
+    std::unique_ptr<FrameDecoder> m_decoder; ///< null until opened, and when that failed
+    Frame m_current;                         ///< the frame that is showing at the time asked for last
+    Frame m_next;                            ///< the one after it, where it was decoded already
     StillScaler m_scaler;
 };
 

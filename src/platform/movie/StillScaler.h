@@ -8,7 +8,10 @@ struct SwsContext;
 
 namespace kestro {
 
-/// Makes pictures of decoded frames: scaled, turned upright, opaque. One thread at a time.
+struct PixelTarget;
+
+/// Makes pictures of decoded frames: scaled, turned upright, opaque, in the colours that playing them gives.
+/// One thread at a time.
 class StillScaler final {
 public:
     StillScaler() = default;
@@ -19,9 +22,12 @@ public:
     /// `frame` turned by `rotation` degrees clockwise and stretched to `size` pixels. A null image when it
     /// cannot be had.
     [[nodiscard]] QImage picture(const AVFrame& frame, QSize size, int rotation);
+    /// Draws the same over the whole target. False when it cannot be had.
+    [[nodiscard]] bool draw(const AVFrame& frame, const PixelTarget& target, int rotation);
 
 private:
     [[nodiscard]] QImage scaled(const AVFrame& frame, QSize size);
+    [[nodiscard]] bool scale(const AVFrame& frame, const PixelTarget& target);
 
     SwsContext* m_scaler = nullptr;
 };

@@ -1,0 +1,114 @@
+#include "platform/movie/BackwardsWorker.h"
+
+#include <utility>
+
+namespace kestro {
+
+// What is decoded ahead need not reach farther.
+static constexpr double farEnough = 4;
+
+BackwardsWorker::BackwardsWorker(std::unique_ptr<ReverseDecoder> decoder,
+                                 std::shared_ptr<PictureMemory> memory, std::function<void()> changed)
+    : m_decoder(std::move(decoder))
+    , m_memory(std::move(memory))
+    , m_changed(std::move(changed))
+{
+}
+
+void BackwardsWorker::run()
+{
+    std::unique_lock lock(m_mutex);
+    while (!m_quits) {
+        if (mayDecode())
+            decode(lock);
+        else
+            m_wakeUp.wait(lock);
+    }
+}
+
+bool BackwardsWorker::mayDecode() const
+{
+    const bool hasMore = std::holds_alternative<NotYet>(m_behind);
+    return !m_order.rests && hasMore && !isEnough();
+}
+
+/// Half of the memory is for the stretch that is being shown, half for the next.
+bool BackwardsWorker::isEnough() const
+{
+    if (m_pictures.empty()) return false;
+    const bool lasts = m_pictures.back().seconds() - m_pictures.front().seconds() > farEnough;
+    return lasts || m_memory->used() > m_memory->most() / 2;
+}
+
+void BackwardsWorker::decode(std::unique_lock<std::mutex>& lock)
+{
+    const std::stop_token stop = m_order.stop.get_token();
+    if (std::exchange(m_order.isNew, false)) m_decoder->startAt(m_order.start);
+    lock.unlock();
+    auto pictures = m_decoder->next(stop);
+    lock.lock();
+    if (stop.stop_requested()) return; // of an order that was taken back
+    store(std::move(pictures));
+    if (m_changed) m_changed();
+}
+
+void BackwardsWorker::store(Result<ReverseDecoder::Pictures> pictures)
+{
+    if (!pictures) {
+        m_behind = Error{pictures.error()};
+        return;
+    }
+    if (pictures.value().empty()) m_behind = Beginning{};
+    auto& earlier = pictures.value();
+    while (!earlier.empty()) {
+        m_pictures.push_front(std::move(earlier.back()));
+        earlier.pop_back();
+    }
+}
+
+void BackwardsWorker::startAt(double seconds)
+{
+    give({.start = seconds, .rests = false, .isNew = true});
+}
+
+void BackwardsWorker::rest()
+{
+    give({});
+}
+
+void BackwardsWorker::give(Order order)
+{
+    const std::lock_guard lock(m_mutex);
+    m_order.stop.request_stop();
+    m_order = std::move(order);
+    m_pictures.clear();
+    m_behind = NotYet{};
+    m_wakeUp.notify_all();
+}
+
+void BackwardsWorker::quit()
+{
+    give({});
+    const std::lock_guard lock(m_mutex);
+    m_quits = true;
+    m_changed = {};
+    m_wakeUp.notify_all();
+}
+
+BackwardsWorker::Taken BackwardsWorker::take()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_pictures.empty()) return std::visit([](const auto& behind) -> Taken { return behind; }, m_behind);
+    KeptPicture picture = std::move(m_pictures.back());
+    m_pictures.pop_back();
+    m_wakeUp.notify_all();
+    return picture;
+}
+
+bool BackwardsWorker::hasAnswer()
+{
+    const std::lock_guard lock(m_mutex);
+    return !m_pictures.empty() || !std::holds_alternative<NotYet>(m_behind);
+}
+
+} // namespace kestro

@@ -1,0 +1,205 @@
+#include "platform/movie/ReverseDecoder.h"
+
+#include "platform/movie/AvFormat.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace kestro {
+
+// Past the last picture, whatever its time.
+static constexpr std::int64_t end = std::numeric_limits<std::int64_t>::max();
+// Half a millisecond, so that a time that was rounded to whole units still meets its picture.
+static constexpr double timeSlack = 0.0005;
+// A group of pictures that does not fit is decoded again for each stretch of it.
+static constexpr double decodingSpeed = 3;
+// Where a container seeks by other times than those of the pictures, earlier places are tried.
+static constexpr double firstStepBack = 0.25;
+// Farther than any movie lasts, where its duration is not known.
+static constexpr double farAway = 1e6;
+
+ReverseDecoder::ReverseDecoder(QUrl url, std::shared_ptr<PictureMemory> memory,
+                               std::chrono::milliseconds longestRead)
+    : m_url(std::move(url))
+    , m_memory(std::move(memory))
+    , m_longestRead(longestRead)
+{
+}
+
+ReverseDecoder::~ReverseDecoder() = default;
+
+void ReverseDecoder::startAt(double seconds)
+{
+    m_start = seconds;
+    m_begun = false;
+}
+
+Result<ReverseDecoder::Pictures> ReverseDecoder::next(const std::stop_token& stop)
+{
+    m_stop = stop;
+    extendTime();
+    const QString reason = m_decoder ? QString() : open();
+    if (!reason.isEmpty()) return Error{reason};
+    if (!std::exchange(m_begun, true)) begin();
+    while (m_cursor > m_first.stamp) {
+        auto pictures = decodeStretch();
+        if (!pictures || !pictures.value().empty()) return pictures;
+    }
+    return Pictures{};
+}
+
+static QString cannotBeSought()
+{
+    return QStringLiteral("it cannot be sought");
+}
+
+static bool isSeekable(const AVFormatContext& context)
+{
+    const bool isStream = context.pb && !(context.pb->seekable & AVIO_SEEKABLE_NORMAL);
+    return !isStream && !(context.ctx_flags & AVFMTCTX_UNSEEKABLE);
+}
+
+QString ReverseDecoder::open()
+{
+    auto decoder = FrameDecoder::open(m_url, m_interrupt, decodingSpeed);
+    if (!decoder) return decoder.error();
+    if (!isSeekable(*decoder.value()->input().context())) return cannotBeSought();
+    m_decoder = std::move(decoder.value());
+    const MovieFacts& facts = m_decoder->facts();
+    m_pictureBytes = static_cast<std::size_t>(facts.codedWidth) * facts.codedHeight * 3 / 2;
+    const auto first = readKeyframe();
+    if (first) m_first = *first;
+    const QString reason = first ? QString() : whyItEnded();
+    return first || !reason.isEmpty() ? reason : QStringLiteral("no keyframe in it");
+}
+
+void ReverseDecoder::begin()
+{
+    const double seconds = m_decoder->facts().seconds;
+    const bool isAtEnd = seconds > 0 && m_start >= seconds - timeSlack;
+    const std::int64_t behind = m_decoder->input().ptsAt(m_start + timeSlack) + 1;
+    m_cursor = isAtEnd ? end : std::max(behind, m_first.stamp + 1);
+    m_group.reset();
+}
+
+/// Reads on to the next keyframe, which is decoded next.
+std::optional<ReverseDecoder::Group> ReverseDecoder::readKeyframe()
+{
+    while (const AVPacket* const packet = m_decoder->read()) {
+        extendTime();
+        const bool hasTime = packet->pts != AV_NOPTS_VALUE || packet->dts != AV_NOPTS_VALUE;
+        if (!hasTime || !(packet->flags & AV_PKT_FLAG_KEY)) continue;
+        const std::int64_t stamp = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
+        return Group{stamp, packet->dts != AV_NOPTS_VALUE ? packet->dts : stamp, 0};
+    }
+    return std::nullopt;
+}
+
+/// Decodes what comes before the cursor, all that there is room for. Pictures that there would be none for
+/// are left out where possible, but where none is left at all that was a mistake.
+Result<ReverseDecoder::Pictures> ReverseDecoder::decodeStretch()
+{
+    for (const bool leavesOut : {true, false}) {
+        const QString reason = goToGroup();
+        if (!reason.isEmpty()) return Error{reason};
+        if (!m_group) break;
+        const std::int64_t from = leavesOut ? std::max(worthwhileFrom(), m_group->stamp) : m_group->stamp;
+        auto pictures = decodeGroup(from);
+        if (!pictures) return pictures;
+        if (pictures.value().empty() && m_dropped) continue;
+        moveCursor(pictures.value());
+        return pictures;
+    }
+    m_cursor = m_first.stamp;
+    return Pictures{};
+}
+
+/// Seeks to the group of pictures in which the cursor lies, or that ends at it.
+QString ReverseDecoder::goToGroup()
+{
+    const std::int64_t stepBack = m_decoder->input().ptsAt(firstStepBack) - m_decoder->input().ptsAt(0);
+    std::int64_t to = firstTry();
+    bool wasSought = false;
+    for (std::int64_t step = 1;; step = std::max(2 * step, stepBack)) {
+        to = std::max(to, m_first.decodingTime);
+        extendTime();
+        wasSought |= m_decoder->seek(to);
+        const auto group = readKeyframe();
+        m_group = group && group->stamp < m_cursor ? group : std::nullopt;
+        if (m_group) m_group->seekStamp = to;
+        if (m_group) return {};
+        if (m_interrupt.isDue()) return whyItEnded();
+        if (to <= m_first.decodingTime) return wasSought ? whyItEnded() : cannotBeSought();
+        to = std::min(to, group ? group->decodingTime : to) - step;
+    }
+}
+
+std::int64_t ReverseDecoder::firstTry() const
+{
+    if (m_group) return m_group->stamp < m_cursor ? m_group->seekStamp : m_group->decodingTime - 1;
+    if (m_cursor != end) return m_cursor - 1;
+    const double seconds = m_decoder->facts().seconds;
+    return m_decoder->input().ptsAt(seconds > 0 ? seconds : farAway);
+}
+
+/// Earlier pictures would find no room, when they last as long as all do on average.
+std::int64_t ReverseDecoder::worthwhileFrom() const
+{
+    const MovieFacts& facts = m_decoder->facts();
+    const AvInput& input = m_decoder->input();
+    if (m_cursor == end && facts.seconds <= 0) return 0;
+    const double before = m_cursor == end ? facts.seconds : input.secondsOf(m_cursor);
+    // What is kept now goes while this is decoded: half of it, say.
+    const std::size_t room = m_memory->most() - std::min(m_memory->most(), m_memory->used() / 2);
+    const double pictures = static_cast<double>(room) / static_cast<double>(m_pictureBytes);
+    return input.ptsAt(before - pictures / facts.picturesPerSecond);
+}
+
+/// Pictures of before the group's keyframe need those of the group before it, and come with that.
+Result<ReverseDecoder::Pictures> ReverseDecoder::decodeGroup(std::int64_t from)
+{
+    m_dropped = from > m_group->stamp;
+    Pictures pictures;
+    const auto mayLeaveOut = [this, from](const AVPacket& packet) {
+        extendTime();
+        return packet.pts != AV_NOPTS_VALUE && packet.pts < from;
+    };
+    while (Frame frame = m_decoder->next(mayLeaveOut)) {
+        const std::int64_t stamp = frame->best_effort_timestamp;
+        if (stamp >= m_cursor) return pictures;
+        const std::int64_t last = pictures.empty() ? from - 1 : pictures.back().frame().best_effort_timestamp;
+        if (stamp > last) keep(pictures, std::move(frame));
+    }
+    const QString reason = whyItEnded();
+    if (!reason.isEmpty()) return Error{reason};
+    return pictures;
+}
+
+void ReverseDecoder::keep(Pictures& pictures, Frame frame)
+{
+    m_pictureBytes = bytesOf(*frame);
+    while (!pictures.empty() && m_memory->used() + m_pictureBytes > m_memory->most()) {
+        pictures.pop_front();
+        m_dropped = true;
+    }
+    const double seconds = m_decoder->secondsOf(*frame);
+    pictures.emplace_back(std::move(frame), seconds, m_decoder->facts().rotation, m_memory);
+}
+
+void ReverseDecoder::moveCursor(const Pictures& pictures)
+{
+    m_cursor = m_dropped ? pictures.front().frame().best_effort_timestamp : m_group->stamp;
+}
+
+/// Why there was no more to read or to decode; empty at the end of the movie. Where a movie breaks off, its
+/// end is there.
+QString ReverseDecoder::whyItEnded() const
+{
+    if (m_stop.stop_requested()) return QStringLiteral("stopped");
+    if (m_interrupt.isDue()) return QStringLiteral("no answer in time");
+    const bool isCutShort = m_decoder->brokeOff() && m_cursor != end;
+    return isCutShort ? QStringLiteral("reading it broke off") : QString();
+}
+
+} // namespace kestro

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/movie/KeptPicture.h"
+
+#include <QUrl>
+
+#include <chrono>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <stop_token>
+
+namespace kestro {
+
+/// Decodes a movie from a time back to its beginning, a stretch at a time: from the keyframe before, keeping
+/// the last pictures that there is room for, so a group of pictures larger than that is decoded once for each
+/// stretch of it. Every picture comes, exactly once. Owned by BackwardsWorker; one thread at a time; seconds.
+class ReverseDecoder final {
+public:
+    /// What it keeps is counted by `memory`. Nothing is opened yet. Each read may wait `longestRead`.
+    ReverseDecoder(QUrl url, std::shared_ptr<PictureMemory> memory, std::chrono::milliseconds longestRead);
+    ~ReverseDecoder();
+
+    /// The picture that shows at `seconds` comes next, at or past the end the last one.
+    void startAt(double seconds);
+
+    using Pictures = std::deque<KeptPicture>;
+    /// The next stretch, the earliest picture first; empty once the beginning was reached. Ends, with a
+    /// reason, when the movie cannot be read or sought, or on `stop`. One picture is kept even where there is
+    /// no room.
+    [[nodiscard]] Result<Pictures> next(const std::stop_token& stop);
+
+private:
+    /// A keyframe and the place that a seek to it is sent to.
+    struct Group {
+        std::int64_t stamp = 0;        ///< of the keyframe
+        std::int64_t decodingTime = 0; ///< of the keyframe
+        std::int64_t seekStamp = 0;
+    };
+
+    [[nodiscard]] QString open();
+    void begin();
+    [[nodiscard]] std::optional<Group> readKeyframe();
+    [[nodiscard]] std::optional<Group> groupFrom(std::int64_t stamp);
+    [[nodiscard]] QString goToGroup();
+    [[nodiscard]] std::int64_t firstTry() const;
+    [[nodiscard]] Result<Pictures> decodeStretch();
+    [[nodiscard]] Result<Pictures> decodeGroup(std::int64_t from);
+    void keep(Pictures& pictures, Frame frame);
+    void moveCursor(const Pictures& pictures);
+    [[nodiscard]] std::int64_t worthwhileFrom() const;
+    void extendTime() { m_interrupt.allow(m_longestRead, m_stop); }
+    [[nodiscard]] QString whyItEnded() const;
+
+    const QUrl m_url;
+    const std::shared_ptr<PictureMemory> m_memory;
+    const std::chrono::milliseconds m_longestRead;
+    std::stop_token m_stop;
+    AvInterrupt m_interrupt;
+    std::unique_ptr<FrameDecoder> m_decoder;
+    double m_start = 0;
+    Group m_first;                ///< the movie's first keyframe
+    std::optional<Group> m_group; ///< the one that was decoded last
+    std::int64_t m_cursor = 0;    ///< pictures of before this stamp are still to come
+    std::size_t m_pictureBytes = 0;
+    bool m_dropped = false; ///< the stretch had no room for the whole group
+    bool m_begun = false;   ///< the cursor is of the start that was asked for last
+};
+
+} // namespace kestro
