@@ -3,6 +3,7 @@
 #include "platform/base/Clock.h"
 #include "platform/display/Layer.h"
 #include "platform/display/ManualTimerSource.h"
+#include "platform/movie/MovieServer.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MovieTest.h"
 
@@ -20,7 +21,7 @@ protected:
     void open(const QUrl& url, std::size_t mostBytes = 256'000'000)
     {
         m_player = std::make_unique<BackwardsPlayer>(
-            BackwardsSetup{.url = url, .longestRead = std::chrono::seconds(60), .mostBytes = mostBytes},
+            BackwardsSetup{.url = url, .longestRead = m_longestRead, .mostBytes = mostBytes},
             static_cast<BackwardsListener&>(*this), m_clock, m_timers);
     }
     void open(const char* name, std::size_t mostBytes = 256'000'000) { open(testMovie(name), mostBytes); }
@@ -51,6 +52,7 @@ protected:
     ManualClock m_clock;
     ManualTimerSource m_timers{m_clock};
     std::unique_ptr<BackwardsPlayer> m_player;
+    std::chrono::milliseconds m_longestRead = std::chrono::seconds(60);
     std::vector<int> m_numbers;
     std::function<void()> m_onPicture = [this] { m_numbers.push_back(shown()); };
     std::function<void()> m_onBeginning;
@@ -268,4 +270,70 @@ TEST_F(BackwardsPlayerTest, mayBeLetGoOf_whenItTellsOfAPicture_orOfTheBeginning)
     m_player->play();
     ASSERT_TRUE(pass(0.1));
     EXPECT_EQ(m_player, nullptr);
+}
+
+class RemoteBackwards : public BackwardsPlayerTest {
+protected:
+    void SetUp() override { ASSERT_TRUE(m_server.start()); }
+    void openRemote(const char* path, std::chrono::milliseconds longestRead = std::chrono::seconds(60))
+    {
+        m_longestRead = longestRead;
+        open(m_server.addressOf(path));
+    }
+
+    MovieServer m_server;
+};
+
+TEST_F(RemoteBackwards, playsEveryPicture)
+{
+    for (const char* path : {"good/opengop.mp4", "good/plain.webm", "good/opengop.mkv", "moved/plain.ts"}) {
+        m_numbers.clear();
+        m_over = false;
+        openRemote(path);
+        m_player->prepare(2);
+        m_player->play();
+        ASSERT_TRUE(pass(2.1)) << path << qPrintable(m_reason);
+        ASSERT_EQ(m_numbers.size(), 60U) << path;
+        for (int i = 0; i < 60; ++i)
+            EXPECT_EQ(m_numbers[i], 59 - i) << path;
+    }
+}
+
+TEST_F(RemoteBackwards, saysSo_whereTheServerSendsMoviesOnlyWhole)
+{
+    openRemote("plain/plain.mp4");
+    m_player->prepare(2);
+    EXPECT_FALSE(waitForPicture());
+    EXPECT_EQ(m_reason, QStringLiteral("it cannot be sought"));
+}
+
+TEST_F(RemoteBackwards, saysSo_whenTheServerGoesAway)
+{
+    openRemote("good/far30.mp4");
+    m_player->prepare(8.5);
+    ASSERT_TRUE(waitForPicture());
+    m_server.stop();
+    m_player->play();
+    EXPECT_FALSE(pass(9));
+    EXPECT_NE(m_reason, QString());
+    EXPECT_LT(m_numbers.size(), 255U);
+}
+
+TEST_F(RemoteBackwards, saysSo_whenTheServerSaysNothing)
+{
+    openRemote("silent", std::chrono::milliseconds(200));
+    m_player->prepare(2);
+    EXPECT_FALSE(waitForPicture());
+}
+
+TEST_F(RemoteBackwards, mayBeLetGoOf_whileTheServerSaysNothing)
+{
+    finishMovieTeardown();
+    const int before = threadCount();
+    openRemote("silent", std::chrono::hours(1));
+    m_player->prepare(2);
+    int turns = 0;
+    EXPECT_TRUE(waitUntil([&] { return ++turns > 10; }));
+    m_player.reset();
+    EXPECT_TRUE(waitUntil([before] { return threadCount() == before; }));
 }
