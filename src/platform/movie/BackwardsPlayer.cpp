@@ -174,9 +174,16 @@ void BackwardsPlayer::fail(const QString& reason)
     m_listener.backwardsFailed(reason);
 }
 
+void BackwardsPlayer::setDrawnSize(QSize size)
+{
+    m_worker->setDrawnSize(size);
+}
+
 bool BackwardsPlayer::render(const PixelTarget& target)
 {
-    return m_current && m_scaler->draw(m_current->frame(), target, m_current->rotation());
+    if (!m_current) return false;
+    setDrawnSize({target.width, target.height});
+    return m_scaler->draw(m_current->frame(), target, m_current->rotation());
 }
 
 std::size_t BackwardsPlayer::peakBytes() const

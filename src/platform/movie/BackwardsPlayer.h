@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSize>
 #include <QUrl>
 
 #include <chrono>
@@ -49,6 +50,8 @@ public:
     BackwardsPlayer(const BackwardsPlayer&) = delete;
     BackwardsPlayer& operator=(const BackwardsPlayer&) = delete;
 
+    /// Pixels that pictures are drawn with, as far as is known before they are; larger ones are not kept.
+    void setDrawnSize(QSize size);
     /// Stands at `seconds`, at or past the end at the last picture, and decodes what comes before.
     void prepare(double seconds);
     /// Lets go of all pictures.

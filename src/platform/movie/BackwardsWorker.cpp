@@ -44,6 +44,7 @@ void BackwardsWorker::decode(std::unique_lock<std::mutex>& lock)
 {
     const std::stop_token stop = m_order.stop.get_token();
     if (std::exchange(m_order.isNew, false)) m_decoder->startAt(m_order.start);
+    m_decoder->setDrawnSize(m_drawn);
     lock.unlock();
     auto pictures = m_decoder->next(stop);
     lock.lock();
@@ -69,6 +70,12 @@ void BackwardsWorker::store(Result<ReverseDecoder::Pictures> pictures)
 void BackwardsWorker::startAt(double seconds)
 {
     give({.start = seconds, .rests = false, .isNew = true});
+}
+
+void BackwardsWorker::setDrawnSize(QSize size)
+{
+    const std::lock_guard lock(m_mutex);
+    m_drawn = size;
 }
 
 void BackwardsWorker::rest()

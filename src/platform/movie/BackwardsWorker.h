@@ -23,6 +23,8 @@ public:
     void run();
     /// Lets go of all pictures and begins anew with the one that shows at `seconds`.
     void startAt(double seconds);
+    /// Pixels that pictures are drawn with; those that are decoded from now on are kept no larger.
+    void setDrawnSize(QSize size);
     /// Lets go of all pictures and rests.
     void rest();
     /// Ends run() at once. `changed` is not called any more.
@@ -58,6 +60,7 @@ private:
     std::mutex m_mutex; ///< of all below and of m_changed
     std::condition_variable m_wakeUp;
     Order m_order;
+    QSize m_drawn;
     bool m_quits = false;
     ReverseDecoder::Pictures m_pictures;             ///< the earliest first
     std::variant<NotYet, Beginning, Error> m_behind; ///< what comes when all are taken

@@ -178,13 +178,15 @@ Result<ReverseDecoder::Pictures> ReverseDecoder::decodeGroup(std::int64_t from)
 
 void ReverseDecoder::keep(Pictures& pictures, Frame frame)
 {
+    const double seconds = m_decoder->secondsOf(*frame);
+    const int rotation = m_decoder->facts().rotation;
+    frame = m_shrinker.shrunk(std::move(frame), rotation % 180 != 0 ? m_drawn.transposed() : m_drawn);
     m_pictureBytes = bytesOf(*frame);
     while (!pictures.empty() && m_memory->used() + m_pictureBytes > m_memory->most()) {
         pictures.pop_front();
         m_dropped = true;
     }
-    const double seconds = m_decoder->secondsOf(*frame);
-    pictures.emplace_back(std::move(frame), seconds, m_decoder->facts().rotation, m_memory);
+    pictures.emplace_back(std::move(frame), seconds, rotation, m_memory);
 }
 
 void ReverseDecoder::moveCursor(const Pictures& pictures)

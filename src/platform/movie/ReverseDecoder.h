@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/movie/FrameShrinker.h"
 #include "platform/movie/KeptPicture.h"
 
+#include <QSize>
 #include <QUrl>
 
 #include <chrono>
@@ -23,6 +25,10 @@ public:
 
     /// The picture that shows at `seconds` comes next, at or past the end the last one.
     void startAt(double seconds);
+
+    /// Pixels that pictures are drawn with, upright; those that come from now on are kept no larger. An empty
+    /// size stands for the natural one.
+    void setDrawnSize(QSize size) { m_drawn = size; }
 
     using Pictures = std::deque<KeptPicture>;
     /// The next stretch, the earliest picture first; empty once the beginning was reached. Ends, with a
@@ -58,6 +64,8 @@ private:
     std::stop_token m_stop;
     AvInterrupt m_interrupt;
     std::unique_ptr<FrameDecoder> m_decoder;
+    FrameShrinker m_shrinker;
+    QSize m_drawn;
     double m_start = 0;
     Group m_first;                ///< the movie's first keyframe
     std::optional<Group> m_group; ///< the one that was decoded last

@@ -3,10 +3,10 @@
 #include "platform/display/AlignedImage.h"
 #include "platform/display/Layer.h"
 #include "platform/movie/AvFormat.h"
+#include "platform/movie/FrameColours.h"
 
 #include <QTransform>
 
-#include <algorithm>
 #include <cstring>
 
 namespace kestro {
@@ -26,53 +26,13 @@ static bool hasAlpha(const AVFrame& frame)
     return !format || format->flags & (AV_PIX_FMT_FLAG_ALPHA | AV_PIX_FMT_FLAG_PAL);
 }
 
-/// Frames that do not name their colour space are taken for what players take them for.
-static int coloursOf(const AVFrame& frame)
-{
-    const bool isKnown = frame.colorspace != AVCOL_SPC_UNSPECIFIED && frame.colorspace != AVCOL_SPC_RGB;
-    if (isKnown) return frame.colorspace;
-    const bool isLarge = frame.width >= 1280 || frame.height > 576;
-    return isLarge ? SWS_CS_ITU709 : SWS_CS_ITU601;
-}
-
-static bool hasFullRange(const AVFrame& frame)
-{
-    switch (frame.format) {
-    case AV_PIX_FMT_YUVJ420P:
-    case AV_PIX_FMT_YUVJ422P:
-    case AV_PIX_FMT_YUVJ444P:
-        return true;
-    default:
-        return frame.color_range == AVCOL_RANGE_JPEG;
-    }
-}
-
-/// Setting them anew costs more than asking which are set.
-static void setColours(SwsContext* scaler, const AVFrame& frame)
-{
-    const int* const wanted = sws_getCoefficients(coloursOf(frame));
-    const int wantedRange = hasFullRange(frame) ? 1 : 0;
-    int* colours = nullptr;
-    int* colourOut = nullptr;
-    int range = 0;
-    int rangeOut = 0;
-    int brightness = 0;
-    int contrast = 0;
-    int saturation = 0;
-    const int asked = sws_getColorspaceDetails(scaler, &colours, &range, &colourOut, &rangeOut, &brightness,
-                                               &contrast, &saturation);
-    if (asked < 0 || (std::equal(wanted, wanted + 4, colours) && range == wantedRange)) return;
-    sws_setColorspaceDetails(scaler, wanted, wantedRange, colourOut, rangeOut, brightness, contrast,
-                             saturation);
-}
-
 bool StillScaler::scale(const AVFrame& frame, const PixelTarget& target)
 {
     m_scaler = sws_getCachedContext(m_scaler, frame.width, frame.height,
                                     static_cast<AVPixelFormat>(frame.format), target.width, target.height,
                                     AV_PIX_FMT_BGRA, SWS_FAST_BILINEAR, nullptr, nullptr, nullptr);
     if (!m_scaler) return false;
-    setColours(m_scaler, frame);
+    setColours(m_scaler, frame, false);
     std::uint8_t* planes[4] = {target.pixels, nullptr, nullptr, nullptr};
     const int strides[4] = {target.stride, 0, 0, 0};
     return sws_scale(m_scaler, frame.data, frame.linesize, 0, frame.height, planes, strides) > 0;

@@ -155,6 +155,23 @@ TEST(ReverseDecoder, countsWhatIsKept_asLongAsItIs)
     EXPECT_EQ(memory->used(), 0U);
 }
 
+TEST(ReverseDecoder, keepsPicturesNoLargerThanTheyAreDrawn)
+{
+    for (const char* name : {"far2160.mp4", "opengop.mkv"}) {
+        const auto memory = std::make_shared<PictureMemory>(most);
+        ReverseDecoder decoder(testMovie(name), memory, std::chrono::seconds(60));
+        decoder.setDrawnSize({159, 90});
+        decoder.startAt(1e9);
+        const auto pictures = decoder.next({});
+        ASSERT_TRUE(pictures && !pictures.value().empty());
+        EXPECT_LT(memory->peak(), pictures.value().size() * 160 * 90 * 3);
+        StillScaler scaler;
+        int number = numberIn(scaler.picture(pictures.value().front().frame(), {320, 180}, 0));
+        for (const KeptPicture& picture : pictures.value())
+            EXPECT_EQ(numberIn(scaler.picture(picture.frame(), {320, 180}, 0)), number++);
+    }
+}
+
 TEST(ReverseDecoder, turnsNothing_butTellsHow)
 {
     const auto memory = std::make_shared<PictureMemory>(most);
