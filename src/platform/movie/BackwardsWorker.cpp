@@ -1,11 +1,17 @@
 #include "platform/movie/BackwardsWorker.h"
 
+#include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace kestro {
 
+using std::chrono::steady_clock;
+
 // What is decoded ahead need not reach farther.
 static constexpr double farEnough = 4;
+// The next stretch may take so many times as long to decode as the longest of those before.
+static constexpr double inTime = 1.5;
 
 BackwardsWorker::BackwardsWorker(std::unique_ptr<ReverseDecoder> decoder,
                                  std::shared_ptr<PictureMemory> memory, std::function<void()> changed)
@@ -32,12 +38,14 @@ bool BackwardsWorker::mayDecode() const
     return !m_order.rests && hasMore && !isEnough();
 }
 
-/// Half of the memory is for the stretch that is being shown, half for the next.
+/// Half of the memory is for the stretch that is being shown, half for the next. But that one must come in
+/// time; what it keeps moves on while it is decoded, so beginning early makes it hardly shorter.
 bool BackwardsWorker::isEnough() const
 {
     if (m_pictures.empty()) return false;
-    const bool lasts = m_pictures.back().seconds() - m_pictures.front().seconds() > farEnough;
-    return lasts || m_memory->used() > m_memory->most() / 2;
+    const double left = m_pictures.back().seconds() - m_pictures.front().seconds();
+    const bool lasts = left > inTime * m_longestDecoding;
+    return lasts && (left > farEnough || m_memory->used() > m_memory->most() / 2);
 }
 
 void BackwardsWorker::decode(std::unique_lock<std::mutex>& lock)
@@ -46,8 +54,11 @@ void BackwardsWorker::decode(std::unique_lock<std::mutex>& lock)
     if (std::exchange(m_order.isNew, false)) m_decoder->startAt(m_order.start);
     m_decoder->setDrawnSize(m_drawn);
     lock.unlock();
+    const auto before = steady_clock::now();
     auto pictures = m_decoder->next(stop);
+    const std::chrono::duration<double> taken = steady_clock::now() - before;
     lock.lock();
+    m_longestDecoding = std::max(m_longestDecoding, taken.count());
     if (stop.stop_requested()) return; // of an order that was taken back
     store(std::move(pictures));
     if (m_changed) m_changed();

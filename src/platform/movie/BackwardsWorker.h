@@ -61,6 +61,7 @@ private:
     std::condition_variable m_wakeUp;
     Order m_order;
     QSize m_drawn;
+    double m_longestDecoding = 0; ///< of one stretch
     bool m_quits = false;
     ReverseDecoder::Pictures m_pictures;             ///< the earliest first
     std::variant<NotYet, Beginning, Error> m_behind; ///< what comes when all are taken
