@@ -17,7 +17,6 @@ struct MovieFacts {
     double picturesPerSecond = 30; ///< on average; a guess when unknown
     bool hasNewerCodec = false;    ///< newer than H.264, harder to decode
     bool hasSound = false;
-    int keyframeDistance = 0; ///< pictures from one keyframe to the next, at most; 0 while unknown
 
     /// Whether turning it upright swaps its sides.
     [[nodiscard]] bool isOnItsSide() const { return rotation % 180 != 0; }

@@ -2,7 +2,6 @@
 
 #include "platform/movie/AvFormat.h"
 #include "platform/movie/AvInput.h"
-#include "platform/movie/KeyframeDistance.h"
 
 #include <QFileInfo>
 #include <QUrl>
@@ -56,13 +55,6 @@ Result<MovieFacts> probeMovie(const QString& path, std::stop_token stop)
     if (!input) return Error{input.error()};
     MovieFacts facts = movieFacts(*input.value());
     if (facts.seconds <= 0) facts.seconds = searchForEnd(*input.value(), interrupt, stop);
-    return facts;
-}
-
-Result<MovieFacts> lookIntoMovie(const QString& path)
-{
-    auto facts = probeMovie(path);
-    if (facts) facts.value().keyframeDistance = keyframeDistance(path);
     return facts;
 }
 

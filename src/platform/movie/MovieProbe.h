@@ -16,9 +16,6 @@ namespace kestro {
 /// never waits for a device or a pipe, and follows no reference to another file. Any thread.
 [[nodiscard]] Result<MovieFacts> probeMovie(const QString& path, std::stop_token stop = {});
 
-/// The same, with what playing it takes to know besides, which may take a quarter of a second more.
-[[nodiscard]] Result<MovieFacts> lookIntoMovie(const QString& path);
-
 /// The same for a movie at an address (http or https), which may take `longest`. Any thread.
 [[nodiscard]] Result<MovieFacts> probeRemoteMovie(const QUrl& url, std::chrono::milliseconds longest,
                                                   std::stop_token stop = {});

@@ -1,7 +1,7 @@
 #include "platform/movie/MpvMovie.h"
 
-#include "platform/base/Log.h"
 #include "platform/movie/DecoderThreads.h"
+#include "platform/movie/MpvMovieLayer.h"
 #include "platform/movie/MpvStills.h"
 #include "platform/movie/ShownPicture.h"
 
@@ -12,49 +12,8 @@
 
 namespace kestro {
 
-// Playing backwards keeps every picture from one keyframe to the next in memory, at 1.5 bytes a pixel.
-static constexpr double mostReversalBytes = 256e6;
-static constexpr double bytesPerPixel = 1.5;
 // The last picture of a movie begins this much before its end, at most.
 static constexpr double longestPicture = 0.5;
-
-/// Shows what the player draws; being shown starts the player.
-class MpvMovie::PlayerLayer final : public Layer {
-public:
-    explicit PlayerLayer(MpvMovie& movie)
-        : m_movie(movie)
-    {
-    }
-
-    void willShow() override { m_movie.beShown(); }
-
-    [[nodiscard]] bool hasPicture() const override
-    {
-        const MpvPlayer* const player = m_movie.player();
-        return player && !player->isCutOff() && player->hasPicture();
-    }
-
-    bool render(const PixelTarget& target) override
-    {
-        return hasPicture() && m_movie.player()->render(target);
-    }
-
-    [[nodiscard]] bool drawsWithOpenGL() const override
-    {
-        const MpvPlayer* const player = m_movie.player();
-        return player && player->drawsWithOpenGL();
-    }
-
-    bool renderWithOpenGL(const FramebufferTarget& target) override
-    {
-        return hasPicture() && m_movie.player()->renderWithOpenGL(target);
-    }
-
-    void announce() const { announcePicture(); }
-
-private:
-    MpvMovie& m_movie;
-};
 
 MpvMovie::MpvMovie(const QUrl& url, const MpvMovieOptions& options)
     : m_url(url)
@@ -85,8 +44,6 @@ bool MpvMovie::start(double at)
                                     .pictureSeconds = m_facts ? m_facts->pictureSeconds : 0,
                                     .rotation = m_facts ? m_facts->rotation : 0,
                                     .decoderThreads = threadsFor(m_facts),
-                                    .reversible = turns(),
-                                    .hasSound = !m_facts || m_facts->hasSound,
                                     .muted = m_muted,
                                     .volume = m_volume,
                                     .openGL = m_options.openGL.lock(),
@@ -149,16 +106,14 @@ void MpvMovie::takePlayerForShow()
 /// One that draws in software goes on from where the other was.
 void MpvMovie::replacePlayer()
 {
-    const bool wasPlaying = std::holds_alternative<Playing>(m_state);
-    const bool hadEnded = std::holds_alternative<Ended>(m_state);
-    const bool backwards = started()->backwards;
+    const bool isPlaying = std::holds_alternative<Playing>(m_state);
+    const bool hasEnded = std::holds_alternative<Ended>(m_state);
+    const bool backwards = isBackwards();
     if (!start(player()->position())) return;
-    setBackwards(backwards);
-    if (hadEnded) become<Ended>();
-    if (wasPlaying) {
-        become<Playing>();
-        player()->setPaused(false);
-    }
+    started()->backwards = backwards;
+    if (hasEnded) become<Ended>();
+    if (isPlaying) become<Playing>();
+    player()->setPaused(backwards || !isPlaying);
 }
 
 QTMovie::State MpvMovie::state() const
@@ -187,6 +142,7 @@ MovieTime MpvMovie::duration() const
 double MpvMovie::position() const
 {
     if (const auto* const ended = std::get_if<Ended>(&m_state)) return endPosition(*ended);
+    if (isBackwards()) return m_back->position();
     return std::visit(
         [](const auto& state) {
             if constexpr (requires { state.at; })
@@ -211,8 +167,10 @@ MovieTime MpvMovie::currentTime() const
     return time;
 }
 
+/// The end that it is going to.
 bool MpvMovie::isAtEnd(double seconds) const
 {
+    if (isBackwards()) return seconds <= 0;
     return m_facts && m_facts->seconds > 0 && seconds >= m_facts->seconds;
 }
 
@@ -223,7 +181,7 @@ void MpvMovie::setCurrentTime(MovieTime time)
     if (auto* const opening = std::get_if<Opening>(&m_state)) opening->at = seconds;
     if (auto* const lying = std::get_if<Lying>(&m_state)) lying->at = seconds;
     if (!started()) return;
-    player()->seek(seconds);
+    seek(seconds);
     if (std::holds_alternative<Playing>(m_state)) return;
     if (isAtEnd(seconds))
         become<Ended>();
@@ -249,16 +207,7 @@ void MpvMovie::play()
     if (std::holds_alternative<Ended>(m_state)) playFromEnd();
     if (!std::holds_alternative<Standing>(m_state)) return;
     become<Playing>();
-    player()->setPaused(false);
-}
-
-void MpvMovie::playFromEnd()
-{
-    const bool backwards = turns() && !started()->backwards;
-    const bool fromTheBeginning = !turns();
-    become<Standing>();
-    setBackwards(backwards);
-    if (fromTheBeginning) player()->seek(0);
+    setGoing(true);
 }
 
 void MpvMovie::stop()
@@ -266,77 +215,14 @@ void MpvMovie::stop()
     if (auto* const opening = std::get_if<Opening>(&m_state)) opening->plays = false;
     if (!std::holds_alternative<Playing>(m_state)) return;
     become<Standing>();
-    player()->setPaused(true);
-}
-
-void MpvMovie::setAttribute(MovieAttribute attribute, bool on)
-{
-    bool& held = attribute == MovieAttribute::Loops ? m_loops : m_backAndForth;
-    if (held == on) return;
-    held = on;
-    applyEndMode();
-}
-
-bool MpvMovie::attribute(MovieAttribute attribute) const
-{
-    return attribute == MovieAttribute::Loops ? m_loops : m_backAndForth;
-}
-
-bool MpvMovie::mayTurn() const
-{
-    if (!m_facts) return false;
-    const double pixels = static_cast<double>(m_facts->codedWidth) * m_facts->codedHeight;
-    return m_facts->keyframeDistance > 0 &&
-           bytesPerPixel * pixels * m_facts->keyframeDistance < mostReversalBytes;
-}
-
-void MpvMovie::sayWhyItDoesNotTurn()
-{
-    if (std::exchange(m_saidWhy, true)) return;
-    const QString why =
-        m_facts ? QStringLiteral("its keyframes are too far apart") : QStringLiteral("it is remote");
-    logLine(QStringLiteral("%1: loops instead of playing back and forth: %2").arg(m_url.toString(), why));
-}
-
-/// mpv loops by itself; turning is done here, each time it comes to an end.
-void MpvMovie::applyEndMode()
-{
-    const Started* const with = started();
-    if (!with) return;
-    if (m_backAndForth && !mayTurn()) sayWhyItDoesNotTurn();
-    if (turns() && !with->player->isReversible()) with->player->makeReversible();
-    const bool loops = (m_loops || m_backAndForth) && !turns();
-    with->player->setLooping(loops && !with->backwards);
-}
-
-void MpvMovie::setBackwards(bool backwards)
-{
-    if (started()->backwards == backwards) return;
-    started()->backwards = backwards;
-    applyEndMode();
-    player()->setBackwards(backwards);
-}
-
-void MpvMovie::playerReachedEnd()
-{
-    if (std::holds_alternative<Playing>(m_state)) {
-        if (turns()) return setBackwards(!started()->backwards);
-        if (m_loops) return setBackwards(false); // forward, mpv goes on from the beginning by itself
-        if (m_backAndForth) return;
-    }
-    become<Ended>();
-    player()->setPaused(true);
-}
-
-void MpvMovie::playerHasPicture()
-{
-    m_layer->announce();
+    setGoing(false);
 }
 
 void MpvMovie::playerFailed()
 {
+    const double at = position();
     auto last = std::move(started()->player);
-    const double at = last->position();
+    m_back.reset();
     if (!last->hasPicture()) last.reset();
     m_state = Broken{at, std::move(last)};
     tellSettled();

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/base/Clock.h"
 #include "platform/base/DetachedTask.h"
 #include "platform/base/Result.h"
 #include "platform/display/Layer.h"
+#include "platform/display/QtTimerSource.h"
+#include "platform/movie/BackwardsPlayer.h"
 #include "platform/movie/MovieFacts.h"
 #include "platform/movie/MpvMovieOptions.h"
 #include "platform/movie/MpvPlayer.h"
@@ -20,10 +23,10 @@ namespace kestro {
 
 class ShownPicture;
 
-/// A real movie, played by libmpv, its stills decoded by libavcodec. The file of a local one is looked into
-/// first, on another thread; it starts its player when it is first played or shown. A remote one starts it at
-/// once, to load. Made by MpvMovieLibrary. Main thread.
-class MpvMovie final : public QTMovie, private MpvPlayerListener {
+/// A real movie, played by libmpv, backwards by a BackwardsPlayer, its stills decoded by libavcodec. The file
+/// of a local one is looked into first, on another thread; it starts its player when it is first played or
+/// shown. A remote one starts it at once, to load. Made by MpvMovieLibrary. Main thread.
+class MpvMovie final : public QTMovie, private MpvPlayerListener, private BackwardsListener {
 public:
     MpvMovie(const QUrl& url, const MpvMovieOptions& options);
     ~MpvMovie() override;
@@ -61,7 +64,7 @@ private:
     struct Lying {
         double at = 0; ///< seconds
     };
-    /// What it plays with, never null, and which way.
+    /// What it plays with, never null, and which way; that player stands while it goes backwards.
     struct Started {
         std::unique_ptr<MpvPlayer> player = {};
         bool backwards = false;
@@ -79,6 +82,9 @@ private:
     void playerIsLoaded() override;
     void playerReachedEnd() override;
     void playerFailed() override;
+    void backwardsHasPicture() override;
+    void backwardsReachedBeginning() override;
+    void backwardsFailed(const QString& reason) override;
 
     void open();
     void takeFacts(const std::optional<Result<MovieFacts>>& facts);
@@ -93,13 +99,18 @@ private:
     void tellSettled();
     [[nodiscard]] double knownSeconds() const;
     [[nodiscard]] bool isAtEnd(double seconds) const;
+    [[nodiscard]] bool isBackwards() const;
+    [[nodiscard]] bool showsBackwards() const;
     [[nodiscard]] double position() const;
     [[nodiscard]] double endPosition(const Ended& ended) const;
-    [[nodiscard]] bool mayTurn() const;
-    [[nodiscard]] bool turns() const { return m_backAndForth && mayTurn(); }
-    void sayWhyItDoesNotTurn();
+    [[nodiscard]] bool turns() const { return m_backAndForth && !m_cannotTurn; }
     void applyEndMode();
-    void setBackwards(bool backwards);
+    void approachTurn();
+    void prepareBackwards(double from);
+    void turnBack();
+    void turnForth(double to);
+    void setGoing(bool going);
+    void seek(double seconds);
     void playFromEnd();
 
     const QUrl m_url;
@@ -111,10 +122,14 @@ private:
     bool m_loops = false;
     bool m_backAndForth = false;
     bool m_muted = false;
-    bool m_saidWhy = false; ///< that it loops although it was to turn
+    bool m_cannotTurn = false; ///< it loops instead, and that was said
+    bool m_isNearTurn = false; ///< about to come to its end and to turn, which is prepared
     float m_volume = 1;
     std::function<void()> m_settled; ///< told once it is no longer loading
-    QObject m_context;               ///< what is posted to this movie goes with it
+    SystemClock m_clock;
+    QtTimerSource m_timers;
+    std::unique_ptr<BackwardsPlayer> m_back; ///< once it was to turn
+    QObject m_context;                       ///< what is posted to this movie goes with it
 };
 
 } // namespace kestro

@@ -90,17 +90,6 @@ static MpvHandle::Options sourceOptions(bool local, const MpvMovieOptions& optio
     };
 }
 
-// Nothing but the player's own thread may read here: where mpv decodes ahead on another one
-// (vd-queue-enable), that one goes on reading while a turn seeks, which FFmpeg does not survive.
-MpvHandle::Options reversingOptions()
-{
-    return {
-        {"demuxer-thread", "no"}, // with it each turn stands for a second
-        {"cache", "no"},
-        {"vd-queue-enable", "no"},
-    };
-}
-
 /// A graphics card may decode what it is to show, where no filter has to turn it in memory.
 static MpvHandle::Options decoderOptions(const MpvPlayerSetup& setup)
 {
@@ -119,8 +108,6 @@ MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
     options.emplace_back("vf", rotationFilter(setup.rotation));
     options.emplace_back("aid", setup.muted ? "no" : "auto");
     options.emplace_back("volume", mpvVolume(setup.volume));
-    const MpvHandle::Options reversing = setup.reversible ? reversingOptions() : MpvHandle::Options{};
-    options.insert(options.end(), reversing.begin(), reversing.end());
     return options;
 }
 

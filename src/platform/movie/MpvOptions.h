@@ -9,9 +9,6 @@ struct MpvPlayerSetup;
 /// The options that make mpv a player of one movie with nothing around it.
 [[nodiscard]] MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup);
 
-/// Those that let a movie play backwards as well, for one that is loaded after they are set.
-[[nodiscard]] MpvHandle::Options reversingOptions();
-
 /// mpv's video filter that turns a picture by `rotation` degrees clockwise; empty for none.
 [[nodiscard]] QByteArray rotationFilter(int rotation);
 

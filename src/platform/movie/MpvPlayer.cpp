@@ -102,38 +102,17 @@ void MpvPlayer::setLooping(bool looping)
     m_handle->set("loop-file", looping ? "inf" : "no");
 }
 
-void MpvPlayer::setBackwards(bool backwards)
-{
-    if (m_state.turn()) m_moveTimer.start();
-    m_setup.shown->left();
-    m_handle->set("play-dir", backwards ? "backward" : "forward", ofThisMove(Move));
-}
-
 void MpvPlayer::setMuted(bool muted)
 {
     m_setup.muted = muted;
     m_handle->set("mute", muted ? "yes" : "no");
     if (muted || std::exchange(m_decodesSound, true)) return;
     m_handle->set("aid", "auto");
-    if (m_setup.reversible && m_setup.hasSound) loadReversible();
 }
 
 void MpvPlayer::setVolume(double volume)
 {
     m_handle->set("volume", mpvVolume(volume));
-}
-
-void MpvPlayer::makeReversible()
-{
-    m_setup.reversible = true;
-    loadReversible();
-}
-
-void MpvPlayer::loadReversible()
-{
-    for (const auto& [name, value] : reversingOptions())
-        m_handle->set(name, value);
-    load(m_state.position());
 }
 
 Size MpvPlayer::naturalSize() const

@@ -27,8 +27,6 @@ struct MpvPlayerSetup {
     double pictureSeconds = 0; ///< from one picture to the next, 0 when it varies
     int rotation = 0;          ///< degrees clockwise that turn it upright; a remote movie's is found out
     int decoderThreads = 1;
-    bool reversible = false; ///< made to play backwards as well; costs read-ahead
-    bool hasSound = true;
     bool muted = false; ///< sound is not even decoded until unmuted
     double volume = 1;
     std::shared_ptr<OpenGL> openGL = {}; ///< to draw with; null for software
@@ -41,7 +39,7 @@ public:
     virtual void playerHasPicture() = 0;
     /// Its numbers are known.
     virtual void playerIsLoaded() = 0;
-    /// Came to the end it was going to. It stands there.
+    /// Came to its end. It stands there.
     virtual void playerReachedEnd() = 0;
     /// Broke off; final. A picture that there was stays.
     virtual void playerFailed() = 0;
@@ -62,13 +60,8 @@ public:
     void setPaused(bool paused);
     void seek(double seconds);
     void setLooping(bool looping);
-    /// Only where made reversible.
-    void setBackwards(bool backwards);
     void setMuted(bool muted);
     void setVolume(double volume);
-    /// Loads the movie anew so that it can be played backwards, standing where it stands.
-    void makeReversible();
-    [[nodiscard]] bool isReversible() const { return m_setup.reversible; }
 
     /// Where it is; where it was sent, until it plays on from there.
     [[nodiscard]] double position() const { return m_state.position(); }
@@ -139,7 +132,6 @@ private:
     void takePicture();
     void noteDrawing();
     void dropUnwatched();
-    void loadReversible();
     void orderSeek();
     void arrive();
     void watchProgress();

@@ -65,13 +65,6 @@ bool PlayerState::goTo(double to)
     return true;
 }
 
-bool PlayerState::turn()
-{
-    if (hasFailed() || std::holds_alternative<Loading>(m_state)) return false;
-    moveTo(position());
-    return true;
-}
-
 void PlayerState::play()
 {
     std::visit(Match{[](Loading& loading) { loading.plays = true; },

@@ -6,7 +6,7 @@
 namespace kestro {
 
 /// Where a player is on its way through one movie, by what it was told and by what mpv tells of it: one state
-/// at a time, one function for each event. Each order to go elsewhere (a load, a seek, a turn) is a move; it
+/// at a time, one function for each event. Each order to go elsewhere (a load, a seek) is a move; it
 /// counts them, so that an answer from before the last one is known as such. It knows nothing of mpv. Owned
 /// by MpvPlayer; a value; seconds.
 class PlayerState final {
@@ -51,8 +51,6 @@ public:
     [[nodiscard]] bool opened();
     /// Sends it to `to`. Answers whether it is to be sought now; else it will be once it is opened.
     [[nodiscard]] bool goTo(double to);
-    /// It plays the other way from where it is. Answers whether it is a move by itself, not part of loading.
-    bool turn();
     void play();
     void stop();
     /// mpv has taken the order of that move.
