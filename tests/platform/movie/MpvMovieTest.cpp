@@ -174,23 +174,6 @@ TEST(MpvMovie, playsOn_whenUnmutedAndMutedAgain)
     EXPECT_EQ(movie->currentTime(), movie->duration());
 }
 
-TEST(MpvMovie, loopsInstead_andSaysSoOnce_whenPlayingBackwardsCostsTooMuch)
-{
-    std::vector<QString> lines;
-    const LogCapture capture([&lines](const QString& line) { lines.push_back(line); });
-    const auto movie = openMovie(testMovie("longgop.mp4"));
-    movie->setAttribute(MovieAttribute::LoopsBackAndForth, true);
-    movie->setCurrentTime({3 * 600, 600});
-    movie->play();
-    ASSERT_TRUE(waitUntil([&] { return movie->currentTime().timeValue < 600; }));
-    EXPECT_EQ(movie->rate(), 1);
-    EXPECT_TRUE(movie->attribute(MovieAttribute::LoopsBackAndForth));
-    movie->setAttribute(MovieAttribute::LoopsBackAndForth, false);
-    movie->setAttribute(MovieAttribute::LoopsBackAndForth, true);
-    ASSERT_EQ(lines.size(), 1U);
-    EXPECT_TRUE(lines.front().contains(QLatin1String("back and forth")));
-}
-
 TEST(MpvMovie, logsNothing_whenAllIsWell)
 {
     std::vector<QString> lines;
@@ -244,52 +227,3 @@ TEST(MpvMovie, givesStills_thatMatchWhatIsPlayed)
         EXPECT_EQ(numberIn(movie->copyForStills()->still({number * 20, 600}).image), number);
     EXPECT_EQ(movie->rate(), 1);
 }
-
-struct TurningCase {
-    const char* name;
-    bool muted;
-    bool unmutedLater;
-};
-
-static void PrintTo(const TurningCase& of, std::ostream* out)
-{
-    *out << of.name << (of.muted ? " muted" : "") << (of.unmutedLater ? " at first" : "");
-}
-
-class MpvTurns : public testing::TestWithParam<TurningCase> {};
-
-TEST_P(MpvTurns, atBothEnds_showingPicturesInOrder)
-{
-    // FFmpeg may have words about the first pictures after a turn, where it starts in the middle.
-    std::vector<QString> lines;
-    const LogCapture capture([&lines](const QString& line) {
-        if (!line.contains(QStringLiteral("ffmpeg/video"))) lines.push_back(line);
-    });
-    const auto movie = openMovie(testMovie(GetParam().name));
-    movie->setAttribute(MovieAttribute::LoopsBackAndForth, true);
-    movie->setMuted(GetParam().muted);
-    movie->setCurrentTime({40 * 20, 600});
-    std::vector<int> numbers;
-    movie->play();
-    bool wasBackwards = false;
-    ASSERT_TRUE(watch(*movie, numbers, [&] {
-        wasBackwards |= movie->rate() < 0;
-        if (GetParam().unmutedLater && wasBackwards) movie->setMuted(false);
-        return wasBackwards && movie->rate() > 0 && numbers.back() > 5;
-    }));
-    const auto last = std::find(numbers.begin(), numbers.end(), 59);
-    ASSERT_NE(last, numbers.end());
-    EXPECT_TRUE(std::is_sorted(numbers.begin(), last));
-    const auto first = std::find(last, numbers.end(), 0);
-    ASSERT_NE(first, numbers.end());
-    EXPECT_TRUE(std::is_sorted(last, first, std::greater<>())) << testing::PrintToString(numbers);
-    EXPECT_GT(first - last, 30);
-    EXPECT_TRUE(std::is_sorted(first, numbers.end()));
-    EXPECT_TRUE(lines.empty()) << qPrintable(lines.front());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Movies, MpvTurns,
-    testing::Values(TurningCase{"plain.mp4", false, false}, TurningCase{"plain.mkv", false, false},
-                    TurningCase{"plain.webm", false, false}, TurningCase{"sound.mp4", false, false},
-                    TurningCase{"sound.mp4", true, false}, TurningCase{"sound.mp4", true, true}));

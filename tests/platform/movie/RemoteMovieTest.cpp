@@ -169,20 +169,35 @@ TEST_F(RemoteMovie, isUpright_fromItsFirstPicture)
     EXPECT_EQ(movie->naturalSize(), (Size{180, 320}));
 }
 
-TEST_F(RemoteMovie, loopsPlainly_whenItShallTurn)
+TEST_F(RemoteMovie, turnsAtBothEnds)
 {
-    const auto movie = open("good/short.mp4");
+    const auto movie = open("good/short.mp4", 10);
     movie->setAttribute(MovieAttribute::LoopsBackAndForth, true);
     movie->play();
+    ASSERT_TRUE(loads(*movie));
     int turns = 0;
+    float last = 1;
+    EXPECT_TRUE(
+        waitUntil([&] { return turns += movie->rate() != std::exchange(last, movie->rate()), turns == 4; }));
+    EXPECT_EQ(m_logged, std::vector<QString>());
+}
+
+TEST_F(RemoteMovie, loopsInstead_andSaysSoOnce_whereItCannotBeSought)
+{
+    const auto movie = open("plain/short.mp4");
+    movie->setAttribute(MovieAttribute::LoopsBackAndForth, true);
+    movie->play();
+    int rounds = 0;
     std::int64_t last = 0;
     EXPECT_TRUE(waitUntil([&] {
         const std::int64_t time = movie->currentTime().timeValue;
-        turns += time < std::exchange(last, time);
-        return turns == 2;
+        rounds += time < std::exchange(last, time);
+        return rounds == 3;
     }));
     EXPECT_EQ(movie->rate(), 1);
-    EXPECT_EQ(m_logged.size(), 1U);
+    EXPECT_TRUE(movie->attribute(MovieAttribute::LoopsBackAndForth));
+    ASSERT_EQ(m_logged.size(), 1U);
+    EXPECT_TRUE(m_logged.front().contains(QLatin1String("back and forth")));
 }
 
 TEST_F(RemoteMovie, givesStills)
