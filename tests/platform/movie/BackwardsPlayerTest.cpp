@@ -254,7 +254,7 @@ TEST_F(BackwardsPlayerTest, mayBeLetGoOf_whileItDecodes)
         EXPECT_TRUE(waitUntil([&] { return ++turned > turns; }));
         m_player.reset();
     }
-    EXPECT_TRUE(waitUntil([before] { return threadCount() == before; }));
+    EXPECT_TRUE(waitUntil([before] { return threadCount() <= before; }));
 }
 
 TEST_F(BackwardsPlayerTest, mayBeLetGoOf_whenItTellsOfAPicture_orOfTheBeginning)
@@ -335,5 +335,5 @@ TEST_F(RemoteBackwards, mayBeLetGoOf_whileTheServerSaysNothing)
     int turns = 0;
     EXPECT_TRUE(waitUntil([&] { return ++turns > 10; }));
     m_player.reset();
-    EXPECT_TRUE(waitUntil([before] { return threadCount() == before; }));
+    EXPECT_TRUE(waitUntil([before] { return threadCount() <= before; }));
 }
