@@ -9,6 +9,9 @@
 
 namespace kestro {
 
+// Backwards, a group of pictures that does not fit into memory is decoded for each stretch of it.
+static constexpr double timesDecoded = 3;
+
 void FreeAv::operator()(AVCodecContext* codec) const
 {
     avcodec_free_context(&codec);
@@ -24,19 +27,18 @@ void FreeAv::operator()(AVPacket* packet) const
     av_packet_free(&packet);
 }
 
-Result<std::unique_ptr<FrameDecoder>> FrameDecoder::open(const QUrl& url, AvInterrupt& interrupt,
-                                                         double speed)
+Result<std::unique_ptr<FrameDecoder>> FrameDecoder::open(const QUrl& url, AvInterrupt& interrupt, Use use)
 {
     auto input = AvInput::open(url, interrupt);
     if (!input) return Error{input.error()};
     auto decoder = std::unique_ptr<FrameDecoder>(new FrameDecoder(interrupt));
     decoder->m_input = std::move(input.value());
-    const QString reason = decoder->openCodec(speed);
+    const QString reason = decoder->openCodec(use);
     if (!reason.isEmpty()) return Error{reason};
     return decoder;
 }
 
-QString FrameDecoder::openCodec(double speed)
+QString FrameDecoder::openCodec(Use use)
 {
     AVStream* const video = m_input->video();
     for (unsigned i = 0; i < m_input->context()->nb_streams; ++i) {
@@ -45,7 +47,7 @@ QString FrameDecoder::openCodec(double speed)
     }
     m_facts = movieFacts(*m_input);
     MovieFacts asFast = m_facts;
-    asFast.picturesPerSecond *= speed;
+    if (use == Use::Backwards) asFast.picturesPerSecond *= timesDecoded;
     const AVCodec* const codec = avcodec_find_decoder(video->codecpar->codec_id);
     m_codec.reset(avcodec_alloc_context3(codec));
     m_packet.reset(av_packet_alloc());
@@ -53,6 +55,7 @@ QString FrameDecoder::openCodec(double speed)
     if (avcodec_parameters_to_context(m_codec.get(), video->codecpar) < 0)
         return QStringLiteral("its decoder cannot be set up");
     m_codec->pkt_timebase = video->time_base;
+    if (use == Use::Stills) m_codec->skip_loop_filter = AVDISCARD_NONREF; // no other frame is made of those
     m_codec->thread_count = decoderThreads(asFast, QThread::idealThreadCount());
     return avcodec_open2(m_codec.get(), codec, nullptr) >= 0 ? QString()
                                                              : QStringLiteral("its decoder cannot be opened");

@@ -25,9 +25,12 @@ using Frame = std::unique_ptr<AVFrame, FreeAv>;
 /// Owned by one who wants frames; one thread at a time. Times are stamps of the moving picture.
 class FrameDecoder final {
 public:
-    /// Opens `url` to be decoded `speed` times as fast as it plays. `interrupt` must outlive the decoder.
+    /// What frames are for: pictures now and then, which need not be smooth to the last, or to be shown as
+    /// they would be forwards, from groups that may have to be decoded several times.
+    enum class Use { Stills, Backwards };
+    /// Opens `url`. `interrupt` must outlive the decoder.
     [[nodiscard]] static Result<std::unique_ptr<FrameDecoder>> open(const QUrl& url, AvInterrupt& interrupt,
-                                                                    double speed = 1);
+                                                                    Use use);
 
     [[nodiscard]] const AvInput& input() const { return *m_input; }
     [[nodiscard]] const MovieFacts& facts() const { return m_facts; }
@@ -55,7 +58,7 @@ private:
         : m_interrupt(interrupt)
     {
     }
-    [[nodiscard]] QString openCodec(double speed);
+    [[nodiscard]] QString openCodec(Use use);
     [[nodiscard]] bool feed(const MayLeaveOut& mayLeaveOut);
     void forgetPacket();
 

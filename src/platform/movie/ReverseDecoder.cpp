@@ -12,8 +12,6 @@ namespace kestro {
 static constexpr std::int64_t end = std::numeric_limits<std::int64_t>::max();
 // Half a millisecond, so that a time that was rounded to whole units still meets its picture.
 static constexpr double timeSlack = 0.0005;
-// A group of pictures that does not fit is decoded again for each stretch of it.
-static constexpr double decodingSpeed = 3;
 // Where a container seeks by other times than those of the pictures, earlier places are tried.
 static constexpr double firstStepBack = 0.25;
 // Farther than any movie lasts, where its duration is not known.
@@ -62,7 +60,7 @@ static bool isSeekable(const AVFormatContext& context)
 
 QString ReverseDecoder::open()
 {
-    auto decoder = FrameDecoder::open(m_url, m_interrupt, decodingSpeed);
+    auto decoder = FrameDecoder::open(m_url, m_interrupt, FrameDecoder::Use::Backwards);
     if (!decoder) return decoder.error();
     if (!isSeekable(*decoder.value()->input().context())) return cannotBeSought();
     m_decoder = std::move(decoder.value());

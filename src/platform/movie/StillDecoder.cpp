@@ -62,7 +62,7 @@ double StillDecoder::insideMovie(double seconds) const
 bool StillDecoder::isOpen()
 {
     if (std::exchange(m_tried, true)) return m_decoder != nullptr;
-    auto decoder = FrameDecoder::open(m_url, m_interrupt);
+    auto decoder = FrameDecoder::open(m_url, m_interrupt, FrameDecoder::Use::Stills);
     if (decoder) m_decoder = std::move(decoder.value());
     return m_decoder != nullptr;
 }

@@ -11,7 +11,7 @@ static Frame firstFrame(const char* name)
 {
     AvInterrupt interrupt;
     interrupt.allow(std::chrono::seconds(60));
-    auto decoder = FrameDecoder::open(testMovie(name), interrupt);
+    auto decoder = FrameDecoder::open(testMovie(name), interrupt, FrameDecoder::Use::Backwards);
     if (!decoder) return nullptr;
     return decoder.value()->next([](const AVPacket&) { return false; });
 }

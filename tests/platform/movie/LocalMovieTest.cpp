@@ -31,7 +31,7 @@ public:
         options.probe = [held = m_held, looks = m_looks](const QString& path) {
             ++*looks;
             held.wait();
-            return lookIntoMovie(path);
+            return probeMovie(path);
         };
         return options;
     }

@@ -75,15 +75,6 @@ TEST(PlayerState, loading_isNotGoing_evenWhenItIsToPlay)
     EXPECT_TRUE(player.isGoing());
 }
 
-TEST(PlayerState, loading_turnsWithoutAMoveOfItsOwn)
-{
-    PlayerState player;
-    player.load(4);
-    EXPECT_FALSE(player.turn());
-    EXPECT_TRUE(is<Loading>(player));
-    EXPECT_EQ(player.position(), 4);
-}
-
 TEST(PlayerState, moving_becomesPlaced_whenItIsToStand)
 {
     PlayerState player;
@@ -201,17 +192,6 @@ TEST(PlayerState, stopped_learnsWhereThatWas)
     EXPECT_EQ(player.position(), 3.04);
 }
 
-TEST(PlayerState, playing_movesWhereItIs_whenItTurns)
-{
-    PlayerState player = playing(2);
-    player.timeIs(3, 0);
-    const auto move = player.move();
-    EXPECT_TRUE(player.turn());
-    EXPECT_TRUE(is<Moving>(player));
-    EXPECT_EQ(player.position(), 3);
-    EXPECT_EQ(player.move(), move + 1);
-}
-
 TEST(PlayerState, loadsAgainWhereItIs_playingOn)
 {
     PlayerState player = playing(2);
@@ -238,7 +218,6 @@ TEST(PlayerState, failed_isFinal_whereItWas)
     PlayerState player = playing(2);
     player.fail();
     EXPECT_FALSE(player.goTo(5));
-    EXPECT_FALSE(player.turn());
     EXPECT_FALSE(player.restarted());
     player.load(6);
     player.play();
