@@ -120,10 +120,10 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(done.returncode, status, done.stderr)
         return done
 
-    def start_kestro(self, *words, **environment):
+    def start_kestro(self, *words, stderr=subprocess.PIPE, **environment):
         """Starts kestro in a process group of its own; it is ended with the test."""
         process = subprocess.Popen([KESTRO, *words], env=self.home.environment(**environment), text=True,
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=stderr,
                                    start_new_session=True)
         self.addCleanup(end_process, process)
         return process

@@ -1,0 +1,142 @@
+"""The resume point of movies that are slow to load, and of one that is slow to be drawn still."""
+
+import signal
+import subprocess
+import unittest
+
+from harness import BOUND, RED, ProgramTest, movie, movie_folder, wait_until
+from movieserver import MovieServer, never, up_to
+from test_remote import streamed
+from watching import Watch, is_playing
+from xserver import XServer
+
+FULL_SCREEN = {"FullScreenMode": "1", "PlayMode": "1"}
+SECOND = 600  # what a second is in times of movies
+POINT = {"LastMovie": "twenty.mp4", "LastPos": str(10 * SECOND)}
+
+
+class Remote(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.server = MovieServer()
+        self.addCleanup(self.server.close)
+        self.file = streamed(movie("twenty", seconds=20), "mp4")
+
+    def prepare(self, answer=None, others=()):
+        entry = self.server.serve("/twenty.mp4", self.file, answer)
+        self.home.play([*others, entry], Continue="1", **FULL_SCREEN)
+        self.home.write(POINT, name="Kestro.def.plist")
+        return entry
+
+    def start(self):
+        """The saver itself: what is rendered to pictures stores nothing."""
+        return self.start_kestro(QT_QPA_PLATFORM="offscreen")
+
+    def end(self, process):
+        process.send_signal(signal.SIGTERM)
+        status, errors = self.ended(process)
+        self.assertEqual(status, 0, errors)
+
+    def test_a_movie_goes_on_where_it_stopped_once_it_has_loaded(self):
+        entry = self.prepare(others=[movie("red")])
+        run = Watch(self)
+        run.until(lambda trace: any(is_playing(line) and line["movie"]["time"] >= 10 * SECOND for line in trace), "the place")
+        times = [line["movie"]["time"] for line in run.end() if is_playing(line)]
+        self.assertEqual({line["movie"]["url"] for line in run.trace if is_playing(line)}, {entry})
+        before = [time for time in times if time < 10 * SECOND]
+        self.assertLess(max(before, default=0), SECOND)
+
+    def check_point_is_kept(self, answer):
+        self.prepare(answer)
+        process = self.start()
+        wait_until(lambda: process.poll() is not None or self.server.count("/twenty.mp4"), "a request")
+        self.assertIsNone(process.poll())
+        self.end(process)
+        self.assertEqual(self.home.resume_point(), POINT)
+
+    def test_the_point_is_kept_while_the_server_has_not_answered(self):
+        self.check_point_is_kept(never)
+
+    def test_the_point_is_kept_while_the_movie_has_not_loaded(self):
+        self.check_point_is_kept(up_to(400))
+
+    def test_the_point_is_kept_where_the_server_is_away(self):
+        self.prepare()
+        self.server.close_door()
+        process = self.start()
+        wait_until(lambda: "Failed to load movie" in process.stderr.readline(), "a failure")
+        self.end(process)
+        self.assertEqual(self.home.resume_point(), POINT)
+
+    def test_a_later_point_is_stored_once_the_movie_plays(self):
+        self.prepare()
+        self.home.write({**POINT, "LastPos": str(10 * SECOND)}, name="Kestro.def.plist")
+        server = XServer("320x240")
+        self.addCleanup(server.close)
+        process = self.start_kestro(DISPLAY=server.display)
+        wait_until(lambda: process.poll() is not None or server.picture().is_near(160, 120, RED), "the movie")
+        self.end(process)
+        self.assertEqual(self.home.resume_point()["LastMovie"], "twenty.mp4")
+        self.assertGreaterEqual(int(self.home.resume_point()["LastPos"]), 10 * SECOND)
+
+
+class OneKeyFrame(ProgramTest):
+    """A 4K movie whose only key frame is its first: each still of it has to be decoded from the beginning."""
+
+    MOST_WITHOUT_A_TICK = 1.0  # seconds; a still at the end takes several times as long
+    FLY = {"FullScreenMode": "0", "PartialMode": "0", "Scale": "0.1", "Interval": "1", "Fadeout": "1", "Continue": "1"}
+
+    def setUp(self):
+        super().setUp()
+        self.home.play([self.large_movie()], **self.FLY)
+
+    @staticmethod
+    def large_movie():
+        path = movie_folder() / "large.mp4"
+        if not path.exists():
+            source = "testsrc2=s=3840x2160:r=25:d=6"
+            subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", source, "-c:v", "libx264", "-preset",
+                            "ultrafast", "-pix_fmt", "yuv420p", "-g", "100000", "-keyint_min", "100000", "-sc_threshold",
+                            "0", str(path)], check=True, timeout=BOUND)
+        return path
+
+    def test_the_ticks_go_on_while_stills_are_taken(self):
+        run = Watch(self, size="640x360")
+        run.until(lambda trace: self.places(trace) >= 4 and trace[-1]["t"] >= 5, "the movie to move")
+        times = [line["t"] for line in run.end()]
+        # The first ticks come while the movie is opened.
+        gaps = [after - before for before, after in zip(times[10:], times[11:])]
+        self.assertLess(max(gaps), self.MOST_WITHOUT_A_TICK)
+
+    @staticmethod
+    def places(trace):
+        return len({tuple(line["movie"]["frame"]) for line in trace if is_playing(line)})
+
+    def test_a_signal_ends_it_at_once_and_the_point_is_stored(self):
+        server = XServer("640x360")
+        self.addCleanup(server.close)
+        process = self.start_kestro(DISPLAY=server.display)
+        seen = set()
+
+        def has_moved():
+            seen.add(self.place_on(server))
+            return process.poll() is not None or len(seen - {None}) >= 4
+
+        wait_until(has_moved, "the movie to move")
+        self.assertIsNone(process.poll())
+        process.send_signal(signal.SIGTERM)
+        status, errors = self.ended(process)
+        self.assertEqual(status, 0, errors)
+        self.assertEqual(self.home.resume_point()["LastMovie"], "large.mp4")
+        self.assertGreater(int(self.home.resume_point()["LastPos"]), SECOND)
+
+    @staticmethod
+    def place_on(server):
+        """The first place on the screen that is bright, by rows of pixels; nothing where none is."""
+        picture = server.picture()
+        bright = next((offset for offset, value in enumerate(picture.bytes) if value > 180), None)
+        return bright if bright is None else (bright // 3 % picture.width // 8, bright // 3 // picture.width // 8)
+
+
+if __name__ == "__main__":
+    unittest.main()
