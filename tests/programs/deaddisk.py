@@ -18,6 +18,7 @@ class DeadDisk:
     "a.mp4=read" or "a.mp4=read@BYTE": what is not answered. Ended by close(), which frees whoever waits for it."""
 
     def __init__(self, movies, *rules):
+        self._is_closed = False
         self._holder = tempfile.TemporaryDirectory(prefix="kestro-disk-")
         folder = pathlib.Path(self._holder.name)
         source, self.path = folder / "source", folder / "disk"
@@ -34,6 +35,41 @@ class DeadDisk:
 
     @property
     def refusal(self):
+        """Why nothing could be mounted; nothing where it could."""
+        if self._process.poll() is None:
+            return None
+        return self._errors.read_text().strip() or f"status {self._process.returncode}"
+
+    def _lines(self):
+        return self._said.read_text().splitlines()
+
+    def url(self, name):
+        return url(self.path / name)
+
+    def await_question(self, name, question):
+        """Waits until a question was put that has no answer."""
+        wait_until(lambda: f"{name} {question}" in self._lines(), f"somebody to {question} {name}")
+
+    def close(self):
+        """Whoever waits is told that the disk has gone; the mount goes too."""
+        if self._is_closed:
+            return
+        self._is_closed = True
+        if self._process.poll() is None:
+            self._process.send_signal(signal.SIGKILL)
+        self._process.wait(timeout=BOUND)
+        wait_until(lambda: not self._is_mounted(), "the mount to go")
+        self._holder.cleanup()
+
+    def _is_mounted(self):
+        """Whether it still is; what is left of it is taken away."""
+        if str(self.path) not in pathlib.Path("/proc/self/mounts").read_text():
+            return False
+        subprocess.run(["fusermount3", "-u", "-z", str(self.path)], capture_output=True, timeout=BOUND, check=False)
+        return True
+
+
+def refusal(self):
         """Why nothing could be mounted; nothing where it could."""
         if self._process.poll() is None:
             return None

@@ -131,16 +131,6 @@ def whole(_, request, body):
     request.wfile.write(_begin(request, body))
 
 
-def without_length(_, request, body):
-    """As a server that makes up what it sends as it goes."""
-    request.send_response(200)
-    request.send_header("Content-Type", "video/x-matroska")
-    request.send_header("Connection", "close")
-    request.end_headers()
-    request.wfile.write(body)
-    request.close_connection = True
-
-
 def never(server, request, _):
     """No answer at all until the end."""
     server.has_ended_within(None)

@@ -2,29 +2,18 @@
 mounted, for want of /dev/fuse or of the right to, the module says so and ends with status 77."""
 
 import signal
-import subprocess
 import sys
 import unittest
 
 import deaddisk
 from deaddisk import DeadDisk
-from harness import BOUND, ProgramTest, movie, movie_folder, url, wait_until
+from harness import ProgramTest, movie, url, wait_until
+from specialmovies import heavy
 from watching import Watch
 from xserver import XServer
 
 QUESTIONS = ("stat", "open", "read")
 FULL_SCREEN = {"FullScreenMode": "1", "PlayMode": "1"}
-
-
-def heavy_movie():
-    """Some 3 MB of noise in 8 seconds, its index in front: what the player has read ahead is soon used up."""
-    path = movie_folder() / "heavy.mp4"
-    if not path.exists():
-        source = "color=c=gray:s=320x240:r=10:d=8,noise=alls=60:allf=t"
-        subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", source, "-c:v", "libx264", "-preset",
-                        "ultrafast", "-b:v", "3M", "-maxrate", "3M", "-bufsize", "1M", "-pix_fmt", "yuv420p", "-g", "10",
-                        "-movflags", "+faststart", str(path)], check=True, timeout=BOUND)
-    return path
 
 
 class DeadDiskTest(ProgramTest):
@@ -98,8 +87,8 @@ class OtherEntries(DeadDiskTest):
             disk.close()
 
     def test_they_play_where_it_goes_silent_in_the_middle(self):
-        heavy = heavy_movie()
-        disk = self.disk(f"half.mp4=read@{heavy.stat().st_size // 2}", half=heavy)
+        half = heavy()
+        disk = self.disk(f"half.mp4=read@{half.stat().st_size // 2}", half=half)
         run = self.watch(disk, [disk.url("half.mp4"), *self.good])
         run.until_it_plays(disk.url("half.mp4"))
         disk.await_question("half.mp4", "read")
@@ -167,8 +156,8 @@ class Ending(DeadDiskTest):
         self.check_it_ends(lambda _: self.server.run("xdotool", "click", "1"), lambda silent: [silent])
 
     def test_a_signal_ends_it_in_the_middle_of_a_movie_that_went_silent(self):
-        heavy = heavy_movie()
-        disk = self.disk(f"half.mp4=read@{heavy.stat().st_size // 2}", half=heavy)
+        half = heavy()
+        disk = self.disk(f"half.mp4=read@{half.stat().st_size // 2}", half=half)
         process = self.start(disk, [disk.url("half.mp4")])
         disk.await_question("half.mp4", "read")
         self.terminate(process)
