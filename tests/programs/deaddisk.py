@@ -69,41 +69,6 @@ class DeadDisk:
         return True
 
 
-def refusal(self):
-        """Why nothing could be mounted; nothing where it could."""
-        if self._process.poll() is None:
-            return None
-        return self._errors.read_text().strip() or f"status {self._process.returncode}"
-
-    def _lines(self):
-        return self._said.read_text().splitlines()
-
-    def url(self, name):
-        return url(self.path / name)
-
-    def await_question(self, name, question):
-        """Waits until a question was put that has no answer."""
-        wait_until(lambda: f"{name} {question}" in self._lines(), f"somebody to {question} {name}")
-
-    def close(self):
-        """Whoever waits is told that the disk has gone; the mount goes too."""
-        if self._process.poll() is None:
-            self._process.send_signal(signal.SIGKILL)
-        self._process.wait(timeout=BOUND)
-        if not self.path.exists():
-            return
-        wait_until(lambda: not self._is_mounted(), "the mount to go")
-        self._holder.cleanup()
-
-    def _is_mounted(self):
-        """Helps along where nobody else takes it away."""
-        mounts = pathlib.Path("/proc/self/mounts").read_text()
-        if str(self.path) not in mounts:
-            return False
-        subprocess.run(["fusermount3", "-u", "-z", str(self.path)], capture_output=True, timeout=BOUND, check=False)
-        return True
-
-
 def refusal():
     """Why no disk can be mounted here; nothing where one can."""
     try:

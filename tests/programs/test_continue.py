@@ -1,5 +1,7 @@
 """The resume point of movies that are slow to load, and of one that is slow to be drawn still."""
 
+import os
+import pathlib
 import signal
 import unittest
 
@@ -104,30 +106,27 @@ class OneKeyFrame(ProgramTest):
     def places(trace):
         return len({tuple(line["movie"]["frame"]) for line in trace if is_playing(line)})
 
-    def test_a_signal_ends_it_at_once_and_the_point_is_stored(self):
+    def test_a_signal_ends_it_while_a_still_is_taken_and_the_point_is_stored(self):
         server = XServer("640x360")
         self.addCleanup(server.close)
         process = self.start_kestro(DISPLAY=server.display)
-        seen = set()
-
-        def has_moved():
-            seen.add(self.place_on(server))
-            return process.poll() is not None or len(seen - {None}) >= 2
-
-        wait_until(has_moved, "the movie to move")
-        self.assertIsNone(process.poll())
+        self.until(process, lambda: max(server.picture().bytes) > 100, "the movie")
+        self.until(process, lambda: self.readers(process) >= 2, "a still to be taken")
         process.send_signal(signal.SIGTERM)
         status, errors = self.ended(process)
         self.assertEqual(status, 0, errors)
         self.assertEqual(self.home.resume_point()["LastMovie"], "one-key-frame.mp4")
         self.assertGreater(int(self.home.resume_point()["LastPos"]), int(self.POINT["LastPos"]))
 
+    def until(self, process, condition, what):
+        wait_until(lambda: process.poll() is not None or condition(), what)
+        self.assertIsNone(process.poll())
+
     @staticmethod
-    def place_on(server):
-        """Where the first bright pixel of the screen is, by rows; nothing where none is bright."""
-        picture = server.picture()
-        bright = next((offset for offset, value in enumerate(picture.bytes) if value > 100), None)
-        return bright if bright is None else divmod(bright // 3, picture.width)
+    def readers(process):
+        """How many times the process has the movie open."""
+        opened = pathlib.Path(f"/proc/{process.pid}/fd").iterdir()
+        return [os.path.realpath(each) for each in opened].count(str(one_key_frame()))
 
 
 if __name__ == "__main__":
