@@ -34,5 +34,5 @@ def without_duration():
 
 def one_key_frame():
     """24 seconds in 4K whose only key frame is the first."""
-    return _made("one-key-frame.mp4", "-f", "lavfi", "-i", "color=c=gray:s=3840x2160:r=30:d=24", *ENCODED, "-g", "100000",
-                 "-keyint_min", "100000", "-sc_threshold", "0")
+    return _made("one-key-frame.mp4", "-f", "lavfi", "-i", "color=c=gray:s=3840x2160:r=30:d=0.04,loop=-1:1", "-t", "24", *ENCODED,
+                 "-g", "100000", "-keyint_min", "100000", "-sc_threshold", "0")

@@ -28,9 +28,10 @@ class DeadDiskTest(ProgramTest):
         self.assertIsNone(disk.refusal)
         return disk
 
-    def silent_disk(self):
-        """One movie for each question that it does not answer: "stat.mp4", "open.mp4" and "read.mp4"."""
-        return self.disk(*(f"{each}.mp4={each}" for each in QUESTIONS), **dict.fromkeys(QUESTIONS, movie("blue", "blue")))
+    def silent_disk(self, question):
+        """One with a movie "silent.mp4" that does not answer to that question. A disk for each: whoever waits for the
+        one movie holds up whoever looks for another in the same folder."""
+        return self.disk(f"silent.mp4={question}", silent=movie("blue", "blue"))
 
     def watch(self, disk, entries, *words, **settings):
         """Starts a run. The disk goes before it where the test fails: nobody can end what waits for the disk."""
@@ -43,48 +44,40 @@ class DeadDiskTest(ProgramTest):
 class OtherEntries(DeadDiskTest):
     """In each test three runs go on side by side, each with an entry that does not answer to another question."""
 
-    def runs(self, entries_of, **settings):
-        """(question, run) for each question; `entries_of` answers the list to play, given the URL of the silent entry."""
-        disk = self.silent_disk()
-        return disk, [(question, self.watch(disk, entries_of(disk.url(f"{question}.mp4")), **settings))
-                      for question in QUESTIONS]
-
-    def check_others_play(self, entries_of, **settings):
-        disk, runs = self.runs(entries_of, **settings)
-        for question, run in runs:
-            with self.subTest(question):
-                disk.await_question(f"{question}.mp4", question)
-                asked = run.now()
-                for path in self.good:
-                    run.until_it_plays(url(path), since=asked)
+    def check_runs(self, check, entries_of, *words, **settings):
+        """`entries_of` answers the list to play, given the URL of the silent entry; `check` is called with each run once
+        its question was put."""
+        disks = [(question, self.silent_disk(question)) for question in QUESTIONS]
+        runs = [(question, disk, self.watch(disk, entries_of(disk.url("silent.mp4")), *words, **settings))
+                for question, disk in disks]
+        for question, disk, run in runs:
+            with self.subTest(question, **settings):
+                disk.await_question("silent.mp4", question)
+                check(run)
                 run.end()
+
+    def others_play(self, run):
+        asked = run.now()
+        for path in self.good:
+            run.until_it_plays(url(path), since=asked)
 
     def test_they_play_where_it_comes_first(self):
-        self.check_others_play(lambda silent: [silent, *self.good])
+        self.check_runs(self.others_play, lambda silent: [silent, *self.good])
 
     def test_they_play_where_it_comes_between_them(self):
-        self.check_others_play(lambda silent: [self.good[0], silent, self.good[1]])
+        self.check_runs(self.others_play, lambda silent: [self.good[0], silent, self.good[1]])
 
     def test_they_play_in_random_order(self):
-        self.check_others_play(lambda silent: [silent, *self.good], RandomMode="1")
+        self.check_runs(self.others_play, lambda silent: [silent, *self.good], RandomMode="1")
 
     def test_the_sign_moves_while_the_first_entry_does_not_answer(self):
-        disk, runs = self.runs(lambda silent: [silent, *self.good])
-        for question, run in runs:
-            with self.subTest(question):
-                disk.await_question(f"{question}.mp4", question)
-                run.until_it_plays(url(self.good[0]), since=run.until_the_sign_moves())
-                run.end()
+        self.check_runs(lambda run: run.until_it_plays(url(self.good[0]), since=run.until_the_sign_moves()),
+                        lambda silent: [silent, *self.good])
 
-    def test_the_sign_moves_where_nothing_else_is_there(self):
+    def test_the_sign_moves_on_every_screen_where_nothing_else_is_there(self):
         for order in ("0", "1"):
-            disk, runs = self.runs(lambda silent: [silent], RandomMode=order)
-            for question, run in runs:
-                with self.subTest(question, order=order):
-                    disk.await_question(f"{question}.mp4", question)
-                    run.until_the_sign_moves(since=run.now())
-                    run.end()
-            disk.close()
+            self.check_runs(lambda run: [run.until_the_sign_moves(since=run.now(), screen=screen) for screen in range(2)],
+                            lambda silent: [silent], "--screens", "2", RandomMode=order)
 
     def test_they_play_where_it_goes_silent_in_the_middle(self):
         half = heavy()
@@ -95,13 +88,6 @@ class OtherEntries(DeadDiskTest):
         silent = run.now()
         for path in self.good:
             run.until_it_plays(url(path), since=silent)
-        run.end()
-
-    def test_every_screen_goes_on(self):
-        disk = self.silent_disk()
-        run = self.watch(disk, [disk.url("stat.mp4")], "--screens", "2", RandomMode="1")
-        for screen in range(2):
-            run.until_the_sign_moves(screen=screen)
         run.end()
 
 
@@ -120,13 +106,13 @@ class Ending(DeadDiskTest):
         self.addCleanup(disk.close)
         return process
 
-    def check_it_ends(self, way, entries_of, questions=QUESTIONS):
-        for question in questions:
+    def check_it_ends(self, way, entries_of):
+        for question in QUESTIONS:
             with self.subTest(question):
-                disk = self.silent_disk()
-                process = self.start(disk, entries_of(disk.url(f"{question}.mp4")))
+                disk = self.silent_disk(question)
+                process = self.start(disk, entries_of(disk.url("silent.mp4")))
                 wait_until(self.server.windows, "its window")
-                disk.await_question(f"{question}.mp4", question)
+                disk.await_question("silent.mp4", question)
                 way(process)
                 self.check_it_has_ended(process, disk)
 
