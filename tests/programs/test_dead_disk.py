@@ -7,7 +7,7 @@ import unittest
 
 import deaddisk
 from deaddisk import DeadDisk
-from harness import ProgramTest, movie, url, wait_until
+from harness import Home, ProgramTest, movie, url, wait_until
 from specialmovies import heavy
 from watching import Watch
 from xserver import XServer
@@ -34,7 +34,10 @@ class DeadDiskTest(ProgramTest):
         return self.disk(f"silent.mp4={question}", silent=movie("blue", "blue"))
 
     def watch(self, disk, entries, *words, **settings):
-        """Starts a run. The disk goes before it where the test fails: nobody can end what waits for the disk."""
+        """Starts a run with settings of its own. The disk goes before it where the test fails: nobody can end what waits
+        for the disk."""
+        self.home = Home()
+        self.addCleanup(self.home.close)
         self.home.play(entries, **FULL_SCREEN, **settings)
         watch = Watch(self, *words)
         self.addCleanup(disk.close)
