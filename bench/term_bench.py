@@ -1,6 +1,6 @@
 """Measures how long Kestro takes to leave a window that it was handed, from the TERM to the end of the process.
 
-usage: term_bench.py KESTRO
+usage: term_bench.py KESTRO DEAD_DISK
 """
 
 import os
@@ -10,13 +10,19 @@ import statistics
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 
 import desk
 from movie_bench import bar, make_home, make_movie
 
+os.environ.update(KESTRO=sys.argv[1], DEAD_DISK=os.path.abspath(sys.argv[2]))
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tests", "programs"))
+from deaddisk import DeadDisk  # noqa: E402
+
 ROUNDS = 20
 MOST = 200  # milliseconds
+LONGEST = 10  # seconds until a saver that does not end is helped
 QUIET = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
 
 
@@ -92,6 +98,40 @@ def crawling(kestro, screen, window, folder, movie):
         return [milliseconds_to_end(kestro, screen, window, home, is_asked) for _ in range(ROUNDS)]
 
 
+def on_dead_disk(kestro, screen, window, folder, question, entries):
+    """While a movie's disk does not answer to that question; `entries` answers the list to play, given its URL."""
+    values = []
+    for _ in range(ROUNDS):
+        disk = DeadDisk({"silent.mp4": os.path.join(folder, "bench.mp4")}, f"silent.mp4={question}")
+        home = make_home(folder, f"dead-{len(os.listdir(folder))}", entries(disk.url("silent.mp4")), Continue="1")
+        # Nothing else would bring it back.
+        rescue = threading.Timer(LONGEST, disk.close)
+        rescue.start()
+        values.append(milliseconds_to_end(kestro, screen, window, home, lambda: disk.was_asked("silent.mp4", question)))
+        rescue.cancel()
+        disk.close()
+    return values
+
+
+def dead_disks(kestro, screen, window, folder, movie):
+    good = "file://" + movie
+    places = [("alone", lambda silent: [silent]), ("first", lambda silent: [silent, good]),
+              ("between others", lambda silent: [make_short(folder), silent, good])]
+    for place, entries in places:
+        for question in ("stat", "open", "read"):
+            report(f"TERM while a disk does not answer to {question}, {place}",
+                   on_dead_disk(kestro, screen, window, folder, question, entries))
+
+
+def make_short(folder):
+    """The URL of half a second, so that the next entry is soon asked for."""
+    path = os.path.join(folder, "short.mp4")
+    if not os.path.exists(path):
+        subprocess.run(["ffmpeg", "-v", "error", "-t", "0.5", "-i", os.path.join(folder, "bench.mp4"), "-c", "copy", path],
+                       check=True)
+    return "file://" + path
+
+
 def main():
     kestro = os.path.abspath(sys.argv[1])
     screen = desk.Screen()
@@ -104,6 +144,7 @@ def main():
                        Fadeout="1", Scale="0.6"))
         report("TERM while a server does not answer", loading(kestro, screen, window, folder))
         report("TERM while a crawl hangs", crawling(kestro, screen, window, folder, movie))
+        dead_disks(kestro, screen, window, folder, movie)
     desk.end(giver)
     screen.close()
 

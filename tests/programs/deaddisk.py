@@ -46,9 +46,12 @@ class DeadDisk:
     def url(self, name):
         return url(self.path / name)
 
+    def was_asked(self, name, question):
+        """Whether a question was put that has no answer."""
+        return f"{name} {question}" in self._lines()
+
     def await_question(self, name, question):
-        """Waits until a question was put that has no answer."""
-        wait_until(lambda: f"{name} {question}" in self._lines(), f"somebody to {question} {name}")
+        wait_until(lambda: self.was_asked(name, question), f"somebody to {question} {name}")
 
     def close(self):
         """Whoever waits is told that the disk has gone; the mount goes too."""

@@ -4,7 +4,9 @@ import plistlib
 import unittest
 
 from harness import BLUE, RED, movie, url, wait_until
+from movieserver import MovieServer
 from settingswindow import TITLE, SettingsTest
+from specialmovies import streamed
 
 SHEET = "Screen Saver Options"
 
@@ -80,6 +82,22 @@ class Sheet(SettingsTest):
         self.close_sheet("Return")
         wait_until(lambda: self.stored()["FileList"] == [url(path) for path in reversed(self.movies)], "the order")
         wait_until(lambda: self.shows(window, BLUE), "the other movie")
+        self.close_window(process)
+
+    def test_preview_playsAListThatWasPutRight_afterOneThatFailed(self):
+        movies = MovieServer()
+        self.addCleanup(movies.close)
+        entries = [movies.url("/a.mp4"), movies.url("/b.mp4")]
+        self.home.play(entries)
+        process, window = self.start_window()
+        wait_until(lambda: all(movies.count(path) for path in ("/a.mp4", "/b.mp4")), "both to fail")
+        wait_until(lambda: self.preview_is_alive(window), "the sign")
+        self.open_again()
+        movies.serve("/a.mp4", streamed(movie("long", seconds=8)))
+        self.press_slowly("Down", "Up", "alt+Down")
+        self.close_sheet("Return")
+        wait_until(lambda: self.stored()["FileList"] == entries[::-1], "the order")
+        wait_until(lambda: self.shows(window, RED), "the movie")
         self.close_window(process)
 
     def test_window_closes_whenTheSheetIsOpen(self):
