@@ -89,7 +89,7 @@ class Bench:
             each = " ".join(f"{row[0]:.3f}" for row in rows[name])
             print(f"  {name:14} {own:.3f} CPU s/s, X server {server:.3f}, peak {peak:.0f} MB; each {each}")
         ours, null, x11 = (medians[name] for name in ("kestro", "mpv --vo=null", "mpv --vo=x11"))
-        bar("cost against mpv --vo=null", ours[0] / null[0], 1.25)
+        bar("cost against mpv --vo=null", ours[0] / null[0], 1.2)
         bar("cost against mpv --vo=x11", ours[0] / x11[0], 0.75)
         bar("peak memory above mpv --vo=x11, MB", ours[2] - x11[2], 30)
 
