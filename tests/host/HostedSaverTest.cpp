@@ -144,16 +144,6 @@ TEST_F(HostedSaverTest, stop_leavesTheViewAlone_whenItWasNeverStarted)
     EXPECT_TRUE(desk.journal.isEmpty());
 }
 
-TEST_F(HostedSaverTest, stop_isMadeGood_whenTheViewWentOnToStart)
-{
-    const auto saver = make();
-    view->onStart = [&] { saver->stop(); };
-    saver->start();
-    EXPECT_FALSE(view->isAnimating());
-    desk.timers.advance(1);
-    EXPECT_EQ(ticks(), 0);
-}
-
 TEST_F(HostedSaverTest, tick_isNotReported_whenItStopsTheSaver)
 {
     const auto saver = make();
