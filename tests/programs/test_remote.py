@@ -4,14 +4,10 @@ import datetime
 import plistlib
 import unittest
 
-from harness import ProgramTest, Rendering, movie, url
-from movieserver import MovieServer, trickling_from, up_to
-from specialmovies import heavy, streamed, without_duration
-from watching import Watch, is_playing
+from harness import url
+from remotetest import RemoteTest
+from watching import is_playing
 
-FULL_SCREEN = {"FullScreenMode": "1", "PlayMode": "1"}
-FLY = {"FullScreenMode": "0", "PartialMode": "0", "Scale": "0.5"}
-BOUNCE = {"FullScreenMode": "0", "PartialMode": "1", "Scale": "0.5"}
 AWAY = 6  # seconds
 SOON = 15  # seconds by the run's own clock in which it must have noticed that the server is back
 A_WHILE = 5  # seconds in which whatever is asked for too often was asked for too often
@@ -21,25 +17,6 @@ def movies_shown(trace):
     """The URLs that played, in order, each once for as long as it stayed; None for the sign."""
     shown = [line["movie"]["url"] if is_playing(line) else None for line in trace if is_playing(line) or line["sign"]]
     return [now for before, now in zip([..., *shown], shown) if before != now]
-
-
-class RemoteTest(ProgramTest):
-    def setUp(self):
-        super().setUp()
-        self.server = MovieServer()
-        self.addCleanup(self.server.close)
-        self.short = [movie("short-red", "red", seconds=0.6), movie("short-green", "green", seconds=0.6)]
-
-    def serve(self, path, file, answer=None):
-        return self.server.serve(path, streamed(file), answer)
-
-    def play(self, entries, *words, mode=FULL_SCREEN, **settings):
-        self.home.play(entries, **mode, **settings)
-        return Watch(self, *words)
-
-    def dead(self, count):
-        """URLs that the server knows nothing of."""
-        return [self.server.url(f"/dead{number}.mp4") for number in range(count)]
 
 
 class ServerAway(RemoteTest):
@@ -167,72 +144,6 @@ class SomeDead(RemoteTest):
         since = run.until_it_plays(good, since=run.now())
         self.plays_again_and_again(run, good, 4)
         self.assertEqual([line for line in run.end()[since:] if line["sign"]], [])
-
-
-class Stalls(RemoteTest):
-    """These take as long as a server is given to make progress."""
-
-    def check_it_counts_as_ended(self, answer_from):
-        half = heavy().stat().st_size // 2
-        stalled, good = self.server.serve("/heavy.mp4", heavy(), answer_from(half)), url(self.short[1])
-        run = self.play([stalled, good])
-        since = run.until_it_plays(stalled)
-        run.until_it_plays(good, since=since)
-        run.end()
-        self.assertIn(f"Failed to load movie:{stalled}\n", run.log())
-
-    def test_a_server_that_trickles_does_not_hold_up_the_next_movie(self):
-        self.check_it_counts_as_ended(trickling_from)
-
-    def test_a_server_that_falls_silent_does_not_hold_up_the_next_movie(self):
-        self.check_it_counts_as_ended(up_to)
-
-
-class WithoutDuration(RemoteTest):
-    def test_a_movie_without_a_duration_is_shown_in_every_mode(self):
-        entry = self.server.serve("/bare.h264", without_duration())
-        for mode in (FULL_SCREEN, {"FullScreenMode": "1", "PlayMode": "0"}, {"FullScreenMode": "1", "PlayMode": "2"}, FLY,
-                     BOUNCE):
-            with self.subTest(mode=mode):
-                self.home.play([entry], **mode)
-                done = Rendering(self, seconds=2, every=2, size="640x480")
-                frames = done.movie_frames()
-                self.assertTrue(frames)
-                x, y, width, height = frames[-1]
-                self.assertGreaterEqual(width, 160)
-                self.assertGreater(min(done.last_picture().at(int(x + width / 2), int(480 - y - height / 2))), 20)
-
-
-class Requests(RemoteTest):
-    """A movie is fetched once to be played, and once more only where stills of it are wanted."""
-
-    def check_requests(self, count, mode, is_enough, **settings):
-        entry = self.serve("/long.mp4", movie("long", seconds=8))
-        self.server.requests.clear()
-        self.home.play([entry], **mode, **settings)
-        run = Watch(self, size="400x300")
-        since = run.until_it_plays(entry)
-        run.until(lambda trace: is_enough(trace[since:]), "enough of the movie")
-        run.end()
-        self.assertEqual(self.server.count("/long.mp4"), count)
-
-    @staticmethod
-    def has_moved(trace):
-        return len({tuple(line["movie"]["frame"]) for line in trace if line["movie"]}) > 2
-
-    def test_one_at_full_screen(self):
-        for fades in ("0", "1"):
-            with self.subTest(fades=fades):
-                self.check_requests(1, FULL_SCREEN, lambda trace: len(trace) > 20, Fadeout=fades)
-
-    def test_one_where_nothing_stays_behind(self):
-        for mode in (FLY, BOUNCE):
-            with self.subTest(mode=mode):
-                self.check_requests(1, mode, self.has_moved, Interval="0.5")
-
-    def test_two_where_stills_stay_behind(self):
-        self.check_requests(2, FLY, lambda trace: any(line["fading"] for line in trace), Interval="1", Fadeout="1")
-        self.check_requests(2, BOUNCE, lambda trace: any(line["trail"] > 2 for line in trace), Fadeout="1")
 
 
 class NothingToPlay(RemoteTest):
