@@ -330,13 +330,13 @@ TEST_F(RemoteMovie, loadsAndPlays_whenItDoesNotSayHowLongItIs)
 
 TEST_F(RemoteMovie, isFetchedOnceToPlay_andOnceMoreForStills)
 {
-    const auto movie = open("good/plain.mp4");
+    const auto movie = open("plain/plain.webm"); // knows no ranges: a reader asks once
     const auto copy = movie->copyForStills();
     movie->play();
     ASSERT_TRUE(loads(*movie));
     ASSERT_TRUE(waitUntil([&] { return movie->rate() == 0; }));
     EXPECT_EQ(requests(), 1);
-    for (const int number : {10, 20, 44})
+    for (const int number : {0, 10, 30, 44})
         EXPECT_EQ(numberIn(copy->still({number * 20, 600}).image), number);
     EXPECT_EQ(requests(), 2);
 }
