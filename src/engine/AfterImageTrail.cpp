@@ -13,6 +13,12 @@ namespace {
 constexpr std::size_t fullTrail = 5;
 constexpr double shadeStep = 0.02; ///< opacity lost at each drawing
 
+void postChange(QObject& mainThread, const std::function<void(const Rect&)>& changed, const Rect& place)
+{
+    QMetaObject::invokeMethod(
+        &mainThread, [&changed, place] { changed(place); }, Qt::QueuedConnection);
+}
+
 } // namespace
 
 AfterImageTrail::AfterImageTrail(std::function<void(const Rect&)> changed)
@@ -23,9 +29,7 @@ AfterImageTrail::AfterImageTrail(std::function<void(const Rect&)> changed)
 void AfterImageTrail::queueImage(const Picture& image, Point pos)
 {
     if (!add(image, pos)) return;
-    const Rect place{pos, image.size};
-    QMetaObject::invokeMethod(
-        &m_mainThread, [this, place] { m_changed(place); }, Qt::QueuedConnection);
+    postChange(m_mainThread, m_changed, {pos, image.size});
 }
 
 bool AfterImageTrail::queueImageNoThread(const Picture& image, Point pos)

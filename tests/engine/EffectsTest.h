@@ -47,7 +47,7 @@ protected:
     void setPlaylistWith(HeldStills& stills, const QStringList& names, double seconds)
     {
         setPlaylist(names);
-        const auto take = [&stills](MovieTime time, const std::stop_token& stop) {
+        const auto take = [stills](MovieTime time, const std::stop_token& stop) {
             return stills.take(time, stop);
         };
         for (const auto& name : names)

@@ -6,105 +6,87 @@
 #include <QImage>
 
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace kestro {
 
 /// How a movie's stills are taken where a test wants a say in it: what was asked for is noted, and a still
-/// may be held up until it is let go. Any thread.
+/// may be held up until it is let go. Copies are one and the same: a thread that was left to itself has one
+/// of its own. Any thread.
 class HeldStills final {
 public:
     /// One that is held up is only given up when told to stop where it `heedsStop`.
     explicit HeldStills(bool heedsStop = true, QSize size = {64, 36})
-        : m_heedsStop(heedsStop)
-        , m_size(size)
+        : m_state(std::make_shared<State>())
     {
+        m_state->heedsStop = heedsStop;
+        m_state->size = size;
     }
 
-    /// Returns once nobody is held up any more, those included that were left to themselves.
-    ~HeldStills()
+    void hold() const
     {
-        std::unique_lock lock(m_mutex);
-        m_holds = false;
-        m_change.notify_all();
-        m_change.wait(lock, [this] { return m_inside == 0; });
+        const std::lock_guard lock(m_state->mutex);
+        m_state->holds = true;
     }
-    HeldStills(const HeldStills&) = delete;
-    HeldStills& operator=(const HeldStills&) = delete;
-
-    void hold()
+    void letGo() const
     {
-        const std::lock_guard lock(m_mutex);
-        m_holds = true;
-    }
-    void letGo()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_holds = false;
-        m_change.notify_all();
+        const std::lock_guard lock(m_state->mutex);
+        m_state->holds = false;
+        m_state->change.notify_all();
     }
 
-    Picture take(MovieTime time, const std::stop_token& stop)
+    [[nodiscard]] Picture take(MovieTime time, const std::stop_token& stop) const
     {
-        std::unique_lock lock(m_mutex);
-        const Inside inside(*this);
-        m_asked.push_back(time);
-        m_threads.push_back(std::this_thread::get_id());
-        if (m_heedsStop)
-            m_change.wait(lock, stop, [this] { return !m_holds; });
+        const auto state = m_state;
+        std::unique_lock lock(state->mutex);
+        state->asked.push_back(time);
+        state->threads.push_back(std::this_thread::get_id());
+        const auto isLetGo = [&state] { return !state->holds; };
+        if (state->heedsStop)
+            state->change.wait(lock, stop, isLetGo);
         else
-            m_change.wait(lock, [this] { return !m_holds; });
-        if (m_heedsStop && stop.stop_requested()) return {};
-        QImage image(m_size, QImage::Format_RGB32);
+            state->change.wait(lock, isLetGo);
+        if (state->heedsStop && stop.stop_requested()) return {};
+        QImage image(state->size, QImage::Format_RGB32);
         image.fill(Qt::white);
-        return {image, {static_cast<float>(m_size.width()), static_cast<float>(m_size.height())}};
+        return {image, {static_cast<float>(state->size.width()), static_cast<float>(state->size.height())}};
     }
 
     /// The times of the stills asked for, in order, and the threads that they were asked for on.
     [[nodiscard]] std::vector<MovieTime> asked() const
     {
-        const std::lock_guard lock(m_mutex);
-        return m_asked;
+        const std::lock_guard lock(m_state->mutex);
+        return m_state->asked;
     }
     [[nodiscard]] std::vector<std::thread::id> threads() const
     {
-        const std::lock_guard lock(m_mutex);
-        return m_threads;
+        const std::lock_guard lock(m_state->mutex);
+        return m_state->threads;
     }
 
 private:
-    /// Counts who is in take(), with the lock held.
-    struct Inside {
-        explicit Inside(HeldStills& stills)
-            : all(stills)
-        {
-            ++all.m_inside;
-        }
-        ~Inside()
-        {
-            --all.m_inside;
-            all.m_change.notify_all();
-        }
-        HeldStills& all;
+    struct State {
+        bool heedsStop = true;
+        QSize size;
+        std::mutex mutex;
+        std::condition_variable_any change;
+        bool holds = false;
+        std::vector<MovieTime> asked;
+        std::vector<std::thread::id> threads;
     };
 
-    const bool m_heedsStop;
-    const QSize m_size;
-    mutable std::mutex m_mutex;
-    std::condition_variable_any m_change;
-    bool m_holds = false;
-    int m_inside = 0;
-    std::vector<MovieTime> m_asked;
-    std::vector<std::thread::id> m_threads;
+    std::shared_ptr<State> m_state;
 };
 
 /// A copy of a movie whose stills are taken so.
 class HeldStillMovie final : public StillMovie {
 public:
-    explicit HeldStillMovie(HeldStills& stills)
-        : m_stills(stills)
+    explicit HeldStillMovie(HeldStills stills)
+        : m_stills(std::move(stills))
     {
     }
     void setStillSize(int, int) override {}
@@ -114,7 +96,7 @@ public:
     }
 
 private:
-    HeldStills& m_stills;
+    HeldStills m_stills;
 };
 
 } // namespace kestro

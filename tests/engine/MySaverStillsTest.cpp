@@ -165,7 +165,7 @@ TEST_F(MySaverStillsTest, bounce_asksForNoStill_beforeTheMovieHasASize)
     HeldStills stills;
     setMode("1");
     setPlaylist({"a.mov"});
-    const auto take = [&stills](MovieTime time, const std::stop_token& stop) {
+    const auto take = [stills](MovieTime time, const std::stop_token& stop) {
         return stills.take(time, stop);
     };
     describe("a.mov", {.seconds = 100, .loadsAfter = 2, .takesStill = take});
