@@ -6,6 +6,7 @@ from specialmovies import streamed
 from watching import Watch
 
 FULL_SCREEN = {"FullScreenMode": "1", "PlayMode": "1"}
+DEAD = ["/x/dead.mp4", "/y/dead.mp4", "/z/dead.mp4"]
 
 
 class RemoteTest(ProgramTest):
@@ -23,5 +24,5 @@ class RemoteTest(ProgramTest):
         return Watch(self, *words)
 
     def dead(self, count):
-        """URLs that the server knows nothing of."""
-        return [self.server.url(f"/dead{number}.mp4") for number in range(count)]
+        """URLs that the server knows nothing of, each in a folder of its own, as trailers are."""
+        return [self.server.url(path) for path in DEAD[:count]]
