@@ -110,13 +110,13 @@ def _cut(connection):
 
 
 def _begin(request, body):
-    """Sends the headers; answers what of the body was asked for."""
+    """Sends the headers; answers what of the body was asked for, by its first byte and the one after its last."""
     asked = re.fullmatch(r"bytes=(\d+)-(\d*)", request.headers.get("Range", ""))
     first = int(asked[1]) if asked else 0
     last = min(int(asked[2] or len(body) - 1), len(body) - 1) if asked else len(body) - 1
     if first > last:
         request.send_error(416)
-        return b""
+        return 0, 0
     request.send_response(206 if asked else 200)
     request.send_header("Content-Type", "video/mp4")
     request.send_header("Accept-Ranges", "bytes")
@@ -124,11 +124,12 @@ def _begin(request, body):
     if asked:
         request.send_header("Content-Range", f"bytes {first}-{last}/{len(body)}")
     request.end_headers()
-    return body[first : last + 1]
+    return first, last + 1
 
 
 def whole(_, request, body):
-    request.wfile.write(_begin(request, body))
+    first, end = _begin(request, body)
+    request.wfile.write(body[first:end])
 
 
 def never(server, request, _):
@@ -138,10 +139,11 @@ def never(server, request, _):
 
 
 def up_to(count):
-    """The first bytes, and then silence until the end."""
+    """The first bytes, and then silence until the end, however often it is asked."""
 
     def answer(server, request, body):
-        request.wfile.write(_begin(request, body)[:count])
+        first, end = _begin(request, body)
+        request.wfile.write(body[first : min(end, count)])
         server.has_ended_within(None)
         request.close_connection = True
 
@@ -152,9 +154,9 @@ def trickling_from(count):
     """The first bytes, and then one a second: less than anybody could play."""
 
     def answer(server, request, body):
-        content = _begin(request, body)
-        request.wfile.write(content[:count])
-        for byte in content[count:]:
+        first, end = _begin(request, body)
+        request.wfile.write(body[first : min(end, count)])
+        for byte in body[max(first, count) : end]:
             if server.has_ended_within(1):
                 break
             request.wfile.write(bytes([byte]))
