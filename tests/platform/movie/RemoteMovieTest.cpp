@@ -23,7 +23,8 @@ protected:
     {
         m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_server.start(QStringLiteral(MOVIE_SERVER), {QStringLiteral(KESTRO_TEST_MOVIES)});
-        ASSERT_TRUE(m_server.waitForReadyRead(180000));
+        while (!m_server.canReadLine())
+            ASSERT_TRUE(m_server.waitForReadyRead(180000));
         m_port = m_server.readLine().trimmed().toInt();
         ASSERT_GT(m_port, 0);
     }
