@@ -4,9 +4,10 @@
 
 namespace kestro {
 
-MovieSearch::MovieSearch(Purpose purpose, std::unique_ptr<PlayableSearch> first,
+MovieSearch::MovieSearch(Purpose purpose, double now, std::unique_ptr<PlayableSearch> first,
                          std::function<void(int)> found, MakePick makePick)
     : m_purpose(purpose)
+    , m_began(now)
     , m_first(std::move(first))
     , m_found(std::move(found))
     , m_makePick(std::move(makePick))

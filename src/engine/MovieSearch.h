@@ -21,18 +21,23 @@ public:
     };
     using MakePick = std::function<std::unique_ptr<MoviePick>()>;
 
-    /// `first`, where there is one, has to find an entry before `makePick` makes the pick; `found` is told
-    /// its index.
-    MovieSearch(Purpose purpose, std::unique_ptr<PlayableSearch> first, std::function<void(int)> found,
-                MakePick makePick);
+    /// `now` is the clock's time, in seconds. `first`, where there is one, has to find an entry before
+    /// `makePick` makes the pick; `found` is told its index.
+    MovieSearch(Purpose purpose, double now, std::unique_ptr<PlayableSearch> first,
+                std::function<void(int)> found, MakePick makePick);
 
     [[nodiscard]] Purpose purpose() const { return m_purpose; }
+    /// Whether it takes so long that a person would take a black screen for a broken one.
+    [[nodiscard]] bool isLong(double now) const { return now - m_began > longestBlackness; }
     /// Goes on with the search as far as it can go now.
     [[nodiscard]] MoviePick::State step();
     [[nodiscard]] MovieContent takeContent() { return m_pick ? m_pick->takeContent() : MovieContent{}; }
 
 private:
+    static constexpr double longestBlackness = 1; ///< seconds
+
     Purpose m_purpose;
+    double m_began;
     std::unique_ptr<PlayableSearch> m_first;
     std::function<void(int)> m_found;
     MakePick m_makePick;

@@ -19,8 +19,8 @@ void MySaver::beginSearch(Purpose purpose)
     if (isStart) entries.forgetFailures();
     if (purpose == Purpose::Retry) entries.beginRetry();
     m_search = std::make_unique<MovieSearch>(
-        purpose, isStart ? playableSearch() : nullptr, [this](int index) { m_playlist.setCurIdx(index); },
-        [this, purpose] { return newPick(purpose); });
+        purpose, m_services.desktop.clock().now(), isStart ? playableSearch() : nullptr,
+        [this](int index) { m_playlist.setCurIdx(index); }, [this, purpose] { return newPick(purpose); });
     advanceSearch();
 }
 

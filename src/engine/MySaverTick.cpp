@@ -34,6 +34,8 @@ void MySaver::animateOneFrame()
 void MySaver::tickWhileSearching()
 {
     advanceSearch();
+    if (m_search && !m_movieView && !m_sign.isShown() && m_search->isLong(m_services.desktop.clock().now()))
+        showSign(signForStart());
     if (!m_movieView) moveSign();
 }
 

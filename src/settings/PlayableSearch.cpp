@@ -1,9 +1,8 @@
 #include "settings/PlayableSearch.h"
 
 #include "platform/base/DetachedTask.h"
+#include "platform/base/FileLook.h"
 #include "platform/base/FileURL.h"
-
-#include <QFileInfo>
 
 #include <chrono>
 #include <utility>
@@ -40,7 +39,7 @@ void PlayableSearch::look(const QUrl& url)
     const QString path = localPath(url).value_or(QString());
     if (!path.isEmpty()) {
         m_task = DetachedTask::start<bool>(
-            QStringLiteral("exists:") + path, longestLook, [path] { return QFileInfo::exists(path); },
+            QStringLiteral("exists:") + path, longestLook, [path] { return isFileThere(path); },
             [this](std::optional<bool> isThere) {
                 const auto wake = m_wake; // which may destroy this
                 looked(isThere.value_or(false));

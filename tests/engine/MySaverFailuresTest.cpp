@@ -4,6 +4,8 @@
 #include "platform/movie/QTMovie.h"
 #include "presentation/MovieFrame.h"
 
+#include <QFile>
+
 namespace kestro {
 
 namespace {
@@ -110,6 +112,28 @@ TEST_F(MySaverFailuresTest, sign_staysUntilThereIsAMovie)
         tick(saver);
         ASSERT_TRUE(saver.snapshot().sign);
     }
+}
+
+TEST_F(MySaverFailuresTest, sign_movesWhileAFirstFileTakesLong_andGivesWayToIt)
+{
+    QFile file(home.filePath(QStringLiteral("slow.mov")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const QString url = QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded);
+    movies.describe(url, {.loadsAfter = 5});
+    setPlaylist({url});
+    auto& saver = started();
+    EXPECT_TRUE(comesTrue([this] { return movies.tried().size() == 1; }));
+    tickFor(saver, 0.9);
+    EXPECT_FALSE(saver.snapshot().sign);
+    tickFor(saver, 0.3);
+    ASSERT_TRUE(saver.snapshot().sign);
+    const Rect before = *saver.snapshot().sign;
+    tick(saver);
+    EXPECT_NE(saver.snapshot().sign, before);
+    tickFor(saver, 5);
+    EXPECT_FALSE(saver.snapshot().sign);
+    EXPECT_EQ(playing(saver), "slow.mov");
+    EXPECT_EQ(saver.animationTimeInterval(), 0.05);
 }
 
 TEST_F(MySaverFailuresTest, trailersThatFail_leaveTheOneGoodMoviePlaying)

@@ -1,5 +1,6 @@
 #include "platform/movie/MovieProbe.h"
 
+#include "platform/base/FileLook.h"
 #include "platform/movie/AvFormat.h"
 #include "platform/movie/AvInput.h"
 
@@ -56,6 +57,12 @@ Result<MovieFacts> probeMovie(const QString& path, std::stop_token stop)
     MovieFacts facts = movieFacts(*input.value());
     if (facts.seconds <= 0) facts.seconds = searchForEnd(*input.value(), interrupt, stop);
     return facts;
+}
+
+Result<MovieFacts> probeMovieOnAnyDisk(const QString& path)
+{
+    if (!isFileThere(path)) return Error{QStringLiteral("no such file")};
+    return probeMovie(path);
 }
 
 Result<MovieFacts> probeRemoteMovie(const QUrl& url, milliseconds longest, std::stop_token stop)

@@ -16,6 +16,10 @@ namespace kestro {
 /// never waits for a device or a pipe, and follows no reference to another file. Any thread.
 [[nodiscard]] Result<MovieFacts> probeMovie(const QString& path, std::stop_token stop = {});
 
+/// The same for a file on any disk: where that never answers it does not come back, but it can be left behind
+/// and does not hold up the end of the process. Any thread but the main one.
+[[nodiscard]] Result<MovieFacts> probeMovieOnAnyDisk(const QString& path);
+
 /// The same for a movie at an address (http or https), which may take `longest`. Any thread.
 [[nodiscard]] Result<MovieFacts> probeRemoteMovie(const QUrl& url, std::chrono::milliseconds longest,
                                                   std::stop_token stop = {});

@@ -135,6 +135,7 @@ private:
     void orderSeek();
     void arrive();
     void watchProgress();
+    void noteProgress();
     void endStall();
     [[nodiscard]] bool isStalling() const;
     [[nodiscard]] bool goesRoundInVain();
@@ -148,7 +149,7 @@ private:
     QTimer m_unwatchedTimer; ///< runs while a picture waits to be drawn
     QTimer m_loadTimer;      ///< bounds the loading of a remote movie
     QTimer m_moveTimer;      ///< bounds a move that mpv never ends
-    QTimer m_stallTimer;     ///< runs while a remote movie should play on, but waits for its server
+    QTimer m_stallTimer;     ///< runs while a movie should play on, but waits for its server or disk
     std::atomic<bool> m_woken{false};
 
     PlayerState m_state;

@@ -111,7 +111,9 @@ void MpvPlayer::handleTime(double time)
     m_state.timeIs(time, m_setup.pictureSeconds);
     const bool isShowing = hasPicture() && std::holds_alternative<PlayerState::Playing>(m_state.current());
     if (isShowing) m_setup.shown->began(time, m_setup.pictureSeconds);
-    if (m_state.position() != before) m_roundsInVain = 0;
+    if (m_state.position() == before) return;
+    m_roundsInVain = 0;
+    if (!isRemote()) noteProgress();
 }
 
 /// A notice of the end may be older than a seek away from it, so it only makes us ask.
@@ -211,7 +213,14 @@ bool MpvPlayer::goesRoundInVain()
 
 bool MpvPlayer::isStalling() const
 {
-    return isRemote() && m_isIdle && m_state.isGoing();
+    return m_state.isGoing() && (m_isIdle || !isRemote());
+}
+
+/// Of a file mpv does not tell that it waits for its disk; but it tells of no new picture then.
+void MpvPlayer::noteProgress()
+{
+    m_stallTimer.stop();
+    watchProgress();
 }
 
 void MpvPlayer::watchProgress()
@@ -227,7 +236,7 @@ void MpvPlayer::endStall()
 {
     const QPointer<MpvPlayer> self(this);
     drain();
-    if (self && isStalling()) fail();
+    if (self && isStalling() && !m_stallTimer.isActive()) fail();
 }
 
 /// A remote movie that comes to its end without a picture (its index at the end of the file, say, on a server

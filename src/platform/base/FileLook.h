@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace kestro {
+
+/// Whether there is a file at `path`; answered once its disk has answered, also to opening and reading it. A
+/// disk may never do that, and whoever asks it cannot be ended then, nor the process that he is a thread of:
+/// so a process of its own asks, and only the calling thread waits for it. Any thread but the main one.
+[[nodiscard]] bool isFileThere(const QString& path);
+
+} // namespace kestro

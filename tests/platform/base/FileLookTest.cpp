@@ -1,0 +1,43 @@
+#include "platform/base/FileLook.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace kestro {
+
+TEST(FileLook, isFileThere_tellsWhatIsThereFromWhatIsNot)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QString::fromUtf8("ein Film ü.mov")));
+    EXPECT_FALSE(isFileThere(file.fileName()));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(isFileThere(file.fileName()));
+    EXPECT_TRUE(isFileThere(folder.path()));
+    EXPECT_FALSE(isFileThere(QString()));
+}
+
+TEST(FileLook, isFileThere_doesNotWaitForAWriter_whereItIsAPipe)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("pipe"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    EXPECT_TRUE(isFileThere(path));
+}
+
+TEST(FileLook, isFileThere_leavesNoProcess)
+{
+    const auto children = [] {
+        QFile tasks(QStringLiteral("/proc/self/task/%1/children").arg(getpid()));
+        EXPECT_TRUE(tasks.open(QIODevice::ReadOnly));
+        return tasks.readAll();
+    };
+    const QByteArray before = children();
+    EXPECT_TRUE(isFileThere(QStringLiteral("/")));
+    EXPECT_EQ(children(), before);
+}
+
+} // namespace kestro
