@@ -49,10 +49,17 @@ bool EntryOpener::leavesPictures() const
 
 void EntryOpener::recordFailure(const QUrl& url)
 {
-    const bool isKnown = m_sources.playlist.failedURLList().contains(absoluteString(url));
-    if (!m_isRetry || !isKnown) logLine(QStringLiteral("Failed to load movie:%1").arg(absoluteString(url)));
+    if (!m_isRetry || !m_logged.contains(url))
+        logLine(QStringLiteral("Failed to load movie:%1").arg(absoluteString(url)));
+    m_logged.insert(url);
     m_sources.playlist.addFailedURL(url);
     if (!url.isLocalFile()) m_failedAt.insert(url, m_sources.clock.now());
+}
+
+void EntryOpener::recordLateFailure(const QUrl& url)
+{
+    recordFailure(url);
+    m_failedAt.insert(url, m_sources.clock.now());
 }
 
 bool EntryOpener::isResting(const QUrl& url) const
@@ -61,16 +68,17 @@ bool EntryOpener::isResting(const QUrl& url) const
     return failed != m_failedAt.constEnd() && m_sources.clock.now() - *failed < restAfterFailure;
 }
 
-void EntryOpener::beginRetry()
-{
-    m_isRetry = true;
-    m_failedAt.clear();
-}
-
 void EntryOpener::forgetFailures()
 {
     m_isRetry = false;
     m_failedAt.clear();
+}
+
+void EntryOpener::beginRetry()
+{
+    m_isRetry = true;
+    m_failedAt.clear();
+    m_sources.playlist.forgetFailedURLs();
 }
 
 } // namespace kestro

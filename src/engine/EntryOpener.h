@@ -3,6 +3,7 @@
 #include "presentation/MovieContent.h"
 
 #include <QHash>
+#include <QSet>
 #include <QUrl>
 
 #include <functional>
@@ -30,8 +31,8 @@ struct EntrySources {
 };
 
 /// Opens entries of the playlist one by one, and knows which of them failed. A remote entry that failed
-/// rests: it is passed over for half a minute, so that a server that is away is not asked again at every turn
-/// of the list. Owned by the sequencer. Main thread.
+/// rests, and so does any that broke off after it was opened: it is passed over for half a minute, so that it
+/// is not tried again at every turn of the list. Owned by the sequencer. Main thread.
 class EntryOpener final {
 public:
     explicit EntryOpener(EntrySources sources);
@@ -41,14 +42,16 @@ public:
     [[nodiscard]] MovieContent open(const QUrl& url);
     /// The entry opened and is to be played.
     void opened(const MovieContent& content);
-    /// Logs and records a movie that could not be loaded, at once or later.
+    /// Logs and records a movie that could not be loaded.
     void recordFailure(const QUrl& url);
+    /// The same for one that was opened and broke off.
+    void recordLateFailure(const QUrl& url);
 
-    /// Asks resting entries again, from now on. Failures that are on record are not logged once more until
-    /// something opened.
-    void beginRetry();
-    /// Forgets which entries rest.
+    /// Every entry is asked again, from now on.
     void forgetFailures();
+    /// The same where a whole round failed, which tells nothing of single entries: trailers that failed in it
+    /// come back into the list. What fails again is not logged once more until something opened.
+    void beginRetry();
 
     /// A copy of the movie that opened last, for stills alone; null where movies leave no pictures. Shared
     /// with the capture thread.
@@ -60,7 +63,8 @@ private:
     [[nodiscard]] bool leavesPictures() const;
 
     EntrySources m_sources;
-    QHash<QUrl, double> m_failedAt; ///< clock time of the last failure of each remote entry
+    QHash<QUrl, double> m_failedAt; ///< clock time of the last failure of each entry that rests
+    QSet<QUrl> m_logged;            ///< entries that failed before
     bool m_isRetry = false;
     std::shared_ptr<StillMovie> m_cacheMovie;
 };

@@ -60,13 +60,13 @@ void SequentialOrder::advance()
 }
 
 RandomOrder::RandomOrder(Playlist& playlist, Random& random, QList<QUrl>& bag, std::optional<QString> resumed,
-                         bool mayRepeat)
+                         std::optional<int> refused)
     : m_playlist(playlist)
     , m_random(random)
     , m_bag(bag)
     , m_list(playlist.fileList())
     , m_resumed(std::move(resumed))
-    , m_mayRepeat(mayRepeat)
+    , m_refused(refused)
 {
     if (m_bag.isEmpty()) refill();
 }
@@ -107,7 +107,10 @@ bool RandomOrder::take()
     m_openedAny = true;
     const int position = static_cast<int>(m_list.indexOf(m_bag[*m_drawn]));
     advance();
-    if (position == m_playlist.curIdx() && !std::exchange(m_mayRepeat, true)) return false;
+    if (position == m_refused) {
+        m_refused.reset();
+        return false;
+    }
     m_playlist.setCurIdx(position);
     return true;
 }

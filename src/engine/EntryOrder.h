@@ -46,14 +46,14 @@ private:
     bool m_isOver;
 };
 
-/// Draws from a bag that is filled with the whole list whenever it is empty. The entry that plays now is
+/// Draws from a bag that is filled with the whole list whenever it is empty. The entry that played last is
 /// refused once, so that it only comes again where chance insists.
 class RandomOrder final : public EntryOrder {
 public:
     /// `bag` is kept from pick to pick, and outlives this. Movies of the name `resumed` are drawn first.
-    /// `mayRepeat`: the entry that plays is not refused.
+    /// `refused` is the index of the entry that played last; nothing where any may be taken.
     RandomOrder(Playlist& playlist, Random& random, QList<QUrl>& bag, std::optional<QString> resumed,
-                bool mayRepeat);
+                std::optional<int> refused);
 
     [[nodiscard]] std::optional<QUrl> next() override;
     void pass() override { advance(); }
@@ -71,7 +71,7 @@ private:
     const QList<QUrl> m_list;
     std::optional<QString> m_resumed;
     std::optional<qsizetype> m_drawn; ///< in the bag
-    bool m_mayRepeat;
+    std::optional<int> m_refused;
     bool m_isWholeCycle = false; ///< the bag was filled in this pick
     bool m_openedAny = false;    ///< in this cycle
 };

@@ -13,17 +13,19 @@ MovieSequencer::MovieSequencer(const EntrySources& sources)
 {
 }
 
-std::unique_ptr<MoviePick> MovieSequencer::newNextMovie(bool isFirst, const std::optional<QString>& resumed,
+std::unique_ptr<MoviePick> MovieSequencer::newNextMovie(std::optional<int> played,
+                                                        const std::optional<QString>& resumed,
                                                         MoviePick::Options options)
 {
-    return std::make_unique<MoviePick>(order(isFirst, resumed), m_entries, std::move(options));
+    return std::make_unique<MoviePick>(order(played, resumed), m_entries, std::move(options));
 }
 
-std::unique_ptr<EntryOrder> MovieSequencer::order(bool isFirst, const std::optional<QString>& resumed)
+std::unique_ptr<EntryOrder> MovieSequencer::order(std::optional<int> played,
+                                                  const std::optional<QString>& resumed)
 {
     Playlist& playlist = m_sources.playlist;
     if (!m_sources.settings.isRandomMode()) return std::make_unique<SequentialOrder>(playlist, resumed);
-    return std::make_unique<RandomOrder>(playlist, m_sources.random, m_randomList, resumed, isFirst);
+    return std::make_unique<RandomOrder>(playlist, m_sources.random, m_randomList, resumed, played);
 }
 
 } // namespace kestro

@@ -18,9 +18,10 @@ public:
     explicit MovieSequencer(const EntrySources& sources);
 
     /// A pick of the next entry, which the caller steps. It finds nothing when no entry can be opened. It
-    /// must not outlive the sequencer; one at a time. `resumed` is the name of the movie at which to begin,
-    /// on the first pick of a run; `isFirst` marks that pick, which may repeat the entry that plays.
-    [[nodiscard]] std::unique_ptr<MoviePick> newNextMovie(bool isFirst, const std::optional<QString>& resumed,
+    /// must not outlive the sequencer; one at a time. `played` is the index of the entry that played last,
+    /// which random order refuses once; `resumed` the name of the movie at which to begin, if any.
+    [[nodiscard]] std::unique_ptr<MoviePick> newNextMovie(std::optional<int> played,
+                                                          const std::optional<QString>& resumed,
                                                           MoviePick::Options options);
 
     /// What opens the entries, and remembers those that failed.
@@ -28,7 +29,8 @@ public:
     [[nodiscard]] const std::shared_ptr<StillMovie>& cacheMovie() const { return m_entries.cacheMovie(); }
 
 private:
-    [[nodiscard]] std::unique_ptr<EntryOrder> order(bool isFirst, const std::optional<QString>& resumed);
+    [[nodiscard]] std::unique_ptr<EntryOrder> order(std::optional<int> played,
+                                                    const std::optional<QString>& resumed);
 
     EntrySources m_sources;
     EntryOpener m_entries;

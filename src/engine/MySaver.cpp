@@ -181,7 +181,7 @@ void MySaver::captureStop()
 void MySaver::goOn()
 {
     m_captureTimer.reset();
-    startMovie();
+    if (!m_search) startMovie();
     m_fadeOut.resume();
     m_piggyBack.resume();
     if (const auto behind = otherSaver()) behind->startAnimation();

@@ -107,6 +107,7 @@ private:
     [[nodiscard]] std::unique_ptr<MoviePick> newPick(MovieSearch::Purpose purpose);
     void advanceSearch();
     void found(MovieSearch::Purpose purpose);
+    void beginAnew();
     void foundNothing(MovieSearch::Purpose purpose);
     void loopWhatIsAlone();
     void retry();
@@ -125,6 +126,7 @@ private:
 
     // one tick
     void tickWhileSearching();
+    void showSignInLongSearch();
     void moveMovie();
     void moveMovieWindow();
     void flyMovie();

@@ -3,6 +3,7 @@
 #include "engine/MySaver.h"
 #include "platform/base/Clock.h"
 #include "platform/display/Desktop.h"
+#include "platform/display/Layer.h"
 #include "platform/movie/QTMovie.h"
 #include "presentation/MovieFrame.h"
 
@@ -32,8 +33,9 @@ std::unique_ptr<PlayableSearch> MySaver::playableSearch()
 // While the sign shows it stays until a movie is there to take its place.
 std::unique_ptr<MoviePick> MySaver::newPick(Purpose purpose)
 {
+    const int played = m_played.value_or(m_playlist.curIdx());
     return m_sequencer.newNextMovie(
-        !m_saverInited, m_resumePoint.movieName(),
+        m_saverInited ? std::optional(played) : std::nullopt, m_resumePoint.movieName(),
         {.waitsForServers = purpose == Purpose::Retry, .wake = [this] { advanceSearch(); }});
 }
 
@@ -52,13 +54,19 @@ void MySaver::advanceSearch()
 void MySaver::found(Purpose purpose)
 {
     m_saverInited = true;
-    m_retries.end();
     setAnimationTimeInterval(movieInterval);
     if (purpose == Purpose::Next || purpose == Purpose::Replace)
         loopWhatIsAlone();
     else
-        m_played.reset();
+        beginAnew();
     if (isAnimating()) startMovie();
+}
+
+// Nothing played before this movie.
+void MySaver::beginAnew()
+{
+    m_played.reset();
+    if (m_flyTime) m_flyTime = m_services.desktop.clock().now();
 }
 
 void MySaver::foundNothing(Purpose purpose)
@@ -70,7 +78,7 @@ void MySaver::foundNothing(Purpose purpose)
         return startMovie();
     case Purpose::Start:
         dropMovieFrame();
-        showSign(signForStart());
+        if (!m_sign.isShown()) showSign(signForStart());
         break;
     case Purpose::Restart:
         fallBackToSign(m_services.signs.previewImage());
@@ -103,13 +111,14 @@ void MySaver::retry()
 bool MySaver::replaceBrokenMovie()
 {
     const auto movie = m_movieView->movie();
+    if (!movie || movie->layer().hasPicture()) m_retries.end();
     if (!movie || movie->state() == QTMovie::State::Loading) return false;
     if (movie->state() == QTMovie::State::Loaded) {
         m_played.reset();
         m_resumePoint.goTo(*movie);
         return false;
     }
-    m_sequencer.entries().recordFailure(movie->url());
+    m_sequencer.entries().recordLateFailure(movie->url());
     beginSearch(Purpose::Replace);
     return true;
 }

@@ -20,7 +20,7 @@ void MySaver::animateOneFrame()
 {
     m_piggyBack.watchForClose();
     if (isPaused()) return;
-    if (!m_search && m_retries.isDue(m_services.desktop.clock().now())) retry();
+    if (!m_search && !m_movieView && m_retries.isDue(m_services.desktop.clock().now())) retry();
     if (m_search) return tickWhileSearching();
     if (!m_movieView) return moveSign();
     m_trail.age();
@@ -34,9 +34,15 @@ void MySaver::animateOneFrame()
 void MySaver::tickWhileSearching()
 {
     advanceSearch();
-    if (m_search && !m_movieView && !m_sign.isShown() && m_search->isLong(m_services.desktop.clock().now()))
-        showSign(signForStart());
+    if (m_search && m_search->isLong(m_services.desktop.clock().now())) showSignInLongSearch();
     if (!m_movieView) moveSign();
+}
+
+// Where there is nothing to look at meanwhile: no movie yet, or one that broke off.
+void MySaver::showSignInLongSearch()
+{
+    if (m_search->purpose() == MovieSearch::Purpose::Replace) dropMovieFrame();
+    if (!m_movieView && !m_sign.isShown()) showSign(signForStart());
 }
 
 void MySaver::moveMovie()

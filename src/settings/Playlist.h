@@ -52,6 +52,7 @@ public:
     /// Absolute URL strings of entries that could not be opened; trailers among them are not expanded again.
     [[nodiscard]] const QSet<QString>& failedURLList() const { return m_failedURLList; }
     void addFailedURL(const QUrl& url);
+    void forgetFailedURLs() { m_failedURLList.clear(); }
 
 private:
     [[nodiscard]] QList<QUrl> storedPaths(const QVariantList& stored) const;

@@ -13,7 +13,7 @@ protected:
 
     std::unique_ptr<MoviePick> pick(bool waitsForServers = false)
     {
-        return sequencer.newNextMovie(true, {}, {.waitsForServers = waitsForServers, .wake = {}});
+        return sequencer.newNextMovie({}, {}, {.waitsForServers = waitsForServers, .wake = {}});
     }
     static QString nameOf(const MovieContent& content)
     {

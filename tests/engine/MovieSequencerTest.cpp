@@ -24,15 +24,15 @@ protected:
         if (const auto* url = std::get_if<QUrl>(&content)) return url->fileName();
         return {};
     }
-    static MovieContent content(MovieSequencer& sequencer, bool isFirst = false,
-                                const std::optional<QString>& resumed = {})
+    MovieContent content(MovieSequencer& sequencer, bool isFirst = false,
+                         const std::optional<QString>& resumed = {})
     {
-        const auto pick = sequencer.newNextMovie(isFirst, resumed, {});
+        const auto played = isFirst ? std::nullopt : std::optional(playlist.curIdx());
+        const auto pick = sequencer.newNextMovie(played, resumed, {});
         EXPECT_NE(pick->step(), MoviePick::State::Searching);
         return pick->takeContent();
     }
-    static QString pick(MovieSequencer& sequencer, bool isFirst = false,
-                        const std::optional<QString>& resumed = {})
+    QString pick(MovieSequencer& sequencer, bool isFirst = false, const std::optional<QString>& resumed = {})
     {
         return nameOf(content(sequencer, isFirst, resumed));
     }

@@ -151,6 +151,55 @@ TEST_F(MySaverFailuresTest, trailersThatFail_leaveTheOneGoodMoviePlaying)
     EXPECT_TRUE(comesToPlay(saver, "good.mov", 3));
 }
 
+TEST_F(MySaverFailuresTest, trailersAlone_playAgain_whenTheirServerIsBack)
+{
+    trailers.trailers = {urlOf("t1.mov"), urlOf("t2.mov")};
+    for (const QUrl& url : trailers.trailers)
+        describe(url.fileName(), dead);
+    set("FileList", QVariantList{"auto://LatestTrailers/6/480"});
+    auto& saver = started();
+    tickFor(saver, 10);
+    EXPECT_TRUE(saver.snapshot().sign);
+    for (const QUrl& url : trailers.trailers)
+        describe(url.fileName(), {.seconds = 100});
+    EXPECT_TRUE(comesToPlay(saver, "t1.mov", 3));
+    EXPECT_EQ(logged("Failed to load movie:http://m/t1.mov"), 1);
+}
+
+TEST_F(MySaverFailuresTest, fileThatOpensAndBreaksOffAtOnce_givesWayToTheSign_andIsTriedLessAndLess)
+{
+    QFile file(home.filePath(QStringLiteral("broken.mov")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const QString url = QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded);
+    movies.describe(url, {.seconds = 0, .breaksOffAfter = 0});
+    setPlaylist({url});
+    auto& saver = started();
+    EXPECT_TRUE(comesTrue([&] { return saver.snapshot().sign.has_value(); }));
+    tickFor(saver, 70);
+    EXPECT_TRUE(saver.snapshot().sign);
+    const auto tries = movies.tried().size();
+    EXPECT_LE(tries, 62U);
+    tickFor(saver, 100);
+    EXPECT_LE(movies.tried().size(), tries + 4);
+}
+
+TEST_F(MySaverFailuresTest, lateFailure_leavesTheOtherGoodMoviesInTheRound_inRandomOrder)
+{
+    for (int seed = 0; seed < 20; ++seed) {
+        random = SeededRandom(static_cast<unsigned>(seed));
+        set("RandomMode", "1");
+        setPlaylist({"a.mov", "b.mov", "x.mov"});
+        describe("a.mov", {.seconds = 2});
+        describe("b.mov", {.seconds = 2});
+        describe("x.mov", dead);
+        auto& saver = started();
+        EXPECT_TRUE(comesToPlay(saver, "a.mov", 30)) << seed;
+        EXPECT_TRUE(comesToPlay(saver, "b.mov", 30)) << seed;
+        EXPECT_TRUE(comesToPlay(saver, "a.mov", 30)) << seed;
+        saver.stopAnimation();
+    }
+}
+
 TEST_F(MySaverFailuresTest, oneGoodMovieAmongDeadOnes_neverGivesWayToTheSign_inRandomOrder)
 {
     set("RandomMode", "1");

@@ -89,6 +89,7 @@ private:
         Height,
         Duration,
         LaterDuration,
+        ReadAhead,
         BytesRead,
         BytesInAll,
         Move
@@ -135,6 +136,7 @@ private:
     void orderSeek();
     void arrive();
     void watchProgress();
+    void handleReadAhead(bool isDone);
     void noteProgress();
     void endStall();
     [[nodiscard]] bool isStalling() const;

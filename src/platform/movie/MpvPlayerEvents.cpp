@@ -147,6 +147,8 @@ void MpvPlayer::handleReply(const mpv_event& event)
     case BytesInAll:
         m_source.length = number;
         return;
+    case ReadAhead:
+        return handleReadAhead(valueOf(event, MPV_FORMAT_FLAG, 1) != 0);
     case Move:
         if (event.error >= 0) return m_state.accepted(move);
         if (m_state.refused(move)) arrive();
@@ -216,6 +218,13 @@ bool MpvPlayer::isStalling() const
     return m_state.isGoing() && (m_isIdle || !isRemote());
 }
 
+/// A picture may stand for long; only where mpv still waits for the disk meanwhile it has stalled.
+void MpvPlayer::handleReadAhead(bool isDone)
+{
+    if (isDone) return noteProgress();
+    if (isStalling()) fail();
+}
+
 /// Of a file mpv does not tell that it waits for its disk; but it tells of no new picture then.
 void MpvPlayer::noteProgress()
 {
@@ -236,7 +245,9 @@ void MpvPlayer::endStall()
 {
     const QPointer<MpvPlayer> self(this);
     drain();
-    if (self && isStalling() && !m_stallTimer.isActive()) fail();
+    if (!self || !isStalling() || m_stallTimer.isActive()) return;
+    if (isRemote()) return fail();
+    m_handle->ask(ReadAhead, "demuxer-cache-idle", MPV_FORMAT_FLAG);
 }
 
 /// A remote movie that comes to its end without a picture (its index at the end of the file, say, on a server
