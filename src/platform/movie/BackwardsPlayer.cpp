@@ -25,6 +25,7 @@ BackwardsPlayer::BackwardsPlayer(const BackwardsSetup& setup, BackwardsListener&
     , m_timers(timers)
     , m_memory(std::make_shared<PictureMemory>(setup.mostBytes))
     , m_scaler(std::make_unique<StillScaler>())
+    , m_longestWait(3 * std::chrono::duration<double>(setup.longestRead).count())
 {
     startWorker(setup);
 }
@@ -143,11 +144,14 @@ void BackwardsPlayer::step()
     if (m_plays) schedule();
 }
 
-/// Its clock stands meanwhile.
+/// Its clock stands meanwhile. A disk that never answers holds the worker for ever.
 void BackwardsPlayer::wait()
 {
     m_since = here();
     m_isLate = true;
+    if (!m_plays) return;
+    m_timer = m_timers.repeating(m_longestWait,
+                                 [this] { fail(QStringLiteral("its pictures do not come any more")); });
 }
 
 void BackwardsPlayer::show(KeptPicture picture)
@@ -169,6 +173,7 @@ void BackwardsPlayer::comeToBeginning()
 
 void BackwardsPlayer::fail(const QString& reason)
 {
+    m_timer.reset();
     pause();
     m_isLate = true;
     m_listener.backwardsFailed(reason);

@@ -91,7 +91,8 @@ private:
     const std::shared_ptr<PictureMemory> m_memory;
     const std::unique_ptr<StillScaler> m_scaler;
     std::shared_ptr<BackwardsWorker> m_worker;
-    std::thread m_thread; ///< runs the worker
+    std::thread m_thread;       ///< runs the worker
+    const double m_longestWait; ///< for a picture, while it plays
     std::unique_ptr<Timer> m_timer;
     std::unique_ptr<KeptPicture> m_current; ///< the one that shows
     double m_position = 0;

@@ -326,6 +326,19 @@ TEST_F(RemoteBackwards, saysSo_whenTheServerSaysNothing)
     EXPECT_FALSE(waitForPicture());
 }
 
+TEST_F(RemoteBackwards, saysSo_whenAReadNeverComesBack)
+{
+    openRemote("silent", std::chrono::hours(1));
+    m_player->prepare(2);
+    m_player->play();
+    EXPECT_TRUE(waitUntil([this] {
+        m_timers.advance(60);
+        return !m_reason.isEmpty();
+    }));
+    EXPECT_GE(m_clock.now(), 3 * 3600);
+    EXPECT_EQ(m_reason, "its pictures do not come any more");
+}
+
 TEST_F(RemoteBackwards, mayBeLetGoOf_whileTheServerSaysNothing)
 {
     finishMovieTeardown();
