@@ -299,7 +299,7 @@ class SlideShow(BackgroundTest):
         self.stop(self.showing())
         self.assertEqual(self.preferences.read(), self.original)
 
-    def test_the_folder_is_put_back_after_a_kill_by_a_run_without_it(self):
+    def test_a_run_without_it_leaves_the_folder_to_the_next_with_it_after_a_kill(self):
         process = self.showing()
         process.kill()
         process.wait()
@@ -307,6 +307,9 @@ class SlideShow(BackgroundTest):
         process = self.start()
         self.until(process, self.shows_movie, "the movie")
         self.stop(process)
+        self.assertEqual(self.preferences.read()["SlideFolder"], str(self.pictures))
+        self.play(self.bundle)
+        self.stop(self.showing())
         self.assertEqual(self.preferences.read(), self.original)
 
 
