@@ -16,8 +16,7 @@ public:
     /// What shows the saver; goes with this.
     [[nodiscard]] virtual QWidget& widget() = 0;
 
-    /// Makes the saver, calls `made`, and runs it, which may take as long as it looks for a movie. Answers
-    /// false when it cannot be made. Once; lets events through meanwhile.
+    /// Makes the saver, calls `made`, and runs it. Answers false when it cannot be made. Once.
     [[nodiscard]] virtual bool start(const std::function<void()>& made) = 0;
     [[nodiscard]] virtual bool isRunning() const = 0;
 

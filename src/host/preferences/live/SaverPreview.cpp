@@ -57,8 +57,7 @@ void SaverPreview::apply()
     if (mayRun == isRunning()) return;
     if (!mayRun) return halt();
     m_hosted = std::make_shared<HostedSaver>(m_surface->screen(), m_view, nullptr);
-    const auto hosted = m_hosted; // it may be paused while it starts
-    hosted->start();
+    m_hosted->start();
 }
 
 /// A view that is stopped lets its movie run on, which would be decoded for nobody; started again, it has the

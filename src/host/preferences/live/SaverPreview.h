@@ -29,7 +29,7 @@ public:
                           const SurfaceServices& services = SurfaceServices::real());
     ~SaverPreview() override;
 
-    /// Makes the view and runs it; answers false when there is none. Once; lets events through meanwhile.
+    /// Makes the view and runs it; answers false when there is none. Once.
     [[nodiscard]] bool start();
     /// The saver runs while nothing keeps it from it; it goes on where it was.
     void setPaused(Preview::Pause reason, bool paused);
