@@ -3,6 +3,7 @@
 #include "config_ui/EntryFacts.h"
 #include "platform/base/FileURL.h"
 #include "platform/base/StoredValue.h"
+#include "platform/base/URLKind.h"
 #include "settings/MovieURL.h"
 
 #include <QDir>
@@ -14,11 +15,6 @@
 namespace kestro {
 
 namespace {
-
-bool isWebContent(const QUrl& url)
-{
-    return upperCasePathExtension(url) == u"SWF";
-}
 
 /// The two numbers that end an automatic entry's path; none where it has fewer parts.
 QStringList numbersOf(const QUrl& url)
@@ -43,7 +39,7 @@ constexpr std::array foundReasons{
 
 bool EntryText::hasMovie(const QUrl& url)
 {
-    return !isAutomaticEntry(url) && !isWebContent(url) && isValidURL(url);
+    return !isAutomaticEntry(url) && !namesWebContent(url) && isValidURL(url);
 }
 
 QString EntryText::name(const PlaylistEntry& entry)
@@ -70,7 +66,7 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
         return tr("Cannot be opened: %1").arg(reason(facts->fault));
     const auto folder = localPath(url.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash));
     const QString place = folder.value_or(url.host());
-    return isWebContent(url) ? tr("Web content, %1").arg(place) : QDir::toNativeSeparators(place);
+    return namesWebContent(url) ? tr("Web content, %1").arg(place) : QDir::toNativeSeparators(place);
 }
 
 QString EntryText::reason(const QString& fault)

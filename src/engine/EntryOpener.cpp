@@ -2,6 +2,7 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
+#include "platform/base/URLKind.h"
 #include "platform/movie/MovieLibrary.h"
 #include "platform/movie/QTMovie.h"
 #include "platform/movie/StillMovie.h"
@@ -27,7 +28,7 @@ EntryOpener::EntryOpener(EntrySources sources)
 MovieContent EntryOpener::open(const QUrl& url)
 {
     if (!isValidURL(url) || isResting(url)) return {};
-    const bool isWebContent = upperCasePathExtension(url) == u"SWF";
+    const bool isWebContent = namesWebContent(url);
     if (isWebContent && m_sources.playsWebContent()) return url;
 
     if (auto movie = isWebContent ? nullptr : m_sources.movies.movieWithURL(url)) return movie;

@@ -1,5 +1,6 @@
 #include "engine/EntryOrder.h"
 
+#include "platform/base/URLKind.h"
 #include "platform/saver/ScreenSaverFunctions.h"
 #include "settings/MovieURL.h"
 #include "settings/Playlist.h"

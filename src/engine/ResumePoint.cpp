@@ -2,6 +2,7 @@
 
 #include "platform/base/Log.h"
 #include "platform/base/StoredValue.h"
+#include "platform/base/URLKind.h"
 #include "platform/movie/QTMovie.h"
 #include "settings/MovieURL.h"
 #include "settings/Settings.h"

@@ -1,5 +1,7 @@
 #include "settings/MovieURL.h"
 
+#include "platform/base/URLKind.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -25,23 +27,6 @@ bool isValidURL(const QUrl& url)
 {
     return std::find(noMovieExtensions.begin(), noMovieExtensions.end(), upperCasePathExtension(url)) ==
            noMovieExtensions.end();
-}
-
-QString upperCasePathExtension(const QUrl& url)
-{
-    const QString name = lastPathComponent(url);
-    const qsizetype point = name.lastIndexOf(u'.');
-    // A point at the start hides a file; what follows it is the name.
-    return point <= 0 ? QString() : name.sliced(point + 1).toUpper();
-}
-
-QString lastPathComponent(const QUrl& url)
-{
-    const QString decoded = url.path(QUrl::FullyDecoded);
-    QStringView path = decoded;
-    while (path.endsWith(u'/'))
-        path.chop(1);
-    return path.sliced(path.lastIndexOf(u'/') + 1).toString();
 }
 
 bool isAutomaticEntry(const QUrl& url)

@@ -9,12 +9,6 @@ namespace kestro {
 /// ASP, JSP, PL, WOA, PHP; true for any other and for none.
 [[nodiscard]] bool isValidURL(const QUrl& url);
 
-/// The extension of the URL's path in upper case; empty for none.
-[[nodiscard]] QString upperCasePathExtension(const QUrl& url);
-
-/// The last component of the URL's path, percent escapes decoded; empty when it has none.
-[[nodiscard]] QString lastPathComponent(const QUrl& url);
-
 /// Whether a playlist entry stands for the newest trailers: auto://LatestTrailers/N/W.
 [[nodiscard]] bool isAutomaticEntry(const QUrl& url);
 

@@ -46,35 +46,6 @@ TEST(MovieURL, isValidURL_isTrue_forAnythingElse)
         EXPECT_TRUE(isValidURL(urlOf(url))) << url;
 }
 
-TEST(MovieURL, upperCasePathExtension_isWhatFollowsTheLastPointOfTheName)
-{
-    for (const Case& c : std::vector<Case>{{"http://h/a.swf", "SWF"},
-                                           {"http://h/a.tar.Gz", "GZ"},
-                                           {"http://h/a", ""},
-                                           {"http://h/a.", ""},
-                                           {"http://h/.hidden", ""},
-                                           {"http://h/a.b/c", ""},
-                                           {"http://h/a.b/", "B"},
-                                           {"http://h", ""},
-                                           {"http://h/a.swf?b=c.mov", "SWF"},
-                                           {"http://h/a.m%6fv", "MOV"}})
-        EXPECT_EQ(upperCasePathExtension(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
-}
-
-TEST(MovieURL, lastPathComponent_isDecoded)
-{
-    for (const Case& c : std::vector<Case>{{"http://h/a/b.mov", "b.mov"},
-                                           {"http://h/a/My%20Film%20%C3%BC.mov", "My Film ü.mov"},
-                                           {"http://h/a/100%25.mov", "100%.mov"},
-                                           {"http://h/a/b/", "b"},
-                                           {"http://h/", ""},
-                                           {"http://h", ""},
-                                           {"", ""},
-                                           {"http://h/a.mov?x=/y#/z", "a.mov"},
-                                           {"file:///Films/a.mov", "a.mov"}})
-        EXPECT_EQ(lastPathComponent(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
-}
-
 TEST(MovieURL, isAutomaticEntry_isTold_byTheSchemeAlone)
 {
     for (const char* url : {"auto://LatestTrailers/6/480", "auto://Anything/3/640", "auto:", "AUTO://x/1/2"})

@@ -1,6 +1,6 @@
 #include "platform/plist/BinaryPropertyList.h"
 
-#include "platform/plist/PropertyListLimits.h"
+#include "platform/base/Bounds.h"
 
 #include <QDateTime>
 #include <QTimeZone>
@@ -22,7 +22,7 @@ constexpr qsizetype trailerSize = 32;
 constexpr qint64 costOfValue = 64;
 constexpr qint64 unfoldedOfAnyFile = qint64{4} * 1024 * 1024;
 constexpr qint64 unfoldedPerByte = costOfValue;
-constexpr qint64 largestUnfolded = 4 * largestPropertyList;
+constexpr qint64 largestUnfolded = 4 * Bounds::propertyListBytes;
 
 qint64 unfoldedSizeAllowed(qint64 fileSize)
 {
@@ -174,7 +174,7 @@ private:
     std::optional<QVariant> array(qsizetype place, int level)
     {
         const auto span = spanAt(place, m_referenceSize);
-        if (!span || level > deepestPropertyList) return {};
+        if (!span || level > Bounds::propertyListDepth) return {};
         QVariantList found;
         for (qsizetype at = 0; at < span->count; ++at) {
             auto element = object(reference(*span, at), level + 1);
@@ -188,7 +188,7 @@ private:
     std::optional<QVariant> dictionary(qsizetype place, int level)
     {
         const auto span = spanAt(place, 2 * m_referenceSize);
-        if (!span || level > deepestPropertyList) return {};
+        if (!span || level > Bounds::propertyListDepth) return {};
         QVariantMap found;
         for (qsizetype at = 0; at < span->count; ++at) {
             const auto key = object(reference(*span, at), level + 1);

@@ -1,6 +1,6 @@
 #include "platform/plist/PlainXmlPropertyList.h"
 
-#include "platform/plist/PropertyListLimits.h"
+#include "platform/base/Bounds.h"
 #include "platform/plist/XmlPropertyListScalar.h"
 
 #include <QStringDecoder>
@@ -79,8 +79,8 @@ private:
     QVariant value(int level)
     {
         if (takeTag("<string>")) return text("</string>");
-        if (takeTag("<dict")) return level > deepestPropertyList ? unusual() : dictionary(level);
-        if (takeTag("<array")) return level > deepestPropertyList ? unusual() : array(level);
+        if (takeTag("<dict")) return level > Bounds::propertyListDepth ? unusual() : dictionary(level);
+        if (takeTag("<array")) return level > Bounds::propertyListDepth ? unusual() : array(level);
         if (takeTag("<true/>")) return true;
         if (takeTag("<false/>")) return false;
         for (const auto& [kind, begin, end] : rareScalars)

@@ -1,8 +1,8 @@
 #include "platform/plist/PropertyList.h"
 
+#include "platform/base/Bounds.h"
 #include "platform/plist/BinaryPropertyList.h"
 #include "platform/plist/PropertyListFile.h"
-#include "platform/plist/PropertyListLimits.h"
 #include "platform/plist/XmlPropertyList.h"
 
 namespace kestro {
@@ -24,7 +24,7 @@ std::optional<QVariantMap> readPropertyListDictionary(const QString& path)
 bool writePropertyList(const QString& path, const QVariant& root)
 {
     const auto bytes = xmlPropertyList(root);
-    return bytes && bytes->size() <= largestPropertyList && replacePropertyListFile(path, *bytes);
+    return bytes && bytes->size() <= Bounds::propertyListBytes && replacePropertyListFile(path, *bytes);
 }
 
 } // namespace kestro

@@ -1,6 +1,6 @@
 #include "platform/plist/PropertyListFile.h"
 
-#include "platform/plist/PropertyListLimits.h"
+#include "platform/base/Bounds.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,7 +18,7 @@ namespace {
 bool isRegularAndNotTooLarge(int file)
 {
     struct stat found = {};
-    return fstat(file, &found) == 0 && S_ISREG(found.st_mode) && found.st_size <= largestPropertyList;
+    return fstat(file, &found) == 0 && S_ISREG(found.st_mode) && found.st_size <= Bounds::propertyListBytes;
 }
 
 // As many as the kernel follows.

@@ -1,5 +1,5 @@
+#include "platform/base/Bounds.h"
 #include "platform/plist/PlainXmlPropertyList.h"
-#include "platform/plist/PropertyListLimits.h"
 #include "platform/plist/XmlPropertyList.h"
 #include "platform/plist/XmlPropertyListScalar.h"
 
@@ -43,7 +43,7 @@ private:
     {
         const QStringView kind = m_xml.name();
         if (kind == "dict"_L1 || kind == "array"_L1) {
-            if (level > deepestPropertyList) return fault(u"nested too deep"_s);
+            if (level > Bounds::propertyListDepth) return fault(u"nested too deep"_s);
             return kind == "dict"_L1 ? dictionary(level) : array(level);
         }
         return scalar(kind.toString());

@@ -1,4 +1,4 @@
-#include "platform/plist/PropertyListLimits.h"
+#include "platform/base/Bounds.h"
 #include "platform/plist/XmlPropertyList.h"
 
 #include <QDateTime>
@@ -90,7 +90,7 @@ private:
 
     bool dictionary(const QVariantMap& entries, int level)
     {
-        if (level > deepestPropertyList) return false;
+        if (level > Bounds::propertyListDepth) return false;
         if (entries.isEmpty()) return line(level, "<dict/>");
         line(level, "<dict>");
         for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
@@ -101,7 +101,7 @@ private:
 
     bool array(const QVariantList& values, int level)
     {
-        if (level > deepestPropertyList) return false;
+        if (level > Bounds::propertyListDepth) return false;
         if (values.isEmpty()) return line(level, "<array/>");
         line(level, "<array>");
         const auto isWritten = [&](const QVariant& element) { return value(element, level + 1); };

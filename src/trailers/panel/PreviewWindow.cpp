@@ -1,9 +1,9 @@
 #include "trailers/panel/PreviewWindow.h"
 
+#include "platform/base/URLKind.h"
 #include "platform/movie/MovieLibrary.h"
 #include "platform/movie/NSMovie.h"
 #include "platform/movie/QTMovie.h"
-#include "settings/MovieURL.h"
 #include "trailers/panel/MovieFit.h"
 #include "widgets/ControllerBar.h"
 #include "widgets/MoviePreview.h"

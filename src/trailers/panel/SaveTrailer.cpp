@@ -1,7 +1,7 @@
 #include "trailers/panel/SaveTrailer.h"
 
 #include "platform/base/Log.h"
-#include "settings/MovieURL.h"
+#include "platform/base/URLKind.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>

@@ -1,6 +1,7 @@
 #include "trailers/panel/TrailerDownload.h"
 
 #include "platform/base/Log.h"
+#include "platform/base/URLKind.h"
 #include "platform/network/CurlFetch.h"
 #include "settings/MovieURL.h"
 
