@@ -13,4 +13,8 @@ namespace kestro::Bounds {
 inline constexpr qint64 propertyListBytes = 64LL * 1024 * 1024;
 inline constexpr int propertyListDepth = 256; ///< containers in containers; the root is at level 1
 
+// The log.
+inline constexpr qsizetype shownURLCharacters = 200; ///< of a URL that people see; the middle is left out
+inline constexpr qsizetype logLineCharacters = 4096; ///< of one line; the rest is left out
+
 } // namespace kestro::Bounds

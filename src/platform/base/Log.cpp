@@ -1,5 +1,8 @@
 #include "platform/base/Log.h"
 
+#include "platform/base/Bounds.h"
+#include "platform/base/ShownURL.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <mutex>
@@ -24,12 +27,47 @@ Output& output()
     return only;
 }
 
-// What is logged holds names from files and pages; none of them may look like a line of its own.
-QByteArray oneLine(QString line)
+bool breaksLine(QChar c)
 {
+    const QChar::Category category = c.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line ||
+           category == QChar::Separator_Paragraph;
+}
+
+bool turnsText(QChar c)
+{
+    switch (c.direction()) {
+    case QChar::DirLRE:
+    case QChar::DirLRO:
+    case QChar::DirRLE:
+    case QChar::DirRLO:
+    case QChar::DirPDF:
+    case QChar::DirLRI:
+    case QChar::DirRLI:
+    case QChar::DirFSI:
+    case QChar::DirPDI:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// At a blank, so that no URL is cut: half a one may no longer look like what it is.
+QString cut(const QString& line)
+{
+    constexpr qsizetype most = Bounds::logLineCharacters;
+    if (line.size() <= most) return line;
+    const qsizetype blank = line.lastIndexOf(u' ', most - 1);
+    return line.first(blank > 0 ? blank : most - 1) + QChar(u'…');
+}
+
+// What is logged holds names from files and pages; none of them may look like a line of its own.
+QString plain(const QString& line)
+{
+    QString shown = withoutSecrets(cut(line));
     std::replace_if(
-        line.begin(), line.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(u' '));
-    return line.toUtf8() + '\n';
+        shown.begin(), shown.end(), [](QChar c) { return breaksLine(c) || turnsText(c); }, QChar(u' '));
+    return shown;
 }
 
 void writeToStandardError(const QByteArray& bytes)
@@ -49,11 +87,12 @@ void writeToStandardError(const QByteArray& bytes)
 
 void logLine(const QString& line)
 {
+    const QString shown = plain(line);
     const std::lock_guard guard(output().mutex);
     if (output().sink)
-        output().sink(line);
+        output().sink(shown);
     else
-        writeToStandardError(oneLine(line));
+        writeToStandardError(shown.toUtf8() + '\n');
 }
 
 LogCapture::LogCapture(Sink sink)

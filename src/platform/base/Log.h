@@ -6,7 +6,9 @@
 
 namespace kestro {
 
-/// Writes one plain line to standard error, or to the sink that is set. Any thread.
+/// Writes one plain line to standard error, or to the sink that is set. Any thread. No URL in it shows what
+/// lets others in (withoutSecrets()), and nothing in it looks like the end of a line or turns the direction
+/// of the text; what is longer than Bounds::logLineCharacters is cut.
 void logLine(const QString& line);
 
 /// Sends the lines of its life time to a function of ours instead of standard error, and gives back the sink

@@ -24,6 +24,29 @@ TEST(Log, logLine_staysOneLine_whenTextHoldsControlCharacters)
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "a b c [2Jd\n");
 }
 
+TEST(Log, logLine_staysOneLineOfOneDirection_whenTextHoldsOtherSeparators)
+{
+    testing::internal::CaptureStderr();
+    logLine(QStringLiteral("a\u2028b\u2029c\u202Ed\u2066e\u0085f\u0639"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "a b c d e f\u0639\n");
+}
+
+TEST(Log, logLine_showsNoSecretOfAURL_whoeverLogsIt)
+{
+    testing::internal::CaptureStderr();
+    logLine(QStringLiteral("Failed: http://me:pw@h/x?tok=1"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Failed: http://h/x?…\n");
+}
+
+TEST(Log, logLine_isCutAtABlank_whenTooLong)
+{
+    QStringList seen;
+    const LogCapture capture([&seen](const QString& line) { seen.append(line); });
+    logLine(QString(4000, u'a') + u' ' + QString(4000, u'b'));
+    logLine(QString(5000, u'c'));
+    EXPECT_EQ(seen, (QStringList{QString(4000, u'a') + QChar(u'…'), QString(4095, u'c') + QChar(u'…')}));
+}
+
 TEST(Log, logLine_keepsLinesWhole_whenThreadsLogAtOnce)
 {
     constexpr int linesPerThread = 200;
