@@ -1,6 +1,8 @@
 #include "platform/base/Log.h"
 
 #include "platform/base/Bounds.h"
+#include "platform/base/Clock.h"
+#include "platform/base/RepeatedLines.h"
 #include "platform/base/ShownURL.h"
 
 #include <algorithm>
@@ -18,6 +20,7 @@ struct Output {
     // back.
     std::recursive_mutex mutex;
     LogCapture::Sink sink;
+    RepeatedLines repeated; // of what goes to standard error
 };
 
 // Never destroyed: threads may log until the process is gone.
@@ -92,7 +95,8 @@ void logLine(const QString& line)
     if (output().sink)
         output().sink(shown);
     else
-        writeToStandardError(shown.toUtf8() + '\n');
+        for (const QString& written : output().repeated.take(shown, SystemClock().now()))
+            writeToStandardError(written.toUtf8() + '\n');
 }
 
 LogCapture::LogCapture(Sink sink)
