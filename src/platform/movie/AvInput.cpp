@@ -1,12 +1,18 @@
 #include "platform/movie/AvInput.h"
 
+#include "platform/base/Bounds.h"
 #include "platform/base/FileURL.h"
+#include "platform/base/Log.h"
+#include "platform/base/ShownURL.h"
 #include "platform/movie/AvFormat.h"
+#include "platform/movie/DecoderMemory.h"
+#include "platform/movie/MovieFacts.h"
 
 #include <QFile>
 #include <QUrl>
 
 #include <cmath>
+#include <vector>
 
 namespace kestro {
 
@@ -60,16 +66,34 @@ static AVDictionary* openingOptions(bool local)
     AVDictionary* options = nullptr;
     av_dict_set(&options, "protocol_whitelist", movieProtocols(local).constData(), 0);
     av_dict_set(&options, "format_whitelist", movieContainers(local).constData(), 0);
+    av_dict_set_int(&options, "probesize", Bounds::probeBytes, 0);
+    av_dict_set_int(&options, "analyzeduration", qint64{Bounds::probeSeconds} * AV_TIME_BASE, 0);
+    av_dict_set_int(&options, "max_streams", Bounds::probeStreams, 0);
     return options;
 }
 
 Result<std::unique_ptr<AvInput>> AvInput::open(const QUrl& url, AvInterrupt& interrupt)
 {
     av_log_set_level(AV_LOG_QUIET); // what fails is reported by those who asked for it
+    boundAllocations();
     auto input = std::unique_ptr<AvInput>(new AvInput);
     const QString reason = input->openStreams(url, interrupt);
     if (!reason.isEmpty()) return Error{reason};
     return input;
+}
+
+/// Finding out may take decoding a few pictures of each stream.
+static int findStreamInfo(AVFormatContext& context)
+{
+    const qint64 mostPixels = qint64{Bounds::movieSide} * Bounds::movieSide;
+    const unsigned count = context.nb_streams;
+    std::vector<AVDictionary*> options(count, nullptr);
+    for (AVDictionary*& ofStream : options)
+        av_dict_set_int(&ofStream, "max_pixels", mostPixels, 0);
+    const int found = avformat_find_stream_info(&context, options.data());
+    for (AVDictionary*& ofStream : options)
+        av_dict_free(&ofStream);
+    return found;
 }
 
 QString AvInput::openStreams(const QUrl& url, AvInterrupt& interrupt)
@@ -86,8 +110,12 @@ QString AvInput::openStreams(const QUrl& url, AvInterrupt& interrupt)
     const int opened = avformat_open_input(&m_context, source.constData(), nullptr, &options);
     av_dict_free(&options);
     if (opened < 0) return errorText(opened);
-    const int found = avformat_find_stream_info(m_context, nullptr);
-    return found < 0 ? errorText(found) : chooseVideo();
+    const int found = findStreamInfo(*m_context);
+    const QString reason = found < 0 ? errorText(found) : chooseVideo();
+    if (!reason.isEmpty()) return reason;
+    const QString refusal = whyTooLarge(movieFacts(*this));
+    if (!refusal.isEmpty()) logLine(QStringLiteral("%1: %2").arg(shownURL(url), refusal));
+    return refusal;
 }
 
 static bool isMovingPicture(const AVFormatContext& context, const AVStream& stream)

@@ -1,5 +1,6 @@
 #include "platform/movie/DecoderThreads.h"
 
+#include "platform/movie/DecoderMemory.h"
 #include "platform/movie/MovieFacts.h"
 
 #include <algorithm>
@@ -17,7 +18,8 @@ int decoderThreads(const MovieFacts& facts, int cores)
     const double pixels = static_cast<double>(facts.codedWidth) * facts.codedHeight * facts.picturesPerSecond;
     const double work = pixels / pixelsOfOneThread * (facts.hasNewerCodec ? newerCodecWork : 1);
     const int most = std::clamp(cores, 1, mostThreads);
-    return static_cast<int>(std::clamp(std::ceil(work), 1.0, static_cast<double>(most)));
+    const double wished = std::clamp(std::ceil(work), 1.0, static_cast<double>(most));
+    return threadsThatFit(facts, static_cast<int>(wished));
 }
 
 int decoderThreadsOfUnknown(int cores)

@@ -1,6 +1,7 @@
 #include "platform/movie/FrameDecoder.h"
 
 #include "platform/movie/AvFormat.h"
+#include "platform/movie/DecoderMemory.h"
 #include "platform/movie/DecoderThreads.h"
 
 #include <QThread>
@@ -56,6 +57,7 @@ QString FrameDecoder::openCodec(Use use)
         return QStringLiteral("its decoder cannot be set up");
     m_codec->pkt_timebase = video->time_base;
     if (use == Use::Stills) m_codec->skip_loop_filter = AVDISCARD_NONREF; // no other frame is made of those
+    m_codec->max_pixels = mostPicturePixels(m_facts);
     m_codec->thread_count = decoderThreads(asFast, QThread::idealThreadCount());
     return avcodec_open2(m_codec.get(), codec, nullptr) >= 0 ? QString()
                                                              : QStringLiteral("its decoder cannot be opened");

@@ -2,6 +2,7 @@
 
 #include "platform/movie/AvFormat.h"
 #include "platform/movie/AvInput.h"
+#include "platform/movie/DecoderMemory.h"
 
 #include <cmath>
 
@@ -69,6 +70,12 @@ static bool isNewerCodec(AVCodecID codec)
     }
 }
 
+static int bitsPerPixelOf(const AVStream& stream)
+{
+    const auto* const format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(stream.codecpar->format));
+    return format ? av_get_padded_bits_per_pixel(format) : MovieFacts{}.bitsPerPixel;
+}
+
 MovieFacts movieFacts(const AvInput& input)
 {
     AVFormatContext* const context = input.context();
@@ -84,6 +91,9 @@ MovieFacts movieFacts(const AvInput& input)
         .picturesPerSecond = picturesPerSecondOf(*stream),
         .hasNewerCodec = isNewerCodec(stream->codecpar->codec_id),
         .hasSound = sound >= 0,
+        .bitsPerPixel = bitsPerPixelOf(*stream),
+        .keptPictures = keptPictures(stream->codecpar->codec_id,
+                                     qint64{stream->codecpar->width} * stream->codecpar->height),
     };
 }
 

@@ -17,6 +17,8 @@ struct MovieFacts {
     double picturesPerSecond = 30; ///< on average; a guess when unknown
     bool hasNewerCodec = false;    ///< newer than H.264, harder to decode
     bool hasSound = false;
+    int bitsPerPixel = 12; ///< of a decoded picture; a guess when unknown
+    int keptPictures = 0;  ///< that its decoder makes others of
 
     /// Whether turning it upright swaps its sides.
     [[nodiscard]] bool isOnItsSide() const { return rotation % 180 != 0; }

@@ -3,6 +3,7 @@
 #include "platform/base/Log.h"
 #include "platform/display/Layer.h"
 #include "platform/display/OpenGL.h"
+#include "platform/movie/DecoderMemory.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MpvRenderer.h"
 #include "platform/movie/OpenGLTeardown.h"
@@ -26,6 +27,7 @@ bool MpvHandle::start(const Options& options, std::shared_ptr<OpenGL> openGL)
 {
     setlocale(LC_NUMERIC,
               "C"); // mpv refuses to be made under another; the application object sets the user's
+    boundAllocations();
     m_handle = mpv_create();
     if (!m_handle) return false;
     for (const auto& [name, value] : options) {

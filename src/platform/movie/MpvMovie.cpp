@@ -1,5 +1,6 @@
 #include "platform/movie/MpvMovie.h"
 
+#include "platform/movie/DecoderMemory.h"
 #include "platform/movie/DecoderThreads.h"
 #include "platform/movie/MpvMovieLayer.h"
 #include "platform/movie/MpvStills.h"
@@ -44,6 +45,7 @@ bool MpvMovie::start(double at)
                                     .pictureSeconds = m_facts ? m_facts->pictureSeconds : 0,
                                     .rotation = m_facts ? m_facts->rotation : 0,
                                     .decoderThreads = threadsFor(m_facts),
+                                    .mostPicturePixels = mostPicturePixels(m_facts.value_or(MovieFacts())),
                                     .muted = m_muted,
                                     .volume = m_volume,
                                     .openGL = m_options.openGL.lock(),

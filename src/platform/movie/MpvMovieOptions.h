@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Bounds.h"
 #include "platform/movie/MovieProbe.h"
 
 #include <QByteArray>
@@ -19,7 +20,7 @@ struct MpvMovieOptions {
     std::function<Result<MovieFacts>(const QString& path)> probe = probeMovieOnAnyDisk;
     std::chrono::milliseconds longestProbe{2000};  ///< until a local movie whose disk does not answer fails
     std::chrono::milliseconds longestStall{15000}; ///< without progress until one that plays fails
-    int cacheBytes = 32 << 20; ///< read ahead of a remote movie; half as many are kept behind
+    int cacheBytes = Bounds::cacheBytes; ///< read ahead of a remote movie; half as many are kept behind
     QByteArray audioOutputs =
         "pipewire,pulse,alsa";         ///< tried in order; without any, sound is played to nothing
     std::weak_ptr<OpenGL> openGL = {}; ///< what the screens are drawn with, while there is any; else movies

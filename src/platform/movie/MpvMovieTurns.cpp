@@ -1,6 +1,7 @@
 // What a movie does at its two ends.
 
 #include "platform/base/Log.h"
+#include "platform/base/ShownURL.h"
 #include "platform/movie/MpvMovieLayer.h"
 
 #include <chrono>
@@ -158,7 +159,7 @@ void MpvMovie::backwardsFailed(const QString& reason)
 {
     m_cannotTurn = true;
     m_isNearTurn = false;
-    logLine(QStringLiteral("%1: loops instead of playing back and forth: %2").arg(m_url.toString(), reason));
+    logLine(QStringLiteral("%1: loops instead of playing back and forth: %2").arg(shownURL(m_url), reason));
     applyEndMode();
     if (!isBackwards()) return;
     const bool isPlaying = std::holds_alternative<Playing>(m_state);

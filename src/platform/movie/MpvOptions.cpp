@@ -1,5 +1,6 @@
 #include "platform/movie/MpvOptions.h"
 
+#include "platform/base/Bounds.h"
 #include "platform/display/OpenGL.h"
 #include "platform/movie/AvInput.h"
 #include "platform/movie/MpvPlayer.h"
@@ -27,6 +28,11 @@ QByteArray rotationFilter(int rotation)
     default:
         return {};
     }
+}
+
+QByteArray decoderBound(qint64 pixels)
+{
+    return "max_pixels=" + QByteArray::number(pixels);
 }
 
 QByteArray mpvVolume(double volume)
@@ -75,11 +81,14 @@ static MpvHandle::Options sourceOptions(bool local, const MpvMovieOptions& optio
 {
     const QByteArray protocols = "protocol_whitelist=" + quoted(movieProtocols(local));
     const QByteArray formats = "format_whitelist=" + quoted(movieContainers(local));
+    const QByteArray streams = "max_streams=" + QByteArray::number(Bounds::probeStreams);
     return {
         {"demuxer", "lavf"},
         {"load-unsafe-playlists", "no"},
         {"access-references", local ? "no" : "yes"},
-        {"demuxer-lavf-o", protocols + ',' + formats},
+        {"demuxer-lavf-o", protocols + ',' + formats + ',' + streams},
+        {"demuxer-lavf-probesize", QByteArray::number(Bounds::probeBytes)},
+        {"demuxer-lavf-analyzeduration", QByteArray::number(Bounds::probeSeconds)},
         {"stream-lavf-o", protocols},
         {"network-timeout", QByteArray::number(options.networkTimeout)},
         {"demuxer-max-bytes", QByteArray::number(options.cacheBytes)},
@@ -105,6 +114,7 @@ MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
          {pictureOptions(), decoderOptions(setup), sourceOptions(setup.url.isLocalFile(), setup.options)})
         options.insert(options.end(), group.begin(), group.end());
     options.emplace_back("vd-lavc-threads", QByteArray::number(setup.decoderThreads));
+    options.emplace_back("vd-lavc-o", decoderBound(setup.mostPicturePixels));
     options.emplace_back("vf", rotationFilter(setup.rotation));
     options.emplace_back("aid", setup.muted ? "no" : "auto");
     options.emplace_back("volume", mpvVolume(setup.volume));

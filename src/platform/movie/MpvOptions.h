@@ -2,6 +2,8 @@
 
 #include "platform/movie/MpvHandle.h"
 
+#include <QtGlobal>
+
 namespace kestro {
 
 struct MpvPlayerSetup;
@@ -11,6 +13,9 @@ struct MpvPlayerSetup;
 
 /// mpv's video filter that turns a picture by `rotation` degrees clockwise; empty for none.
 [[nodiscard]] QByteArray rotationFilter(int rotation);
+
+/// The option of libavcodec's decoders that has them refuse pictures of more than so many pixels.
+[[nodiscard]] QByteArray decoderBound(qint64 pixels);
 
 /// mpv's volume for a share of the recorded loudness, 0 … 1.
 [[nodiscard]] QByteArray mpvVolume(double volume);

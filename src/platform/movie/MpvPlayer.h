@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Bounds.h"
 #include "platform/display/Geometry.h"
 #include "platform/movie/MpvHandle.h"
 #include "platform/movie/MpvMovieOptions.h"
@@ -27,7 +28,8 @@ struct MpvPlayerSetup {
     double pictureSeconds = 0; ///< from one picture to the next, 0 when it varies
     int rotation = 0;          ///< degrees clockwise that turn it upright; a remote movie's is found out
     int decoderThreads = 1;
-    bool muted = false; ///< sound is not even decoded until unmuted
+    qint64 mostPicturePixels = Bounds::pixelsOfAnyStream; ///< a remote movie's is found out
+    bool muted = false;                                   ///< sound is not even decoded until unmuted
     double volume = 1;
     std::shared_ptr<OpenGL> openGL = {}; ///< to draw with; null for software
     std::shared_ptr<ShownPicture> shown; ///< is told what shows; never null
@@ -127,6 +129,7 @@ private:
     void handleRestart();
     void handleEnd(const mpv_event_end_file& end);
     void handleHook(const mpv_event_hook& hook);
+    void prepareFor(const MovieFacts& facts);
     void handleLog(const mpv_event_log_message& message);
     void askWhetherEnded();
     void reachEnd();

@@ -1,6 +1,8 @@
 // What a player hears from mpv.
 
 #include "platform/base/Log.h"
+#include "platform/base/ShownURL.h"
+#include "platform/movie/DecoderMemory.h"
 #include "platform/movie/MpvOptions.h"
 #include "platform/movie/MpvPlayer.h"
 #include "platform/movie/MpvTracks.h"
@@ -286,13 +288,26 @@ void MpvPlayer::fail()
 /// upright.
 void MpvPlayer::handleHook(const mpv_event_hook& hook)
 {
-    const int rotation = rotationOfMovingPicture(m_handle->raw());
-    if (rotation > 0) {
-        m_handle->set("hwdec", "no"); // the filter turns pictures in memory
-        m_handle->set("vf", rotationFilter(rotation));
-    }
+    const auto facts = factsOfMovingPicture(m_handle->raw());
+    const QString refusal = facts ? whyTooLarge(*facts) : QString();
+    if (!refusal.isEmpty()) logLine(QStringLiteral("%1: %2").arg(shownURL(m_setup.url), refusal));
+    const bool isRefused = !facts || !refusal.isEmpty();
+    if (isRefused)
+        m_handle->set("vid", "no"); // nothing is decoded before the movie is stopped
+    else
+        prepareFor(*facts);
     mpv_hook_continue(m_handle->raw(), hook.id);
-    if (rotation < 0) fail();
+    if (isRefused) fail();
+}
+
+void MpvPlayer::prepareFor(const MovieFacts& facts)
+{
+    if (facts.rotation > 0) {
+        m_handle->set("hwdec", "no"); // the filter turns pictures in memory
+        m_handle->set("vf", rotationFilter(facts.rotation));
+    }
+    m_handle->set("vd-lavc-threads", QByteArray::number(threadsThatFit(facts, m_setup.decoderThreads)));
+    m_handle->set("vd-lavc-o", decoderBound(mostPicturePixels(facts)));
 }
 
 void MpvPlayer::handleLog(const mpv_event_log_message& message)
@@ -301,7 +316,7 @@ void MpvPlayer::handleLog(const mpv_event_log_message& message)
     if (source.startsWith(QLatin1String("ao"))) return; // no sound device is no fault of the movie
     if (++m_loggedLines > mostLoggedLines) return;
     logLine(QStringLiteral("%1: %2: %3")
-                .arg(m_setup.url.toString(), source, QString::fromUtf8(message.text).trimmed()));
+                .arg(shownURL(m_setup.url), source, QString::fromUtf8(message.text).trimmed()));
 }
 
 std::uint64_t MpvPlayer::ofThisMove(std::uint64_t id) const

@@ -1,29 +1,91 @@
 #include "platform/movie/MpvTracks.h"
 
+#include "platform/movie/AvFormat.h"
+#include "platform/movie/DecoderMemory.h"
+
 #include <QByteArray>
 
+#include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <mpv/client.h>
 
 namespace kestro {
 
-int rotationOfMovingPicture(mpv_handle* mpv)
+namespace {
+
+/// One entry of mpv's list.
+class Track final {
+public:
+    Track(mpv_handle* mpv, std::int64_t number)
+        : m_mpv(mpv)
+        , m_name("track-list/" + QByteArray::number(static_cast<qint64>(number)) + '/')
+    {
+    }
+
+    [[nodiscard]] bool isMovingPicture() const { return text("type") == "video" && !isSet("image"); }
+
+    [[nodiscard]] MovieFacts facts() const
+    {
+        MovieFacts facts;
+        facts.codedWidth = sideOf("demux-w");
+        facts.codedHeight = sideOf("demux-h");
+        facts.rotation = static_cast<int>(number("demux-rotation"));
+        const AVCodecDescriptor* const codec = avcodec_descriptor_get_by_name(text("codec").constData());
+        facts.keptPictures =
+            keptPictures(codec ? codec->id : AV_CODEC_ID_NONE, qint64{facts.codedWidth} * facts.codedHeight);
+        return facts;
+    }
+
+private:
+    [[nodiscard]] QByteArray text(const char* property) const
+    {
+        char* const found = mpv_get_property_string(m_mpv, (m_name + property).constData());
+        QByteArray text(found);
+        mpv_free(found);
+        return text;
+    }
+
+    [[nodiscard]] bool isSet(const char* property) const
+    {
+        int flag = 0;
+        mpv_get_property(m_mpv, (m_name + property).constData(), MPV_FORMAT_FLAG, &flag);
+        return flag != 0;
+    }
+
+    [[nodiscard]] std::int64_t number(const char* property) const
+    {
+        std::int64_t found = 0;
+        mpv_get_property(m_mpv, (m_name + property).constData(), MPV_FORMAT_INT64, &found);
+        return found;
+    }
+
+    [[nodiscard]] int sideOf(const char* property) const
+    {
+        return static_cast<int>(std::clamp<std::int64_t>(number(property), 0, INT_MAX));
+    }
+
+    mpv_handle* m_mpv;
+    QByteArray m_name;
+};
+
+} // namespace
+
+std::optional<MovieFacts> factsOfMovingPicture(mpv_handle* mpv)
 {
     std::int64_t count = 0;
     mpv_get_property(mpv, "track-list/count", MPV_FORMAT_INT64, &count);
-    for (int i = 0; i < count; ++i) {
-        const QByteArray track = "track-list/" + QByteArray::number(i) + '/';
-        int isPicture = 0;
-        std::int64_t rotation = 0;
-        char* const type = mpv_get_property_string(mpv, (track + "type").constData());
-        const bool isVideo = type && std::strcmp(type, "video") == 0;
-        mpv_free(type);
-        mpv_get_property(mpv, (track + "image").constData(), MPV_FORMAT_FLAG, &isPicture);
-        mpv_get_property(mpv, (track + "demux-rotation").constData(), MPV_FORMAT_INT64, &rotation);
-        if (isVideo && !isPicture) return static_cast<int>(rotation);
+    std::optional<MovieFacts> first;
+    for (std::int64_t i = 0; i < count; ++i) {
+        const Track track(mpv, i);
+        if (!track.isMovingPicture()) continue;
+        const MovieFacts facts = track.facts();
+        if (!first) first = facts;
+        if (decoderBytes(facts, 1) <= decoderBytes(*first, 1)) continue;
+        first->codedWidth = facts.codedWidth;
+        first->codedHeight = facts.codedHeight;
+        first->keptPictures = facts.keptPictures;
     }
-    return -1;
+    return first;
 }
 
 } // namespace kestro

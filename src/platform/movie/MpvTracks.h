@@ -1,11 +1,15 @@
 #pragma once
 
+#include "platform/movie/MovieFacts.h"
+
+#include <optional>
+
 struct mpv_handle;
 
 namespace kestro {
 
-/// Degrees clockwise that turn the moving picture among the tracks upright; negative when there is none. It
-/// asks mpv, so it is for moments when mpv waits.
-[[nodiscard]] int rotationOfMovingPicture(mpv_handle* mpv);
+/// What is known of the moving picture among the tracks before it is decoded, with the largest size of those
+/// that there are; nothing when there is none. It asks mpv, so it is for moments when mpv waits.
+[[nodiscard]] std::optional<MovieFacts> factsOfMovingPicture(mpv_handle* mpv);
 
 } // namespace kestro

@@ -143,6 +143,20 @@ TEST(LocalMovie, showsItsPicture_whenItWasPutOnShowWhileItsFileWasLookedInto)
     EXPECT_EQ(movie->rate(), 0);
 }
 
+TEST(LocalMovie, isShown_whenItIsLargerThanAStreamMayGrowTo)
+{
+    const auto movie = openMovie(testMovie("wide.mp4"));
+    EXPECT_TRUE(waitUntil([&movie] { return numberIn(drawn(*movie)) == 0; }));
+}
+
+TEST(LocalMovie, showsNothing_whenItIsLargerThanItsContainerSays)
+{
+    const auto movie = openMovie(testMovie("lying.webm"));
+    movie->play();
+    EXPECT_TRUE(waitUntil([&movie] { return movie->rate() == 0; }));
+    EXPECT_TRUE(drawn(*movie).isNull());
+}
+
 TEST(LocalMovie, isNotPlayed_byAQuestion)
 {
     const auto movie = openMovie(testMovie("plain.mp4"));

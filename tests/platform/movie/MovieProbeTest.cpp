@@ -1,5 +1,6 @@
 #include "platform/movie/MovieProbe.h"
 
+#include "platform/base/Log.h"
 #include "platform/movie/MovieTest.h"
 
 #include <QFile>
@@ -43,6 +44,20 @@ INSTANTIATE_TEST_SUITE_P(Files, MovieProbeBad,
                          testing::Values("audio.mp3", "audio.mp4", "cover.mp3", "picture.png", "picture.mov",
                                          "still.gif", "truncated.mp4", "text.mov", "empty.mov", "random.mov",
                                          "list.m3u", "list.mov", "edl.mov", "concat.mov", "hls.m3u8", "."));
+
+class MovieProbeHuge : public testing::TestWithParam<const char*> {};
+
+TEST_P(MovieProbeHuge, refusesWhatIsTooLarge_andSaysSo)
+{
+    QStringList log;
+    const LogCapture capture([&log](const QString& line) { log.append(line); });
+    const auto facts = probe(GetParam());
+    ASSERT_FALSE(facts);
+    EXPECT_EQ(facts.error(), QStringLiteral("too large: 16000x16000"));
+    EXPECT_EQ(log,
+              QStringList{testMovie(GetParam()).toString() + QStringLiteral(": too large: 16000x16000")});
+}
+INSTANTIATE_TEST_SUITE_P(Files, MovieProbeHuge, testing::Values("huge.ivf", "huge.gif"));
 
 TEST(MovieProbe, tellsSound)
 {

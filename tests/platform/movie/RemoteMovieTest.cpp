@@ -170,6 +170,13 @@ TEST_F(RemoteMovie, isUpright_fromItsFirstPicture)
     EXPECT_EQ(movie->naturalSize(), (Size{180, 320}));
 }
 
+TEST_F(RemoteMovie, isShown_whenItIsLargerThanAStreamMayGrowTo)
+{
+    const auto movie = open("good/wide.mp4", 10);
+    EXPECT_TRUE(waitUntil([&] { return numberIn(drawn(*movie)) == 0; }));
+    EXPECT_EQ(movie->naturalSize(), (Size{4800, 2700}));
+}
+
 TEST_F(RemoteMovie, turnsAtBothEnds)
 {
     const auto movie = open("good/short.mp4", 10);
@@ -228,6 +235,16 @@ INSTANTIATE_TEST_SUITE_P(Answers, RemoteMovieBad,
 INSTANTIATE_TEST_SUITE_P(WaysToFiles, RemoteMovieBad,
                          testing::Values("to-file/plain.mp4", "m3u/plain.mp4", "hls/plain.mp4",
                                          "concat/plain.mp4"));
+
+TEST_F(RemoteMovie, fails_andSaysWhy_whenItIsTooLarge)
+{
+    for (const char* path : {"good/huge.ivf", "good/huge.gif"}) {
+        m_logged.clear();
+        EXPECT_TRUE(fails(*open(path))) << path;
+        const QString line = addressOf(path).toString() + QStringLiteral(": too large: 16000x16000");
+        EXPECT_EQ(m_logged, std::vector<QString>{line}) << path;
+    }
+}
 
 TEST_F(RemoteMovie, fails_whenConnectionIsRefused)
 {

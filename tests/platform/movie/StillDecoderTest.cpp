@@ -39,6 +39,12 @@ INSTANTIATE_TEST_SUITE_P(Containers, StillsOf,
                          testing::Values("plain.mp4", "plain.mov", "plain.mkv", "plain.webm", "sound.mp4",
                                          "noduration.webm"));
 
+TEST(StillDecoder, hasNoPicture_whenTheStreamIsLargerThanItsContainerSays)
+{
+    StillDecoder stills(testMovie("lying.webm"));
+    EXPECT_TRUE(stills.picture(0).image.isNull());
+}
+
 TEST(StillDecoder, showsTheFrame_whoseTimeIsAskedFor)
 {
     StillDecoder stills(testMovie("plain.mp4"));

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/base/Bounds.h"
+
+#include <QString>
+
+namespace kestro {
+
+struct MovieFacts;
+
+// What decoding a movie takes of memory, and what is too much of it (Bounds.h). Any thread.
+
+/// Bytes of the pictures that a decoder of `threads` threads holds at once: those that it makes others of,
+/// one in each thread, and the one that is shown. 0 for a movie of unknown size.
+[[nodiscard]] qint64 decoderBytes(const MovieFacts& facts, int threads);
+
+/// As many of `wished` threads, at least one, as leave the pictures within Bounds::decoderBytes.
+[[nodiscard]] int threadsThatFit(const MovieFacts& facts, int wished);
+
+/// Why the movie is not to be decoded at all, in a few words; empty where it may be.
+[[nodiscard]] QString whyTooLarge(const MovieFacts& facts);
+
+/// The pixels that any picture of the movie may have, whatever its stream comes to say later: its own, or
+/// what every stream may have.
+[[nodiscard]] qint64 mostPicturePixels(const MovieFacts& facts);
+
+/// Pictures that a decoder keeps for others, at this size. `codec` is libavcodec's number.
+[[nodiscard]] int keptPictures(int codec, qint64 pixels);
+
+/// Has libav refuse to take more for one thing than it may need, in the whole process.
+void boundAllocations();
+
+} // namespace kestro

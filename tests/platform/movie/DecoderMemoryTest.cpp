@@ -1,0 +1,94 @@
+#include "platform/movie/DecoderMemory.h"
+
+#include "platform/base/Bounds.h"
+#include "platform/movie/AvFormat.h"
+#include "platform/movie/MovieFacts.h"
+#include "platform/movie/MpvOptions.h"
+#include "platform/movie/MpvPlayer.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+using namespace kestro;
+
+namespace {
+
+MovieFacts movieOf(int width, int height, AVCodecID codec = AV_CODEC_ID_H264, int bitsPerPixel = 12)
+{
+    MovieFacts facts;
+    facts.codedWidth = width;
+    facts.codedHeight = height;
+    facts.bitsPerPixel = bitsPerPixel;
+    facts.keptPictures = keptPictures(codec, qint64{width} * height);
+    return facts;
+}
+
+} // namespace
+
+TEST(DecoderMemory, whyTooLarge_refusesAMovie_whenASideIsTooLong)
+{
+    EXPECT_EQ(whyTooLarge(movieOf(8192, 16)), QString());
+    EXPECT_EQ(whyTooLarge(movieOf(8193, 16)), QStringLiteral("too large: 8193x16"));
+    EXPECT_EQ(whyTooLarge(movieOf(16, 8193)), QStringLiteral("too large: 16x8193"));
+    EXPECT_EQ(whyTooLarge(movieOf(16000, 16000)), QStringLiteral("too large: 16000x16000"));
+}
+
+TEST(DecoderMemory, whyTooLarge_refusesAMovie_whenItsDecoderWouldNeedTooMuch)
+{
+    for (const AVCodecID codec : {AV_CODEC_ID_H264, AV_CODEC_ID_HEVC, AV_CODEC_ID_VP9, AV_CODEC_ID_AV1,
+                                  AV_CODEC_ID_VP8, AV_CODEC_ID_MPEG4, AV_CODEC_ID_PRORES}) {
+        EXPECT_EQ(whyTooLarge(movieOf(7680, 4320, codec)), QString()) << codec;
+        EXPECT_EQ(whyTooLarge(movieOf(4096, 2304, codec, 24)), QString()) << codec;
+    }
+    EXPECT_EQ(whyTooLarge(movieOf(8192, 8192)), QString());
+    EXPECT_NE(whyTooLarge(movieOf(8192, 8192, AV_CODEC_ID_VP9)), QString());
+    EXPECT_NE(whyTooLarge(movieOf(8192, 8192, AV_CODEC_ID_H264, 24)), QString());
+}
+
+TEST(DecoderMemory, whyTooLarge_refusesNoMovie_whenItsSizeIsUnknown)
+{
+    EXPECT_EQ(whyTooLarge(movieOf(0, 0)), QString());
+    EXPECT_EQ(whyTooLarge(movieOf(-1, 100)), QString());
+}
+
+TEST(DecoderMemory, threadsThatFit_areFewer_whenEachTakesMuch)
+{
+    EXPECT_EQ(threadsThatFit(movieOf(1920, 1080), 16), 16);
+    EXPECT_EQ(threadsThatFit(movieOf(7680, 4320, AV_CODEC_ID_VP9), 16), 1);
+    const MovieFacts large = movieOf(7680, 4320);
+    const int threads = threadsThatFit(large, 16);
+    EXPECT_GT(threads, 1);
+    EXPECT_LE(decoderBytes(large, threads), Bounds::decoderBytes);
+    EXPECT_GT(decoderBytes(large, threads + 1), Bounds::decoderBytes);
+}
+
+TEST(DecoderMemory, keptPictures_areNone_whenACodecMakesNoneOfOthers)
+{
+    EXPECT_EQ(keptPictures(AV_CODEC_ID_MJPEG, 1000), 0);
+    EXPECT_EQ(keptPictures(AV_CODEC_ID_H264, 320 * 180), 16);
+    EXPECT_EQ(keptPictures(AV_CODEC_ID_NONE, 1000), 2);
+}
+
+TEST(DecoderMemory, mostPicturePixels_areThoseOfALargeMovie_andOfAnyStreamElse)
+{
+    EXPECT_EQ(mostPicturePixels(movieOf(320, 180)), Bounds::pixelsOfAnyStream);
+    EXPECT_EQ(mostPicturePixels(movieOf(0, 0)), Bounds::pixelsOfAnyStream);
+    EXPECT_GE(mostPicturePixels(movieOf(7680, 4320)), 7680LL * 4320);
+}
+
+TEST(DecoderMemory, player_isMadeWithTheBounds)
+{
+    MpvPlayerSetup setup;
+    setup.mostPicturePixels = 1234;
+    const MpvHandle::Options options = mpvOptions(setup);
+    const auto valueOf = [&options](QByteArrayView name) {
+        const auto found = std::find_if(options.begin(), options.end(), [name](const auto& option) {
+            return QByteArrayView(option.first) == name;
+        });
+        return found == options.end() ? QByteArray() : found->second;
+    };
+    EXPECT_EQ(valueOf("vd-lavc-o"), "max_pixels=1234");
+    EXPECT_EQ(valueOf("demuxer-lavf-probesize"), "5000000");
+    EXPECT_EQ(valueOf("demuxer-lavf-analyzeduration"), "5");
+    EXPECT_TRUE(valueOf("demuxer-lavf-o").endsWith(",max_streams=64"));
+}
