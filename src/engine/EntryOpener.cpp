@@ -2,6 +2,7 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
+#include "platform/base/ShownURL.h"
 #include "platform/base/URLKind.h"
 #include "platform/movie/MovieLibrary.h"
 #include "platform/movie/QTMovie.h"
@@ -51,7 +52,7 @@ bool EntryOpener::leavesPictures() const
 void EntryOpener::recordFailure(const QUrl& url)
 {
     if (!m_isRetry || !m_logged.contains(url))
-        logLine(QStringLiteral("Failed to load movie:%1").arg(absoluteString(url)));
+        logLine(QStringLiteral("Failed to load movie:%1").arg(shownURL(url)));
     m_logged.insert(url);
     m_sources.playlist.addFailedURL(url);
     if (!url.isLocalFile()) m_failedAt.insert(url, m_sources.clock.now());

@@ -1,10 +1,10 @@
 #include "engine/ResumePoint.h"
 
 #include "platform/base/Log.h"
+#include "platform/base/ShownURL.h"
 #include "platform/base/StoredValue.h"
 #include "platform/base/URLKind.h"
 #include "platform/movie/QTMovie.h"
-#include "settings/MovieURL.h"
 #include "settings/Settings.h"
 #include "settings/SettingsStore.h"
 
@@ -42,7 +42,7 @@ void ResumePoint::store(const QTMovie& movie)
 {
     if (!m_settings.canContinue()) return;
     const QUrl url = movie.url();
-    logLine(QStringLiteral("URL = %1").arg(absoluteString(url)));
+    logLine(QStringLiteral("URL = %1").arg(shownURL(url)));
     if (!url.isValid() || m_isWaiting) return;
     m_store.setDefaults({{QStringLiteral("LastMovie"), lastPathComponent(url)},
                          {QStringLiteral("LastPos"), storedInt(GetMovieTime(movie))}});

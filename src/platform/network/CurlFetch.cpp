@@ -1,5 +1,6 @@
 #include "platform/network/CurlFetch.h"
 
+#include "platform/base/ShownURL.h"
 #include "platform/network/HttpReader.h"
 #include "platform/network/LocalFile.h"
 
@@ -19,7 +20,7 @@ Result<QByteArray> CurlFetch::fetch(const QUrl& url)
 {
     const Cancellation::Watch watch(m_cancellation);
     const auto failed = [&](const QString& why) {
-        return Error{QStringLiteral("Cannot read %1: %2").arg(url.toString(), why).simplified()};
+        return Error{QStringLiteral("Cannot read %1: %2").arg(shownURL(url), why).simplified()};
     };
     if (watch.isCancelled()) return failed(QStringLiteral("cancelled"));
     auto bytes = read(url, watch);
