@@ -1,5 +1,7 @@
 #include "platform/saver/PictureReading.h"
 
+#include "platform/base/Bounds.h"
+
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
@@ -15,7 +17,6 @@ namespace kestro {
 namespace {
 
 constexpr qsizetype mostFiles = 20000;
-constexpr qint64 mostPixels = 256'000'000;
 
 /// A file that ends when it is told to: that is how a decoder in the middle of a large picture is stopped.
 class StoppableFile final : public QFile {
@@ -74,10 +75,12 @@ Result<QImage> decode(const QString& path, QSize room, const std::stop_token& st
     if (!QFileInfo(path).isFile()) return Error{QStringLiteral("no regular file")};
     StoppableFile file(path, stop);
     if (!file.open(QIODevice::ReadOnly)) return Error{file.errorString()};
+    QImageReader::setAllocationLimit(Bounds::pictureMegabytes);
     QImageReader reader(&file);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
-    if (qint64{size.width()} * size.height() > mostPixels) return Error{QStringLiteral("too large")};
+    if (qint64{size.width()} * size.height() > Bounds::picturePixels)
+        return Error{QStringLiteral("too large")};
     scaleToFit(reader, room);
     const QImage image = reader.read();
     if (stop.stop_requested()) return Error{QStringLiteral("stopped")};

@@ -18,7 +18,7 @@ namespace kestro {
 /// The picture in the file at `path` in the largest size that fits into `room` pixels, RGB32, on black where
 /// it is transparent, turned as the camera says that it was held; the first one of an animation. A picture
 /// that is larger than the room is made smaller while it is decoded, where its format allows. The error is
-/// one line: no regular file, no picture, broken, more than 256 million pixels, or stopped.
+/// one line: no regular file, no picture, broken, too large (Bounds::picturePixels), or stopped.
 [[nodiscard]] Result<QImage> readPicture(const QString& path, QSize room, const std::stop_token& stop = {});
 
 } // namespace kestro

@@ -124,7 +124,7 @@ TEST_F(PictureReading, picture_isKnownByItsContent_whateverItsName)
 
 TEST_F(PictureReading, largePicture_isReadSmall)
 {
-    EXPECT_EQ(read(put("a.jpg", plain({12000, 9000}, Qt::white))).size(), room);
+    EXPECT_EQ(read(put("a.jpg", plain({8000, 6000}, Qt::white))).size(), room);
     // 20000 by 20000 pixels, the head of a PNG file says.
     const QByteArray head = QByteArray::fromHex("89504e470d0a1a0a0000000d494844"
                                                 "5200004e2000004e2008020000006c"
@@ -132,6 +132,16 @@ TEST_F(PictureReading, largePicture_isReadSmall)
     const auto huge = readPicture(put("b.png", head), room);
     ASSERT_FALSE(huge.isOk());
     EXPECT_EQ(huge.error(), QStringLiteral("too large"));
+}
+
+TEST_F(PictureReading, picture_isRefused_whenItHasMorePixelsThanMayBe)
+{
+    QImage largest(8192, 8192, QImage::Format_Mono);
+    largest.fill(0);
+    EXPECT_TRUE(readPicture(put("a.png", largest), room).isOk());
+    const auto larger = readPicture(put("b.png", largest.copy(0, 0, 8200, 8192)), room);
+    ASSERT_FALSE(larger.isOk());
+    EXPECT_EQ(larger.error(), QStringLiteral("too large"));
 }
 
 TEST_F(PictureReading, read_saysWhy_whenThereIsNoPicture)
