@@ -21,7 +21,7 @@ public:
     explicit ReplacedFiles(const QString& folder)
         : m_events(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
     {
-        inotify_add_watch(m_events, QFile::encodeName(folder).constData(), IN_CREATE | IN_MOVED_TO);
+        inotify_add_watch(m_events, QFile::encodeName(folder).constData(), IN_MOVED_TO);
     }
     ~ReplacedFiles() { close(m_events); }
     ReplacedFiles(const ReplacedFiles&) = delete;

@@ -1,12 +1,14 @@
 #include "platform/plist/PropertyListFile.h"
 
 #include "platform/base/Bounds.h"
+#include "platform/plist/FileReplacement.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
+#include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -41,6 +43,16 @@ bool isReplaceable(const QString& path)
     return !path.isEmpty() && (!file.exists() || file.isFile());
 }
 
+constexpr int mostCopies = 1000;
+
+// "a.plist" is kept as "a~.plist", "a~1.plist" and so on.
+QString nameOfCopy(const QString& path, int number)
+{
+    const QFileInfo file(path);
+    const QString mark = number == 0 ? QStringLiteral("~") : QStringLiteral("~%1").arg(number);
+    return file.path() + u'/' + file.completeBaseName() + mark + u'.' + file.suffix();
+}
+
 } // namespace
 
 std::optional<QByteArray> readPropertyListFile(const QString& path)
@@ -62,14 +74,30 @@ std::optional<QByteArray> readPropertyListFile(const QString& path)
     return bytes;
 }
 
+bool isPropertyListFileThere(const QString& path)
+{
+    const QString target = pastLinks(path);
+    return !target.isEmpty() && QFileInfo::exists(target);
+}
+
+std::optional<QString> setAsidePropertyListFile(const QString& path)
+{
+    const QString target = pastLinks(path);
+    for (int number = 0; !target.isEmpty() && number < mostCopies; ++number) {
+        const QString copy = nameOfCopy(target, number);
+        const int moved = renameat2(AT_FDCWD, QFile::encodeName(target).constData(), AT_FDCWD,
+                                    QFile::encodeName(copy).constData(), RENAME_NOREPLACE);
+        if (moved == 0) return copy;
+        if (errno != EEXIST) return {};
+    }
+    return {};
+}
+
 bool replacePropertyListFile(const QString& path, const QByteArray& bytes)
 {
     const QString target = pastLinks(path);
     if (!isReplaceable(target) || !QDir().mkpath(QFileInfo(target).path())) return false;
-    QSaveFile file(target);
-    // flush() because commit() does not notice when the last, still buffered bytes find no room.
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
-           file.commit();
+    return replaceFile(target, bytes);
 }
 
 } // namespace kestro

@@ -6,12 +6,18 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <atomic>
 #include <csignal>
+#include <ctime>
+#include <fcntl.h>
 #include <functional>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
+#include <vector>
 
 namespace kestro {
 
@@ -34,6 +40,19 @@ protected:
     static void becomeNobody()
     {
         if (geteuid() == 0 && setuid(65534) != 0) _exit(0);
+    }
+
+    [[nodiscard]] QStringList files() const
+    {
+        return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System);
+    }
+
+    // Two hours.
+    static void makeOld(const QString& path)
+    {
+        const timespec then{.tv_sec = std::time(nullptr) - 7200, .tv_nsec = 0};
+        const timespec times[2] = {then, then};
+        ASSERT_EQ(utimensat(AT_FDCWD, QFile::encodeName(path).constData(), times, 0), 0);
     }
 
     QTemporaryDir m_folder;
@@ -104,6 +123,103 @@ TEST_F(PropertyListFile, replace_leavesNothingBeside)
     putFile(in("a"), "old");
     EXPECT_TRUE(replacePropertyListFile(in("a"), "new"));
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(PropertyListFile, replace_removesWhatKilledWritersLeft)
+{
+    putFile(in("a.plist"), "old");
+    putFile(in("a.plist.kestro-new-000001"), "half");
+    putFile(in("a.plist.aBcDeF"), "half, of an earlier release");
+    makeOld(in("a.plist.aBcDeF"));
+    EXPECT_TRUE(replacePropertyListFile(in("a.plist"), "new"));
+    EXPECT_EQ(files(), QStringList{QStringLiteral("a.plist")});
+}
+
+TEST_F(PropertyListFile, replace_removesNothingElse)
+{
+    const QStringList others{QStringLiteral("a.plist.BackUp"),
+                             QStringLiteral("a.plist.backup"),
+                             QStringLiteral("a.plist.AbCdEfG"),
+                             QStringLiteral("a.plist.ABCDEF"),
+                             QStringLiteral("a.plist.aB1DeF"),
+                             QStringLiteral("a.plist.kestro-new-1"),
+                             QStringLiteral("b.plist.kestro-new-000001"),
+                             QStringLiteral("b.plist.aBcDeF"),
+                             QStringLiteral("a.plist~"),
+                             QStringLiteral("aBcDeF")};
+    for (const QString& other : others) {
+        putFile(m_folder.filePath(other), "precious");
+        makeOld(m_folder.filePath(other));
+    }
+    putFile(in("a.plist.aBcDeF"), "of an earlier release that writes now");
+    putFile(in("target"), "linked");
+    ASSERT_EQ(symlink("target", QFile::encodeName(in("a.plist.kestro-new-000002")).constData()), 0);
+    EXPECT_TRUE(replacePropertyListFile(in("a.plist"), "new"));
+    EXPECT_EQ(files().size(), others.size() + 4);
+}
+
+TEST_F(PropertyListFile, replace_leavesWhatIsBegun_whileAnotherWriterIsThere)
+{
+    putFile(in("a.plist.kestro-new-000001"), "another's");
+    const int folder =
+        open(QFile::encodeName(m_folder.path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    ASSERT_EQ(flock(folder, LOCK_SH), 0);
+    EXPECT_TRUE(replacePropertyListFile(in("a.plist"), "new"));
+    EXPECT_EQ(files().size(), 2);
+    close(folder);
+    EXPECT_TRUE(replacePropertyListFile(in("a.plist"), "newer"));
+    EXPECT_EQ(files(), QStringList{QStringLiteral("a.plist")});
+}
+
+TEST_F(PropertyListFile, replace_leavesAWholeFile_whenManyWriteAtOnce)
+{
+    const auto contents = [](int writer) { return QByteArray(100'000, static_cast<char>('a' + writer)); };
+    std::atomic<int> failures = 0;
+    std::vector<std::thread> writers;
+    for (int writer = 0; writer < 4; ++writer)
+        writers.emplace_back([&, writer] {
+            for (int times = 0; times < 20; ++times)
+                if (!replacePropertyListFile(in("a.plist"), contents(writer))) ++failures;
+        });
+    for (std::thread& writer : writers)
+        writer.join();
+    EXPECT_EQ(failures, 0);
+    const QByteArray last = bytesOf(in("a.plist"));
+    ASSERT_FALSE(last.isEmpty());
+    EXPECT_EQ(last, contents(last.front() - 'a'));
+    EXPECT_EQ(files(), QStringList{QStringLiteral("a.plist")});
+}
+
+TEST_F(PropertyListFile, replace_makesAFileOfTheUsersMask_whenThereWasNone)
+{
+    EXPECT_TRUE(replacePropertyListFile(in("a"), "new"));
+    const mode_t mask = umask(0);
+    umask(mask);
+    struct stat found = {};
+    ASSERT_EQ(stat(QFile::encodeName(in("a")).constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & ALLPERMS, 0666U & ~mask);
+}
+
+TEST_F(PropertyListFile, setAside_givesAnUnusedNameBesideIt)
+{
+    putFile(in("a.b.plist"), "first");
+    EXPECT_EQ(setAsidePropertyListFile(in("a.b.plist")), in("a.b~.plist"));
+    putFile(in("a.b.plist"), "second");
+    EXPECT_EQ(setAsidePropertyListFile(in("a.b.plist")), in("a.b~1.plist"));
+    EXPECT_EQ(bytesOf(in("a.b~.plist")), "first");
+    EXPECT_EQ(bytesOf(in("a.b~1.plist")), "second");
+    EXPECT_FALSE(isPropertyListFileThere(in("a.b.plist")));
+    EXPECT_EQ(setAsidePropertyListFile(in("a.b.plist")), std::nullopt);
+}
+
+TEST_F(PropertyListFile, setAside_leavesALink_andMovesItsTarget)
+{
+    putFile(in("real.plist"), "broken");
+    ASSERT_EQ(symlink("real.plist", QFile::encodeName(in("link.plist")).constData()), 0);
+    EXPECT_TRUE(isPropertyListFileThere(in("link.plist")));
+    EXPECT_EQ(setAsidePropertyListFile(in("link.plist")), in("real~.plist"));
+    EXPECT_TRUE(QFileInfo(in("link.plist")).isSymLink());
+    EXPECT_FALSE(isPropertyListFileThere(in("link.plist")));
 }
 
 TEST_F(PropertyListFile, replace_writesTheTarget_whenThereIsALink)
