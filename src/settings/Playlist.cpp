@@ -1,5 +1,7 @@
 #include "settings/Playlist.h"
 
+#include "platform/base/Bounds.h"
+#include "platform/base/Log.h"
 #include "platform/base/Paths.h"
 #include "platform/base/StoredValue.h"
 #include "settings/LatestTrailers.h"
@@ -63,6 +65,14 @@ QString textOf(const QVariant& stored)
     return stored.typeId() == QMetaType::QString ? stored.toString() : QString();
 }
 
+void cut(QList<QUrl>& urls)
+{
+    if (urls.size() <= Bounds::playlistEntries) return;
+    logLine(
+        QStringLiteral("Only the first %1 movies of the playlist are played.").arg(Bounds::playlistEntries));
+    urls.resize(Bounds::playlistEntries);
+}
+
 } // namespace
 
 Playlist::Playlist(Settings& settings, LatestTrailers& trailers, TrailerClient& client, bool isPreview)
@@ -121,6 +131,7 @@ QList<QUrl> Playlist::storedURLs(const QVariantList& stored, bool expand)
     QList<QUrl> urls;
     urls.reserve(stored.size());
     for (const QVariant& entry : stored) {
+        if (expand && urls.size() > Bounds::playlistEntries) break;
         const QUrl url(textOf(entry));
         if (!url.isValid() || url.isRelative()) continue;
         if (expand && isAutomaticEntry(url))
@@ -128,6 +139,7 @@ QList<QUrl> Playlist::storedURLs(const QVariantList& stored, bool expand)
         else
             urls.append(url);
     }
+    if (expand) cut(urls);
     return urls;
 }
 

@@ -28,8 +28,8 @@ public:
     Playlist(Settings& settings, LatestTrailers& trailers, TrailerClient& client, bool isPreview);
 
     /// The stored list as URLs, by the rules of its version; with `expand` each automatic entry is replaced
-    /// by the trailers it stands for now, and the first one starts a crawl in the background. A stored string
-    /// that is no URL is left out.
+    /// by the trailers it stands for now, and the first one starts a crawl in the background; what is beyond
+    /// Bounds::playlistEntries is left out then. A stored string that is no URL is left out.
     [[nodiscard]] QList<QUrl> movieFileList(bool expand);
     /// The same list as absolute URL texts. QUrl writes host names in lower case; an entry that is stored
     /// otherwise keeps its letters here.

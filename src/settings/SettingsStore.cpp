@@ -1,7 +1,9 @@
 #include "settings/SettingsStore.h"
 
+#include "platform/base/Log.h"
 #include "platform/base/StoredValue.h"
 #include "platform/plist/PropertyList.h"
+#include "platform/plist/PropertyListFile.h"
 
 #include <utility>
 
@@ -11,10 +13,37 @@ namespace {
 
 const QString leavesNothingKey = QStringLiteral("LeavesNothing");
 
+bool isUnreadable(const QString& path)
+{
+    return isPropertyListFileThere(path) && !readPropertyListDictionary(path);
+}
+
 QVariantMap& loadedOnce(std::optional<QVariantMap>& kept, const QString& path)
 {
-    if (!kept) kept = readPropertyListDictionary(path).value_or(QVariantMap());
+    if (kept) return *kept;
+    auto stored = readPropertyListDictionary(path);
+    if (!stored && isPropertyListFileThere(path))
+        logLine(QStringLiteral("Cannot read %1: what it holds does not count.").arg(path));
+    kept = std::move(stored).value_or(QVariantMap());
     return *kept;
+}
+
+/// Whether what is written next overwrites nothing that nobody could read. Answers where that is now.
+std::optional<QString> makeRoom(const QString& path)
+{
+    if (!isUnreadable(path)) return QString();
+    const auto copy = setAsidePropertyListFile(path);
+    if (copy) logLine(QStringLiteral("Cannot read %1: kept as %2.").arg(path, *copy));
+    return copy;
+}
+
+bool write(const QString& path, const QVariantMap& root, QString& keptAs)
+{
+    const auto copy = makeRoom(path);
+    if (copy && !copy->isEmpty()) keptAs = *copy;
+    const bool isWritten = copy && writePropertyList(path, root);
+    if (!isWritten) logLine(QStringLiteral("Cannot save %1.").arg(path));
+    return isWritten;
 }
 
 } // namespace
@@ -31,7 +60,7 @@ QVariantMap& SettingsStore::plist()
 
 bool SettingsStore::writePlist()
 {
-    return writePropertyList(plistPath(), plist());
+    return write(plistPath(), plist(), m_keptPlist);
 }
 
 QVariantMap& SettingsStore::defaultsPlist()
@@ -77,7 +106,9 @@ bool SettingsStore::removeDefaultsForKey(const QString& key)
 
 bool SettingsStore::writeDefaults()
 {
-    return !leavesNothing() && writePropertyList(defaultsPlistPath(), defaultsPlist());
+    if (leavesNothing()) return false;
+    QString kept;
+    return write(defaultsPlistPath(), defaultsPlist(), kept);
 }
 
 QString SettingsStore::plistPath() const

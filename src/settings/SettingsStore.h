@@ -8,7 +8,8 @@
 namespace kestro {
 
 /// The two settings files of one user, each read once, when first asked for, and kept. Shared by every view
-/// of a process. Main thread.
+/// of a process. A file that is there and cannot be read counts as empty, with a line in the log; before it
+/// would be overwritten it gets another name. Main thread.
 class SettingsStore final {
 public:
     /// The files lie below `homeFolder`, in /Library/Preferences.
@@ -16,8 +17,10 @@ public:
 
     /// The options ("Kestro.plist"): an empty dictionary when the file is missing or cannot be read.
     [[nodiscard]] QVariantMap& plist();
-    /// Writes plist() whole, atomically; answers whether it was written.
+    /// Writes plist() whole, atomically; answers whether it was written. A line in the log says when not.
     bool writePlist();
+    /// Where the file that could not be read is since plist() was written; empty where there was none.
+    [[nodiscard]] const QString& keptPlist() const { return m_keptPlist; }
     /// The resume keys ("Kestro.def.plist"), by the same rule.
     [[nodiscard]] QVariantMap& defaultsPlist();
 
@@ -50,6 +53,7 @@ private:
     QVariantMap m_optionsForThisRun;
     std::optional<QVariantMap> m_plist;
     std::optional<QVariantMap> m_defaultsPlist;
+    QString m_keptPlist;
 };
 
 } // namespace kestro

@@ -1,5 +1,7 @@
 #include "settings/Playlist.h"
 
+#include "platform/base/Bounds.h"
+#include "platform/base/Log.h"
 #include "settings/PlaylistFixture.h"
 
 namespace kestro {
@@ -52,6 +54,17 @@ TEST_F(PlaylistOfURLs, movieFileList_keepsOrderAndText_ofVersion5)
                              QStringLiteral("https://example.com/b.swf?c=d&e#f"), remote};
     useList("5", stored);
     EXPECT_EQ(texts(playlist().plistFileList()), stored);
+}
+
+TEST_F(PlaylistOfURLs, fileList_isCut_whenTooManyMoviesWouldPlay)
+{
+    const QVariantList many(Bounds::playlistEntries + 1, QStringLiteral("http://h/a.mov"));
+    useList("5", many);
+    QStringList log;
+    const LogCapture capture([&log](const QString& line) { log.append(line); });
+    EXPECT_EQ(playlist().fileList().size(), Bounds::playlistEntries);
+    EXPECT_EQ(log, QStringList{QStringLiteral("Only the first 500000 movies of the playlist are played.")});
+    EXPECT_EQ(playlist().plistFileList().size(), many.size()) << "what is edited stays whole";
 }
 
 TEST_F(PlaylistOfURLs, movieFileList_isEmpty_whenVersion5HoldsAnEmptyList)

@@ -1,9 +1,12 @@
 #include "settings/SettingsStore.h"
 
+#include "platform/base/Log.h"
 #include "platform/plist/PropertyList.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -20,6 +23,20 @@ protected:
     }
 
     static void put(const QString& path, const QVariant& root) { ASSERT_TRUE(writePropertyList(path, root)); }
+
+    static void putBytes(const QString& path, const QByteArray& bytes)
+    {
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+
+    [[nodiscard]] static QByteArray bytesOf(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 
     QTemporaryDir m_home;
 };
@@ -57,6 +74,56 @@ TEST_F(SettingsStoreFiles, dictionaries_areEmpty_whenTheFilesAreMalformed)
     SettingsStore store(m_home.path());
     EXPECT_TRUE(store.plist().isEmpty());
     EXPECT_TRUE(store.defaultsPlist().isEmpty());
+}
+
+TEST_F(SettingsStoreFiles, dictionaries_areEmptyWithALineInTheLog_whenTheFilesCannotBeRead)
+{
+    putBytes(preferences("Kestro.plist"), "<plist><dict>");
+    QStringList log;
+    const LogCapture capture([&log](const QString& line) { log.append(line); });
+    SettingsStore store(m_home.path());
+    EXPECT_TRUE(store.plist().isEmpty());
+    EXPECT_TRUE(store.plist().isEmpty());
+    EXPECT_TRUE(store.defaultsPlist().isEmpty());
+    EXPECT_EQ(log, QStringList{QStringLiteral("Cannot read %1: what it holds does not count.")
+                                   .arg(preferences("Kestro.plist"))});
+}
+
+TEST_F(SettingsStoreFiles, writing_keepsTheFileBefore_whenItCannotBeRead)
+{
+    putBytes(preferences("Kestro.plist"), "<plist><dict>");
+    putBytes(preferences("Kestro~.plist"), "an older copy");
+    putBytes(preferences("Kestro.def.plist"), "broken");
+    SettingsStore store(m_home.path());
+    store.plist().insert(ver, QStringLiteral("5"));
+    EXPECT_TRUE(store.writePlist());
+    EXPECT_TRUE(store.setDefaultsForKey(QStringLiteral("1"), lastPos));
+    EXPECT_EQ(store.keptPlist(), preferences("Kestro~1.plist"));
+    EXPECT_EQ(bytesOf(preferences("Kestro~1.plist")), "<plist><dict>");
+    EXPECT_EQ(bytesOf(preferences("Kestro~.plist")), "an older copy");
+    EXPECT_EQ(bytesOf(preferences("Kestro.def~.plist")), "broken");
+    EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.plist")), store.plist());
+    EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.def.plist")), store.defaultsPlist());
+}
+
+TEST_F(SettingsStoreFiles, writing_keepsNothing_whenTheFileBeforeCanBeRead)
+{
+    put(preferences("Kestro.plist"), QVariantMap{{ver, QStringLiteral("4")}});
+    SettingsStore store(m_home.path());
+    store.plist().insert(ver, QStringLiteral("5"));
+    EXPECT_TRUE(store.writePlist());
+    EXPECT_EQ(store.keptPlist(), QString());
+    EXPECT_EQ(QDir(preferences("")).entryList(QDir::Files), QStringList{QStringLiteral("Kestro.plist")});
+}
+
+TEST_F(SettingsStoreFiles, writing_keepsAFolder_whenThereIsOneInThePlaceOfTheFile)
+{
+    ASSERT_TRUE(QDir().mkpath(preferences("Kestro.plist/below")));
+    SettingsStore store(m_home.path());
+    store.plist().insert(ver, QStringLiteral("5"));
+    EXPECT_TRUE(store.writePlist());
+    EXPECT_TRUE(QFileInfo(preferences("Kestro~.plist/below")).isDir());
+    EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.plist")), store.plist());
 }
 
 TEST_F(SettingsStoreFiles, dictionaries_areReadOnce)
