@@ -110,6 +110,14 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>Check the playlist and the network</source>
         <translation>Bitte Wiedergabeliste und Netzwerk prüfen</translation>
     </message>
+    <message>
+        <source>The settings file could not be read. It was kept as %1.</source>
+        <translation>Die Datei mit den Einstellungen war nicht lesbar. Sie wurde als %1 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>The settings could not be saved in %1. They are lost when this window closes.</source>
+        <translation>Die Einstellungen konnten nicht in %1 gesichert werden. Sie gehen verloren, wenn dieses Fenster geschlossen wird.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

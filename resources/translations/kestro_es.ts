@@ -110,6 +110,14 @@ Inténtelo de nuevo.</translation>
         <source>Check the playlist and the network</source>
         <translation>Compruebe la lista de reproducción y la red</translation>
     </message>
+    <message>
+        <source>The settings file could not be read. It was kept as %1.</source>
+        <translation>No se pudo leer el archivo de ajustes. Se ha conservado como %1.</translation>
+    </message>
+    <message>
+        <source>The settings could not be saved in %1. They are lost when this window closes.</source>
+        <translation>No se pudieron guardar los ajustes en %1. Se perderán cuando se cierre esta ventana.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

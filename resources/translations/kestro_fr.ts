@@ -110,6 +110,14 @@ Veuillez réessayer.</translation>
         <source>Check the playlist and the network</source>
         <translation>Vérifiez la liste de lecture et le réseau</translation>
     </message>
+    <message>
+        <source>The settings file could not be read. It was kept as %1.</source>
+        <translation>Le fichier des réglages n’a pas pu être lu. Il a été conservé sous %1.</translation>
+    </message>
+    <message>
+        <source>The settings could not be saved in %1. They are lost when this window closes.</source>
+        <translation>Les réglages n’ont pas pu être enregistrés dans %1. Ils seront perdus à la fermeture de cette fenêtre.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

@@ -110,6 +110,14 @@ Please try again.</source>
         <source>Check the playlist and the network</source>
         <translation>再生リストとネットワークを確認してください</translation>
     </message>
+    <message>
+        <source>The settings file could not be read. It was kept as %1.</source>
+        <translation>設定ファイルを読み込めませんでした。%1 として保管しました。</translation>
+    </message>
+    <message>
+        <source>The settings could not be saved in %1. They are lost when this window closes.</source>
+        <translation>設定を %1 に保存できませんでした。このウインドウを閉じると失われます。</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

@@ -110,6 +110,14 @@ Please try again.</source>
         <source>Check the playlist and the network</source>
         <translation>请检查播放列表和网络</translation>
     </message>
+    <message>
+        <source>The settings file could not be read. It was kept as %1.</source>
+        <translation>无法读取设置文件。它已另存为 %1。</translation>
+    </message>
+    <message>
+        <source>The settings could not be saved in %1. They are lost when this window closes.</source>
+        <translation>无法将设置保存到 %1。关闭此窗口后设置将会丢失。</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

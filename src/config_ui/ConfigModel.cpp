@@ -14,6 +14,8 @@
 #include <QFileInfo>
 #include <QSettings>
 
+#include <utility>
+
 namespace kestro {
 
 namespace {
@@ -130,11 +132,12 @@ void ConfigModel::save()
     store.plist() = settingsToSave();
     saver.playlist().dropFileList();
     alertOfSlideSaver();
-    (void)store.writePlist();
+    const bool isWritten = store.writePlist();
 
     saver.applyLoopMode();
     saver.settings().resetContinue();
     saver.resetMovie();
+    alertOfFile(isWritten, store);
 }
 
 // Options of older releases, which the controls do not show, end here.
@@ -181,6 +184,21 @@ void ConfigModel::alertOfSlideSaver()
         "Kestro",
         "You selected '.slideSaver'. \nYou may need to restart 'System Preferences.app' to take effect "
         "properly."));
+}
+
+/// Last of all: the new options count already, in the file or without it.
+void ConfigModel::alertOfFile(bool isWritten, const SettingsStore& store)
+{
+    if (!isWritten)
+        m_sources.panels.runAlert(
+            QCoreApplication::translate("Kestro",
+                                        "The settings could not be saved in %1. They are lost when this "
+                                        "window closes.")
+                .arg(store.plistPath()));
+    else if (!store.keptPlist().isEmpty() && !std::exchange(m_toldOfKeptFile, true))
+        m_sources.panels.runAlert(
+            QCoreApplication::translate("Kestro", "The settings file could not be read. It was kept as %1.")
+                .arg(store.keptPlist()));
 }
 
 void ConfigModel::alertOfURL()

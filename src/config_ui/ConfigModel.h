@@ -13,6 +13,7 @@ namespace kestro {
 
 class ConfigPanels;
 class ConfigurableSaver;
+class SettingsStore;
 class TrailerBrowser;
 
 /// The state and the rules of the configuration sheet, without its widgets: what the controls show, which of
@@ -80,6 +81,7 @@ private:
     [[nodiscard]] QVariantMap settingsToSave() const;
     [[nodiscard]] QString chosenBackSaver() const;
     void alertOfSlideSaver();
+    void alertOfFile(bool isWritten, const SettingsStore& store);
     void alertOfURL();
 
     Sources m_sources;
@@ -88,6 +90,7 @@ private:
     EditedPlaylist m_playList;
     QStringList m_backSaverList;
     QStringList m_backSaverItems;
+    bool m_toldOfKeptFile = false;
     bool m_isBrowsing = false; ///< the trailer browser holds this
 };
 

@@ -167,7 +167,7 @@ TEST_F(ConfigModelCloseTest, ok_doesNotAlert_forAnyOtherSaver)
     EXPECT_TRUE(panels.alerts.empty());
 }
 
-TEST_F(ConfigModelCloseTest, ok_keepsTheNewSettingsInMemory_whenTheFileCannotBeWritten)
+TEST_F(ConfigModelCloseTest, ok_alertsAndKeepsTheNewSettingsInMemory_whenTheFileCannotBeWritten)
 {
     auto& model = open();
     const QString home = QFileInfo(saver.store().plistPath()).path();
@@ -177,8 +177,30 @@ TEST_F(ConfigModelCloseTest, ok_keepsTheNewSettingsInMemory_whenTheFileCannotBeW
     model.controls().soundChk = true;
     model.closeConfig(1);
     EXPECT_TRUE(saver.settings().isSoundOn());
-    EXPECT_TRUE(panels.alerts.empty());
-    EXPECT_EQ(calls.back(), "close trailers");
+    const QString message = QStringLiteral("The settings could not be saved in %1. They are lost when this "
+                                           "window closes.");
+    EXPECT_EQ(panels.alerts, std::vector<QString>{message.arg(saver.store().plistPath())});
+    const Calls order{"end sheet", "loop 0", "reset", "alert", "close trailers"};
+    EXPECT_EQ(calls, order);
+}
+
+TEST_F(ConfigModelCloseTest, ok_tellsOnceWhereTheFileIsKept_whenItCouldNotBeRead)
+{
+    const QString path = saver.store().plistPath();
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()));
+    QFile broken(path);
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    ASSERT_EQ(broken.write("<plist>"), 7);
+    broken.close();
+    auto& model = open();
+    model.closeConfig(1);
+    model.closeConfig(1);
+    QString copy = path;
+    copy.replace(QStringLiteral("Kestro.plist"), QStringLiteral("Kestro~.plist"));
+    EXPECT_EQ(panels.alerts,
+              std::vector<QString>{
+                  QStringLiteral("The settings file could not be read. It was kept as %1.").arg(copy)});
+    EXPECT_TRUE(QFileInfo::exists(copy));
 }
 
 TEST_F(ConfigModelCloseTest, cancel_leavesTheFileAsItIs_andGoesBackToTheSettings)
