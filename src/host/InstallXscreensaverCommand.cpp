@@ -20,7 +20,7 @@ int install(const Arguments& arguments)
         return print(QStringLiteral("Nothing to change in %1\n").arg(list.path()).toLocal8Bit());
     const QString& backup = change.value().backup;
     const QString kept =
-        backup.isEmpty() ? QString() : QStringLiteral(" (the file as it was: %1)").arg(backup);
+        backup.isEmpty() ? QString() : QStringLiteral(" (the file as it was before Kestro: %1)").arg(backup);
     return print(QStringLiteral("Changed %1%2\n").arg(list.path(), kept).toLocal8Bit());
 }
 

@@ -98,7 +98,8 @@ Result<XscreensaverList::Change> XscreensaverList::store(const QByteArray& befor
     if (after == before) return Change{};
     const bool isNew = !QFile::exists(m_path);
     const QString backup = isNew ? QString() : m_path + QStringLiteral(".kestro-backup");
-    if (const auto error = isNew ? std::nullopt : write(backup, before)) return *error;
+    const bool isKept = isNew || QFile::exists(backup); // as it was before the first change of ours
+    if (const auto error = isKept ? std::nullopt : write(backup, before)) return *error;
     if (const auto error = write(m_path, after)) return *error;
     return Change{true, backup};
 }

@@ -19,10 +19,10 @@ public:
     /// The user's own list, and this package's program.
     [[nodiscard]] static XscreensaverList ofUser();
 
-    /// What putting in or taking out did.
+    /// What putting in or taking out did. The backup is of the file as it was before the first change ever.
     struct Change {
         bool isChanged = false;
-        QString backup; ///< where the file as it was is kept; empty where there was none
+        QString backup; ///< empty where there was no file
     };
 
     [[nodiscard]] const QString& path() const { return m_path; }

@@ -69,6 +69,21 @@ TEST_F(XscreensaverListTest, add_keepsTheFileAsItWas_whenThereIsOne)
     EXPECT_EQ(read(added.value().backup), before);
 }
 
+TEST_F(XscreensaverListTest, changes_keepTheFileAsItWasBeforeTheFirst)
+{
+    const QByteArray before = "programs:\\\n  maze --root \\n\\\n\n";
+    write(before);
+    QFile program(home.filePath(QStringLiteral("kestro")));
+    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+    const XscreensaverList own = list(program.fileName());
+    ASSERT_TRUE(own.add());
+    const auto removed = own.remove();
+    ASSERT_TRUE(removed);
+    ASSERT_TRUE(removed.value().isChanged);
+    EXPECT_EQ(removed.value().backup, file() + QStringLiteral(".kestro-backup"));
+    EXPECT_EQ(read(removed.value().backup), before);
+}
+
 TEST_F(XscreensaverListTest, add_changesNothing_whenTheEntryIsThere)
 {
     write("programs:\\\n  kestro --root \\n\\\n\n");
