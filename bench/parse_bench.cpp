@@ -44,7 +44,8 @@ int main(int argc, char** argv)
     if (!file.open(QIODevice::ReadOnly) || !base) return 1;
     const QByteArray bytes = file.readAll();
     const auto pages = pagesOf({bytes.data(), std::size_t(bytes.size())});
-    const PageParser parser([](const QUrl&) { return QByteArray(); }, QStringLiteral("2008/03/14"));
+    const PageParser parser([](const QUrl&) { return QByteArray(); }, QStringLiteral("2008/03/14"),
+                            [] { return true; });
     std::size_t links = 0;
     std::size_t movies = 0;
     std::vector<double> taken;

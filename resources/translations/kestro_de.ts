@@ -118,6 +118,12 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>The settings could not be saved in %1. They are lost when this window closes.</source>
         <translation>Die Einstellungen konnten nicht in %1 gesichert werden. Sie gehen verloren, wenn dieses Fenster geschlossen wird.</translation>
     </message>
+    <message>
+        <source>Failed to save the movie as %1.
+%2</source>
+        <translation>Der Film konnte nicht als %1 gespeichert werden.
+%2</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -691,6 +697,10 @@ Ersetzen?</translation>
     <message>
         <source>This is not the address of a page.</source>
         <translation>Dies ist nicht die Adresse einer Seite.</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>Suche beendet: Die Website hat mehr, als Platz findet. Gelesene Seiten: %1</translation>
     </message>
 </context>
 <context>

@@ -118,6 +118,12 @@ Inténtelo de nuevo.</translation>
         <source>The settings could not be saved in %1. They are lost when this window closes.</source>
         <translation>No se pudieron guardar los ajustes en %1. Se perderán cuando se cierre esta ventana.</translation>
     </message>
+    <message>
+        <source>Failed to save the movie as %1.
+%2</source>
+        <translation>No se ha podido guardar la película como %1.
+%2</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -691,6 +697,10 @@ Replace it?</source>
     <message>
         <source>This is not the address of a page.</source>
         <translation>Esta no es la dirección de una página.</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>Rastreo terminado: el sitio tiene más de lo que cabe. Páginas leídas: %1</translation>
     </message>
 </context>
 <context>

@@ -118,6 +118,12 @@ Veuillez réessayer.</translation>
         <source>The settings could not be saved in %1. They are lost when this window closes.</source>
         <translation>Les réglages n’ont pas pu être enregistrés dans %1. Ils seront perdus à la fermeture de cette fenêtre.</translation>
     </message>
+    <message>
+        <source>Failed to save the movie as %1.
+%2</source>
+        <translation>Impossible d’enregistrer le film sous %1.
+%2</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -691,6 +697,10 @@ Le remplacer&#xa0;?</translation>
     <message>
         <source>This is not the address of a page.</source>
         <translation>Ce n’est pas l’adresse d’une page.</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>Analyse terminée&#xa0;: le site contient plus que ce qui peut être gardé. Pages lues&#xa0;: %1</translation>
     </message>
 </context>
 <context>

@@ -118,6 +118,12 @@ Please try again.</source>
         <source>The settings could not be saved in %1. They are lost when this window closes.</source>
         <translation>設定を %1 に保存できませんでした。このウインドウを閉じると失われます。</translation>
     </message>
+    <message>
+        <source>Failed to save the movie as %1.
+%2</source>
+        <translation>ムービーを %1 として保存できませんでした。
+%2</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -691,6 +697,10 @@ Replace it?</source>
     <message>
         <source>This is not the address of a page.</source>
         <translation>これはページのアドレスではありません。</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>スキャンが終わりました。サイトが大きすぎるため、すべては読み込めません。読み込んだページ: %1</translation>
     </message>
 </context>
 <context>

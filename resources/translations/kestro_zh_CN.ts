@@ -118,6 +118,12 @@ Please try again.</source>
         <source>The settings could not be saved in %1. They are lost when this window closes.</source>
         <translation>无法将设置保存到 %1。关闭此窗口后设置将会丢失。</translation>
     </message>
+    <message>
+        <source>Failed to save the movie as %1.
+%2</source>
+        <translation>无法将影片存储为 %1。
+%2</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -691,6 +697,10 @@ Replace it?</source>
     <message>
         <source>This is not the address of a page.</source>
         <translation>这不是页面的地址。</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>扫描完成：网站内容过多，无法全部读取。已读取页面：%1</translation>
     </message>
 </context>
 <context>

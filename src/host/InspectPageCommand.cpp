@@ -2,12 +2,14 @@
 
 #include "host/PageReport.h"
 #include "host/Program.h"
+#include "platform/base/Bounds.h"
 #include "platform/network/CurlFetch.h"
 #include "trailers/PageBase.h"
 #include "trailers/TrailerList.h"
 
 #include <QFile>
 #include <QJsonDocument>
+#include <QUrl>
 
 namespace kestro {
 
@@ -15,16 +17,14 @@ namespace {
 
 const QString baseOption = QStringLiteral("base");
 
-/// As much as the crawler takes of a page, unpacked.
-constexpr qint64 mostBytes = qint64(256) * 1024 * 1024;
-
 Result<QByteArray> pageIn(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return Error{file.errorString()};
-    QByteArray page = file.read(mostBytes + 1);
+    constexpr qint64 most = Bounds::unpackedPageBytes;
+    QByteArray page = file.read(most + 1);
     if (file.error() != QFileDevice::NoError) return Error{file.errorString()};
-    if (page.size() > mostBytes) return Error{QStringLiteral("larger than %1 bytes").arg(mostBytes)};
+    if (page.size() > most) return Error{QStringLiteral("larger than %1 bytes").arg(most)};
     return page;
 }
 
@@ -32,7 +32,7 @@ int inspectPage(const Arguments& arguments)
 {
     const QByteArray baseText = arguments.text(baseOption).value_or(QString()).toUtf8();
     const auto base = PageBase::from(baseText.toStdString());
-    if (!base) {
+    if (!base || !QUrl::fromEncoded(baseText).isValid()) {
         complain(
             QStringLiteral("--base needs a URL with a scheme and a host (see kestro inspect-page --help)"));
         return ExitWrongUsage;
@@ -49,7 +49,7 @@ int inspectPage(const Arguments& arguments)
             auto text = fetch.fetch(feed);
             return text ? std::move(text.value()) : QByteArray();
         },
-        curDateStr());
+        curDateStr(), [] { return true; });
     const std::string_view text(page.value().data(), std::size_t(page.value().size()));
     const auto links = parser.linkListFromStringBase(text, *base);
     return print(QJsonDocument(pageReport(links, parser.movieListFromStringBase(text, *base))).toJson());

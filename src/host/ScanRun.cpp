@@ -49,10 +49,12 @@ int ScanRun::exec()
     const ScanEnd& end = m_controller.lastEnd();
     const ExitCode status = finish();
     if (end.kind == ScanEnd::Kind::NotStarted) return status;
-    const ExitCode printed = print(QStringLiteral("%1 pages, %2 records, %3 seconds\n")
+    const bool isBounded = end.kind == ScanEnd::Kind::Bounded;
+    const ExitCode printed = print(QStringLiteral("%1 pages, %2 records, %3 seconds%4\n")
                                        .arg(end.pages)
                                        .arg(m_controller.list().count())
                                        .arg(clock.now() - started, 0, 'f', 1)
+                                       .arg(isBounded ? QStringLiteral(", ended by a bound") : QString())
                                        .toUtf8());
     return status == ExitSuccess ? printed : status;
 }
@@ -76,10 +78,10 @@ void ScanRun::stopProgress()
 ExitCode ScanRun::finish()
 {
     const ScanEnd& end = m_controller.lastEnd();
-    if (!end.reason.isEmpty()) complain(end.reason);
+    if (end.pages == 0 && !end.reason.isEmpty()) complain(end.reason);
     if (end.pages > 0 && !m_controller.list().saveList()) return ExitFailure;
-    const bool isDone = end.kind == ScanEnd::Kind::Whole || end.kind == ScanEnd::Kind::Stopped;
-    return isDone ? ExitSuccess : ExitFailure;
+    const bool isNotDone = end.kind == ScanEnd::Kind::NoPage || end.kind == ScanEnd::Kind::NotStarted;
+    return isNotDone ? ExitFailure : ExitSuccess;
 }
 
 } // namespace kestro

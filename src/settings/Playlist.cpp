@@ -3,7 +3,9 @@
 #include "platform/base/Bounds.h"
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
+#include "platform/base/ShownURL.h"
 #include "platform/base/StoredValue.h"
+#include "platform/base/URLKind.h"
 #include "settings/LatestTrailers.h"
 #include "settings/MovieURL.h"
 #include "settings/Settings.h"
@@ -51,6 +53,21 @@ QUrl defaultMovie()
 QList<QUrl> defaultPlaylist()
 {
     return {defaultMovie(), QUrl(defaultAutomaticEntry)};
+}
+
+// What a site names is played unasked: it is a movie on the web, and neither a page nor anything of this
+// machine.
+QList<QUrl> moviesOnWeb(QList<QUrl> trailers)
+{
+    const auto isStranger = [](const QUrl& url) { return !isWebURL(url) || namesWebContent(url); };
+    const auto first = std::find_if(trailers.cbegin(), trailers.cend(), isStranger);
+    if (first == trailers.cend()) return trailers;
+    const QString example = shownURL(*first);
+    const auto count = trailers.removeIf(isStranger);
+    logLine(QStringLiteral("%1 trailers are no movies on a web site and are left out; the first: %2")
+                .arg(count)
+                .arg(example));
+    return trailers;
 }
 
 // The older releases' own default, which a machine with a better movie moves away from.
@@ -149,10 +166,10 @@ QList<QUrl> Playlist::latestTrailers(const QUrl& entry)
     const QStringList parts = entry.path(QUrl::FullyDecoded).split(u'/');
     const qsizetype last = parts.size() - 1;
     if (last < 2) return {};
-    QList<QUrl> found =
+    const QList<QUrl> found =
         m_trailers.lastTrailers(intValue(parts[last - 1]), intValue(parts[last]), m_failedURLList);
     scanOnce();
-    return found;
+    return moviesOnWeb(found);
 }
 
 // The scan refreshes the record for a later expansion; this one takes the record as it is.

@@ -40,15 +40,16 @@ void addPair(AttributeMap& map, std::string_view piece)
 
 } // namespace
 
-std::vector<std::string_view> callArguments(std::string_view text)
+std::optional<std::string_view> CallArguments::next()
 {
-    std::vector<std::string_view> arguments;
-    for (;;) {
-        const auto comma = text.find(',');
-        arguments.push_back(text.substr(0, comma));
-        if (comma == std::string_view::npos) return arguments;
-        text.remove_prefix(comma + 1);
-    }
+    if (!m_rest) return {};
+    const auto comma = m_rest->find(',');
+    const auto argument = m_rest->substr(0, comma);
+    if (comma == std::string_view::npos)
+        m_rest.reset();
+    else
+        m_rest->remove_prefix(comma + 1);
+    return argument;
 }
 
 std::string_view internalString(std::string_view argument)
@@ -75,8 +76,9 @@ std::optional<AttributeMap> attrToDict(std::string_view text)
     std::string object(text.substr(open + 1, close - open - 1));
     std::erase_if(object, [](char c) { return c == '\n' || c == '\t' || c == ' '; });
     AttributeMap map;
-    for (const std::string_view piece : callArguments(object))
-        addPair(map, piece);
+    CallArguments pieces(object);
+    while (const auto piece = pieces.next())
+        addPair(map, *piece);
     return map;
 }
 

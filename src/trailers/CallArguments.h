@@ -4,14 +4,26 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace kestro {
 
 // The arguments of a script call on a page. Views last as long as the page. Any thread.
 
-/// The arguments of a call, from the text between its brackets: split at each ",", whatever it is part of.
-[[nodiscard]] std::vector<std::string_view> callArguments(std::string_view text);
+/// The arguments of a call one by one, from the text between its brackets: split at each ",", whatever it is
+/// part of. A page may have millions in one call, so none is kept.
+class CallArguments final {
+public:
+    explicit CallArguments(std::string_view text)
+        : m_rest(text)
+    {
+    }
+
+    /// The next argument; nothing after the last one. There always is a first one.
+    [[nodiscard]] std::optional<std::string_view> next();
+
+private:
+    std::optional<std::string_view> m_rest; ///< nothing after the last comma's argument
+};
 
 /// What stands between the first two single quotes of `argument`, or after the only one; without any, the
 /// same with double quotes; without those the argument as it is.

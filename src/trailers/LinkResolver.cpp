@@ -1,5 +1,6 @@
 #include "trailers/LinkResolver.h"
 
+#include "platform/base/Bounds.h"
 #include "trailers/PageBase.h"
 #include "trailers/URLText.h"
 
@@ -8,6 +9,12 @@
 namespace kestro {
 
 namespace {
+
+// A link adds to the address of its page, and the page behind it adds again.
+bool isTooLong(std::string_view address)
+{
+    return qint64(address.size()) > Bounds::addressBytes;
+}
 
 bool isElsewhere(const URLText& link, const URLText& base)
 {
@@ -84,6 +91,7 @@ private:
 
 std::optional<std::string> mergedStringFromToURL(std::string_view link, const PageBase& base)
 {
+    if (isTooLong(link)) return {};
     const auto url = URLText::parse(link);
     if (!url || url->path().empty() || isElsewhere(*url, base.parts())) return {};
     std::string text;
@@ -96,6 +104,7 @@ std::optional<std::string> mergedStringFromToURL(std::string_view link, const Pa
         GatheredPath(text, base.path()).walk(link);
     const auto path = std::string_view(text).substr(start);
     if (!path.ends_with('/') && pathExtension(path).empty()) text += '/';
+    if (isTooLong(text)) return {};
     return text;
 }
 

@@ -6,7 +6,6 @@
 #include <QString>
 #include <QUrl>
 
-#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -17,24 +16,24 @@ namespace kestro {
 class PageBase;
 
 /// Takes the links and the movies out of one fetched page, by plain searches for what names them. Pages are
-/// bytes, one a character; URLs are absolute strings. A call or link that does not end is skipped. Owned by
-/// who reads pages; one thread, on which it reads the feeds that a page names. What one page gives is bounded
-/// by mostBytes, far above what any page for people holds.
+/// bytes, one a character; URLs are absolute strings. A call or link that does not end is skipped. What one
+/// page gives is bounded (see Bounds), far above what any page for people holds; more is left out, with a log
+/// line. Owned by who reads pages; one thread, on which it reads the feeds that a page names.
 class PageParser final {
 public:
     /// The text at a feed's URL; empty when it cannot be read.
     using ReadFeed = std::function<QByteArray(const QUrl& feed)>;
     using Links = std::vector<std::string>;
+    /// Whether reading is to go on. What is answered after it was not is of no use.
+    using IsWanted = std::function<bool()>;
 
-    /// Memory for the links, and again for the movies, of one page; more of them are left out, with a log
-    /// line.
-    static constexpr std::size_t mostBytes = std::size_t(256) * 1024 * 1024;
-
-    /// `today` is the date of the records, as "2008/03/14".
-    PageParser(ReadFeed readFeed, QString today);
+    /// `today` is the date of the records, as "2008/03/14". `isWanted` is asked before each feed, and every
+    /// few milliseconds where a page is so large that it takes as long.
+    PageParser(ReadFeed readFeed, QString today, IsWanted isWanted);
 
     /// The pages that `page` links to, in its order, doubles kept: its "href" attributes, then what the JSON
-    /// feeds that it names hold.
+    /// feeds that it names hold. A feed is read once, however often the page names it; its links come each
+    /// time.
     [[nodiscard]] Links linkListFromStringBase(std::string_view page, const PageBase& base) const;
     /// Appends the locations that the feed at `feed` holds, resolved against `base`, to `links`; nothing for
     /// a feed that cannot be read.
@@ -45,11 +44,13 @@ public:
 
 private:
     class Gathering;
+    class NamedFeeds;
 
-    void addFeed(Gathering& gathering, const QUrl& feed) const;
+    bool addFeed(Gathering& gathering, const QUrl& feed) const;
 
     ReadFeed m_readFeed;
     QString m_today;
+    IsWanted m_isWanted;
 };
 
 } // namespace kestro

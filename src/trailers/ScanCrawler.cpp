@@ -1,6 +1,7 @@
 #include "trailers/ScanCrawler.h"
 
 #include "platform/base/Log.h"
+#include "platform/base/ShownURL.h"
 #include "platform/network/Fetch.h"
 #include "trailers/LinkResolver.h"
 #include "trailers/PageBase.h"
@@ -17,6 +18,7 @@ namespace kestro {
 namespace {
 
 constexpr qsizetype shortestPage = 5; // bytes
+constexpr qint64 bytesOfNode = 64;    // of a link in a set, beside its text
 
 QUrl urlOf(const std::string& text)
 {
@@ -25,7 +27,7 @@ QUrl urlOf(const std::string& text)
 
 QString shown(const std::string& text)
 {
-    return QString::fromStdString(text);
+    return shownURL(urlOf(text));
 }
 
 std::string_view viewOf(const QByteArray& bytes)
@@ -56,11 +58,13 @@ std::optional<PageBase> baseOfPage(const std::string& url)
                           folderOf(parts->path()));
 }
 
-ScanCrawler::ScanCrawler(Fetch& fetch, TrailerList& list, const QString& scratchFolder, CrawlHooks hooks)
+ScanCrawler::ScanCrawler(Fetch& fetch, TrailerList& list, const QString& scratchFolder, CrawlHooks hooks,
+                         CrawlBudget budget)
     : m_fetch(fetch)
     , m_list(list)
     , m_unpacker(scratchFolder)
     , m_hooks(std::move(hooks))
+    , m_budget(std::move(budget))
 {
 }
 
@@ -83,6 +87,9 @@ void ScanCrawler::begin()
     m_startFailure.clear();
     m_pages = 0;
     m_queue = 0;
+    m_budget.begin();
+    m_bytesBefore = m_fetch.received() + m_unpacker.unpackedBytes();
+    m_unpacker.sweep();
 }
 
 // What the page that was left came to; the last one left is the first one entered.
@@ -92,10 +99,11 @@ bool ScanCrawler::step(bool progress)
     const bool isAtEnd = page.next == page.links.size();
     if (isAtEnd || !m_hooks.isWanted())
         return leavePage(isAtEnd && (!page.endsWithOtherLink || m_hooks.isWanted()), progress);
+    if (!goesOn()) return leavePage(true, progress);
     const std::string& link = *page.links[page.next++];
     --m_queue;
     // Another page may have led there meanwhile.
-    return mayFollow(link) && enterPage(link);
+    return mayFollow(link) && m_budget.reaches(qsizetype(m_path.size())) && enterPage(link);
 }
 
 // Pages that were not followed to their end keep their movies to themselves.
@@ -104,6 +112,7 @@ bool ScanCrawler::leavePage(bool isWhole, bool progress)
     OpenPage page = std::move(m_path.back());
     m_path.pop_back();
     m_queue -= static_cast<qsizetype>(page.links.size() - page.next);
+    m_budget.release(page.held);
     if (!isWhole) return false;
     m_list.store(std::move(page.movies));
     if (progress) m_hooks.reloadTableView();
@@ -114,6 +123,7 @@ bool ScanCrawler::enterPage(const std::string& url)
 {
     if (m_watcher) m_watcher->pageBegins(url, counts());
     m_list.addPassed(url);
+    m_budget.addPage();
     auto page = openPage(url);
     if (!page) {
         if (m_path.empty()) m_startFailure = page.error();
@@ -134,10 +144,19 @@ Result<ScanCrawler::OpenPage> ScanCrawler::openPage(const std::string& url)
     if (!text) return Error{text.error()};
     const auto base = baseOfPage(url);
     if (!base) return Error{QStringLiteral("its links have no base")};
-    const PageParser parser([this](const QUrl& feed) { return feedText(feed); }, curDateStr());
+    bool isStopped = false;
+    const auto isWanted = [&] {
+        isStopped = isStopped || !m_hooks.isWanted();
+        return !isStopped;
+    };
+    const PageParser parser([this](const QUrl& feed) { return feedText(feed); }, curDateStr(), isWanted);
     OpenPage page;
+    takeMovies(parser.movieListFromStringBase(viewOf(text.value()), *base), page);
     takeLinks(parser.linkListFromStringBase(viewOf(text.value()), *base), page);
-    page.movies = parser.movieListFromStringBase(viewOf(text.value()), *base);
+    if (isStopped) {
+        m_budget.release(page.held);
+        return Error{QStringLiteral("stopped while it was read")};
+    }
     return page;
 }
 
@@ -171,22 +190,54 @@ bool ScanCrawler::canBeDecoded(const Result<QByteArray>& page, const std::string
 
 QByteArray ScanCrawler::feedText(const QUrl& feed)
 {
+    if (!goesOn()) return {};
     auto text = m_fetch.fetch(feed);
     return text ? std::move(text.value()) : QByteArray();
 }
 
 // What can not be followed now never can, because a page that was visited stays so. Left out here it takes no
 // room while the page waits.
-void ScanCrawler::takeLinks(const std::vector<std::string>& links, OpenPage& page)
+void ScanCrawler::takeLinks(std::vector<std::string> links, OpenPage& page)
 {
     std::unordered_set<const std::string*> taken;
-    for (const std::string& link : links) {
+    for (std::string& link : links) {
         page.endsWithOtherLink = !mayFollow(link);
         if (page.endsWithOtherLink) continue;
-        const std::string* known = &*m_known.insert(link).first;
-        page.endsWithOtherLink = !taken.insert(known).second;
-        if (!page.endsWithOtherLink) page.links.push_back(known);
+        const auto size = qint64(link.size());
+        const auto [known, isNew] = m_known.insert(std::move(link));
+        if (isNew && !m_budget.hold(bytesOfNode + size)) break;
+        page.endsWithOtherLink = !taken.insert(&*known).second;
+        if (page.endsWithOtherLink) continue;
+        if (!hold(page, sizeof(const std::string*))) break;
+        page.links.push_back(&*known);
     }
+    page.links.shrink_to_fit();
+}
+
+void ScanCrawler::takeMovies(std::vector<TrailerRecord> movies, OpenPage& page)
+{
+    const auto sizeOf = [](const TrailerRecord& movie) {
+        const qsizetype characters = movie.url.size() + movie.size.value_or(QString()).size();
+        return qint64(sizeof movie) + characters * qint64(sizeof(QChar));
+    };
+    for (TrailerRecord& movie : movies) {
+        if (!hold(page, sizeOf(movie))) return;
+        page.movies.push_back(std::move(movie));
+    }
+    page.movies.shrink_to_fit();
+}
+
+bool ScanCrawler::hold(OpenPage& page, qint64 bytes)
+{
+    page.held += bytes;
+    return m_budget.hold(bytes);
+}
+
+bool ScanCrawler::goesOn()
+{
+    m_budget.setBytes(m_fetch.received() + m_unpacker.unpackedBytes() - m_bytesBefore);
+    if (m_list.isFull()) m_budget.listIsFull();
+    return m_budget.goesOn();
 }
 
 bool ScanCrawler::mayFollow(const std::string& link) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/Result.h"
+#include "trailers/CrawlBudget.h"
 #include "trailers/CrawlWatcher.h"
 #include "trailers/PageText.h"
 #include "trailers/PageUnpacker.h"
@@ -29,12 +30,14 @@ struct CrawlHooks {
 };
 
 /// Walks the trailer site from one page, depth first, and keeps the movies that it finds in the list. A
-/// page's movies are kept once every page that it links to is done. The way down is a stack of its own, so a
-/// site may be as deep as it likes. Owned by the controller; one crawl at a time, on one thread.
+/// page's movies are kept once every page that it links to is done. The way down is a stack of its own, so
+/// depth costs no more than its pages. A crawl that comes to a bound follows no further link, and keeps what
+/// it has. Owned by the controller; one crawl at a time, on one thread.
 class ScanCrawler final {
 public:
     /// `fetch` and `list` outlive the crawler; `scratchFolder` is for unpacking pages.
-    ScanCrawler(Fetch& fetch, TrailerList& list, const QString& scratchFolder, CrawlHooks hooks);
+    ScanCrawler(Fetch& fetch, TrailerList& list, const QString& scratchFolder, CrawlHooks hooks,
+                CrawlBudget budget);
     ~ScanCrawler();
 
     /// The host whose pages may be fetched, with a port or for every port.
@@ -49,6 +52,8 @@ public:
     /// Pages that the last crawl has read, and why its first page could not be read.
     [[nodiscard]] int pageCount() const { return m_pages; }
     [[nodiscard]] const QString& startFailure() const { return m_startFailure; }
+    /// The bound that kept the last crawl from pages that it would have asked for, in words; empty for none.
+    [[nodiscard]] const QString& bound() const { return m_budget.bound(); }
 
 private:
     /// A page on the way down, and how far its links are followed.
@@ -58,6 +63,7 @@ private:
         std::size_t next = 0;
         bool endsWithOtherLink = false; ///< the page ends with a link that is not in `links`
         std::vector<TrailerRecord> movies;
+        qint64 held = 0; ///< bytes of all this
     };
 
     void begin();
@@ -69,7 +75,10 @@ private:
     [[nodiscard]] Result<QByteArray> textOf(const std::string& url);
     [[nodiscard]] bool canBeDecoded(const Result<QByteArray>& page, const std::string& url);
     [[nodiscard]] QByteArray feedText(const QUrl& feed);
-    void takeLinks(const std::vector<std::string>& links, OpenPage& page);
+    void takeLinks(std::vector<std::string> links, OpenPage& page);
+    void takeMovies(std::vector<TrailerRecord> movies, OpenPage& page);
+    [[nodiscard]] bool hold(OpenPage& page, qint64 bytes);
+    [[nodiscard]] bool goesOn();
     [[nodiscard]] bool mayFollow(const std::string& link) const;
     [[nodiscard]] CrawlCounts counts() const;
 
@@ -77,6 +86,7 @@ private:
     TrailerList& m_list;
     PageUnpacker m_unpacker;
     CrawlHooks m_hooks;
+    CrawlBudget m_budget;
     CrawlWatcher* m_watcher = nullptr;
     std::string m_siteHost;
     PageEncoding m_encoding = PageEncoding::IsoLatin1; ///< once switched, for good
@@ -85,6 +95,7 @@ private:
     QString m_startFailure;
     int m_pages = 0;
     qsizetype m_queue = 0;
+    qint64 m_bytesBefore = 0; ///< that came before this crawl
 };
 
 /// What the links of the page at `url` are resolved against: its folder.

@@ -2,6 +2,7 @@
 
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
+#include "platform/base/ShownURL.h"
 #include "platform/network/CurlFetch.h"
 #include "trailers/CrawlLock.h"
 #include "trailers/PageBase.h"
@@ -25,7 +26,7 @@ TrailerCont::Parts partsOfThisUser()
     return {homeFolder(),
             packagePrefix() +
                 QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources/Kestro_Scanned_Trailers.lst"),
-            temporaryFolder(), configuredTrailerSite(), std::make_unique<CurlFetch>()};
+            unpackingFolder(), configuredTrailerSite(), std::make_unique<CurlFetch>()};
 }
 
 ScanEnd notStarted(const QString& reason)
@@ -35,7 +36,7 @@ ScanEnd notStarted(const QString& reason)
 
 QString cannotRead(const std::string& url, const QString& reason)
 {
-    return QStringLiteral("Cannot read %1: %2").arg(QString::fromStdString(url), reason);
+    return QStringLiteral("Cannot read %1: %2").arg(shownURL(QUrl(QString::fromStdString(url))), reason);
 }
 
 } // namespace
@@ -56,7 +57,7 @@ TrailerCont::TrailerCont(Parts parts)
     , m_site(std::move(parts.site))
     , m_fetch(std::move(parts.fetch))
     , m_crawler(*m_fetch, m_list, parts.scratchFolder,
-                {[this] { return onThreading(); }, [this] { postReload(); }})
+                {[this] { return onThreading(); }, [this] { postReload(); }}, {parts.limits, m_clock})
 {
     m_list.load();
 }
@@ -126,7 +127,7 @@ void TrailerCont::scanTralers(const TrailerSite& site)
 void TrailerCont::scanTralersWithNoProgress(const TrailerSite& site)
 {
     crawl(site, false);
-    if (!m_end.reason.isEmpty()) logLine(m_end.reason);
+    if (m_end.pages == 0 && !m_end.reason.isEmpty()) logLine(m_end.reason);
     leaveThread();
 }
 
@@ -161,7 +162,10 @@ ScanEnd TrailerCont::scanFrom(const std::string& url, bool progress)
     const int pages = m_crawler.pageCount();
     if (!m_onThreading) return {ScanEnd::Kind::Stopped, {}, pages};
     if (pages == 0) return {ScanEnd::Kind::NoPage, cannotRead(url, m_crawler.startFailure()), pages};
-    return {ScanEnd::Kind::Whole, {}, pages};
+    if (m_crawler.bound().isEmpty()) return {ScanEnd::Kind::Whole, {}, pages};
+    const QString reason = QStringLiteral("The crawl came to a bound: %1.").arg(m_crawler.bound());
+    logLine(reason);
+    return {ScanEnd::Kind::Bounded, reason, pages};
 }
 
 void TrailerCont::leaveThread()

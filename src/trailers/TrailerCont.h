@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Clock.h"
 #include "settings/LatestTrailers.h"
 #include "trailers/ScanCrawler.h"
 #include "trailers/TrailerList.h"
@@ -30,12 +31,13 @@ public:
 struct ScanEnd {
     enum class Kind {
         Whole,      ///< the start page was scanned to its end
+        Bounded,    ///< the same, but for what a bound kept it from
         Stopped,    ///< by stopThreading()
         NoPage,     ///< the start page could not be read
         NotStarted, ///< there is no address, or the lock is with somebody else
     };
     Kind kind = Kind::NotStarted;
-    QString reason; ///< in one line, where nothing was scanned
+    QString reason; ///< in one line, where not everything was scanned and nobody stopped it
     int pages = 0;
 };
 
@@ -47,9 +49,10 @@ public:
     struct Parts {
         QString homeFolder;
         QString seed;          ///< a list for users who have none
-        QString scratchFolder; ///< private to the user
+        QString scratchFolder; ///< for unpacking pages; need not exist
         TrailerSite site;
         std::unique_ptr<Fetch> fetch;
+        CrawlLimits limits = {};
     };
 
     /// The one controller, made at the first call.
@@ -106,6 +109,7 @@ private:
     TrailerList m_list;
     TrailerSite m_site;
     std::unique_ptr<Fetch> m_fetch;
+    SystemClock m_clock;
     ScanCrawler m_crawler;
     TrailerObserver* m_observer = nullptr;
     QObject m_mainThread; ///< what the worker asks of the main thread is posted to it

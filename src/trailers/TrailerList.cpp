@@ -124,11 +124,10 @@ void TrailerList::store(std::vector<TrailerRecord> records)
         record.url = storableText(record.url);
         if (record.size) record.size = storableText(*record.size);
         const QString url = record.url;
-        m_contents.trailers.insert(url, std::move(record));
+        if (m_contents.keep(url, std::move(record))) m_isChanged = true;
     }
     m_contents.hasTrailers = true;
     m_sorted.reset();
-    m_isChanged = m_isChanged || !records.empty();
 }
 
 void TrailerList::setSel(const QString& url, const QVariant& value)
@@ -136,8 +135,9 @@ void TrailerList::setSel(const QString& url, const QVariant& value)
     const std::lock_guard guard(m_mutex);
     const auto found = m_contents.trailers.find(url);
     if (found == m_contents.trailers.end()) return;
-    found->other.insert(selKey, value);
-    m_isChanged = true;
+    TrailerRecord record = *found;
+    record.other.insert(selKey, value);
+    if (m_contents.keep(url, std::move(record))) m_isChanged = true;
 }
 
 std::optional<QStringList> TrailerList::scanedURLList() const
@@ -164,8 +164,13 @@ void TrailerList::addPassed(std::string_view page)
 {
     const std::lock_guard guard(m_mutex);
     if (m_contents.sites.contains(borrowed(page))) return;
-    m_contents.sites.insert(QByteArray(page.data(), static_cast<qsizetype>(page.size())));
-    m_isChanged = true;
+    if (m_contents.keepSite(borrowed(page))) m_isChanged = true;
+}
+
+bool TrailerList::isFull() const
+{
+    const std::lock_guard guard(m_mutex);
+    return m_contents.room.isFull();
 }
 
 TrailerOrder TrailerList::order() const

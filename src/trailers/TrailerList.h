@@ -35,7 +35,8 @@ public:
     [[nodiscard]] QHash<QString, TrailerRecord> scanedURLs() const;
     [[nodiscard]] std::optional<TrailerRecord> record(const QString& url) const;
     [[nodiscard]] qsizetype count() const;
-    /// Keeps each record under its URL, in the place of one that is there.
+    /// Keeps each record under its URL, in the place of one that is there. What there is no room for is left
+    /// out.
     void store(std::vector<TrailerRecord> records);
     /// Keeps `value`, a property-list value, as the record's "Sel"; nothing where there is no such record.
     void setSel(const QString& url, const QVariant& value);
@@ -46,7 +47,11 @@ public:
     // Pages, absolute strings.
     [[nodiscard]] QSet<QByteArray> passedList() const;
     [[nodiscard]] bool isPassed(std::string_view page) const;
+    /// Keeps a page, unless there is no room for more.
     void addPassed(std::string_view page);
+
+    /// Whether a record or a page had to be left out because there are too many.
+    [[nodiscard]] bool isFull() const;
 
     // The order, newest or highest first until it is set.
     [[nodiscard]] TrailerOrder order() const;

@@ -1,13 +1,18 @@
 #include "trailers/TrailerListFile.h"
 
+#include "platform/base/Bounds.h"
 #include "platform/base/Log.h"
+#include "platform/base/ShownURL.h"
+#include "platform/base/URLKind.h"
 #include "platform/plist/PropertyList.h"
 #include "trailers/TrailerRecordMap.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QUrl>
 
+#include <algorithm>
 #include <utility>
 
 namespace kestro {
@@ -22,50 +27,75 @@ const QString sitesKey = QStringLiteral("Sites");
 const QString extension = QStringLiteral(".lst");
 constexpr int mostBackups = 1000;
 
-void keep(TrailerListContents& contents, const QString& url, TrailerRecord record)
-{
-    if (record.url == url) record.url = url; // one text in memory for both
-    contents.trailers.emplace(url, std::move(record));
-}
-
-// The form of older releases: records by their URL, without dates at first.
-void readDictionary(const QVariantMap& stored, TrailerListContents& contents)
-{
-    for (auto entry = stored.begin(); entry != stored.end(); ++entry) {
-        if (entry->typeId() != QMetaType::QVariantMap) continue;
-        const QString url = storableText(entry.key());
-        TrailerRecord record = trailerRecord(entry->toMap());
-        if (!record.date && !record.other.contains(QStringLiteral("Date"))) record.date = defaultDateStr();
-        if (record.url.isEmpty()) record.url = url;
-        keep(contents, url, std::move(record));
+/// Takes what a file holds, and says what it had to leave out.
+class ListReader final {
+public:
+    // The form of older releases: records by their URL, without dates at first.
+    void readDictionary(const QVariantMap& stored)
+    {
+        for (auto entry = stored.begin(); entry != stored.end(); ++entry) {
+            if (entry->typeId() != QMetaType::QVariantMap) continue;
+            const QString url = storableText(entry.key());
+            TrailerRecord record = trailerRecord(entry->toMap());
+            if (!record.date && !record.other.contains(QStringLiteral("Date")))
+                record.date = defaultDateStr();
+            if (record.url.isEmpty()) record.url = url;
+            keep(url, std::move(record));
+        }
     }
-}
 
-void readArray(const QVariantList& stored, TrailerListContents& contents)
-{
-    contents.trailers.reserve(stored.size());
-    for (const QVariant& element : stored) {
-        if (element.typeId() != QMetaType::QVariantMap) continue;
-        TrailerRecord record = trailerRecord(element.toMap());
-        const QString url = record.url;
-        if (!url.isEmpty()) keep(contents, url, std::move(record));
+    void readArray(const QVariantList& stored)
+    {
+        m_contents.trailers.reserve(std::min(stored.size(), Bounds::listedTrailers));
+        for (const QVariant& element : stored) {
+            if (element.typeId() != QMetaType::QVariantMap) continue;
+            TrailerRecord record = trailerRecord(element.toMap());
+            const QString url = record.url;
+            if (!url.isEmpty()) keep(url, std::move(record));
+        }
     }
-}
 
-TrailerListContents contentsOf(const QVariantMap& stored)
-{
-    TrailerListContents contents;
-    const QVariant trailers = stored.value(trailersKey);
-    contents.hasTrailers = trailers.isValid();
-    if (trailers.typeId() == QMetaType::QVariantMap)
-        readDictionary(trailers.toMap(), contents);
-    else if (trailers.typeId() == QMetaType::QVariantList)
-        readArray(trailers.toList(), contents);
-    for (const QVariant& site : stored.value(sitesKey).toList())
-        if (site.typeId() == QMetaType::QString)
-            contents.sites.insert(storableText(site.toString()).toUtf8());
-    return contents;
-}
+    void readSites(const QVariantList& stored)
+    {
+        for (const QVariant& site : stored)
+            if (site.typeId() == QMetaType::QString)
+                m_contents.keepSite(storableText(site.toString()).toUtf8());
+    }
+
+    [[nodiscard]] TrailerListContents& contents() { return m_contents; }
+    /// Records that name something else than a movie on a web site, and the first of them.
+    [[nodiscard]] int strangers() const { return m_strangers; }
+    [[nodiscard]] const QString& firstStranger() const { return m_firstStranger; }
+
+private:
+    void keep(const QString& url, TrailerRecord record)
+    {
+        const bool isOneText = record.url == url;
+        if (isOneText) record.url = url; // one text in memory for both
+        if (!isOnWeb(url) || (!isOneText && !isOnWeb(record.url))) {
+            if (m_strangers++ == 0) m_firstStranger = url;
+            return;
+        }
+        m_contents.keep(url, std::move(record));
+    }
+
+    // Most trailers are on the site of the one before, and a list has very many.
+    bool isOnWeb(const QString& url)
+    {
+        const auto isPlain = [](QChar c) { return c.unicode() > ' ' && c.unicode() < 0x7f; };
+        if (!m_site.isEmpty() && url.startsWith(m_site) && std::all_of(url.begin(), url.end(), isPlain))
+            return true;
+        if (!isWebURL(QUrl(url))) return false;
+        const qsizetype slash = url.indexOf(u'/', url.indexOf(QStringLiteral("://")) + 3);
+        m_site = slash < 0 ? QString() : url.first(slash + 1);
+        return true;
+    }
+
+    TrailerListContents m_contents;
+    QString m_site; ///< of the trailer before: scheme, host and the slash after it
+    QString m_firstStranger;
+    int m_strangers = 0;
+};
 
 // A link that leads nowhere is there too.
 bool isThere(const QString& path)
@@ -88,6 +118,23 @@ TrailerListFile::TrailerListFile(const QString& homeFolder, QString seed)
 {
 }
 
+bool TrailerListContents::keep(const QString& url, TrailerRecord record)
+{
+    const auto old = trailers.constFind(url);
+    if (!room.takeTrailer(record, old == trailers.constEnd() ? nullptr : &*old)) return false;
+    trailers.emplace(url, std::move(record));
+    return true;
+}
+
+bool TrailerListContents::keepSite(QByteArrayView site)
+{
+    const auto text = QByteArray::fromRawData(site.data(), site.size());
+    if (sites.contains(text)) return true;
+    if (!room.takePage(site)) return false;
+    sites.insert(site.toByteArray());
+    return true;
+}
+
 TrailerListContents TrailerListFile::load() const
 {
     if (!isThere(m_path)) installSeed();
@@ -99,6 +146,25 @@ TrailerListContents TrailerListFile::load() const
         stored = readPropertyListDictionary(m_path);
     }
     return contentsOf(stored.value_or(QVariantMap()));
+}
+
+TrailerListContents TrailerListFile::contentsOf(const QVariantMap& stored) const
+{
+    ListReader reader;
+    const QVariant trailers = stored.value(trailersKey);
+    reader.contents().hasTrailers = trailers.isValid();
+    if (trailers.typeId() == QMetaType::QVariantMap)
+        reader.readDictionary(trailers.toMap());
+    else if (trailers.typeId() == QMetaType::QVariantList)
+        reader.readArray(trailers.toList());
+    reader.readSites(stored.value(sitesKey).toList());
+    if (reader.strangers() > 0)
+        logLine(QStringLiteral("%1 entries of %2 are no movies on a web site and are left out; the first: %3")
+                    .arg(reader.strangers())
+                    .arg(m_path, shownURL(QUrl(reader.firstStranger()))));
+    if (reader.contents().room.isFull())
+        logLine(QStringLiteral("%1 holds more than there is room for: the rest is left out.").arg(m_path));
+    return std::move(reader.contents());
 }
 
 // A copy that fails, because a file is there or because none can be written, leaves things as they are.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "trailers/ListRoom.h"
 #include "trailers/TrailerRecord.h"
 
 #include <QByteArray>
@@ -11,11 +12,17 @@
 
 namespace kestro {
 
-/// What a list file holds.
+/// What a list file holds. Entries are added with room counted for them.
 struct TrailerListContents {
+    /// Keeps `record` under `url`; answers false where there is no room for it.
+    bool keep(const QString& url, TrailerRecord record);
+    /// Keeps a page that was visited; likewise.
+    bool keepSite(QByteArrayView site);
+
     QHash<QString, TrailerRecord> trailers; ///< by URL string
     QSet<QByteArray> sites;                 ///< the pages that a crawl has visited, absolute strings in UTF-8
     bool hasTrailers = false;               ///< there was a list, even an empty one
+    ListRoom room;
 };
 
 /// The file that the scanned trailers are kept in, in the user's "Library/Preferences". A stateless name of a
@@ -25,7 +32,8 @@ public:
     /// `seed` is the list that a user starts with, installed where there is none or only an outdated one.
     TrailerListFile(const QString& homeFolder, QString seed);
 
-    /// What the file holds, after the seed was put in the place of a missing or outdated one. A file without
+    /// What the file holds, after the seed was put in the place of a missing or outdated one. What is no
+    /// trailer on a web site, and what there is no room for, is left out, with a log line. A file without
     /// a version is outdated, as is one that cannot be read; it goes to the backup name, and one that cannot
     /// be read to a further name where there is a backup already.
     [[nodiscard]] TrailerListContents load() const;
@@ -35,6 +43,7 @@ public:
     [[nodiscard]] const QString& path() const { return m_path; }
 
 private:
+    [[nodiscard]] TrailerListContents contentsOf(const QVariantMap& stored) const;
     void installSeed() const;
     void retire(bool isReadable) const;
 

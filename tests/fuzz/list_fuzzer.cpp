@@ -1,10 +1,12 @@
 #include "Expect.h"
 #include "platform/base/Log.h"
+#include "platform/base/URLKind.h"
 #include "trailers/TrailerListFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QUrl>
 
 #include <cstdint>
 
@@ -50,6 +52,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     home.write(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
     const TrailerListContents read = home.file().load();
     expect(read.hasTrailers || read.trailers.isEmpty(), "trailers come from a list of them");
+    for (const TrailerRecord& trailer : read.trailers)
+        expect(isWebURL(QUrl(trailer.url)), "a trailer is on a web site");
     if (!home.file().save(read)) return 0;
     const TrailerListContents again = home.file().load();
     expect(again.trailers.size() <= read.trailers.size(), "saving adds no trailer");

@@ -1,4 +1,5 @@
 #include "Expect.h"
+#include "platform/base/URLKind.h"
 #include "trailers/PageBase.h"
 #include "trailers/PageParser.h"
 #include "trailers/TextSearch.h"
@@ -51,12 +52,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             expect(feed.port() == own.port() && feed.host() == own.host(), "a feed is on the page's host");
             return ++feeds > 10 ? QByteArray() : QByteArray(page.data(), qsizetype(page.size()));
         },
-        QStringLiteral("2008/03/14"));
+        QStringLiteral("2008/03/14"), [] { return true; });
     for (const std::string& link : parser.linkListFromStringBase(page, base))
         expect(URLText::parse(link).has_value(), "a link is a URL");
     for (const TrailerRecord& movie : parser.movieListFromStringBase(page, base)) {
         const auto url = URLText::parse(movie.url.toStdString());
-        expect(url && !url->scheme.empty(), "a movie has a URL");
+        expect(url.has_value(), "a movie has a URL");
+        const QUrl read(movie.url);
+        expect(isWebURL(read) && upperCasePathExtension(read) == u"MOV", "a movie is one on a web site");
         expect(movie.size && movie.size->contains(QStringLiteral(" x ")), "a movie has a size");
     }
     return 0;

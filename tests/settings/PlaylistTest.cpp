@@ -118,6 +118,30 @@ TEST_F(PlaylistOfURLs, automaticEntry_takesItsNumbers_fromTheLastTwoParts)
     }
 }
 
+TEST_F(PlaylistOfURLs, automaticEntry_becomesMoviesOnTheWebOnly_withOneLine)
+{
+    for (const char* url :
+         {"http://h/x.swf", "https://h/x.SWF/", "http://h/x.swf?.mov", "http://h/x%2Eswf#.mov",
+          "file:///home/ada/t.mov", "file:///home/ada/x.swf", "edl://t.mov", "smb://h/t.mov",
+          "data:video/mp4,t.mov", "http:///t.mov", "t.mov", "/t.mov", ""})
+        m_trailers.others.append(QUrl(QString::fromLatin1(url)));
+    QStringList logged;
+    const LogCapture capture([&](const QString& line) { logged.append(line); });
+    useList("5", QStringList(QStringLiteral("auto://LatestTrailers/2/640")));
+    EXPECT_EQ(texts(playlist().fileList()), trailers(640, 2));
+    EXPECT_EQ(logged, QStringList(QStringLiteral("13 trailers are no movies on a web site and are left out; "
+                                                 "the first: http://h/x.swf")));
+}
+
+// What a person has put there is theirs.
+TEST_F(PlaylistOfURLs, plainEntries_mayNameAnything)
+{
+    const QStringList stored{QStringLiteral("file:///home/ada/x.swf"), QStringLiteral("smb://h/t.mov"),
+                             QStringLiteral("http://h/x.swf")};
+    useList("5", stored);
+    EXPECT_EQ(texts(playlist().fileList()), stored);
+}
+
 TEST_F(PlaylistOfURLs, automaticEntry_isDropped_whenItsPathHasTooFewParts)
 {
     const QStringList stored{QStringLiteral("auto://LatestTrailers/480"),

@@ -20,7 +20,7 @@ public:
     [[nodiscard]] QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) override
     {
         calls.push_back({count, width, excluded});
-        QList<QUrl> found;
+        QList<QUrl> found = others;
         for (int number = 1; number <= count; ++number) {
             const QString url = urlText(width, number);
             if (!excluded.contains(url)) found.append(QUrl(url));
@@ -37,6 +37,7 @@ public:
     }
 
     std::vector<Call> calls;
+    QList<QUrl> others; ///< that each answer begins with
     std::vector<TrailerClient*> scans;
     int stops = 0;
 };

@@ -1,10 +1,25 @@
 #include "trailers/CallArguments.h"
 
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace kestro {
 
 using Pieces = std::vector<std::string_view>;
+
+namespace {
+
+Pieces callArguments(std::string_view text)
+{
+    Pieces pieces;
+    CallArguments arguments(text);
+    while (const auto piece = arguments.next())
+        pieces.push_back(*piece);
+    EXPECT_FALSE(arguments.next());
+    return pieces;
+}
+
+} // namespace
 
 TEST(CallArguments, callArguments_splitsAtEachComma_whateverItIsPartOf)
 {

@@ -33,10 +33,12 @@ public:
         if (m_isCancelled) return Error{QStringLiteral("cancelled")};
         const auto page = m_pages.constFind(asked);
         if (page == m_pages.constEnd()) return Error{QStringLiteral("no such page")};
+        m_received += page->size();
         return *page;
     }
     void cancel() override { setCancelled(true); }
     void allow() override { setCancelled(false); }
+    [[nodiscard]] qint64 received() const override { return m_received; }
 
     [[nodiscard]] QStringList asked() const
     {
@@ -73,6 +75,7 @@ private:
 
     QHash<QString, QByteArray> m_pages;
     QString m_hanging;
+    qint64 m_received = 0;
     std::function<void(const QString&)> m_handler;
     std::atomic<bool> m_isCancelled = false;
     std::counting_semaphore<> m_arrivals{0};

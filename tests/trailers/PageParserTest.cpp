@@ -1,11 +1,14 @@
 #include "trailers/PageParser.h"
 
+#include "platform/base/Bounds.h"
 #include "platform/base/Log.h"
 #include "trailers/PageBase.h"
 
 #include <QMap>
+#include <QStringList>
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace kestro {
 
@@ -29,12 +32,16 @@ protected:
 
     QMap<QString, QByteArray> m_feeds;
     std::vector<std::string> m_read;
+    int m_looks = 0;
+    int m_looksUntilStop = std::numeric_limits<int>::max();
+    QStringList m_log;
+    LogCapture m_capture{[this](const QString& line) { m_log.append(line); }};
     PageBase m_base = *PageBase::from("http://h/trailers/studio/");
     PageParser m_parser{[this](const QUrl& feed) {
                             m_read.push_back(feed.toString().toStdString());
                             return m_feeds.value(feed.toString());
                         },
-                        QStringLiteral("2008/03/14")};
+                        QStringLiteral("2008/03/14"), [this] { return ++m_looks <= m_looksUntilStop; }};
 };
 
 } // namespace
@@ -87,12 +94,83 @@ TEST_F(PageParserTest, links_ofAFeedAreResolved_againstThePage)
     EXPECT_EQ(links("'/feeds/x.JSON'"), Links{"http://h/trailers/studio/a/"});
 }
 
-TEST_F(PageParserTest, feeds_areReadEachTime_thatAPageNamesThem)
+TEST_F(PageParserTest, feeds_areReadOnceAPage_andTheirLinksComeAtEachNaming)
 {
-    links("'a.json' 'b.json?x' 'a.json'");
+    m_feeds[QStringLiteral("http://h/trailers/studio/a.json")] = R"("location":"x" "location":"y")";
+    m_feeds[QStringLiteral("http://h/trailers/studio/b.json")] = R"("location":"z")";
+    const std::string x = "http://h/trailers/studio/x/";
+    const std::string y = "http://h/trailers/studio/y/";
+    const std::string z = "http://h/trailers/studio/z/";
+    EXPECT_EQ(links("'a.json' 'b.json?x' './a.json' 'none.json' 'none.json' 'b.json'"),
+              (Links{x, y, z, x, y, z}));
     EXPECT_EQ(m_read,
               (std::vector<std::string>{"http://h/trailers/studio/a.json", "http://h/trailers/studio/b.json",
-                                        "http://h/trailers/studio/a.json"}));
+                                        "http://h/trailers/studio/none.json"}));
+    m_read.clear();
+    EXPECT_EQ(links("'a.json'"), (Links{x, y}));
+    EXPECT_EQ(m_read.size(), 1U);
+}
+
+TEST_F(PageParserTest, feeds_areReadUpToTheBound_andThoseAgainThatWereRead)
+{
+    std::string page;
+    for (int i = 0; i < 1000; ++i) {
+        const QString name = QStringLiteral("%1.json").arg(i);
+        m_feeds[QStringLiteral("http://h/trailers/studio/") + name] = R"("location":"x")";
+        page += "'" + name.toStdString() + "' ";
+    }
+    EXPECT_EQ(links(page + "'0.json'").size(), std::size_t(Bounds::feedsOfAPage) + 1);
+    EXPECT_EQ(m_read.size(), std::size_t(Bounds::feedsOfAPage));
+    EXPECT_EQ(m_log,
+              QStringList(QStringLiteral("More than 100 feeds on one page....http://h/trailers/studio/")));
+}
+
+TEST_F(PageParserTest, feeds_areReadNoFurther_whenAStopIsAskedFor)
+{
+    m_looksUntilStop = 2;
+    links("'a.json' 'b.json' 'c.json' 'd.json'");
+    EXPECT_EQ(m_read.size(), 2U);
+    EXPECT_EQ(m_looks, 3);
+}
+
+// Each of these takes long: it ends after a share of it.
+TEST_F(PageParserTest, hugePages_areLeftSoon_whenAStopIsAskedFor)
+{
+    constexpr std::size_t bytes = std::size_t(16) * 1024 * 1024;
+    for (const char* text : {"'.json", "href=\"a\"", " ", "QT_WriteOBJECT_XHTML('a.mov',1,2)",
+                             "AC.Quicktime.packageMovie('m','a.mov',{})", "QT_WriteOBJECT_XHTML(,)"}) {
+        std::string page;
+        while (page.size() < bytes)
+            page += text;
+        m_looks = 0;
+        m_looksUntilStop = 0;
+        EXPECT_LT(links(page).size(), 10'000U) << text;
+        EXPECT_LT(movies(page).size(), 10'000U) << text;
+        EXPECT_LE(m_looks, 2) << text;
+        EXPECT_GE(m_looks, 1) << text;
+        EXPECT_EQ(m_read.size(), 0U) << text;
+    }
+}
+
+TEST_F(PageParserTest, pagesForPeople_areReadToTheirEnd_whateverIsAskedFor)
+{
+    std::string page;
+    for (int i = 0; i < 1000; ++i)
+        page += "<a href=\"a\">QT_WriteOBJECT_XHTML('a.mov',1,2)";
+    m_looksUntilStop = 0;
+    EXPECT_EQ(links(page).size(), 1000U);
+    EXPECT_EQ(movies(page).size(), 1000U);
+    EXPECT_EQ(m_looks, 0);
+}
+
+TEST_F(PageParserTest, everything_isFound_wherePiecesOfAHugePageMeet)
+{
+    constexpr std::size_t piece = std::size_t(1024) * 1024;
+    for (std::size_t before = piece - 30; before <= piece + 1; ++before) {
+        EXPECT_EQ(links(std::string(before, ' ') + "href=\"a/\"").size(), 1U) << before;
+        EXPECT_EQ(movies(std::string(before, ' ') + "AC.Quicktime.packageMovie('m','a.mov',{})").size(), 1U)
+            << before;
+    }
 }
 
 TEST_F(PageParserTest, feeds_areNamedFromTheLastSingleQuote_inTheirStretch)
@@ -173,19 +251,36 @@ TEST_F(PageParserTest, everything_isFound_amongZeroAndHighBytes)
 
 TEST_F(PageParserTest, links_areBounded_whenAPageHoldsMillionsBelowALongBase)
 {
-    const std::size_t length = 1'000'000;
+    const auto length = std::size_t(Bounds::addressBytes) - 100;
     const PageBase base = *PageBase::from("http://h/" + std::string(length, 'x') + "/");
     std::string page;
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 10'000; ++i)
         page += "href=\"a\"";
-    std::vector<QString> logged;
-    const LogCapture capture([&](const QString& line) { logged.push_back(line); });
     const Links list = m_parser.linkListFromStringBase(page, base);
-    EXPECT_EQ(list.size(),
-              PageParser::mostBytes / (length + std::string("http://h//a/").size() + sizeof(std::string)));
-    ASSERT_EQ(logged.size(), 1U);
-    EXPECT_TRUE(logged.front().startsWith(QStringLiteral("Too much on one page....http://h/xxx")))
-        << logged.front().toStdString();
+    EXPECT_EQ(list.size(), std::size_t(Bounds::pageMemory) /
+                               (length + std::string("http://h//a/").size() + sizeof(std::string)));
+    ASSERT_EQ(m_log.size(), 1);
+    EXPECT_TRUE(m_log.front().startsWith(QStringLiteral("Too much on one page....http://h/xxx")))
+        << m_log.front().toStdString();
+}
+
+TEST_F(PageParserTest, links_areLeftOut_whenTheirAddressIsTooLong)
+{
+    const std::string fits(std::size_t(Bounds::addressBytes) - 100, 'x');
+    EXPECT_EQ(links("href=\"" + fits + "\"").size(), 1U);
+    EXPECT_EQ(links("href=\"" + fits + std::string(100, 'y') + "\" href=\"z/\""),
+              Links{"http://h/trailers/studio/z/"});
+}
+
+TEST_F(PageParserTest, movies_areLeftOut_whenTheirCallIsTooLong)
+{
+    const auto call = [](std::size_t spaces) {
+        return "QT_WriteOBJECT_XHTML('a.mov','1','2'" + std::string(spaces, ' ') + ")";
+    };
+    const auto bound = std::size_t(Bounds::callBytes);
+    EXPECT_EQ(movies(call(bound - 15)).size(), 1U);
+    EXPECT_EQ(movies(call(bound)).size(), 0U);
+    EXPECT_EQ(movies(call(bound) + call(1)).size(), 1U);
 }
 
 // None of these pages, megabytes of beginnings without an end, may cost more than a few passes over it:

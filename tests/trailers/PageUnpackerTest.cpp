@@ -1,5 +1,7 @@
 #include "trailers/PageUnpacker.h"
 
+#include "platform/base/Bounds.h"
+#include "platform/base/ScopedEnvironment.h"
 #include "trailers/ShellCommand.h"
 
 #include <QDir>
@@ -60,12 +62,40 @@ TEST_F(PageUnpackerTest, unpack_answersNoEarlierPage_whenThisOneIsBroken)
 
 TEST_F(PageUnpackerTest, unpack_givesUp_whenThePageUnfoldsToTooMuch)
 {
-    const QByteArray bomb = packed(QStringLiteral("head -c %1 /dev/zero").arg(PageUnpacker::largestPage + 1));
+    const QByteArray bomb = packed(QStringLiteral("head -c %1 /dev/zero").arg(Bounds::unpackedPageBytes + 1));
     ASSERT_LT(bomb.size(), 4 * 1024 * 1024);
     const auto page = m_unpacker.unpack(bomb, always);
     ASSERT_FALSE(page.isOk());
     EXPECT_EQ(page.error(), QStringLiteral("unpacked it is too large"));
-    EXPECT_LE(QFile(m_folder.filePath(QStringLiteral("__tmp__"))).size(), PageUnpacker::largestPage);
+    EXPECT_EQ(m_unpacker.unpackedBytes(), Bounds::unpackedPageBytes);
+    EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
+}
+
+TEST_F(PageUnpackerTest, unpack_leavesNoFile_whateverTheEnd)
+{
+    const auto whole = packed(QStringLiteral("printf page"));
+    ASSERT_TRUE(m_unpacker.unpack(whole, always).isOk());
+    EXPECT_EQ(m_unpacker.unpackedBytes(), 4);
+    ASSERT_FALSE(m_unpacker.unpack(whole.chopped(3), always).isOk());
+    ASSERT_FALSE(
+        m_unpacker.unpack(packed(QStringLiteral("head -c 90000000 /dev/zero")), [] { return false; }).isOk());
+    EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
+}
+
+TEST_F(PageUnpackerTest, unpack_isAnError_whenThereIsNoFolder)
+{
+    for (const QString& folder : {QString(), QStringLiteral("relative"), QStringLiteral("/proc/none")})
+        EXPECT_FALSE(PageUnpacker(folder).unpack(packed(QStringLiteral("printf a")), always).isOk());
+    EXPECT_FALSE(QFile::exists(QStringLiteral("/__tmp__")));
+    EXPECT_FALSE(QFile::exists(QStringLiteral("/__tmp__.gz")));
+}
+
+TEST_F(PageUnpackerTest, unpackingFolder_isTheCache_unlessAShellCannotTakeItsName)
+{
+    const ScopedEnvironment home("KESTRO_HOME", QStringLiteral("/home/ada"));
+    EXPECT_EQ(unpackingFolder(), QStringLiteral("/home/ada/.cache/kestro"));
+    const ScopedEnvironment odd("KESTRO_HOME", QStringLiteral("/home/Ada L"));
+    EXPECT_EQ(unpackingFolder(), QDir::tempPath());
 }
 
 TEST_F(PageUnpackerTest, unpack_runsNothing_whenTheFoldersNameIsNotPlain)

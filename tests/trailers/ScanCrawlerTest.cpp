@@ -1,5 +1,6 @@
 #include "trailers/ScanCrawler.h"
 
+#include "platform/base/Clock.h"
 #include "trailers/MemoryFetch.h"
 #include "trailers/PageBase.h"
 #include "trailers/TrailerListFixture.h"
@@ -62,14 +63,18 @@ protected:
     }
     [[nodiscard]] bool hasMovie(const char* path) const { return m_list.record(full(path)).has_value(); }
     [[nodiscard]] bool isPassed(const char* path) const { return m_list.isPassed(full(path).toStdString()); }
-    [[nodiscard]] QString scratch(const char* name) const { return m_home.filePath(QLatin1String(name)); }
+    [[nodiscard]] QString scratchFolder() const { return m_home.filePath(QStringLiteral("scratch")); }
 
     MemoryFetch m_fetch;
     TrailerList m_list{m_home.path(), seed()};
     bool m_isWanted = true;
     int m_reloads = 0;
-    ScanCrawler m_crawler{
-        m_fetch, m_list, m_home.path(), {[this] { return m_isWanted; }, [this] { ++m_reloads; }}};
+    ManualClock m_clock;
+    ScanCrawler m_crawler{m_fetch,
+                          m_list,
+                          scratchFolder(),
+                          {[this] { return m_isWanted; }, [this] { ++m_reloads; }},
+                          CrawlBudget(CrawlLimits(), m_clock)};
 };
 
 TEST_F(ScanCrawlerTest, scan_goesDepthFirstInPageOrder_whenPagesLinkOn)
@@ -201,20 +206,19 @@ TEST_F(ScanCrawlerTest, scan_readsPackedPages_whenTheirHeaderHasNoFlags)
     page("/trailers/a/", {});
     EXPECT_TRUE(scan());
     EXPECT_TRUE(asked().contains(QStringLiteral("/trailers/a/")));
-    EXPECT_TRUE(QFile::exists(scratch("__tmp__")));
-    EXPECT_FALSE(QFile::exists(scratch("__tmp__.gz")));
+    EXPECT_TRUE(QDir(scratchFolder()).isEmpty());
 }
 
 TEST_F(ScanCrawlerTest, scan_takesPackedBytesAsTheyAre_whenTheirHeaderHasFlags)
 {
-    QFile named(scratch("page"));
+    QFile named(m_home.filePath(QStringLiteral("page")));
     ASSERT_TRUE(named.open(QIODevice::WriteOnly));
     named.write("<html>" + linkTo("a/"));
     named.close();
     raw("/trailers/", gzipped({}, {QStringLiteral("-c"), named.fileName()}));
     scan();
     EXPECT_EQ(asked(), QStringList(QStringLiteral("/trailers/")));
-    EXPECT_FALSE(QFile::exists(scratch("__tmp__")));
+    EXPECT_FALSE(QFile::exists(scratchFolder()));
 }
 
 TEST_F(ScanCrawlerTest, scan_passesOverAPage_whenItCannotBeUnpacked)
@@ -313,6 +317,33 @@ TEST_F(ScanCrawlerTest, scan_comesToTheEnd_whenPagesLeadOnAndOnDown)
     EXPECT_TRUE(scan("/trailers/0/"));
     EXPECT_EQ(m_crawler.pageCount(), depth);
     EXPECT_TRUE(isPassed(path(depth)));
+}
+
+TEST_F(ScanCrawlerTest, scan_takesAwayWhatAKilledOneLeft_whenItBegins)
+{
+    const QString left = scratchFolder() + QStringLiteral("/kestro-scratch-abcdef");
+    ASSERT_TRUE(QDir().mkpath(left));
+    ASSERT_TRUE(QFile::setPermissions(left, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QFile file(left + QStringLiteral("/__tmp__"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    page("/trailers/", {});
+    EXPECT_TRUE(scan());
+    EXPECT_TRUE(QDir(scratchFolder()).isEmpty());
+}
+
+// The page is cut off within its calls: what was found is not the whole of it.
+TEST_F(ScanCrawlerTest, scan_storesNothingOfAPage_whenItIsStoppedWithinIt)
+{
+    page("/trailers/", linkTo("a/") + movieCall("top.mov"));
+    QByteArray large = movieCall("a.mov");
+    while (large.size() < 3 * 1024 * 1024)
+        large += "href=\"x\"";
+    page("/trailers/a/", large);
+    m_fetch.setHandler([this](const QString& url) {
+        if (url.endsWith(u"/a/")) m_isWanted = false;
+    });
+    scan();
+    EXPECT_FALSE(hasMovie("/trailers/a/a.mov"));
 }
 
 TEST_F(ScanCrawlerTest, baseOfPage_isItsFolder_whateverItsForm)

@@ -49,16 +49,22 @@ protected:
     TrailerContTest()
         : m_application(m_count, m_words)
     {
+        useLimits(Bounds::crawlPages);
+    }
+    ~TrailerContTest() override { m_controller.reset(); }
+
+    void useLimits(int pages)
+    {
+        m_controller.reset();
         auto fetch = std::make_unique<MemoryFetch>();
         m_fetch = fetch.get();
         m_fetch->put(startUrl, "<html><a href=\"a/\"><a href=\"b/\">");
         m_fetch->put(innerUrl, "<html>AC.Quicktime.packageMovie('m','t.mov',{width:480})");
         m_fetch->put(QStringLiteral("http://h/trailers/b/"), "<html>");
-        m_controller = std::make_unique<TrailerCont>(
-            TrailerCont::Parts{m_home.path(), seed(), m_home.path(), {startUrl, {}}, std::move(fetch)});
+        m_controller = std::make_unique<TrailerCont>(TrailerCont::Parts{
+            m_home.path(), seed(), m_home.path(), {startUrl, {}}, std::move(fetch), {pages}});
         m_controller->setObserver(&m_observer);
     }
-    ~TrailerContTest() override { m_controller.reset(); }
 
     // Turns the event loop until `condition` holds.
     template <typename Condition>
@@ -99,6 +105,32 @@ TEST_F(TrailerContTest, scanLatest_findsAndSavesWithoutAWord_whenItRunsToItsEnd)
     saved.load();
     EXPECT_TRUE(saved.record(movieUrl));
     EXPECT_EQ(saved.passedList().size(), 3);
+}
+
+TEST_F(TrailerContTest, scanLatest_saysSoAndSavesWhatItHas_whenItComesToABound)
+{
+    useLimits(2);
+    m_controller->scanLatest(m_client);
+    ASSERT_TRUE(waitForEnd());
+    m_controller->stopThreading();
+    EXPECT_EQ(m_controller->lastEnd().kind, ScanEnd::Kind::Bounded);
+    EXPECT_EQ(m_controller->lastEnd().pages, 2);
+    EXPECT_EQ(m_log, (QStringList{QStringLiteral("Thread started."),
+                                  QStringLiteral("The crawl came to a bound: 2 pages."),
+                                  QStringLiteral("Thread exited.")}));
+    TrailerList saved(m_home.path(), seed());
+    saved.load();
+    EXPECT_TRUE(saved.record(movieUrl));
+}
+
+TEST_F(TrailerContTest, scan_saysSoAndKeepsWhatItHas_whenItComesToABound)
+{
+    useLimits(2);
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_EQ(m_controller->lastEnd().kind, ScanEnd::Kind::Bounded);
+    EXPECT_TRUE(m_log.contains(QStringLiteral("The crawl came to a bound: 2 pages.")));
+    EXPECT_EQ(m_controller->list().count(), 1);
 }
 
 TEST_F(TrailerContTest, scanLatest_doesNothing_whenACrawlIsWantedAlready)

@@ -85,6 +85,60 @@ TEST_F(TrailerListLoad, load_takesTheKeyAsUrl_whenARecordOfADictionaryHasNone)
     EXPECT_EQ(loaded().record(a)->url, a);
 }
 
+TEST_F(TrailerListLoad, load_leavesOutWithOneLine_whatIsNoMovieOnAWebSite)
+{
+    const QStringList strangers{QStringLiteral("file:///home/ada/diary.mp4#.mov"),
+                                QStringLiteral("/home/ada/t.mov"),
+                                QStringLiteral("t.mov"),
+                                QStringLiteral("edl://t.mov"),
+                                QStringLiteral("smb://h/t.mov"),
+                                QStringLiteral("data:video/mp4,x.mov"),
+                                QStringLiteral("http:///t.mov"),
+                                QStringLiteral("ftp://h/t.mov"),
+                                QStringLiteral("httpx://h/t.mov"),
+                                QStringLiteral("auto://LatestTrailers/6/480")};
+    QVariantList trailers{stored(a)};
+    QVariantMap old{{a, stored(a)}, {b, stored(QStringLiteral("file:///t.mov"))}};
+    for (const QString& url : strangers) {
+        trailers.append(stored(url));
+        old.insert(url, stored(url));
+    }
+    trailers.append(stored(b));
+    writeFile(listOf(trailers));
+    EXPECT_EQ(loaded().scanedURLList(), (QStringList{b, a}));
+    EXPECT_EQ(m_log,
+              QStringList(QStringLiteral("10 entries of %1 are no movies on a web site and are left out; "
+                                         "the first: file:///home/ada/diary.mp4")
+                              .arg(path())));
+    m_log.clear();
+    writeFile({{QStringLiteral("Ver"), QStringLiteral("1")}, {QStringLiteral("Trailers"), old}});
+    EXPECT_EQ(loaded().scanedURLList(), QStringList(a));
+    EXPECT_EQ(m_log.size(), 1);
+}
+
+TEST_F(TrailerListLoad, load_leavesOutOfTheSeedToo_whatIsNoMovieOnAWebSite)
+{
+    writeSeed({stored(QStringLiteral("file:///t.mov")), stored(a)});
+    EXPECT_EQ(loaded().scanedURLList(), QStringList(a));
+}
+
+TEST_F(TrailerListLoad, load_keepsMoviesOfEverySite_whateverTheirOrder)
+{
+    QStringList urls{QStringLiteral("http://h/z.mov"),          QStringLiteral("https://o:8080/y.mov"),
+                     QStringLiteral("http://u:p@h/x.mov"),      QStringLiteral("http://h"),
+                     QStringLiteral("http://h/a b/\u00e4.mov"), QStringLiteral("HTTP://H/w.mp4?q#f")};
+    QVariantList trailers;
+    for (const QString& url : urls + urls)
+        trailers.append(stored(url));
+    writeFile(listOf(trailers));
+    auto expected = urls;
+    expected.sort();
+    auto kept = *loaded().scanedURLList();
+    kept.sort();
+    EXPECT_EQ(kept, expected);
+    EXPECT_TRUE(m_log.isEmpty());
+}
+
 TEST_F(TrailerListLoad, load_keepsWhatItCanOfARecord_whenValuesAreOfOtherKinds)
 {
     writeFile(listOf({QVariantMap{{QStringLiteral("URL"), a},

@@ -36,4 +36,32 @@ inline constexpr qsizetype shownURLCharacters = 200;   ///< of a URL that people
 inline constexpr qsizetype logLineCharacters = 4096;   ///< of one line; the rest is left out
 inline constexpr std::size_t rememberedLogLines = 256; ///< that are told only once a minute
 
+// One fetch of a page or a feed.
+inline constexpr int connectSeconds = 10; ///< to find the server and connect to it
+inline constexpr int silenceSeconds = 30; ///< without a byte once connected
+inline constexpr int pageSeconds = 600;   ///< in all
+inline constexpr qint64 pageBytes = 32LL * 1024 * 1024;
+inline constexpr int redirects = 5;
+// The movie of a trailer that is saved; a person waits, and may give up at any time.
+inline constexpr qint64 savedMovieBytes = 2LL * 1024 * 1024 * 1024;
+
+// What is taken out of one page.
+inline constexpr qint64 unpackedPageBytes = 256LL * 1024 * 1024;
+inline constexpr qint64 pageMemory = 128LL * 1024 * 1024; ///< for its links, and again for its movies
+inline constexpr qint64 addressBytes = 64LL * 1024; ///< of one link or movie, as it is written and resolved
+inline constexpr qint64 callBytes = 64LL * 1024;    ///< of the arguments of one script call
+inline constexpr int feedsOfAPage = 100;
+
+// One crawl. Of a real site of some ten thousand pages, depth first and page by page, none comes near.
+inline constexpr int crawlPages = 200'000;                     ///< that are asked for
+inline constexpr int crawlDepth = 100'000;                     ///< links from the first page down to another
+inline constexpr qint64 crawlBytes = 4LL * 1024 * 1024 * 1024; ///< that came, and again those unpacked
+inline constexpr int crawlSeconds = 2 * 60 * 60;
+inline constexpr qint64 crawlMemory = 256LL * 1024 * 1024; ///< for links and movies of pages that are open
+
+// The list of trailers, which is saved as a property list.
+inline constexpr qsizetype listedTrailers = 200'000;
+inline constexpr qsizetype listedPages = 400'000;                          ///< that were visited
+inline constexpr qint64 listBytes = propertyListBytes - 8LL * 1024 * 1024; ///< with room for what is selected
+
 } // namespace kestro::Bounds

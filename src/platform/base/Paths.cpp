@@ -96,6 +96,14 @@ QString platformPath(const QString& path)
     return QFileInfo::exists(path) ? path : packagePrefix() + QStringLiteral("/share/kestro/root") + path;
 }
 
+QString cacheFolder()
+{
+    const QString other = qEnvironmentVariable("XDG_CACHE_HOME");
+    const bool isElsewhere = qEnvironmentVariable("KESTRO_HOME").isEmpty() && QDir::isAbsolutePath(other);
+    return (isElsewhere ? QDir::cleanPath(other) : homeFolder() + QStringLiteral("/.cache")) +
+           QStringLiteral("/kestro");
+}
+
 QString temporaryFolder()
 {
     const QString session = sessionTemporaryFolder();

@@ -21,6 +21,11 @@ namespace kestro {
 /// both: the answer is then always below it. What is answered need not exist.
 [[nodiscard]] QString platformPath(const QString& path);
 
+/// The folder for files of ours on this user's disk that may be lost at any time: "kestro" in .cache of
+/// KESTRO_HOME where that is set, else in XDG_CACHE_HOME, else in .cache of the home folder. It need not
+/// exist.
+[[nodiscard]] QString cacheFolder();
+
 /// A folder for scratch files that only this user can enter (mode 0700, ours), made when first asked for.
 /// Empty when none can be made.
 [[nodiscard]] QString temporaryFolder();

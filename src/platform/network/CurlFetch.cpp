@@ -32,7 +32,11 @@ Result<QByteArray> CurlFetch::fetch(const QUrl& url)
 Result<QByteArray> CurlFetch::read(const QUrl& url, const Cancellation::Watch& watch)
 {
     if (!url.isValid()) return Error{QStringLiteral("no valid URL")};
-    if (url.scheme() == u"file") return readLocalFile(url, m_limits.bytes, watch);
+    if (url.scheme() == u"file") {
+        auto bytes = readLocalFile(url, m_limits.bytes, watch);
+        if (bytes) m_fileBytes += bytes.value().size();
+        return bytes;
+    }
     if (url.scheme() == u"http" || url.scheme() == u"https") return m_http->read(url, watch);
     return Error{QStringLiteral("neither http, https nor file")};
 }
@@ -46,6 +50,11 @@ void CurlFetch::cancel()
 void CurlFetch::allow()
 {
     m_cancellation.allow();
+}
+
+qint64 CurlFetch::received() const
+{
+    return m_fileBytes + m_http->received();
 }
 
 } // namespace kestro

@@ -19,6 +19,7 @@ public:
     Result<QByteArray> fetch(const QUrl& url) override;
     void cancel() override;
     void allow() override;
+    [[nodiscard]] qint64 received() const override;
 
 private:
     Result<QByteArray> read(const QUrl& url, const Cancellation::Watch& watch);
@@ -26,6 +27,7 @@ private:
     FetchLimits m_limits;
     Cancellation m_cancellation;
     std::unique_ptr<HttpReader> m_http;
+    qint64 m_fileBytes = 0;
 };
 
 } // namespace kestro

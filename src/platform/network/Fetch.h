@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Bounds.h"
 #include "platform/base/Result.h"
 
 #include <QByteArray>
@@ -10,10 +11,11 @@ namespace kestro {
 
 /// What one fetch may cost before it is given up.
 struct FetchLimits {
-    double connectSeconds = 10; ///< to find the server and connect to it
-    double silenceSeconds = 30; ///< without a byte once connected
-    qint64 bytes = qint64(32) * 1024 * 1024;
-    int redirects = 5;
+    double connectSeconds = Bounds::connectSeconds; ///< to find the server and connect to it
+    double silenceSeconds = Bounds::silenceSeconds; ///< without a byte once connected
+    double seconds = Bounds::pageSeconds;           ///< in all; 0 for no such limit
+    qint64 bytes = Bounds::pageBytes;
+    int redirects = Bounds::redirects;
 };
 
 /// Reads what a URL holds, whole, on the thread that asks. http, https and file only; a redirect leads to
@@ -33,6 +35,9 @@ public:
     virtual void cancel() = 0;
     /// Lets fetches succeed again. Any thread.
     virtual void allow() = 0;
+    /// The bytes that all fetches so far have brought, those that failed too. Between fetches, on their
+    /// thread.
+    [[nodiscard]] virtual qint64 received() const = 0;
 };
 
 } // namespace kestro

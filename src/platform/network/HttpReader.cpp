@@ -108,12 +108,21 @@ Result<QByteArray> HttpReader::read(const QUrl& url, const Cancellation::Watch& 
     if (!m_handles->easy || !m_handles->multi) return Error{QStringLiteral("libcurl does not start")};
     HttpTransfer transfer(m_handles->easy, m_limits, watch);
     curl_easy_setopt(m_handles->easy, CURLOPT_URL, url.toEncoded(QUrl::RemoveFragment).constData());
+    auto result = run(transfer, watch);
+    m_received += transfer.received();
+    return result;
+}
+
+Result<QByteArray> HttpReader::run(HttpTransfer& transfer, const Cancellation::Watch& watch)
+{
     const Running running(m_handles->multi, m_handles->easy);
     for (int count = 1;;) {
         if (curl_multi_perform(m_handles->multi, &count) != CURLM_OK) break;
         if (count == 0) break;
         if (watch.isCancelled()) return Error{QStringLiteral("cancelled")};
         if (transfer.isTooSilent()) return Error{QStringLiteral("the server keeps silent")};
+        if (transfer.isTooLong())
+            return Error{QStringLiteral("not whole after %1 seconds").arg(m_limits.seconds)};
         curl_multi_poll(m_handles->multi, nullptr, 0, transfer.patience(), nullptr);
     }
     return transfer.result(running.code());

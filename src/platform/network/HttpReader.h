@@ -7,6 +7,8 @@
 
 namespace kestro {
 
+class HttpTransfer;
+
 /// Reads http and https URLs with libcurl, over connections that stay open while it lives. Owned by
 /// CurlFetch; read() on one thread at a time, wake() on any.
 class HttpReader final {
@@ -20,11 +22,17 @@ public:
     [[nodiscard]] Result<QByteArray> read(const QUrl& url, const Cancellation::Watch& watch);
     /// Has read() look at its watch now.
     void wake();
+    /// The bytes that came so far, with all heads and redirects.
+    [[nodiscard]] qint64 received() const { return m_received; }
 
 private:
     class Handles;
+
+    [[nodiscard]] Result<QByteArray> run(HttpTransfer& transfer, const Cancellation::Watch& watch);
+
     std::unique_ptr<Handles> m_handles;
     FetchLimits m_limits;
+    qint64 m_received = 0;
 };
 
 } // namespace kestro

@@ -81,6 +81,16 @@ bool HttpTransfer::isTooSilent() const
            Clock::now() - *m_silentSince >= std::chrono::duration<double>(m_limits.silenceSeconds);
 }
 
+bool HttpTransfer::isTooLong() const
+{
+    return m_limits.seconds > 0 && Clock::now() - m_begun >= std::chrono::duration<double>(m_limits.seconds);
+}
+
+qint64 HttpTransfer::received() const
+{
+    return m_headerBytes + std::max<qint64>(m_downloaded, m_body.size());
+}
+
 int HttpTransfer::patience() const
 {
     return static_cast<int>(std::clamp(m_limits.silenceSeconds * 250, 1.0, double(longestWait)));
@@ -100,7 +110,7 @@ Result<QByteArray> HttpTransfer::result(CURLcode code)
         const char* words = m_words[0] != '\0' ? m_words.data() : curl_easy_strerror(code);
         return Error{QString::fromUtf8(words)};
     }
-    if (hasGoodStatus()) return std::move(m_body);
+    if (hasGoodStatus()) return m_body;
     long status = 0;
     curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
     return Error{QStringLiteral("the server answers with status %1").arg(status)};

@@ -22,6 +22,10 @@ public:
 
     /// Whether the server has kept silent for too long.
     [[nodiscard]] bool isTooSilent() const;
+    /// Whether it goes on for longer than a fetch may.
+    [[nodiscard]] bool isTooLong() const;
+    /// The bytes that came, heads and redirects with them.
+    [[nodiscard]] qint64 received() const;
     /// Milliseconds until something has to be looked at at the latest.
     [[nodiscard]] int patience() const;
     /// The bytes that came, or why there are none, once libcurl has ended with `code`.
@@ -42,6 +46,7 @@ private:
     QByteArray m_body;
     qint64 m_headerBytes = 0;
     curl_off_t m_downloaded = 0;
+    const Clock::time_point m_begun = Clock::now();
     std::optional<Clock::time_point> m_silentSince; ///< nothing while the server is looked for
     bool m_isTooLarge = false;
     std::array<char, CURL_ERROR_SIZE> m_words = {};

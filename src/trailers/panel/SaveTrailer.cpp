@@ -1,6 +1,5 @@
 #include "trailers/panel/SaveTrailer.h"
 
-#include "platform/base/Log.h"
 #include "platform/base/URLKind.h"
 
 #include <QCoreApplication>
@@ -9,6 +8,10 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QUrl>
+
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
 
 namespace kestro {
 
@@ -72,14 +75,15 @@ QString withRequiredFileType(const QString& path, const QString& extension)
     return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
 }
 
-void writeAtomically(const QString& path, const QByteArray& contents)
+std::optional<Error> writeAtomically(const QString& path, const QByteArray& contents)
 {
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(contents);
-        if (file.commit()) return;
+    if (file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush()) {
+        // Some disks say only now that they are full.
+        if (fsync(file.handle()) != 0) return Error{QString::fromLocal8Bit(std::strerror(errno))};
+        if (file.commit()) return {};
     }
-    logLine(QStringLiteral("Cannot save %1: %2").arg(path, file.errorString()));
+    return Error{file.errorString()};
 }
 
 } // namespace kestro

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "platform/base/Result.h"
+
 #include <QByteArray>
 #include <QString>
+
+#include <optional>
 
 class QUrl;
 class QWidget;
@@ -17,7 +21,8 @@ namespace kestro {
 /// `path` with ".extension" at its end; as it is where it has that, in whatever case, or none is required.
 [[nodiscard]] QString withRequiredFileType(const QString& path, const QString& extension);
 
-/// Writes the file whole or not at all; a failure is logged.
-void writeAtomically(const QString& path, const QByteArray& contents);
+/// Writes the file whole, down to the disk, or not at all: then what was there stays. Answers why it could
+/// not.
+[[nodiscard]] std::optional<Error> writeAtomically(const QString& path, const QByteArray& contents);
 
 } // namespace kestro

@@ -1,9 +1,9 @@
 #include "trailers/panel/TrailerDownload.h"
 
 #include "platform/base/Log.h"
+#include "platform/base/ShownURL.h"
 #include "platform/base/URLKind.h"
 #include "platform/network/CurlFetch.h"
-#include "settings/MovieURL.h"
 
 #include <QLabel>
 #include <QProgressDialog>
@@ -15,9 +15,6 @@
 namespace kestro {
 
 namespace {
-
-// A movie is kept in memory until it is whole.
-constexpr qint64 largestMovie = qint64(2) * 1024 * 1024 * 1024; // bytes
 
 // Names that come from a site are never taken for markup.
 QLabel* plainLabel(const QString& text)
@@ -45,7 +42,7 @@ std::optional<QByteArray> TrailerDownload::run(const QUrl& url, QWidget* parent)
     const auto contents = fetchBehind(progress, url);
     if (progress.wasCanceled()) return {};
     if (contents) return contents.value();
-    logLine(QStringLiteral("Cannot save %1: %2").arg(absoluteString(url), contents.error()));
+    logLine(QStringLiteral("Cannot save %1: %2").arg(shownURL(url), contents.error()));
     return {};
 }
 
@@ -69,7 +66,8 @@ Result<QByteArray> TrailerDownload::fetchBehind(QProgressDialog& progress, const
 std::unique_ptr<Fetch> TrailerDownload::movieFetch()
 {
     FetchLimits limits;
-    limits.bytes = largestMovie;
+    limits.bytes = Bounds::savedMovieBytes; // it is kept in memory until it is whole
+    limits.seconds = 0;                     // a person waits, who can give up
     return std::make_unique<CurlFetch>(limits);
 }
 

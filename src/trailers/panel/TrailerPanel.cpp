@@ -1,5 +1,6 @@
 #include "trailers/panel/TrailerPanel.h"
 
+#include "platform/base/Log.h"
 #include "platform/network/Fetch.h"
 #include "settings/URLListReceiver.h"
 #include "trailers/PageBase.h"
@@ -12,6 +13,7 @@
 #include "ui_TrailerCont.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QMessageBox>
 
 namespace kestro {
@@ -73,7 +75,7 @@ void TrailerPanel::awakeFromNib()
     connect(m_panel.get(), &PanelWindow::columnSelected, this,
             &TrailerPanel::tableViewSortDescriptorsDidChange);
     connect(m_panel.get(), &PanelWindow::windowWillClose, this, &TrailerPanel::panelWillClose);
-    connect(m_previewWin.get(), &PreviewWindow::movieFailed, this, &TrailerPanel::alert);
+    connect(m_previewWin.get(), &PreviewWindow::movieFailed, this, &TrailerPanel::alertNoMovie);
     connect(controls.urlField, &QLineEdit::textChanged, this, &TrailerPanel::siteWasEdited);
     connect(controls.findField, &QLineEdit::returnPressed, this, &TrailerPanel::findNext);
     connect(controls.urlField, &QLineEdit::returnPressed, this, [this] {
@@ -136,6 +138,8 @@ QString TrailerPanel::endOfScan() const
         return tr("Scan finished. Pages read: %1").arg(end.pages);
     case ScanEnd::Kind::Stopped:
         return tr("Scan stopped. Pages read: %1").arg(end.pages);
+    case ScanEnd::Kind::Bounded:
+        return tr("Scan ended: the site has more than fits. Pages read: %1").arg(end.pages);
     case ScanEnd::Kind::NoPage:
         return tr("The page at this address cannot be read.");
     case ScanEnd::Kind::NotStarted:
@@ -201,14 +205,19 @@ std::optional<QUrl> TrailerPanel::selectedURL() const
 void TrailerPanel::preview()
 {
     const auto url = selectedURL();
-    if (url && !m_previewWin->preview(*url)) alert();
+    if (url && !m_previewWin->preview(*url)) alertNoMovie();
 }
 
-void TrailerPanel::alert()
+void TrailerPanel::alertNoMovie()
 {
-    QMessageBox box(QMessageBox::Warning, message(QT_TRANSLATE_NOOP("Kestro", "Alert")),
-                    message(QT_TRANSLATE_NOOP("Kestro", "Failed to create movie.\nPlease try again.")),
+    alert(message(QT_TRANSLATE_NOOP("Kestro", "Failed to create movie.\nPlease try again.")));
+}
+
+void TrailerPanel::alert(const QString& text)
+{
+    QMessageBox box(QMessageBox::Warning, message(QT_TRANSLATE_NOOP("Kestro", "Alert")), text,
                     QMessageBox::NoButton, m_panel.get());
+    box.setTextFormat(Qt::PlainText); // it may hold the name of a file
     box.addButton(message(QT_TRANSLATE_NOOP("Kestro", "OK")), QMessageBox::AcceptRole);
     box.exec();
 }
@@ -220,7 +229,12 @@ void TrailerPanel::saveURL()
     const QString path = askWhereToSave(*url, m_panel.get());
     if (path.isEmpty()) return;
     const auto contents = TrailerDownload(m_makeFetch()).run(*url, m_panel.get());
-    if (contents) writeAtomically(path, *contents);
+    if (!contents) return;
+    const auto failure = writeAtomically(path, *contents);
+    if (!failure) return;
+    logLine(QStringLiteral("Cannot save %1: %2").arg(path, failure->message));
+    alert(message(QT_TRANSLATE_NOOP("Kestro", "Failed to save the movie as %1.\n%2"))
+              .arg(QFileInfo(path).fileName(), failure->message));
 }
 
 void TrailerPanel::addURL()

@@ -74,7 +74,8 @@ private:
     void showList();
     void panelWillClose();
     void siteWasEdited();
-    void alert();
+    void alertNoMovie();
+    void alert(const QString& text);
     [[nodiscard]] QString endOfScan() const;
     [[nodiscard]] std::optional<QUrl> selectedURL() const;
 

@@ -233,8 +233,14 @@ INSTANTIATE_TEST_SUITE_P(Answers, RemoteMovieBad,
                                          "good/audio.mp3", "good/audio.mp4", "good/cover.mp3",
                                          "good/picture.png", "good/truncated.mp4"));
 INSTANTIATE_TEST_SUITE_P(WaysToFiles, RemoteMovieBad,
-                         testing::Values("to-file/plain.mp4", "m3u/plain.mp4", "hls/plain.mp4",
-                                         "concat/plain.mp4"));
+                         testing::Values("to-file/plain.mp4", "m3u/plain.mp4", "pls/plain.mp4",
+                                         "hls/plain.mp4", "hls-path/plain.mp4", "hls-concat/plain.mp4",
+                                         "hls-key/plain.mp4", "concat/plain.mp4", "edl/plain.mp4",
+                                         "cue/plain.mp4", "dash/plain.mp4"));
+INSTANTIATE_TEST_SUITE_P(RedirectsElsewhere, RemoteMovieBad,
+                         testing::Values("led-file/plain.mp4", "led-edl/plain.mp4", "led-ftp/plain.mp4",
+                                         "led-data/plain.mp4", "led-concat/plain.mp4",
+                                         "led-subfile/plain.mp4"));
 
 TEST_F(RemoteMovie, fails_andSaysWhy_whenItIsTooLarge)
 {

@@ -2,6 +2,7 @@
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <limits>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -220,6 +221,38 @@ TEST(CurlFetchHttp, fetch_fails_whenTheServerKeepsSilent)
     CurlFetch fetch(impatient());
     for (const char* path : {"/never", "/head", "/half"})
         EXPECT_NE(errorAt(fetch, server.url(path)).find("silent"), std::string::npos) << path;
+}
+
+// It never keeps silent: a byte comes now and then.
+TEST(CurlFetchHttp, fetch_fails_whenTheServerSendsForTooLong)
+{
+    const LoopbackServer server(always({"HTTP/1.1 200 OK\r\n\r\n" + std::string(10'000, 'x'), Then::Repeat}));
+    FetchLimits limits;
+    limits.bytes = std::numeric_limits<qint64>::max();
+    limits.seconds = 0.05;
+    CurlFetch fetch(limits);
+    EXPECT_NE(errorAt(fetch, server.url("/")).find("not whole after 0.05 seconds"), std::string::npos);
+}
+
+TEST(CurlFetchHttp, received_countsAllThatCame_failuresToo)
+{
+    const LoopbackServer server([](const std::string& path, const std::string&) -> Answer {
+        if (path == "/whole") return LoopbackServer::whole(std::string(500, 'x'));
+        if (path == "/broken")
+            return {"HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n" + std::string(700, 'x'), Then::Close};
+        return {"HTTP/1.1 200 OK\r\n\r\n" + std::string(1001, 'x'), Then::Close};
+    });
+    CurlFetch fetch(smallLimits());
+    EXPECT_EQ(fetch.received(), 0);
+    qint64 before = 0;
+    for (const auto& [path, bytes] : {std::pair("/whole", 500), std::pair("/broken", 700)}) {
+        (void)bytesAt(fetch, server.url(path));
+        EXPECT_GE(fetch.received() - before, bytes) << path;
+        EXPECT_LT(fetch.received() - before, bytes + 200) << path;
+        before = fetch.received();
+    }
+    EXPECT_FALSE(bytesAt(fetch, server.url("/large")));
+    EXPECT_GT(fetch.received() - before, 0);
 }
 
 TEST(CurlFetchHttp, fetch_fails_whenNobodyTakesTheConnection)

@@ -5,7 +5,13 @@
 
 #include <QFileDialog>
 #include <QLabel>
+#include <QMessageBox>
 #include <QProgressDialog>
+#include <QPushButton>
+
+#include <csignal>
+#include <optional>
+#include <sys/resource.h>
 
 namespace kestro {
 
@@ -35,6 +41,17 @@ protected:
             savePanel.setDirectory(m_home.path());
             savePanel.selectFile(name);
             QMetaObject::invokeMethod(&savePanel, "accept");
+        });
+    }
+    // Notes what the alert says, once the window before it has gone, and presses its button.
+    void answerAlert(QStringList& seen, Qt::TextFormat& format)
+    {
+        answerModal([&](QWidget& window) {
+            auto* box = dynamic_cast<QMessageBox*>(&window);
+            if (!box || box->windowTitle() != QStringLiteral("Alert")) return answerAlert(seen, format);
+            seen = {box->windowTitle(), box->text()};
+            format = box->textFormat();
+            box->buttons().first()->click();
         });
     }
     [[nodiscard]] QString saved() const { return m_home.filePath(QStringLiteral("mine.mov")); }
@@ -77,6 +94,61 @@ TEST_F(PanelSaveTest, saveURL_isSilent_whenTheFetchFails)
     EXPECT_FALSE(QFile::exists(saved()));
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_EQ(m_log, QStringList(QStringLiteral("Cannot save http://h/gone.mov: no such page")));
+}
+
+/// No file of this process grows beyond a few bytes, as on a full disk.
+class FullDisk final {
+public:
+    FullDisk()
+    {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit few{5, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &few);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_before = {};
+    void (*m_handler)(int) = nullptr;
+};
+
+TEST_F(PanelSaveTest, saveURL_saysSoAndKeepsTheOldFile_whenTheDiskIsFull)
+{
+    QFile old(saved());
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("old");
+    old.close();
+    QStringList seen;
+    auto format = Qt::AutoText;
+    std::optional<FullDisk> disk;
+    answerModal([&](QWidget& window) {
+        auto& savePanel = dynamic_cast<QFileDialog&>(window);
+        savePanel.setOption(QFileDialog::DontConfirmOverwrite);
+        savePanel.setDirectory(m_home.path());
+        savePanel.selectFile(QStringLiteral("mine.mov"));
+        answerModal([&](QWidget& question) {
+            dynamic_cast<QMessageBox&>(question).button(QMessageBox::Yes)->click();
+            disk.emplace();
+            answerAlert(seen, format);
+        });
+        QMetaObject::invokeMethod(&savePanel, "accept");
+    });
+    m_panel->saveURL();
+    disk.reset();
+    EXPECT_EQ(bytesOf(saved()), QByteArray("old"));
+    EXPECT_EQ(QDir(m_home.path()).entryList({QStringLiteral("mine*")}),
+              QStringList(QStringLiteral("mine.mov")));
+    EXPECT_EQ(seen, (QStringList{QStringLiteral("Alert"),
+                                 QStringLiteral("Failed to save the movie as mine.mov.\nFile too large")}));
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_EQ(m_log, QStringList(QStringLiteral("Cannot save %1: File too large").arg(saved())));
 }
 
 TEST_F(PanelSaveTest, saveURL_keepsTheOldFile_whenItIsCancelled)

@@ -31,7 +31,8 @@ bool yieldsUntil(const std::function<bool()>& isSo)
 /// The panel in front of a site of two pages with a movie on each.
 class PanelScanTest : public PanelTest {
 protected:
-    PanelScanTest()
+    explicit PanelScanTest(const CrawlLimits& limits = {})
+        : PanelTest(limits)
     {
         m_fetch->put(startUrl, "<html><a href=\"a/\">AC.Quicktime.packageMovie('m','s.mov',{width:480})");
         m_fetch->put(innerUrl, "<html>AC.Quicktime.packageMovie('m','t.mov',{width:480})");
@@ -219,6 +220,25 @@ TEST_F(PanelScanTest, silentCrawl_changesNoButton_andIsStoppedByScan)
     controls().scanBtn->click();
     EXPECT_FALSE(m_controller->inThreading());
     EXPECT_TRUE(reads("Scan"));
+}
+
+/// The same, of which no more than the first page may be read.
+class BoundedPanelScanTest : public PanelScanTest {
+protected:
+    BoundedPanelScanTest()
+        : PanelScanTest({.pages = 1})
+    {
+    }
+};
+
+TEST_F(BoundedPanelScanTest, scan_saysSoAndShowsWhatItHas_whenItComesToABound)
+{
+    controls().scanBtn->click();
+    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    EXPECT_EQ(rows(), 1);
+    EXPECT_EQ(controls().scanEnd->text(),
+              QStringLiteral("Scan ended: the site has more than fits. Pages read: 1"));
+    EXPECT_EQ(controls().scanEnd->toolTip(), QStringLiteral("The crawl came to a bound: 1 pages."));
 }
 
 } // namespace kestro

@@ -45,7 +45,7 @@ inline void answerModal(std::function<void(QWidget&)> answer)
 /// A home folder, a site in memory, movies in memory, services with a clock turned by hand.
 class PanelTest : public TrailerListFixture {
 protected:
-    PanelTest()
+    explicit PanelTest(const CrawlLimits& limits = {})
     {
         auto fetch = std::make_unique<MemoryFetch>();
         m_fetch = fetch.get();
@@ -54,7 +54,8 @@ protected:
                                                              seed(),
                                                              m_home.path(),
                                                              {QStringLiteral("http://h/trailers/"), {}},
-                                                             std::move(fetch)});
+                                                             std::move(fetch),
+                                                             limits});
     }
 
     [[nodiscard]] TrailerList& list() { return m_controller->list(); }
