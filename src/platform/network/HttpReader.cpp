@@ -1,11 +1,11 @@
 #include "platform/network/HttpReader.h"
 
 #include "platform/network/HttpTransfer.h"
-
-#include <QUrl>
+#include "platform/network/Site.h"
 
 #include <cmath>
 #include <curl/curl.h>
+#include <sys/socket.h>
 
 namespace kestro {
 
@@ -29,23 +29,47 @@ long milliseconds(double seconds)
 /// libcurl's handles: one transfer, used over and over, and what runs it and keeps the connections.
 class HttpReader::Handles final {
 public:
-    explicit Handles(const FetchLimits& limits)
+    Handles(const FetchLimits& limits, Reach reach)
     {
         if (easy) setUp(limits);
+        if (easy && reach == Reach::OneSite) stayOnSite();
     }
     ~Handles()
     {
         curl_easy_cleanup(easy);
         curl_multi_cleanup(multi);
         curl_slist_free_all(headers);
+        curl_slist_free_all(knownHosts);
     }
     Handles(const Handles&) = delete;
     Handles& operator=(const Handles&) = delete;
 
     CURL* easy = startedCurl() ? curl_easy_init() : nullptr;
     CURLM* multi = curl_multi_init();
+    curl_slist* knownHosts = nullptr;
+    bool mayBePrivate = true; ///< the address of what is read now
+    bool isRefused = false;   ///< one was not
 
 private:
+    // Looks at the very address that is connected to: what a name led to before says nothing about it.
+    static curl_socket_t open(void* self, curlsocktype, curl_sockaddr* address)
+    {
+        auto& handles = *static_cast<Handles*>(self);
+        if (!handles.mayBePrivate && !isPublicAddress(address->addr)) {
+            handles.isRefused = true;
+            return CURL_SOCKET_BAD;
+        }
+        return socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+    }
+
+    void stayOnSite()
+    {
+        curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 0L);
+        curl_easy_setopt(easy, CURLOPT_PROXY, "");
+        curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, &Handles::open);
+        curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, this);
+    }
+
     void setUp(const FetchLimits& limits)
     {
         curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
@@ -95,8 +119,8 @@ private:
 
 } // namespace
 
-HttpReader::HttpReader(const FetchLimits& limits)
-    : m_handles(std::make_unique<Handles>(limits))
+HttpReader::HttpReader(const FetchLimits& limits, Reach reach)
+    : m_handles(std::make_unique<Handles>(limits, reach))
     , m_limits(limits)
 {
 }
@@ -106,6 +130,8 @@ HttpReader::~HttpReader() = default;
 Result<QByteArray> HttpReader::read(const QUrl& url, const Cancellation::Watch& watch)
 {
     if (!m_handles->easy || !m_handles->multi) return Error{QStringLiteral("libcurl does not start")};
+    m_handles->mayBePrivate = isOwnHost(url.host());
+    m_handles->isRefused = false;
     HttpTransfer transfer(m_handles->easy, m_limits, watch);
     curl_easy_setopt(m_handles->easy, CURLOPT_URL, url.toEncoded(QUrl::RemoveFragment).constData());
     auto result = run(transfer, watch);
@@ -125,7 +151,30 @@ Result<QByteArray> HttpReader::run(HttpTransfer& transfer, const Cancellation::W
             return Error{QStringLiteral("not whole after %1 seconds").arg(m_limits.seconds)};
         curl_multi_poll(m_handles->multi, nullptr, 0, transfer.patience(), nullptr);
     }
-    return transfer.result(running.code());
+    const CURLcode code = running.code();
+    if (code != CURLE_OK && m_handles->isRefused)
+        return Error{QStringLiteral("its name leads to a private address")};
+    return transfer.result(code);
+}
+
+void HttpReader::knowHost(const QString& host)
+{
+    m_handles->knownHosts = curl_slist_append(m_handles->knownHosts, host.toLatin1().constData());
+    if (m_handles->easy) curl_easy_setopt(m_handles->easy, CURLOPT_RESOLVE, m_handles->knownHosts);
+}
+
+QUrl HttpReader::redirection() const
+{
+    char* next = nullptr;
+    if (m_handles->easy) curl_easy_getinfo(m_handles->easy, CURLINFO_REDIRECT_URL, &next);
+    return next ? QUrl::fromEncoded(next) : QUrl();
+}
+
+QString HttpReader::type() const
+{
+    char* type = nullptr;
+    if (m_handles->easy) curl_easy_getinfo(m_handles->easy, CURLINFO_CONTENT_TYPE, &type);
+    return QString::fromUtf8(type);
 }
 
 void HttpReader::wake()

@@ -3,6 +3,9 @@
 #include "platform/network/Cancellation.h"
 #include "platform/network/Fetch.h"
 
+#include <QString>
+#include <QUrl>
+
 #include <memory>
 
 namespace kestro {
@@ -10,16 +13,26 @@ namespace kestro {
 class HttpTransfer;
 
 /// Reads http and https URLs with libcurl, over connections that stay open while it lives. Owned by
-/// CurlFetch; read() on one thread at a time, wake() on any.
+/// CurlFetch or SiteFetch; read() on one thread at a time, wake() on any.
 class HttpReader final {
 public:
-    explicit HttpReader(const FetchLimits& limits);
+    /// How far it goes: wherever redirects and names lead, or to the URL alone, without a proxy, and to a
+    /// public address where the host is a public one.
+    enum class Reach { Anywhere, OneSite };
+
+    explicit HttpReader(const FetchLimits& limits, Reach reach = Reach::Anywhere);
     ~HttpReader();
     HttpReader(const HttpReader&) = delete;
     HttpReader& operator=(const HttpReader&) = delete;
 
     /// What a server of status 200 to 299 sends; an error for all else, and once `watch` is cancelled.
     [[nodiscard]] Result<QByteArray> read(const QUrl& url, const Cancellation::Watch& watch);
+    /// Does not look up the name in HOST:PORT:ADDRESS any more.
+    void knowHost(const QString& host);
+    /// Where the answer before leads to instead; empty where it leads nowhere. With OneSite alone.
+    [[nodiscard]] QUrl redirection() const;
+    /// The type that the answer before is said to have; empty for none.
+    [[nodiscard]] QString type() const;
     /// Has read() look at its watch now.
     void wake();
     /// The bytes that came so far, with all heads and redirects.
