@@ -33,12 +33,14 @@ Shared& shared()
 }
 
 /// A host may leave the process without taking its savers apart. A crawl that runs then is to keep what it
-/// has.
-void stopCrawlAtTheEnd(NotificationCenter& notifications)
+/// has, and no thread of ours is to be under way.
+void stopThreadsAtTheEnd(NotificationCenter& notifications)
 {
     notifications.removeObserver(&shared());
-    notifications.addObserver(&shared(), Notice::ApplicationWillTerminate, nullptr,
-                              [] { shared().trailers.stopThreading(); });
+    notifications.addObserver(&shared(), Notice::ApplicationWillTerminate, nullptr, [] {
+        shared().web.stopFetching();
+        shared().trailers.stopThreading();
+    });
 }
 
 } // namespace
@@ -60,7 +62,7 @@ std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QStr
     if (!isScreenSaverView(className)) return nullptr;
     auto& common = shared();
     common.movies.setOpenGL(desktop.openGL());
-    stopCrawlAtTheEnd(desktop.notifications());
+    stopThreadsAtTheEnd(desktop.notifications());
     return MySaver::initWithFrameIsPreview(frame, isPreview,
                                            {desktop, common.movies, common.store, common.trailers,
                                             common.signs, common.backSavers, &common.web});

@@ -81,7 +81,7 @@ void KTMovieView::showWebContent(const QUrl& url)
     auto view = m_platform.webEngine->makeWebView(bounds());
     addSubview(*view);
     view->setMuted(m_mute);
-    view->loadRequest(url);
+    view->loadMovie(url);
     m_movieView = std::move(view);
 }
 

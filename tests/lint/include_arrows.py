@@ -11,7 +11,7 @@ PLATFORM = {
     "platform/network": {"platform/base"},
     "platform/display": {"platform/base"},
     "platform/movie": {"platform/base", "platform/display"},
-    "platform/web": {"platform/base", "platform/display"},
+    "platform/web": {"platform/base", "platform/network", "platform/display"},
     "platform/saver": {"platform/base", "platform/plist", "platform/display"},
 }
 BELOW_ENGINE = set(PLATFORM) | {"settings", "presentation"}
@@ -51,6 +51,7 @@ FOREIGN = [
     (r"Q(Svg|BackingStore|OpenGL|RasterWindow)|qpa/|QtGui/(private|qpa)/", ("platform/display",)),
     (r"Q(Window|Screen)\b", ("platform/display", *WIDGET_FOLDERS)),
     (r"mpv/|libav|libsw", ("platform/movie",)),
+    (r"seccomp", ("platform/web",)),
     (r"QtWebEngine|QWebEngine|QtQuick|QQuick|QQml|QtQml", ("platform/web",)),
     (QT_WIDGETS, WIDGET_FOLDERS),
 ]
@@ -116,6 +117,8 @@ SAMPLES = [
     ("src/engine/MySaver.cpp", "#include <mpv/client.h>", 1),
     ("src/host/main.cpp", "#include <xcb/xcb.h>", 1),
     ("src/host/main.cpp", "#include <QSvgRenderer>", 1),
+    ("src/host/main.cpp", "#include <seccomp.h>", 1),
+    ("src/platform/web/helper/CallFilter.cpp", "#include <seccomp.h>", 0),
     ("src/settings/SettingsStore.cpp", "#include <mpv/client.h>", 1),
     ("src/settings/SettingsStore.cpp", "#include <boost/any.hpp>", 1),
     ("src/platform/saver/SaverBundle.cpp", "#include <sys/stat.h>\n#include <QtPlugin>\n#include <QtGlobal>", 0),

@@ -33,7 +33,7 @@ TEST_F(KTMovieViewTest, setMovie_loadsAnythingElseAsAPageOverTheWholeView)
     ASSERT_TRUE(web.last);
     EXPECT_EQ(inner(), web.last);
     EXPECT_EQ(web.last->frame(), (Rect{{0, 0}, {640, 360}}));
-    EXPECT_EQ(web.last->loaded, page);
+    EXPECT_EQ(web.last->played, page);
     EXPECT_FALSE(view.movie());
     EXPECT_EQ(view.movieRect(), view.bounds());
 }
@@ -58,7 +58,7 @@ TEST_F(KTMovieViewTest, setMovie_keepsAReplacedPageAliveOutOfSight)
     view.setMovie(movie());
     EXPECT_NE(inner(), old);
     EXPECT_EQ(old->superview(), nullptr);
-    EXPECT_EQ(old->loaded, page);
+    EXPECT_EQ(old->played, page);
     EXPECT_TRUE(old->isStopped);
 }
 

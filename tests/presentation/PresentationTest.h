@@ -22,10 +22,12 @@ namespace kestro {
 class WebViewDouble final : public WebView {
 public:
     using WebView::WebView;
+    void loadMovie(const QUrl& url) override { played = url; }
     void loadRequest(const QUrl& url) override { loaded = url; }
     void setMuted(bool muted) override { isMuted = muted; }
     void stopLoading() override { isStopped = true; }
 
+    QUrl played; ///< as an SWF alone
     QUrl loaded;
     bool isMuted = true;
     bool isStopped = false;

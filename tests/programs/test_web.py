@@ -9,7 +9,7 @@ import unittest
 
 import swf
 from harness import BLACK, BLUE, BOUND, GREEN, KESTRO, RED, Pixels, movie, seconds_of, url, wait_until
-from webtest import LiveRendering, PageRun, WebTest, helpers_of, members_of
+from webtest import LiveRendering, PageRun, WebTest, helpers_of, members_of, redirecting
 from xserver import XServer
 
 FULL_SCREEN = {"FullScreenMode": "1"}
@@ -115,7 +115,22 @@ class Failures(WebTest):
         self.assertIn(fragment, logged)
 
     def test_what_is_no_swf_is_black(self):
-        self.assertBlackAndLogged("Not a valid swf", self.file("a.swf", b"<html>no</html>"))
+        self.assertBlackAndLogged("it is no Flash movie", self.file("a.swf", b"<html>no</html>"))
+
+    def test_a_page_that_calls_itself_a_movie_is_black_and_runs_nothing(self):
+        page = b"<body style='background:red'><script>new Image().src = '/ran'</script>"
+        for name, kind in (("/a.swf", "text/html"), ("/b.swf/?.mov", "application/x-shockwave-flash"), ("/c.SWF", "")):
+            with self.subTest(name):
+                site = self.site({name.partition("?")[0]: (kind, page)})
+                self.assertBlackAndLogged("it is no Flash movie", site.url(name))
+                self.assertFalse(site.asked("/ran"))
+
+    def test_a_site_that_leads_elsewhere_is_black(self):
+        other = self.site({"/a.swf": ("application/x-shockwave-flash", swf.still(RED))})
+        site = self.site()
+        site.answer = redirecting(site, "/a.swf", other.url("/a.swf"))
+        self.assertBlackAndLogged("it leads to another site", site.url("/a.swf"))
+        self.assertEqual(other.requests, [])
 
     def test_one_cut_short_is_black(self):
         self.assertBlackAndLogged("cut short", self.file("a.swf", swf.avm2()[:40]))
@@ -124,12 +139,12 @@ class Failures(WebTest):
         self.assertBlackAndLogged("no such file", url(self.folder / "gone.swf"), movie("green", "green"))
 
     def test_one_that_the_site_does_not_have_is_black(self):
-        self.assertBlackAndLogged("Failed to fetch", self.site().url("/gone.swf"))
+        self.assertBlackAndLogged("status 404", self.site().url("/gone.swf"))
 
     def test_a_site_that_is_not_there_is_black(self):
         with socket.create_server(("127.0.0.1", 0)) as taken:
             address = f"http://127.0.0.1:{taken.getsockname()[1]}/a.swf"
-        self.assertBlackAndLogged("Failed to fetch", address)
+        self.assertBlackAndLogged("Failed to connect", address)
 
     def test_an_swf_that_never_ends_a_frame_holds_no_screen_up(self):
         self.home.play([self.file("hung.swf", swf.avm1(swf.endless_loop()))], **FULL_SCREEN)

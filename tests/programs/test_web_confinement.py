@@ -2,14 +2,14 @@
 
 import os
 import pathlib
-import plistlib
-import re
+import select
+import socket
+import threading
 import unittest
 
 import swf
 from harness import wait_until
-from plainuser import PlainUser
-from webtest import LiveRendering, PageRun, WebTest, helpers_of, members_of, processes
+from webtest import LiveRendering, PageRun, WebTest, redirecting
 
 SHOWN = b"<body style='background:red'>"
 RED, BLUE, BLACK = (255, 0, 0), (0, 0, 255), (0, 0, 0)
@@ -23,6 +23,35 @@ def looking(*addresses):
     """A movie that loads variables from each address at its first frame, and shows a red box when any has found=1."""
     look = swf.once(swf.put_clip("box", 400) + b"".join(swf.load_variables(address) for address in addresses))
     return swf.avm1(look + SHOW_WHEN_FOUND, side=320)
+
+
+class Listener:
+    """A place on loopback where nobody should ever come: remembers who does, over TCP and UDP alike."""
+
+    def __init__(self, test):
+        self.heard = []
+        self._stream = socket.create_server(("::", 0), family=socket.AF_INET6, dualstack_ipv6=True)
+        self.port = self._stream.getsockname()[1]
+        self._datagrams = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
+        self._datagrams.bind(("127.0.0.1", self.port))
+        self._end, closing = socket.socketpair()
+        self._thread = threading.Thread(target=self._listen, daemon=True)
+        self._thread.start()
+        test.addCleanup(self._close, closing)
+
+    def _listen(self):
+        while True:
+            ready, _, _ = select.select([self._stream, self._datagrams, self._end], [], [])
+            if self._end in ready:
+                return
+            for each in ready:
+                self.heard.append(each.accept()[0].recv(1000) if each is self._stream else each.recv(1000))
+
+    def _close(self, closing):
+        closing.close()
+        self._thread.join()
+        for each in (self._stream, self._datagrams, self._end):
+            each.close()
 
 
 class WebContentTest(WebTest):
@@ -72,6 +101,14 @@ class MoviesOfTheNet(WebContentTest):
         self.assertPlays(site.url("/a.swf"), is_red=False)
         self.assertEqual(other.requests, [])
 
+    def test_one_leads_nowhere_and_starts_no_script(self):
+        site = self.site({"/there": ("text/html", SHOWN)})
+        script = f"javascript:new Image().src='{site.url('/there')}'"
+        go = b"".join(swf.get_url(address, window) for address in (site.url("/there"), script) for window in ("_self", "_blank"))
+        site.pages["/a.swf"] = ("application/x-shockwave-flash", swf.avm1(swf.once(go)))
+        self.assertPlays(site.url("/a.swf"), is_red=False)
+        self.assertFalse(site.asked("/there"))
+
     def test_one_is_not_led_to_another_site(self):
         other = self.site({"/vars.txt": ("text/plain", b"found=1", self.OPEN)})
         site = self.site()
@@ -86,21 +123,6 @@ class MoviesOfTheNet(WebContentTest):
         site = self.site()
         site.pages["/a.swf"] = ("application/x-shockwave-flash", looking(secret))
         self.assertPlays(site.url("/a.swf"), is_red=False)
-
-
-def redirecting(site, path, target):
-    usual = site.answer
-
-    def answer(handler):
-        if handler.path != path:
-            return usual(handler)
-        handler.send_response(302)
-        handler.send_header("Location", target)
-        handler.send_header("Access-Control-Allow-Origin", "*")
-        handler.send_header("Content-Length", "0")
-        handler.end_headers()
-
-    return answer
 
 
 class Pages(WebTest):
@@ -121,7 +143,7 @@ class Pages(WebTest):
 
     @staticmethod
     def page_of(script):
-        tell = "const tell = (name, value) => fetch('/said?' + name + '=' + encodeURIComponent(value));"
+        tell = "const tell = (name, value) => { new Image().src = '/said?' + name + '=' + encodeURIComponent(value); };"
         end = "setTimeout(() => tell('end', 1), 2000);"
         return SHOWN + f"<script>{tell}\n{end}\n{script}</script>".encode()
 
@@ -147,6 +169,106 @@ class Pages(WebTest):
             document.body.append(frame);
             setTimeout(() => {{ location = '{secret}'; tell('still', 1); }}, 500);""", "refused", "still")
         self.assertEqual((site.said("refused"), site.said("read"), site.said("still")), (["1"], [], ["1"]))
+
+    def test_no_other_port_scheme_or_host_is_reached(self):
+        listener = Listener(self)
+        port = listener.port
+        hosts = (f"127.0.0.1:{port}", f"localhost:{port}", f"localhost.:{port}", f"2130706433:{port}", f"0x7f.1:{port}",
+                 f"[::1]:{port}", f"[::ffff:127.0.0.1]:{port}", f"a.localhost:{port}")
+        self.tries(f"""
+            const hosts = {list(hosts)};
+            const add = (name, values) => document.body.append(Object.assign(document.createElement(name), values));
+            const attempts = [
+                host => fetch('http://' + host + '/a', {{mode: 'no-cors'}}).catch(() => 0),
+                host => fetch('kestro-http://' + host + '/a').catch(() => 0),
+                host => {{ const x = new XMLHttpRequest(); x.open('GET', 'kestro-http://' + host + '/a'); x.send(); }},
+                host => {{ const x = new XMLHttpRequest(); x.open('POST', 'https://' + host + '/a'); x.send('words'); }},
+                host => new WebSocket('ws://' + host + '/a'),
+                host => new WebSocket('wss://' + host + '/a'),
+                host => new EventSource('http://' + host + '/a'),
+                host => navigator.sendBeacon('http://' + host + '/a', 'words'),
+                host => {{ new Image().src = '//' + host + '/a'; }},
+                host => {{ new Image().src = 'http://' + host + '/a'; }},
+                host => add('iframe', {{src: 'http://' + host + '/a'}}),
+                host => add('script', {{src: 'http://' + host + '/a'}}),
+                host => add('video', {{src: 'http://' + host + '/a', autoplay: true}}),
+                host => add('object', {{data: 'http://' + host + '/a'}}),
+                host => {{ for (const rel of ['dns-prefetch', 'preconnect', 'prefetch', 'prerender', 'stylesheet', 'icon',
+                                             'preload', 'modulepreload', 'manifest'])
+                             add('link', {{rel, href: 'http://' + host + '/a', as: 'script'}}); }},
+                host => {{ const form = document.createElement('form'); form.action = 'http://' + host + '/a';
+                          form.method = 'post'; document.body.append(form); form.submit(); }},
+                host => {{ location = 'http://' + host + '/a'; }},
+                host => {{ const worker = new Worker(URL.createObjectURL(new Blob([
+                          `fetch('http://${{host}}/a'); new WebSocket('ws://${{host}}/a');
+                           importScripts('http://${{host}}/a');`]))); }},
+            ];
+            for (const host of hosts)
+                for (const attempt of attempts) try {{ attempt(host); }} catch {{}}
+            tell('tried', 1);""", "tried")
+        self.assertEqual(listener.heard, [])
+
+    def test_no_call_from_page_to_page_goes_out(self):
+        listener = Listener(self)
+        self.tries(f"""
+            for (const server of ['stun:127.0.0.1:{listener.port}', 'stun:localhost:{listener.port}',
+                                  'turn:127.0.0.1:{listener.port}?transport=tcp', 'turn:127.0.0.1:{listener.port}']) {{
+                try {{
+                    const call = new RTCPeerConnection({{iceServers: [{{urls: server, username: 'a', credential: 'b'}}]}});
+                    call.onicecandidate = event => {{ if (event.candidate) tell('place', event.candidate.candidate); }};
+                    call.createDataChannel('a');
+                    call.createOffer().then(offer => call.setLocalDescription(offer));
+                }} catch {{}}
+            }}
+            tell('tried', 1);""", "tried")
+        self.assertEqual(listener.heard, [])
+
+    def test_nothing_can_be_sent_not_even_to_its_own_site(self):
+        site = self.tries("""
+            const request = new XMLHttpRequest();
+            request.open('POST', '/sent'); request.onloadend = () => tell('sent', request.status); request.send('words');
+            navigator.sendBeacon('/sent', 'words'); fetch('/sent', {method: 'POST', body: 'words'}).catch(() => 0);
+            const frame = document.createElement('iframe'); frame.name = 'frame'; document.body.append(frame);
+            const form = document.createElement('form');
+            form.action = '/sent'; form.method = 'post'; form.target = 'frame';
+            document.body.append(form); form.submit();""", "sent")
+        self.assertFalse(site.asked("/sent"))
+
+    def test_no_worker_stays_behind_the_page(self):
+        worker = ("text/javascript", b"oninstall = () => {};")
+        site = self.tries("""
+            const workers = navigator.serviceWorker;
+            if (workers) workers.register('/worker.js').then(() => tell('worker', 'there'), () => tell('worker', 'refused'));
+            else tell('worker', 'refused');""", "worker", pages={"/worker.js": worker})
+        self.assertEqual(site.said("worker"), ["refused"])
+
+    def test_nobody_is_asked_to_keep_the_screen_on(self):
+        bus = socket.socket(socket.AF_UNIX)
+        self.addCleanup(bus.close)
+        path = self.home.runtime / "bus"
+        bus.bind(str(path))
+        bus.listen()
+        bus.setblocking(False)
+        address = {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={path}", "DBUS_SYSTEM_BUS_ADDRESS": f"unix:path={path}"}
+        self.tries("""
+            const canvas = document.createElement('canvas');
+            const video = document.createElement('video');
+            video.srcObject = canvas.captureStream(); video.play().catch(() => 0); document.body.append(video);
+            document.documentElement.requestFullscreen().catch(() => 0);
+            const lock = navigator.wakeLock ? navigator.wakeLock.request('screen') : Promise.reject();
+            lock.then(() => tell('asked', 1), () => tell('asked', 1));""", "asked", **address)
+        self.assertRaises(BlockingIOError, bus.accept)
+
+    def test_nothing_asks_for_the_whole_screen_the_pointer_the_clipboard_or_a_file(self):
+        site = self.tries("""
+            const told = name => [() => tell(name, 'given'), () => tell(name, 'refused')];
+            document.documentElement.requestFullscreen().then(...told('screen'));
+            document.body.requestPointerLock(); setTimeout(() => tell('pointer', document.pointerLockElement !== null), 500);
+            (navigator.clipboard ? navigator.clipboard.readText() : Promise.reject()).then(...told('clipboard'));
+            const picker = document.createElement('input'); picker.type = 'file'; picker.onchange = () => tell('file', 1);
+            document.body.append(picker); picker.click(); print();""", "screen", "pointer", "clipboard")
+        self.assertEqual((site.said("screen"), site.said("pointer"), site.said("clipboard"), site.said("file")),
+                         (["refused"], ["false"], ["refused"], []))
 
     def test_nothing_pops_up(self):
         site = self.tries("""
@@ -203,7 +325,8 @@ class Pages(WebTest):
         script = """
             tell('cookie', document.cookie); tell('stored', localStorage.getItem('mark'));
             document.cookie = 'mark=1; max-age=99999'; localStorage.setItem('mark', '1');
-            fetch('/kept.txt').then(() => tell('fetched', 1));"""
+            const request = new XMLHttpRequest();
+            request.open('GET', '/kept.txt'); request.onload = () => tell('fetched', 1); request.send();"""
         told = ("cookie", "stored", "fetched")
         kept = ("text/plain", b"kept", ("Cache-Control", "public, max-age=99999"))
         site = self.tries(script, *told, pages={"/kept.txt": kept})
@@ -233,7 +356,11 @@ class Pages(WebTest):
         run.wait_for(BLACK)
 
     def test_a_page_that_hangs_becomes_black_and_is_logged(self):
-        script = "setInterval(async () => { if (await (await fetch('/word')).text() === 'hang') for (;;); }, 100);"
+        script = """setInterval(() => {
+            const request = new XMLHttpRequest();
+            request.open('GET', '/word'); request.onload = () => { if (request.responseText === 'hang') for (;;); };
+            request.send();
+        }, 100);"""
         site = self.site({"/word": ("text/plain", b"go on")})
         site.pages["/page.html"] = ("text/html", SHOWN + f"<script>{script}</script>".encode())
         run = PageRun(self, site.url("/page.html"))
@@ -241,35 +368,6 @@ class Pages(WebTest):
         site.pages["/word"] = ("text/plain", b"hang")
         run.wait_for_log("the page hangs")
         run.wait_for(BLACK)
-
-
-def filters_of(pid):
-    """How many filters of system calls a process lives under; none for one that has ended."""
-    try:
-        return int(re.search(r"Seccomp_filters:\s+(\d+)", pathlib.Path(f"/proc/{pid}/status").read_text())[1])
-    except OSError:
-        return 0
-
-
-class Sandbox(unittest.TestCase):
-    """With an ordinary user's rights the browser's sandbox is on, whatever the environment says."""
-
-    def test_the_page_runs_under_the_browsers_filter_of_system_calls(self):
-        user = PlainUser()
-        self.addCleanup(user.close)
-        entry = user.prefix / "a.swf"
-        entry.write_bytes(swf.still(RED))
-        settings = user.preferences / "Kestro.plist"
-        settings.write_bytes(plistlib.dumps({"Ver": "5", "FileList": [entry.as_uri()], "FullScreenMode": "1"}))
-        log = (user.prefix / "log").open("w+")
-        self.addCleanup(log.close)
-        process = user.start(user.kestro, output=log, QT_QPA_PLATFORM="offscreen", QTWEBENGINE_DISABLE_SANDBOX="1",
-                             QTWEBENGINE_CHROMIUM_FLAGS="--no-sandbox", KESTRO_RENDERER="software")
-        self.addCleanup(process.wait)
-        self.addCleanup(process.kill)
-        helper = wait_until(lambda: helpers_of(process), "the web helper")[0]
-        wait_until(lambda: any(filters_of(pid) > filters_of(helper) for pid in members_of(helper)), "a filtered process")
-        self.assertNotIn("--no-sandbox", " ".join(command for _, group, command in processes().values() if group == helper))
 
 
 if __name__ == "__main__":

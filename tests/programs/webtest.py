@@ -40,6 +40,21 @@ def members_of(group):
     return [pid for pid, (_, its_group, _) in processes().items() if its_group == group]
 
 
+def redirecting(site, path, target):
+    usual = site.answer
+
+    def answer(handler):
+        if handler.path != path:
+            return usual(handler)
+        handler.send_response(302)
+        handler.send_header("Location", target)
+        handler.send_header("Access-Control-Allow-Origin", "*")
+        handler.send_header("Content-Length", "0")
+        handler.end_headers()
+
+    return answer
+
+
 class WebTest(ProgramTest):
     """A test with a folder for SWF files and pages, and web sites."""
 

@@ -1,13 +1,16 @@
 #include "platform/web/HelperEngine.h"
 
+#include "platform/base/Bounds.h"
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
 #include "platform/web/HelperProcess.h"
 #include "platform/web/HelperView.h"
 #include "platform/web/ProfileFolder.h"
+#include "platform/web/SharedBytes.h"
 #include "platform/web/WebChannel.h"
 
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <unistd.h>
 #include <utility>
@@ -66,6 +69,12 @@ void HelperEngine::join(HelperView& view)
     view.helperIsGone();
 }
 
+void HelperEngine::stopFetching()
+{
+    for (const auto& [number, view] : m_views)
+        view->stopFetching();
+}
+
 void HelperEngine::leave(const HelperView& view)
 {
     m_views.erase(view.number());
@@ -81,7 +90,7 @@ bool HelperEngine::start()
     auto line = WebChannel::makePair();
     m_home = ProfileFolder::make(temporaryFolder());
     if (line && m_home)
-        m_process = HelperProcess::start(m_settings.program, m_settings.arguments, m_home->path(),
+        m_process = HelperProcess::start(m_settings.program, m_home->path(), m_settings.arguments,
                                          std::move(line->second));
     if (!m_process) {
         logLine(QStringLiteral("No web content: %1 cannot be started").arg(m_settings.program));
@@ -89,27 +98,51 @@ bool HelperEngine::start()
         return false;
     }
     m_channel = std::make_unique<WebChannel>(
-        std::move(line->first), [this](const WebMessage& message) { receive(message); },
+        std::move(line->first), WebSpeaker::Helper, [this](const WebMessage& message) { receive(message); },
         [this] { lose(QStringLiteral("ended")); });
     m_isReady = false;
     m_unanswered = 0;
+    m_heard = 0;
+    m_handedOver = 0;
     m_pings.start();
     return true;
 }
 
+Descriptor HelperEngine::share(const QByteArray& bytes)
+{
+    if (m_handedOver + bytes.size() > Bounds::webBytesAPing) return {};
+    m_handedOver += bytes.size();
+    return sharedBytes(bytes);
+}
+
 void HelperEngine::receive(const WebMessage& message)
 {
-    if (message.kind == WebMessage::Kind::Hello) m_isReady = true;
-    if (message.kind == WebMessage::Kind::Hello || message.kind == WebMessage::Kind::Pong) m_unanswered = 0;
+    if (++m_heard > Bounds::webMessagesAPing) return lose(QStringLiteral("says too much"));
+    if (message.kind == WebMessage::Kind::Hello && !std::exchange(m_isReady, true)) m_unanswered = 0;
+    if (message.kind == WebMessage::Kind::Pong) hearPong(message.generation);
     const auto view = m_views.find(message.view);
     if (view != m_views.end()) view->second->receive(message);
 }
 
+void HelperEngine::hearPong(quint32 question)
+{
+    if (question != m_question) return;
+    m_unanswered = 0;
+    m_handedOver = 0;
+}
+
 void HelperEngine::ping()
 {
+    m_heard = 0;
     const int most = m_isReady ? m_settings.mostUnanswered : m_settings.mostUnansweredAtStart;
     if (m_unanswered++ >= most) return lose(QStringLiteral("does not answer"));
-    if (m_isReady && !send({})) lose(QStringLiteral("does not listen"));
+    const HelperLoad load = m_process->load();
+    if (load.bytes > m_settings.most.bytes) return lose(QStringLiteral("takes too much memory"));
+    if (load.processes > m_settings.most.processes) return lose(QStringLiteral("starts too many processes"));
+    if (!m_isReady) return;
+    WebMessage ping;
+    ping.generation = m_question = QRandomGenerator::system()->generate();
+    if (!send(ping)) lose(QStringLiteral("does not listen"));
 }
 
 // Every page is black now; with a new helper they begin anew.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/web/HelperLoad.h"
 #include "platform/web/WebMessage.h"
 #include "platform/web/WebView.h"
 
@@ -26,14 +27,16 @@ struct HelperSettings {
     int mostUnanswered = 5;
     int mostUnansweredAtStart = 20;
     int mostRestarts = 3;
+    HelperLoad most; ///< what its processes may take
 
     /// The helper of this package.
     [[nodiscard]] static HelperSettings ofPackage();
 };
 
 /// Shows web content through a helper process, which is started for the first page and then serves all of
-/// them until this process ends. When the helper ends or no longer answers, its pages are black, the log says
-/// so, and it is started again a few times, with the same pages. Outlives its views. Main thread.
+/// them until this process ends. When the helper ends, no longer answers, says more than anybody needs to or
+/// takes more memory or processes than it may, its pages are black, the log says so, and it is started again
+/// a few times, with the same pages. Outlives its views. Main thread.
 class HelperEngine final : public WebEngine {
 public:
     explicit HelperEngine(HelperSettings settings);
@@ -42,6 +45,9 @@ public:
     [[nodiscard]] bool isAvailable() override;
     [[nodiscard]] std::unique_ptr<WebView> makeWebView(const Rect& frame) override;
 
+    /// Fetches nothing more for any page: the process is about to end.
+    void stopFetching();
+
     // for views
     /// From now on the view is told of the helper; the helper is started when there is none.
     void join(HelperView& view);
@@ -49,11 +55,14 @@ public:
     [[nodiscard]] bool isRunning() const { return m_channel != nullptr; }
     /// False when nothing was sent.
     bool send(const WebMessage& message);
+    /// Memory for the helper with a copy of the bytes; closed where it has not yet taken what it got before.
+    [[nodiscard]] Descriptor share(const QByteArray& bytes);
 
 private:
     [[nodiscard]] QString obstacle() const;
     [[nodiscard]] bool start();
     void receive(const WebMessage& message);
+    void hearPong(quint32 question);
     void ping();
     void lose(const QString& how);
     void end();
@@ -65,6 +74,9 @@ private:
     std::unique_ptr<HelperProcess> m_process;
     std::unique_ptr<WebChannel> m_channel;
     QTimer m_pings;
+    quint32 m_question = 0;   ///< of the ping that was sent last: nobody who has not read it can answer
+    int m_heard = 0;          ///< messages since the ping before
+    qint64 m_handedOver = 0;  ///< bytes that the helper got since it last answered
     bool m_isReady = false;   ///< the helper has said hello
     int m_unanswered = 0;     ///< pings, or turns without a hello
     int m_restarts = 0;       ///< in the life of this process

@@ -1,5 +1,7 @@
 #include "platform/web/HelperProcess.h"
 
+#include "platform/web/HelperEnvironment.h"
+
 #include <QFile>
 #include <QProcessEnvironment>
 
@@ -34,30 +36,6 @@ private:
     std::vector<QByteArray> m_bytes;
     std::vector<char*> m_pointers;
 };
-
-/// Our environment without what leads to the desktop, what would change how the browser confines itself, and
-/// the user's own folders. Root alone has no sandbox there, so that root's tests may say that they do
-/// without.
-QStringList helperEnvironment(const QString& home)
-{
-    auto environment = QProcessEnvironment::systemEnvironment();
-    const bool mayLackSandbox = geteuid() == 0;
-    const QStringList names = environment.keys();
-    for (const QString& name : names) {
-        const bool isBrowsers = name.startsWith(u"QTWEBENGINE_") || name.startsWith(u"QT_") ||
-                                name.startsWith(u"QML") || name.startsWith(u"LD_");
-        if (isBrowsers && !(mayLackSandbox && name == u"QTWEBENGINE_DISABLE_SANDBOX"))
-            environment.remove(name);
-    }
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY", "DBUS_SESSION_BUS_ADDRESS",
-                             "SESSION_MANAGER", "XSCREENSAVER_WINDOW", "DESKTOP_STARTUP_ID", "BROWSER"})
-        environment.remove(QString::fromLatin1(name));
-    for (const char* name :
-         {"HOME", "TMPDIR", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"})
-        environment.insert(QString::fromLatin1(name), home);
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    return environment.toStringList();
-}
 
 /// In the helper no signal is blocked, each has its default action, and of our open files it has the line and
 /// the three standard ones alone.
@@ -96,11 +74,11 @@ private:
 
 } // namespace
 
-std::unique_ptr<HelperProcess> HelperProcess::start(const QString& program, const QStringList& arguments,
-                                                    const QString& home, Descriptor channel)
+std::unique_ptr<HelperProcess> HelperProcess::start(const QString& program, const QString& home,
+                                                    const QStringList& arguments, Descriptor channel)
 {
-    Words words(QStringList(program) + arguments);
-    Words environment(helperEnvironment(home));
+    Words words(QStringList{program, home} + arguments);
+    Words environment(helperEnvironment(QProcessEnvironment::systemEnvironment(), home, geteuid() == 0));
     const SpawnRules rules(channel.number());
     pid_t process = 0;
     if (posix_spawn(&process, QFile::encodeName(program).constData(), rules.files(), rules.attributes(),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/web/Descriptor.h"
+#include "platform/web/HelperLoad.h"
 
 #include <QString>
 #include <QStringList>
@@ -18,12 +19,16 @@ public:
     /// The descriptor that the helper finds its end of the line at.
     static constexpr int channelNumber = 3;
 
-    /// Starts `program`, which keeps what it writes in the folder `home`. Null when it cannot be started.
+    /// Starts `program` with the folder `home`, which it keeps what it writes in, as its first argument, and
+    /// those that are given. Null when it cannot be started.
     [[nodiscard]] static std::unique_ptr<HelperProcess>
-    start(const QString& program, const QStringList& arguments, const QString& home, Descriptor channel);
+    start(const QString& program, const QString& home, const QStringList& arguments, Descriptor channel);
     ~HelperProcess();
     HelperProcess(const HelperProcess&) = delete;
     HelperProcess& operator=(const HelperProcess&) = delete;
+
+    /// What it and all that it has started take now.
+    [[nodiscard]] HelperLoad load() const { return loadOf(m_process); }
 
 private:
     explicit HelperProcess(pid_t process)

@@ -1,6 +1,8 @@
 #include "platform/web/HelperView.h"
 
+#include "platform/base/Bounds.h"
 #include "platform/base/Log.h"
+#include "platform/base/ShownURL.h"
 #include "platform/display/Screen.h"
 #include "platform/display/ScreenMapping.h"
 #include "platform/display/Surface.h"
@@ -28,9 +30,21 @@ HelperView::~HelperView()
     stopLoading();
 }
 
+void HelperView::loadMovie(const QUrl& url)
+{
+    load(url, WebMessage::Kind::LoadMovie);
+}
+
 void HelperView::loadRequest(const QUrl& url)
 {
+    load(url, WebMessage::Kind::LoadPage);
+}
+
+void HelperView::load(const QUrl& url, WebMessage::Kind how)
+{
     m_url = url;
+    m_how = how;
+    m_requests.reset();
     m_isLoadTold = false;
     m_engine.join(*this);
     schedule();
@@ -66,6 +80,7 @@ void HelperView::setFrameSize(Size size)
 
 void HelperView::begin()
 {
+    m_requests.reset();
     m_frames.reset();
     m_shownSlot = -1;
     m_isToldMuted = false;
@@ -75,6 +90,7 @@ void HelperView::begin()
 
 void HelperView::helperIsGone()
 {
+    m_requests.reset();
     m_frames.reset();
     m_shownSlot = -1;
     m_layer.showBlack();
@@ -118,10 +134,13 @@ void HelperView::tellSize()
 
 void HelperView::tellAddress()
 {
-    WebMessage load = message(WebMessage::Kind::Load);
+    m_isNoted = false;
+    m_requests = std::make_unique<PageRequests>(
+        m_url, [this](quint32 request, const PageRequests::Answer& answer) { handOver(request, answer); });
+    WebMessage load = message(m_how);
     load.text = m_url.toEncoded();
     if (m_engine.send(load)) return;
-    logLine(QStringLiteral("Web content: %1 cannot be shown").arg(m_url.toDisplayString().left(200)));
+    logNote("cannot be shown");
     m_layer.showBlack();
 }
 
@@ -149,9 +168,39 @@ float HelperView::pixelsPerPoint() const
 void HelperView::receive(const WebMessage& message)
 {
     if (message.kind == WebMessage::Kind::Frame) showFrame(message);
-    if (message.kind == WebMessage::Kind::Note)
-        logLine(QStringLiteral("Web content: %1: %2")
-                    .arg(m_url.toDisplayString().left(200), QString::fromUtf8(message.text).simplified()));
+    if (message.kind == WebMessage::Kind::Note) logNote(message.text);
+    if (message.kind == WebMessage::Kind::Fetch) fetch(message);
+}
+
+// Once for each load, however often the helper says something, and in plain characters, whatever it says.
+void HelperView::logNote(const QByteArray& text)
+{
+    if (std::exchange(m_isNoted, true)) return;
+    QString plain = QString::fromUtf8(text).simplified();
+    for (QChar& each : plain)
+        if (!each.isPrint()) each = u'?';
+    logLine(QStringLiteral("Web content: %1: %2").arg(shownURL(m_url), plain));
+}
+
+void HelperView::fetch(const WebMessage& wish)
+{
+    if (m_requests) m_requests->ask(wish.request, QUrl::fromEncoded(wish.text));
+}
+
+void HelperView::handOver(quint32 request, const PageRequests::Answer& answer)
+{
+    WebMessage fetched = message(WebMessage::Kind::Fetched);
+    fetched.request = request;
+    if (answer) {
+        fetched.memory = m_engine.share(answer.value().bytes);
+        fetched.length = answer.value().bytes.size();
+        fetched.text = answer.value().type.toUtf8().left(Bounds::webTextBytes);
+    } else {
+        fetched.text = answer.error().toUtf8().left(Bounds::webNoteBytes);
+    }
+    fetched.flag = fetched.memory.isOpen();
+    if (answer && !fetched.flag) fetched.text = "too much at once";
+    m_engine.send(fetched);
 }
 
 void HelperView::showFrame(const WebMessage& frame)

@@ -8,7 +8,14 @@ namespace kestro {
 
 namespace {
 
+/// What the memory must have; the system may add some of its own.
 constexpr int seals = F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL;
+
+bool isSealed(int memory)
+{
+    const int has = fcntl(memory, F_GET_SEALS);
+    return has >= 0 && (has & seals) == seals;
+}
 
 bool isInBounds(QSize size)
 {
@@ -49,7 +56,7 @@ std::unique_ptr<SharedFrames> SharedFrames::adopt(Descriptor memory, QSize size)
 {
     struct stat found = {};
     if (!isInBounds(size) || !memory.isOpen() || fstat(memory.number(), &found) != 0 ||
-        found.st_size != slotBytes(size) * slotCount || fcntl(memory.number(), F_GET_SEALS) != seals)
+        found.st_size != slotBytes(size) * slotCount || !isSealed(memory.number()))
         return nullptr;
     return map(std::move(memory), size, PROT_READ | PROT_WRITE);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Bounds.h"
 #include "platform/web/Descriptor.h"
 
 #include <QImage>
@@ -15,7 +16,7 @@ namespace kestro {
 class SharedFrames final {
 public:
     static constexpr int slotCount = 2;
-    static constexpr int longestSide = 8192; ///< pixels
+    static constexpr int longestSide = Bounds::webPictureSide; ///< pixels
 
     /// New memory, for this process to read; null when there is none, or the size is out of bounds.
     [[nodiscard]] static std::unique_ptr<SharedFrames> make(QSize size);

@@ -1,5 +1,7 @@
 #include "platform/web/WebChannel.h"
 
+#include "platform/base/Bounds.h"
+
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -9,59 +11,24 @@ namespace kestro {
 
 namespace {
 
-/// What goes before the text of a message on the line. Both ends are of one build on one machine.
-struct Head {
-    quint32 kind;
-    quint32 view;
-    quint32 generation;
-    qint32 slot;
-    qint32 width, height;
-    float zoom;
-    qint32 left, top, damageWidth, damageHeight;
-    quint32 flag;
-};
+/// As many descriptors as the system lets come with one message: what finds no room is lost, and what finds
+/// some must be closed.
+constexpr size_t mostDescriptors = 253;
 
-Head headOf(const WebMessage& message)
-{
-    const QRect& damage = message.damage;
-    return {static_cast<quint32>(message.kind),
-            message.view,
-            message.generation,
-            message.slot,
-            message.size.width(),
-            message.size.height(),
-            message.zoom,
-            damage.left(),
-            damage.top(),
-            damage.width(),
-            damage.height(),
-            message.flag ? 1U : 0U};
-}
-
-WebMessage messageOf(const Head& head, const char* text, qsizetype length)
-{
-    WebMessage message;
-    message.kind = static_cast<WebMessage::Kind>(head.kind);
-    message.view = head.view;
-    message.generation = head.generation;
-    message.slot = head.slot;
-    message.size = {head.width, head.height};
-    message.zoom = head.zoom;
-    message.damage = {head.left, head.top, head.damageWidth, head.damageHeight};
-    message.flag = head.flag != 0;
-    message.text = QByteArray(text, length);
-    return message;
-}
-
-/// Room for one descriptor beside a message.
+template <size_t count>
 struct alignas(cmsghdr) Attachment {
-    std::array<char, CMSG_SPACE(sizeof(int))> bytes{};
+    std::array<char, CMSG_SPACE(count * sizeof(int))> bytes{};
+
+    void joinTo(msghdr& parts)
+    {
+        parts.msg_control = bytes.data();
+        parts.msg_controllen = bytes.size();
+    }
 };
 
-void attach(msghdr& parts, Attachment& room, int descriptor)
+void attach(msghdr& parts, Attachment<1>& room, int descriptor)
 {
-    parts.msg_control = room.bytes.data();
-    parts.msg_controllen = room.bytes.size();
+    room.joinTo(parts);
     cmsghdr* const header = CMSG_FIRSTHDR(&parts);
     header->cmsg_level = SOL_SOCKET;
     header->cmsg_type = SCM_RIGHTS;
@@ -69,20 +36,29 @@ void attach(msghdr& parts, Attachment& room, int descriptor)
     std::memcpy(CMSG_DATA(header), &descriptor, sizeof(int));
 }
 
+/// The first descriptor that came; all others are closed.
 Descriptor attached(msghdr& parts)
 {
-    const cmsghdr* const header = CMSG_FIRSTHDR(&parts);
-    if (!header || header->cmsg_type != SCM_RIGHTS) return {};
-    int number = -1;
-    std::memcpy(&number, CMSG_DATA(header), sizeof(int));
-    return Descriptor(number);
+    Descriptor first;
+    for (cmsghdr* header = CMSG_FIRSTHDR(&parts); header; header = CMSG_NXTHDR(&parts, header)) {
+        if (header->cmsg_level != SOL_SOCKET || header->cmsg_type != SCM_RIGHTS) continue;
+        const size_t count = (header->cmsg_len - CMSG_LEN(0)) / sizeof(int);
+        for (size_t i = 0; i < count; ++i) {
+            int number = -1;
+            std::memcpy(&number, CMSG_DATA(header) + i * sizeof(int), sizeof(int));
+            Descriptor each(number);
+            if (!first.isOpen()) first = std::move(each);
+        }
+    }
+    return first;
 }
 
 } // namespace
 
-WebChannel::WebChannel(Descriptor socket, std::function<void(WebMessage)> onMessage,
+WebChannel::WebChannel(Descriptor socket, WebSpeaker speaker, std::function<void(WebMessage)> onMessage,
                        std::function<void()> onClosed)
     : m_socket(std::move(socket))
+    , m_speaker(speaker)
     , m_onMessage(std::move(onMessage))
     , m_onClosed(std::move(onClosed))
     , m_notifier(std::make_unique<QSocketNotifier>(m_socket.number(), QSocketNotifier::Read))
@@ -107,14 +83,15 @@ std::optional<std::pair<Descriptor, Descriptor>> WebChannel::makePair()
 
 bool WebChannel::send(const WebMessage& message)
 {
-    if (message.text.size() > longestText) return false;
-    Head head = headOf(message);
-    std::array<iovec, 2> pieces{iovec{&head, sizeof head}, iovec{const_cast<char*>(message.text.constData()),
-                                                                 static_cast<size_t>(message.text.size())}};
+    if (message.text.size() > Bounds::webTextBytes) return false;
+    WebMessageHead head = headOf(message);
+    std::array<iovec, 2> pieces{
+        iovec{head.data(), head.size()},
+        iovec{const_cast<char*>(message.text.constData()), static_cast<size_t>(message.text.size())}};
     msghdr parts{};
     parts.msg_iov = pieces.data();
     parts.msg_iovlen = pieces.size();
-    Attachment room;
+    Attachment<1> room;
     if (message.memory.isOpen()) attach(parts, room, message.memory.number());
     ssize_t sent = -1;
     do
@@ -125,29 +102,31 @@ bool WebChannel::send(const WebMessage& message)
 
 WebChannel::Receipt WebChannel::receive(std::optional<WebMessage>& message)
 {
-    Head head{};
-    std::array<char, longestText> text; // NOLINT(cppcoreguidelines-pro-type-member-init): filled below
-    std::array<iovec, 2> pieces{iovec{&head, sizeof head}, iovec{text.data(), text.size()}};
-    Attachment room;
+    // One byte more than there may be, which tells what was cut off.
+    std::array<char, sizeof(WebMessageHead) + Bounds::webTextBytes + 1>
+        bytes; // NOLINT(cppcoreguidelines-pro-type-member-init): filled below
+    iovec piece{bytes.data(), bytes.size()};
+    Attachment<mostDescriptors> room;
     msghdr parts{};
-    parts.msg_iov = pieces.data();
-    parts.msg_iovlen = pieces.size();
-    parts.msg_control = room.bytes.data();
-    parts.msg_controllen = room.bytes.size();
+    parts.msg_iov = &piece;
+    parts.msg_iovlen = 1;
+    room.joinTo(parts);
     const ssize_t length = recvmsg(m_socket.number(), &parts, MSG_DONTWAIT | MSG_CMSG_CLOEXEC);
     if (length < 0) return errno == EAGAIN || errno == EINTR ? Receipt::Nothing : Receipt::Closed;
-    if (length == 0) return Receipt::Closed;
     Descriptor memory = attached(parts);
-    if (length < static_cast<ssize_t>(sizeof head)) return Receipt::Message;
-    message = messageOf(head, text.data(), length - static_cast<qsizetype>(sizeof head));
-    message->memory = std::move(memory);
+    if (length == 0) return Receipt::Closed;
+    auto come = messageOf(QByteArrayView(bytes.data(), length), m_speaker);
+    if (!come) return Receipt::Message;
+    message = std::move(come.value());
+    if (carriesMemory(message->kind)) message->memory = std::move(memory);
     return Receipt::Message;
 }
 
 void WebChannel::readAll()
 {
     const auto isAlive = m_isAlive;
-    while (*isAlive) {
+    // The notifier comes back for what is left.
+    for (int count = 0; *isAlive && count < Bounds::webMessagesATurn; ++count) {
         std::optional<WebMessage> message;
         switch (receive(message)) {
         case Receipt::Nothing:

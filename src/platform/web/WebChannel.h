@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/web/WebMessage.h"
+#include "platform/web/WebMessageForm.h"
 
 #include <QSocketNotifier>
 
@@ -12,16 +12,15 @@
 namespace kestro {
 
 /// One end of the line between the saver's process and its web helper: a socket that keeps messages apart and
-/// hands over memory. Neither end ever waits for the other. What comes in that is no message of ours is
-/// dropped. Main thread of either process.
+/// hands over memory. Neither end ever waits for the other. What comes in that the other end never says is
+/// dropped, and every descriptor beyond what a message may carry is closed. Few messages are taken before the
+/// event loop goes on. Main thread of either process.
 class WebChannel final {
 public:
-    /// The longest text of a message, in bytes.
-    static constexpr qsizetype longestText = 16 * 1024;
-
-    /// Takes over one end. `onMessage` is called from the event loop for each message, `onClosed` once when
-    /// the other end is gone; a channel may be destroyed in either.
-    WebChannel(Descriptor socket, std::function<void(WebMessage)> onMessage, std::function<void()> onClosed);
+    /// Takes over the end that hears `speaker`. `onMessage` is called from the event loop for each message,
+    /// `onClosed` once when the other end is gone; a channel may be destroyed in either.
+    WebChannel(Descriptor socket, WebSpeaker speaker, std::function<void(WebMessage)> onMessage,
+               std::function<void()> onClosed);
 
     /// Both ends of a new line, closed in programs that are started; none when the system has no more.
     [[nodiscard]] static std::optional<std::pair<Descriptor, Descriptor>> makePair();
@@ -36,6 +35,7 @@ private:
     [[nodiscard]] Receipt receive(std::optional<WebMessage>& message);
 
     Descriptor m_socket;
+    const WebSpeaker m_speaker;
     std::function<void(WebMessage)> m_onMessage;
     std::function<void()> m_onClosed;
     std::unique_ptr<QSocketNotifier> m_notifier;

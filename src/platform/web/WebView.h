@@ -8,12 +8,14 @@ class QUrl;
 
 namespace kestro {
 
-/// Shows one web page over its whole bounds. Made by a WebEngine. Main thread.
+/// Shows one web page, or one SWF, over its whole bounds. Made by a WebEngine. Main thread.
 class WebView : public View {
 public:
     using View::View;
 
-    /// Loads `url` in the page's main frame. What cannot be loaded leaves the view black.
+    /// Plays the SWF at `url`: what is none by its first bytes, a page above all, leaves the view black.
+    virtual void loadMovie(const QUrl& url) = 0;
+    /// Loads `url`, a page or an SWF, in the page's main frame. What cannot be loaded leaves the view black.
     virtual void loadRequest(const QUrl& url) = 0;
     /// Whether the page's sound is off; it is until it is asked for.
     virtual void setMuted(bool muted) = 0;

@@ -1,77 +1,11 @@
-#include "platform/web/HelperEngine.h"
-
-#include "platform/base/Clock.h"
-#include "platform/base/Log.h"
-#include "platform/base/Random.h"
-#include "platform/display/ImageDesktop.h"
-#include "platform/display/ManualTimerSource.h"
-#include "platform/display/Screen.h"
-#include "platform/display/Surface.h"
-#include "platform/display/Window.h"
-#include "platform/web/EventLoop.h"
-
-#include <QUrl>
+#include "platform/web/HelperEngineTest.h"
 
 #include <csignal>
-#include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace kestro {
 
 namespace {
-
-const QColor red(Qt::red);
-const QColor green(Qt::green);
-const QColor blue(Qt::blue);
-const QColor black(Qt::black);
-
-/// One screen of 40 by 30 points at two pixels a point, a window over it, and a helper that has no browser.
-class HelperEngineTest : public testing::Test {
-protected:
-    HelperEngineTest()
-    {
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-        settings.program = QStringLiteral(KESTRO_FAKE_HELPER);
-        settings.secondsOfPing = 1;
-        settings.mostUnanswered = 1;
-        window.setContentView(&ground);
-        window.makeKeyAndOrderFront();
-    }
-
-    std::unique_ptr<WebView> show(HelperEngine& engine, const char* address)
-    {
-        auto view = engine.makeWebView({{0, 0}, {20, 30}});
-        ground.addSubview(*view);
-        view->loadRequest(QUrl(QString::fromLatin1(address)));
-        return view;
-    }
-
-    QColor colourAt(int x, int y)
-    {
-        Screen& screen = *desktop.screens().front();
-        screen.update();
-        return screen.surface().canvas().pixelColor(x, y);
-    }
-
-    bool becomes(const QColor& colour)
-    {
-        return turnUntil([&] { return colourAt(10, 10) == colour; });
-    }
-
-    int logged(const char* fragment)
-    {
-        return static_cast<int>(lines.filter(QString::fromUtf8(fragment)).size());
-    }
-
-    QStringList lines;
-    LogCapture log{[this](const QString& line) { lines.append(line); }};
-    HelperSettings settings;
-    ManualClock clock;
-    ManualTimerSource timers{clock};
-    SeededRandom random{1};
-    ImageDesktop desktop{{Rect{{0, 0}, {40, 30}}}, 2.0, timers, clock, random};
-    View ground{{{0, 0}, {40, 30}}};
-    Window window{{{{0, 0}, {40, 30}}, desktop.screens().front(), QStringLiteral("test")}};
-};
 
 TEST_F(HelperEngineTest, isAvailable_isFalseAndSaysWhyOnce_withoutAHelper)
 {
@@ -138,6 +72,17 @@ TEST_F(HelperEngineTest, view_isMutedUntilToldOtherwise)
     muted->stopLoading();
     const auto loud = show(engine, "sound:");
     loud->setMuted(false);
+    EXPECT_TRUE(becomes(blue));
+}
+
+TEST_F(HelperEngineTest, loadMovie_asksForAnSwfAlone_loadRequestForAnything)
+{
+    HelperEngine engine(settings);
+    auto view = engine.makeWebView({{0, 0}, {20, 30}});
+    ground.addSubview(*view);
+    view->loadMovie(QUrl(QStringLiteral("kind:")));
+    EXPECT_TRUE(becomes(red));
+    view->loadRequest(QUrl(QStringLiteral("kind:")));
     EXPECT_TRUE(becomes(blue));
 }
 

@@ -26,35 +26,38 @@ TEST(PageRules, swfOfAFile_fetchesNothingButWhatThePlayerServes)
         EXPECT_FALSE(rules.mayFetch(url(address))) << address;
 }
 
-TEST(PageRules, swfOfTheNet_fetchesFromItsOwnSiteAlone)
+TEST(PageRules, contentOfTheNet_fetchesFromItsOwnSiteAlone_asThatIsServed)
 {
-    PageRules rules;
-    rules.setContent(PageRules::Content::Swf, url("http://h/d/a.swf"));
-    EXPECT_TRUE(rules.mayFetch(url("http://h/other/b.xml")));
-    EXPECT_TRUE(rules.mayFetch(url("http://h:80/b")));
-    for (const char* address :
-         {"http://h:81/b", "https://h/b", "http://www.h/b", "http://other/b", "file:///a", "ws://h/b"})
-        EXPECT_FALSE(rules.mayFetch(url(address))) << address;
+    for (const auto content : {PageRules::Content::Swf, PageRules::Content::Page}) {
+        PageRules rules;
+        rules.setContent(content, url("http://h/d/a"));
+        for (const char* address :
+             {"kestro-http://h/other/b.xml", "kestro-http://h:80/b", "blob:http://h/1", "data:,x"})
+            EXPECT_TRUE(rules.mayFetch(url(address))) << address;
+        for (const char* address :
+             {"http://h/b", "kestro-http://h:81/b", "kestro-https://h/b", "kestro-http://www.h/b",
+              "https://h/b", "kestro-http://127.0.0.1/b", "http://other/b", "ws://h/b", "wss://h/b",
+              "file:///etc/passwd", "kestro-file:///a", "qrc:/web/Page.qml", "chrome://gpu"})
+            EXPECT_FALSE(rules.mayFetch(url(address))) << address;
+    }
 }
 
-TEST(PageRules, swf_goesNowhere)
-{
-    PageRules rules;
-    rules.setContent(PageRules::Content::Swf, url("http://h/a.swf"));
-    EXPECT_FALSE(rules.mayGoTo(url("http://h/b.html")));
-}
-
-TEST(PageRules, pageOfTheNet_fetchesFromTheNetAlone)
+TEST(PageRules, pageOfTheNet_neverSeesThePlayer)
 {
     PageRules rules;
     rules.setContent(PageRules::Content::Page, url("http://h/a.html"));
-    for (const char* address : {"http://h/b", "https://other/b", "wss://h/b", "blob:http://h/1", "data:,x"})
-        EXPECT_TRUE(rules.mayFetch(url(address))) << address;
-    for (const char* address :
-         {"file:///etc/passwd", "kestro-ruffle://player/ruffle.js", "qrc:/web/Page.qml", "chrome://gpu"})
-        EXPECT_FALSE(rules.mayFetch(url(address))) << address;
-    EXPECT_TRUE(rules.mayGoTo(url("https://other/")));
-    EXPECT_FALSE(rules.mayGoTo(url("mailto:ada@example.org")));
+    EXPECT_FALSE(rules.mayFetch(url("kestro-ruffle://player/ruffle.js")));
+}
+
+TEST(PageRules, swf_goesNowhere_aPageOnItsOwnSite)
+{
+    PageRules rules;
+    rules.setContent(PageRules::Content::Swf, url("http://h/a.swf"));
+    EXPECT_FALSE(rules.mayGoTo(url("kestro-http://h/b.html")));
+    rules.setContent(PageRules::Content::Page, url("http://h/a.html"));
+    EXPECT_TRUE(rules.mayGoTo(url("kestro-http://h/b.html")));
+    for (const char* address : {"kestro-http://other/", "http://h/b.html", "mailto:ada@example.org"})
+        EXPECT_FALSE(rules.mayGoTo(url(address))) << address;
 }
 
 TEST(PageRules, pageOfAFile_fetchesFromItsFolderAlone)

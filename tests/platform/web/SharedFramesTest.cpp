@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 
 namespace kestro {
 
@@ -43,6 +44,19 @@ TEST(SharedFrames, adopt_refusesMemoryThatCouldShrink)
     Descriptor memory(memfd_create("loose", MFD_ALLOW_SEALING));
     ASSERT_EQ(ftruncate(memory.number(), 8 * 8 * 4 * SharedFrames::slotCount), 0);
     EXPECT_FALSE(SharedFrames::adopt(std::move(memory), {8, 8}));
+}
+
+// Systems that forbid memory to hold programs add a seal of their own.
+TEST(SharedFrames, adopt_takesMemoryWithMoreSealsThanItNeeds)
+{
+    constexpr int sealOfTheSystem = 0x20;
+    Descriptor memory(memfd_create("sealed", MFD_ALLOW_SEALING));
+    ASSERT_EQ(ftruncate(memory.number(), 8 * 8 * 4 * SharedFrames::slotCount), 0);
+    ASSERT_EQ(fchmod(memory.number(), S_IRUSR | S_IWUSR), 0);
+    ASSERT_EQ(fcntl(memory.number(), F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW), 0);
+    fcntl(memory.number(), F_ADD_SEALS, sealOfTheSystem); // systems before 6.3 know none
+    ASSERT_EQ(fcntl(memory.number(), F_ADD_SEALS, F_SEAL_SEAL), 0);
+    EXPECT_TRUE(SharedFrames::adopt(std::move(memory), {8, 8}));
 }
 
 TEST(SharedFrames, adopt_refusesNothing)

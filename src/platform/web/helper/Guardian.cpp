@@ -1,6 +1,6 @@
 #include "platform/web/helper/Guardian.h"
 
-#include <QDir>
+#include "platform/web/ProfileFolder.h"
 
 #include <cerrno>
 #include <csignal>
@@ -24,8 +24,8 @@ void waitForHangUp(int channel)
 /// The browser goes on meanwhile, and may put something back.
 void removeForGood(const QString& folder)
 {
-    for (int turn = 0; turn < mostTurns && QDir(folder).exists(); ++turn)
-        QDir(folder).removeRecursively();
+    for (int turn = 0; turn < mostTurns && ProfileFolder::isOne(folder); ++turn)
+        ProfileFolder::remove(folder);
 }
 
 } // namespace

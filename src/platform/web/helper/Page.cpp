@@ -1,6 +1,9 @@
 #include "platform/web/helper/Page.h"
 
+#include "platform/base/Bounds.h"
 #include "platform/base/FileURL.h"
+#include "platform/base/URLKind.h"
+#include "platform/web/SharedBytes.h"
 #include "platform/web/helper/SwfKind.h"
 
 #include <QFile>
@@ -18,11 +21,11 @@ namespace {
 constexpr int secondsOfCheck = 5;
 constexpr int mostUnanswered = 3;
 constexpr int mostTurnsUnshown = 6;
-constexpr int longestNote = 200;
 constexpr int drawInterval = 12; // milliseconds: less than a picture lasts at the browser's own pace
 
 const QString playingTitle = QStringLiteral("playing");
 const QString failedTitle = QStringLiteral("failed: ");
+const QString noSwf = QStringLiteral("it is no Flash movie");
 
 std::unique_ptr<QQuickWebEngineProfile> makeProfile()
 {
@@ -33,7 +36,6 @@ std::unique_ptr<QQuickWebEngineProfile> makeProfile()
     return profile;
 }
 
-/// Whether a file that no name tells to be an SWF is one.
 bool isSwfFile(const QUrl& url)
 {
     QFile file(localPath(url).value_or(QString()));
@@ -47,11 +49,14 @@ Page::Page(quint32 number, const Surroundings& surroundings)
     : m_number(number)
     , m_surroundings(surroundings)
     , m_ruffle(surroundings.ruffleFolder)
+    , m_sites([this](quint32 request, const QUrl& url) { askSaver(request, url); })
     , m_profile(makeProfile())
     , m_picture([this] { drawSoon(); })
 {
     m_profile->setUrlRequestInterceptor(&m_rules);
     m_profile->installUrlSchemeHandler(RuffleScheme::name.toLatin1(), &m_ruffle);
+    for (const QByteArray& name : SiteScheme::names)
+        m_profile->installUrlSchemeHandler(name, &m_sites);
     m_drawTimer.setSingleShot(true);
     m_drawTimer.setInterval(drawInterval);
     m_drawTimer.callOnTimeout([this] { draw(); });
@@ -65,17 +70,63 @@ Page::~Page()
     m_view.reset();
 }
 
-void Page::load(const QUrl& address)
+void Page::loadMovie(const QUrl& address)
+{
+    load(address, true);
+}
+
+void Page::loadPage(const QUrl& address)
+{
+    load(address, false);
+}
+
+void Page::load(const QUrl& address, bool isSwfAlone)
 {
     m_isFailed = false;
     const auto path = localPath(address);
-    const QUrl url = path ? QUrl::fromLocalFile(*path) : address;
-    if (url.isLocalFile() && !QFile::exists(path.value_or(QString())))
-        return fail(QStringLiteral("no such file"));
-    if (hasSwfExtension(url) || isSwfFile(url))
-        playSwf(url);
-    else
-        showPage(url);
+    if (path) return loadFile(QUrl::fromLocalFile(*path), isSwfAlone);
+    if (isWebURL(address)) return loadFromSite(address, isSwfAlone);
+    fail(QStringLiteral("neither a file nor on the web"));
+}
+
+void Page::loadFile(const QUrl& url, bool isSwfAlone)
+{
+    if (!QFile::exists(url.toLocalFile())) return fail(QStringLiteral("no such file"));
+    if (isSwfFile(url)) return playSwf(url);
+    if (isSwfAlone) return fail(noSwf);
+    showPage(url, url);
+}
+
+void Page::loadFromSite(const QUrl& url, bool isSwfAlone)
+{
+    m_sites.ask(url, [this, url, isSwfAlone](const SiteScheme::Content& content) {
+        if (!content.isThere) return fail(QString::fromUtf8(content.type));
+        const bool isSwf =
+            hasSwfSignature(content.bytes.first(qMin(content.bytes.size(), swfSignatureLength)));
+        if (isSwfAlone && !isSwf) return fail(noSwf);
+        m_sites.keep(url, content);
+        if (isSwf)
+            playSwf(url);
+        else
+            showPage(url, SiteScheme::toScheme(url));
+    });
+}
+
+void Page::askSaver(quint32 request, const QUrl& url)
+{
+    WebMessage wish = message(WebMessage::Kind::Fetch);
+    wish.request = request;
+    wish.text = url.toEncoded();
+    if (m_surroundings.send(wish)) return;
+    // Not from within who asks.
+    QMetaObject::invokeMethod(
+        this, [this, request] { m_sites.come(request, {}); }, Qt::QueuedConnection);
+}
+
+void Page::fetched(const WebMessage& message)
+{
+    const auto bytes = message.flag ? bytesOf(message.memory, message.length) : std::nullopt;
+    m_sites.come(message.request, {bytes.has_value(), bytes.value_or(QByteArray()), message.text});
 }
 
 void Page::open(PageRules::Content content, const QUrl& url)
@@ -110,12 +161,11 @@ void Page::playSwf(const QUrl& url)
                               Q_ARG(QUrl, RuffleScheme::pageAddress(url)));
 }
 
-void Page::showPage(const QUrl& url)
+void Page::showPage(const QUrl& url, const QUrl& address)
 {
     open(PageRules::Content::Page, url);
     if (!m_view) return fail(QStringLiteral("the browser cannot be started"));
-    if (!m_rules.mayGoTo(url)) return fail(QStringLiteral("neither a file nor on the web"));
-    m_view->setProperty("url", url);
+    m_view->setProperty("url", address);
 }
 
 void Page::resize(WebMessage message)
@@ -167,13 +217,9 @@ void Page::titleSet(const QString& title)
     if (title.startsWith(failedTitle)) fail(title.mid(failedTitle.size()));
 }
 
-void Page::cameAsDownload(const QUrl& url, const QString& type)
+void Page::cameAsDownload(const QString& type)
 {
-    if (isSwfType(type)) return playSwf(url);
-    m_sniffer.ask(url, [this, url, type](bool isSwf) {
-        if (isSwf) return playSwf(url);
-        fail(QStringLiteral("neither a page nor an SWF (%1)").arg(type));
-    });
+    fail(QStringLiteral("neither a page nor an SWF (%1)").arg(type));
 }
 
 void Page::crashed()
@@ -213,7 +259,7 @@ void Page::fail(const QString& reason)
     m_isFailed = true;
     m_checks.stop();
     WebMessage note = message(WebMessage::Kind::Note);
-    note.text = reason.left(longestNote).toUtf8();
+    note.text = reason.toUtf8().left(Bounds::webNoteBytes);
     m_surroundings.send(note);
     m_picture.setItem(nullptr);
     if (m_view) m_view.release()->deleteLater();

@@ -5,7 +5,7 @@
 #include "platform/web/helper/PagePicture.h"
 #include "platform/web/helper/PageRules.h"
 #include "platform/web/helper/RuffleScheme.h"
-#include "platform/web/helper/SwfSniffer.h"
+#include "platform/web/helper/SiteScheme.h"
 
 #include <QObject>
 #include <QTimer>
@@ -20,9 +20,10 @@ class QQuickWebEngineProfile;
 
 namespace kestro {
 
-/// One page of the saver: loads its address, in the Flash player where that is an SWF, and sends its
-/// pictures. A page that fails, crashes or hangs is black from then on, and the saver is told once. It has a
-/// browser profile of its own, in memory alone, that ends with it. Owned by Pages; main thread.
+/// One page of the saver: loads its address, in the Flash player where that is an SWF by its first bytes, and
+/// sends its pictures. What is on the net the saver fetches for it. A page that fails, crashes or hangs is
+/// black from then on, and the saver is told once. It has a browser profile of its own, in memory alone, that
+/// ends with it. Owned by Pages; main thread.
 class Page final : public QObject {
     Q_OBJECT
 
@@ -38,7 +39,9 @@ public:
     ~Page() override;
 
     /// The saver's words.
-    void load(const QUrl& address);
+    void loadMovie(const QUrl& address);
+    void loadPage(const QUrl& address);
+    void fetched(const WebMessage& message);
     void resize(WebMessage message);
     void setMuted(bool muted);
     void release(quint32 generation, int slot);
@@ -49,15 +52,20 @@ public:
     Q_INVOKABLE void loadSucceeded();
     Q_INVOKABLE void titleSet(const QString& title);
     /// The page's own address led to something that the browser does not show.
-    Q_INVOKABLE void cameAsDownload(const QUrl& url, const QString& type);
+    Q_INVOKABLE void cameAsDownload(const QString& type);
     Q_INVOKABLE void crashed();
     Q_INVOKABLE void answered(const QString& address);
 
 private:
     void open(PageRules::Content content, const QUrl& url);
     void showView();
+    void load(const QUrl& address, bool isSwfAlone);
+    void loadFile(const QUrl& url, bool isSwfAlone);
+    void loadFromSite(const QUrl& url, bool isSwfAlone);
+    void askSaver(quint32 request, const QUrl& url);
     void playSwf(const QUrl& url);
-    void showPage(const QUrl& url);
+    /// Shows what is at `url`, which the browser knows as `address`.
+    void showPage(const QUrl& url, const QUrl& address);
     void fail(const QString& reason);
     void check();
     void endHungRenderer();
@@ -69,7 +77,7 @@ private:
     const Surroundings m_surroundings;
     PageRules m_rules;
     RuffleScheme m_ruffle;
-    SwfSniffer m_sniffer;
+    SiteScheme m_sites;
     std::unique_ptr<QQuickWebEngineProfile> m_profile;
     std::unique_ptr<QQuickItem> m_view; ///< null before the first load, and after a failure
     PagePicture m_picture;

@@ -66,10 +66,10 @@ WebEngineView {
     Connections {
         target: view.profile
         function onDownloadRequested(download) {
-            const address = download.url, type = download.mimeType
+            const type = download.mimeType
             download.cancel()
             // Where a document stands already, a link of it led there, and the document goes on.
-            if (view.history.items.rowCount() === 0) view.page.cameAsDownload(address, type)
+            if (view.history.items.rowCount() === 0) view.page.cameAsDownload(type)
         }
     }
 }

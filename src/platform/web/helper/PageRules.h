@@ -5,9 +5,9 @@
 
 namespace kestro {
 
-/// What one page may fetch. An SWF from a file: nothing but itself. An SWF from the net: what is on its own
-/// site. A page from the net: what is on the net. A page from a file: what lies in its folder. Everything
-/// else is refused, redirects included. Owned by its page; main thread.
+/// What one page may fetch. Of a file, an SWF: nothing but itself; a page: what lies in its folder. Of the
+/// net, either: what is on its own site, under the schemes that serve that. Everything else is refused.
+/// Owned by its page; main thread.
 class PageRules final : public QWebEngineUrlRequestInterceptor {
 public:
     enum class Content { Page, Swf };
@@ -22,8 +22,7 @@ public:
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
 
 private:
-    [[nodiscard]] bool mayPageFetch(const QUrl& url) const;
-    [[nodiscard]] bool maySwfFetch(const QUrl& url) const;
+    [[nodiscard]] bool isOnOwnSite(const QUrl& url) const;
 
     Content m_content = Content::Page;
     QUrl m_address;

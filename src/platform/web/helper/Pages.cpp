@@ -7,7 +7,7 @@ namespace kestro {
 Pages::Pages(Descriptor channel, const QString& ruffleFolder)
     : m_view(&m_engine, QUrl(QStringLiteral("qrc:/web/Page.qml")))
     , m_channel(
-          std::move(channel), [this](WebMessage message) { receive(std::move(message)); },
+          std::move(channel), WebSpeaker::Saver, [this](WebMessage message) { receive(std::move(message)); },
           [] {}) // the guardian ends us
     , m_surroundings{m_view, ruffleFolder,
                      [this](const WebMessage& message) { return m_channel.send(message); }}
@@ -27,8 +27,14 @@ Page& Pages::page(quint32 number)
 void Pages::receive(WebMessage message)
 {
     switch (message.kind) {
-    case WebMessage::Kind::Load:
-        return page(message.view).load(QUrl::fromEncoded(message.text));
+    case WebMessage::Kind::LoadMovie:
+        return page(message.view).loadMovie(QUrl::fromEncoded(message.text));
+    case WebMessage::Kind::LoadPage:
+        return page(message.view).loadPage(QUrl::fromEncoded(message.text));
+    case WebMessage::Kind::Fetched:
+        if (const auto known = m_pages.find(message.view); known != m_pages.end())
+            known->second->fetched(message);
+        return;
     case WebMessage::Kind::Resize:
         return page(message.view).resize(std::move(message));
     case WebMessage::Kind::Mute:
@@ -48,6 +54,7 @@ void Pages::receive(WebMessage message)
     case WebMessage::Kind::Pong:
     case WebMessage::Kind::Frame:
     case WebMessage::Kind::Note:
+    case WebMessage::Kind::Fetch:
         return; // our own words
     }
 }

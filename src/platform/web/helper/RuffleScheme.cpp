@@ -40,12 +40,6 @@ QByteArray typeOf(const QString& file)
     return "application/octet-stream";
 }
 
-QByteArray siteOf(const QUrl& movie)
-{
-    return movie.adjusted(QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment | QUrl::RemoveUserInfo)
-        .toEncoded();
-}
-
 } // namespace
 
 void RuffleScheme::registerName()
@@ -72,9 +66,9 @@ QByteArray RuffleScheme::playerPage(const QUrl& movie)
 {
     const bool isFile = movie.isLocalFile();
     m_movieFile = isFile ? movie.toLocalFile() : QString();
-    const QUrl address = isFile ? inScheme(movieHost, u'/' + movie.fileName()) : movie;
+    const QUrl address = isFile ? inScheme(movieHost, u'/' + movie.fileName())
+                                : movie.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment);
     QByteArray page = ownFile(QStringLiteral("player.html"));
-    page.replace("@SITE@", isFile ? QByteArray() : siteOf(movie));
     page.replace("@MOVIE@", QString::fromUtf8(address.toEncoded()).toHtmlEscaped().toUtf8());
     return page;
 }

@@ -2,19 +2,32 @@
 
 #include "platform/web/HelperProcess.h"
 #include "platform/web/ProfileFolder.h"
+#include "platform/web/helper/Caller.h"
+#include "platform/web/helper/Confinement.h"
 #include "platform/web/helper/Guardian.h"
 #include "platform/web/helper/Pages.h"
 #include "platform/web/helper/RuffleScheme.h"
+#include "platform/web/helper/SiteScheme.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QtWebEngineQuick>
 
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
+
+constexpr int wrongUsage = 2;
+
+int refuse(const char* reason)
+{
+    std::fprintf(stderr, "kestro-web: %s\n", reason);
+    return wrongUsage;
+}
 
 // Of all that the browser and Qt have to say, the saver's log wants none: it hears what becomes of each page.
 void hear(QtMsgType, const QMessageLogContext&, const QString&) {}
@@ -30,37 +43,48 @@ void silenceOutput()
 
 void setBrowserFlags()
 {
+    // No name is looked up and no address connected to, which would not lead anywhere either.
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS",
             "--disable-gpu --disable-gpu-compositing --disable-logging --log-level=3 --disable-breakpad "
             "--disable-background-networking --disable-component-update --disable-domain-reliability "
             "--disable-sync --no-pings --disable-remote-fonts-preload --disable-notifications "
-            "--disable-speech-api --disable-features=AudioServiceOutOfProcess,WebRtcHideLocalIpsWithMdns");
+            "--disable-speech-api --no-proxy-server --host-resolver-rules=\"MAP * ~NOTFOUND\" "
+            "--force-webrtc-ip-handling-policy=disable_non_proxied_udp "
+            "--disable-features=AudioServiceOutOfProcess,WebRtcHideLocalIpsWithMdns");
+}
+
+int show(char* name, kestro::Descriptor channel, const QString& ruffle)
+{
+    silenceOutput();
+    setBrowserFlags();
+    qInstallMessageHandler(hear);
+    kestro::RuffleScheme::registerName();
+    kestro::SiteScheme::registerNames();
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QtWebEngineQuick::initialize();
+    int count = 1;
+    char* words[] = {name, nullptr};
+    const QGuiApplication application(count, words);
+    QGuiApplication::setApplicationName(QStringLiteral("kestro-web"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    const kestro::Pages pages(std::move(channel), ruffle);
+    return QGuiApplication::exec();
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fputs("kestro-web is started by kestro\n", stderr);
-        return 2;
-    }
-    kestro::Descriptor channel(kestro::HelperProcess::channelNumber);
-    const QString home = qEnvironmentVariable("HOME");
-    const QString ruffle = QString::fromLocal8Bit(argv[1]);
+    constexpr int line = kestro::HelperProcess::channelNumber;
+    if (argc != 3 || !kestro::isLineToParent(line)) return refuse("is started by kestro, never by hand");
+    kestro::Descriptor channel(line);
+    fcntl(line, F_SETFD, FD_CLOEXEC);
+    umask(S_IRWXG | S_IRWXO);
+    const QString home = QFile::decodeName(argv[1]);
     const kestro::Descriptor claim = kestro::ProfileFolder::claim(home, false);
+    if (!claim.isOpen() || !kestro::ProfileFolder::isOne(home))
+        return refuse("that folder is none of its own");
+    if (!kestro::confine()) return refuse("cannot be confined on this system");
     kestro::guardAgainstLoneliness(channel.number(), home);
-
-    silenceOutput();
-    setBrowserFlags();
-    qInstallMessageHandler(hear);
-    kestro::RuffleScheme::registerName();
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QtWebEngineQuick::initialize();
-    int count = 1;
-    const QGuiApplication application(count, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("kestro-web"));
-    QGuiApplication::setQuitOnLastWindowClosed(false);
-    const kestro::Pages pages(std::move(channel), ruffle);
-    return QGuiApplication::exec();
+    return show(argv[0], std::move(channel), QFile::decodeName(argv[2]));
 }

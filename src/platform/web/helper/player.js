@@ -4,23 +4,29 @@
 
     const movie = document.querySelector("meta[name=movie]").content;
 
-    // The browser's fetch knows no schemes but the web's.
-    const browsersFetch = window.fetch.bind(window);
-    const fetchOwn = (url) => new Promise((resolve, reject) => {
+    // The browser's fetch knows no schemes but the web's, and there is no web: what the movie reads comes by the
+    // schemes that Kestro serves. Nothing can be sent.
+    const served = (url) => /^https?:$/.test(url.protocol) ? `kestro-${url.href}` : url.href;
+    const get = (url) => new Promise((resolve, reject) => {
         const request = new XMLHttpRequest();
-        request.open("GET", url);
+        request.open("GET", served(url));
         request.responseType = "arraybuffer";
-        request.onload = () => resolve(new Response(request.response, {
-            headers: {"content-type": request.getResponseHeader("content-type") || "application/octet-stream"},
-        }));
-        request.onerror = () => reject(new TypeError(`cannot fetch ${url}`));
+        request.onload = () => {
+            const response = new Response(request.response, {
+                headers: {"content-type": request.getResponseHeader("content-type") || "application/octet-stream"},
+            });
+            resolve(Object.defineProperty(response, "url", {value: url.href}));
+        };
+        request.onerror = () => reject(new TypeError(`cannot fetch ${url.href}`));
         request.send();
     });
     window.fetch = async (resource, options) => {
-        const url = new URL(resource instanceof Request ? resource.url : resource, document.baseURI);
-        const isOwn = url.protocol === "kestro-ruffle:";
-        const response = await (isOwn ? fetchOwn(url.href) : browsersFetch(resource, options));
-        if (url.href === new URL(movie).href && response.ok) checkLength(response.clone());
+        const isRequest = resource instanceof Request;
+        const url = new URL(isRequest ? resource.url : resource, document.baseURI);
+        const method = options?.method ?? (isRequest ? resource.method : "GET");
+        if (method !== "GET") throw new TypeError(`cannot send to ${url.href}`);
+        const response = await get(url);
+        if (url.href === new URL(movie).href) checkLength(response.clone());
         return response;
     };
 

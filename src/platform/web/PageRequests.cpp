@@ -1,0 +1,88 @@
+#include "platform/web/PageRequests.h"
+
+#include "platform/base/Bounds.h"
+#include "platform/network/Site.h"
+
+#include <utility>
+
+namespace kestro {
+
+namespace {
+
+FetchLimits limits()
+{
+    FetchLimits limits;
+    limits.bytes = Bounds::webRequestBytes;
+    return limits;
+}
+
+} // namespace
+
+PageRequests::PageRequests(QUrl page, OnAnswer onAnswer)
+    : m_page(std::move(page))
+    , m_onAnswer(std::move(onAnswer))
+{
+}
+
+PageRequests::~PageRequests()
+{
+    {
+        const std::lock_guard lock(m_guard);
+        m_isEnding = true;
+    }
+    if (m_fetch) m_fetch->cancel();
+    m_changed.notify_all();
+    if (m_worker.joinable()) m_worker.join();
+}
+
+void PageRequests::ask(quint32 request, const QUrl& url)
+{
+    const QString reason = refusal(url);
+    if (!reason.isEmpty()) return m_onAnswer(request, Error{reason});
+    {
+        const std::lock_guard lock(m_guard);
+        m_wishes.push_back({request, url});
+    }
+    m_changed.notify_all();
+    if (m_fetch) return;
+    m_fetch = std::make_unique<SiteFetch>(limits());
+    m_worker = std::thread([this] { work(); });
+}
+
+QString PageRequests::refusal(const QUrl& url)
+{
+    if (!isSameSite(url, m_page)) return QStringLiteral("it is on another site");
+    const std::lock_guard lock(m_guard);
+    return m_wishes.size() >= Bounds::webRequestsWaiting ? QStringLiteral("too many requests") : QString();
+}
+
+void PageRequests::work()
+{
+    while (true) {
+        std::unique_lock lock(m_guard);
+        m_changed.wait(lock, [this] { return m_isEnding || (!m_wishes.empty() && !m_isAnswering); });
+        if (m_isEnding) return;
+        const Wish wish = m_wishes.front();
+        m_wishes.pop_front();
+        m_isAnswering = true;
+        lock.unlock();
+        tellLater(wish.request, m_fetch->fetch(wish.url));
+    }
+}
+
+void PageRequests::tellLater(quint32 request, Answer answer)
+{
+    QMetaObject::invokeMethod(
+        &m_context,
+        [this, request, answer = std::move(answer)] {
+            {
+                const std::lock_guard lock(m_guard);
+                m_isAnswering = false;
+            }
+            m_changed.notify_all();
+            m_onAnswer(request, answer);
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace kestro

@@ -1,0 +1,56 @@
+#include "platform/web/HelperLoad.h"
+
+#include "platform/web/EventLoop.h"
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace kestro {
+
+namespace {
+
+[[noreturn]] void waitForEver()
+{
+    for (;;)
+        pause();
+}
+
+TEST(HelperLoad, loadOf_countsWhatAProcessHasStarted_andWhatThatHasStarted)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        setpgid(0, 0);
+        if (fork() == 0) fork();
+        waitForEver();
+    }
+    EXPECT_TRUE(turnUntil([&] { return loadOf(child).processes == 3; }));
+    kill(-child, SIGKILL);
+    waitpid(child, nullptr, 0);
+}
+
+TEST(HelperLoad, loadOf_sumsTheMemory_sharedAsWellAsOwn)
+{
+    constexpr size_t bytes = 64UL * 1024 * 1024;
+    const qint64 before = loadOf(getpid()).bytes;
+    for (const int kind : {MAP_PRIVATE, MAP_SHARED}) {
+        void* const memory =
+            mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_ANONYMOUS | MAP_POPULATE | kind, -1, 0);
+        ASSERT_NE(memory, MAP_FAILED);
+        EXPECT_GE(loadOf(getpid()).bytes, before + qint64(bytes) / 2) << kind;
+        munmap(memory, bytes);
+    }
+}
+
+TEST(HelperLoad, loadOf_isNothing_whereThereIsNoSuchProcess)
+{
+    const HelperLoad load = loadOf(999999999);
+    EXPECT_EQ(load.processes, 0);
+    EXPECT_EQ(load.bytes, 0);
+}
+
+} // namespace
+
+} // namespace kestro
