@@ -7,6 +7,7 @@
 #include "host/RenderRun.h"
 #include "host/SaverSession.h"
 #include "host/TraceFile.h"
+#include "host/start/Confinement.h"
 #include "host/start/GuiStart.h"
 #include "host/start/StopSignals.h"
 #include "platform/base/Clock.h"
@@ -37,6 +38,7 @@ std::vector<Rect> screenFrames(const RenderOptions& options)
 
 int runOffScreen(const RenderOptions& options, const PictureFolder& pictures, TraceFile* trace)
 {
+    beFirstToGo();
     const auto application = startGuiOffScreen();
     const Translations translations;
     const auto principal = kestroSaver();

@@ -4,9 +4,11 @@
 #include "host/Program.h"
 #include "host/RunOptions.h"
 #include "host/SaverSession.h"
+#include "host/start/Confinement.h"
 #include "host/start/DisplayLoss.h"
 #include "host/start/GuiStart.h"
 #include "host/start/StopSignals.h"
+#include "host/start/StopThread.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
 #include "platform/base/Translations.h"
@@ -16,22 +18,18 @@
 
 #include <QGuiApplication>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <unistd.h>
 
 namespace kestro {
 
 namespace {
 
-constexpr unsigned patience = 2; // seconds
-
 /// Stops every view, which stores what is to be kept. A display server or a disk that stands still does not
-/// hold the process up: the stop signals' own alarm ends it then.
+/// hold the process up: the thread that takes the stop signals ends it then.
 void stop(SaverSession& session)
 {
-    alarm(patience);
+    beginEnd();
     session.stop();
     std::fflush(nullptr);
 }
@@ -50,9 +48,7 @@ void stop(SaverSession& session)
 [[noreturn]] void leaveBySignal(SaverSession& session, int signal)
 {
     stop(session);
-    std::signal(signal, SIG_DFL);
-    std::raise(signal);
-    std::_Exit(ExitFailure); // a signal that is blocked
+    endBySignal(signal);
 }
 
 SaverSession::ViewFactory viewsOf(const PrincipalClass& principal, bool isPreview, Desktop& desktop)
@@ -119,6 +115,7 @@ int runInWindow(const RunOptions& options)
 int run(const Arguments& arguments)
 {
     const auto options = RunOptions::from(arguments, qEnvironmentVariable("XSCREENSAVER_WINDOW"));
+    beFirstToGo();
     if (options)
         return options.value().isInWindow ? runInWindow(options.value()) : runFullScreen(options.value());
     complain(QStringLiteral("%1 (see kestro --help)").arg(options.error()));

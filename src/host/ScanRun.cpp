@@ -1,5 +1,6 @@
 #include "host/ScanRun.h"
 
+#include "host/start/StopThread.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
 
@@ -79,9 +80,16 @@ ExitCode ScanRun::finish()
 {
     const ScanEnd& end = m_controller.lastEnd();
     if (end.pages == 0 && !end.reason.isEmpty()) complain(end.reason);
-    if (end.pages > 0 && !m_controller.list().saveList()) return ExitFailure;
+    if (end.pages > 0 && !saveList()) return ExitFailure;
     const bool isNotDone = end.kind == ScanEnd::Kind::NoPage || end.kind == ScanEnd::Kind::NotStarted;
     return isNotDone ? ExitFailure : ExitSuccess;
+}
+
+// A long list takes its time, and would be lost with the process.
+bool ScanRun::saveList()
+{
+    const TimeToSave time;
+    return m_controller.list().saveList();
 }
 
 } // namespace kestro

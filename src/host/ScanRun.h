@@ -27,6 +27,7 @@ public:
 
 private:
     [[nodiscard]] ExitCode finish();
+    [[nodiscard]] bool saveList();
 
     TrailerCont& m_controller;
     ScanProgress m_progress;

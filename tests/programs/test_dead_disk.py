@@ -1,6 +1,7 @@
 """Movies on a disk that never answers: the other entries play, and the saver can be ended. Where no file system can be
 mounted, for want of /dev/fuse or of the right to, the module says so and ends with status 77."""
 
+import pathlib
 import signal
 import sys
 import unittest
@@ -137,6 +138,26 @@ class Ending(DeadDiskTest):
 
     def test_a_signal_ends_it_where_the_silent_entry_comes_second(self):
         self.check_it_ends(self.terminate, lambda silent: [self.good[0], silent])
+
+    def test_signals_reach_the_process_that_waits_for_the_disk(self):
+        disk = self.silent_disk("stat")
+        process = self.start(disk, [disk.url("silent.mp4")])
+        disk.await_question("silent.mp4", "stat")
+        self.assertRegex(self.status_of_look(process), "SigBlk:\t0+\n")
+        self.terminate(process)
+        self.check_it_has_ended(process, disk)
+
+    @staticmethod
+    def status_of_look(process):
+        """What the kernel says of the process that looks for the file."""
+        for folder in pathlib.Path("/proc").glob("[0-9]*"):
+            try:
+                status = folder.joinpath("status").read_text()
+            except OSError:
+                continue  # it has ended
+            if f"\nPPid:\t{process.pid}\n" in status and status.startswith("Name:\tkestro-file-loo"):
+                return status
+        raise AssertionError("nobody looks for the file")
 
     def test_a_key_ends_it(self):
         self.check_it_ends(lambda _: self.server.run("xdotool", "key", "a"), lambda silent: [silent])

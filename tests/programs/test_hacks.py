@@ -114,6 +114,14 @@ class Hacks(ProgramTest):
         found = re.search(r"Visual: (0x[0-9a-f]+)", self.server.run("xwininfo", "-id", window))
         self.assertEqual(int(found[1], 16), int(told, 16))
 
+    def test_signals_reach_a_hack(self):
+        process = self.start(self.bundle("fuzzyflakes"), lambda shown: is_lively(shown.bytes))
+        hack, _ = self.hack_of(process, "fuzzyflakes")
+        status = pathlib.Path(f"/proc/{hack}/status").read_text()
+        self.assertRegex(status, "SigBlk:\t0+\n")
+        process.terminate()
+        self.assertEqual(process.wait(), 0)
+
     def test_nothing_is_left_however_the_saver_ends(self):
         for number in (signal.SIGTERM, signal.SIGKILL, signal.SIGINT, signal.SIGHUP, signal.SIGSEGV):
             for options in ((), ("--stubborn",), ("--flee",), ("--stubborn", "--flee")):

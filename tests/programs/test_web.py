@@ -5,6 +5,7 @@ import pathlib
 import signal
 import socket
 import subprocess
+import tempfile
 import unittest
 
 import swf
@@ -202,6 +203,45 @@ class OnAScreen(WebTest):
         process.kill()
         process.wait(timeout=BOUND)
         self.assertNothingLeft(helper)
+
+    def test_nothing_is_left_when_it_is_ended_while_the_helper_starts(self):
+        for number in (signal.SIGTERM, signal.SIGKILL):
+            with self.subTest(signal=number.name):
+                process = self.start(self.file("a.swf", swf.still((255, 0, 0))))
+                helper = self.helper_of(process)
+                process.send_signal(number)
+                process.wait(timeout=BOUND)
+                self.assertNothingLeft(helper)
+
+    def test_no_scratch_folder_is_left_where_there_is_no_session(self):
+        """Among the user's caches at most, and never where all users write."""
+        scratch = self.home.path / "tmp"
+        scratch.mkdir()
+        real = self.home.environment
+        self.home.environment = lambda **more: {name: value for name, value in real(**more).items()
+                                                if not name.startswith("XDG_")} | {"TMPDIR": str(scratch)}
+        shared = set(pathlib.Path(tempfile.gettempdir()).glob("kestro-[0-9]*"))
+        for number in (signal.SIGTERM, signal.SIGKILL):
+            with self.subTest(signal=number.name):
+                process = self.start(self.file("a.swf", swf.still((255, 0, 0))))
+                wait_until(lambda: self.shows(RED), "the movie")
+                helper = self.helper_of(process)
+                caches = self.home.path / ".cache" / "kestro"
+                self.assertEqual(len(list(caches.glob("web-*"))), 1)
+                process.send_signal(number)
+                process.wait(timeout=BOUND)
+                wait_until(lambda: not members_of(helper), "the helper's processes to end")
+                self.assertEqual(list(caches.iterdir()), [])
+                self.assertEqual(list(scratch.iterdir()), [])
+        self.assertEqual(set(pathlib.Path(tempfile.gettempdir()).glob("kestro-[0-9]*")), shared)
+
+    def test_signals_reach_the_helper_and_it_gets_no_rights(self):
+        process = self.start(self.file("a.swf", swf.still((255, 0, 0))))
+        wait_until(lambda: self.shows(RED), "the movie")
+        status = pathlib.Path(f"/proc/{self.helper_of(process)}/status").read_text()
+        self.assertRegex(status, "SigBlk:\t0+\n")
+        self.assertIn("NoNewPrivs:\t1\n", status)
+        self.assertEnds(process)
 
     def test_a_helper_that_crashes_is_started_again(self):
         process = self.start(self.file("a.swf", swf.still((255, 0, 0))))

@@ -4,6 +4,7 @@
 #include "host/start/GuiStart.h"
 #include "host/start/ProcessStart.h"
 #include "host/start/StopSignals.h"
+#include "host/start/StopThread.h"
 #include "platform/base/Paths.h"
 #include "platform/base/Translations.h"
 
@@ -12,19 +13,16 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <unistd.h>
 
 namespace kestro {
 
 namespace {
 
-constexpr unsigned patience = 2; // seconds
-
 /// Leaves the process without taking it apart, which would wait for players and fetches. A disk that stands
 /// still does not hold it up.
 [[noreturn]] void leave(PreferencesWindow& window)
 {
-    alarm(patience);
+    beginEnd();
     window.end();
     std::fflush(nullptr);
     std::_Exit(ExitSuccess);

@@ -1,5 +1,8 @@
 #include "host/start/ProcessStart.h"
 
+#include "host/start/Confinement.h"
+#include "host/start/StopThread.h"
+
 #include <QFile>
 
 #include <clocale>
@@ -38,6 +41,8 @@ void keepNoFreedMemory()
 
 void prepareProcess()
 {
+    takeStopSignals();
+    confineProcess();
     useUtf8();
     keepNoFreedMemory();
     // A reader that goes away (a log that nobody reads any more, `kestro playlist | head`) is no reason to

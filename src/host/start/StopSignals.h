@@ -7,10 +7,11 @@ class QSocketNotifier;
 
 namespace kestro {
 
-/// Turns SIGTERM, SIGINT and SIGHUP into a call, with the signal, on the main thread's event loop. A second
-/// signal ends the process at once, as does a main thread that does not come to its event loop within two
-/// seconds (stuck in a dead file system, say). A signal that the process was started to ignore stays ignored.
-/// One at a time; lives as long as the event loop. Main thread.
+/// Turns the first SIGTERM, SIGINT or SIGHUP into a call, with the signal, on the main thread's event loop. A
+/// thread of its own takes the signal, so that the process is gone `patienceWithSignal` later whatever the
+/// main thread does: by that signal, if by nothing before. That holds on when this is destroyed. A second
+/// signal ends the process at once. One that the process was started to ignore stays ignored.
+/// One at a time; lives as long as the event loop. Main thread; takeStopSignals() came before.
 class StopSignals final {
 public:
     explicit StopSignals(std::function<void(int signal)> onStop);
@@ -22,6 +23,7 @@ private:
     void received();
 
     std::function<void(int)> m_onStop;
+    int m_told;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 

@@ -78,4 +78,7 @@ inline constexpr qint64 webHelperBytes = 896LL * 1024 * 1024; ///< memory of all
 inline constexpr int webHelperProcesses = 48;
 inline constexpr qint64 webProcessBytes = 2560LL * 1024 * 1024; ///< memory of one, however it is spent
 
+// Memory.
+inline constexpr int oomScore = 1000; ///< the kernel's oom_score_adj of what plays movies; nothing is higher
+
 } // namespace kestro::Bounds

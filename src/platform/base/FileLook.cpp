@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <optional>
 #include <spawn.h>
@@ -17,7 +18,8 @@ namespace kestro {
 
 namespace {
 
-/// What the asking process is given: no file of ours, which it might hold open for ever.
+/// What the asking process is given: no file of ours, which it might hold open for ever, and signals as a
+/// fresh process has them.
 class Surroundings final {
 public:
     Surroundings()
@@ -27,7 +29,13 @@ public:
             posix_spawn_file_actions_addopen(&m_files, stream, "/dev/null", O_RDWR, 0);
         posix_spawn_file_actions_addclosefrom_np(&m_files, STDERR_FILENO + 1);
         posix_spawnattr_init(&m_attributes);
-        posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSID);
+        sigset_t signals;
+        sigemptyset(&signals);
+        posix_spawnattr_setsigmask(&m_attributes, &signals);
+        sigfillset(&signals);
+        posix_spawnattr_setsigdefault(&m_attributes, &signals);
+        posix_spawnattr_setflags(&m_attributes,
+                                 POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID);
     }
     ~Surroundings()
     {

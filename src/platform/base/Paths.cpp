@@ -42,30 +42,21 @@ QString sessionTemporaryFolder()
     return makePrivateFolder(path) ? path : QString();
 }
 
-// A folder of this process alone, taken away when the process ends.
-class ProcessTemporaryFolder final {
-public:
-    ~ProcessTemporaryFolder()
-    {
-        if (!m_path.isEmpty() && getpid() == m_maker) QDir(m_path).removeRecursively();
-    }
+bool makeOwnFolder(const QString& path)
+{
+    if (!QFileInfo::exists(path) && !(QDir().mkpath(QFileInfo(path).path()) && makePrivateFolder(path)))
+        return false;
+    return isOwnFolder(path);
+}
 
-    QString path()
-    {
-        if (m_path.isEmpty() || getpid() != m_maker || !makePrivateFolder(m_path)) make();
-        return m_path;
-    }
-
-private:
-    void make()
-    {
-        m_path = newPrivateFolder(QDir::tempPath(), QStringLiteral("kestro-%1-").arg(getuid()));
-        m_maker = getpid();
-    }
-
-    QString m_path;
-    pid_t m_maker = 0;
-};
+// A folder among the user's caches, for who runs without a session. Always the same one, so that a process
+// that is killed leaves none behind.
+QString cachedTemporaryFolder()
+{
+    const QString path = cacheFolder();
+    const QString caches = QFileInfo(path).path();
+    return makeOwnFolder(caches) && makePrivateFolder(path) ? path : QString();
+}
 
 } // namespace
 
@@ -107,9 +98,7 @@ QString cacheFolder()
 QString temporaryFolder()
 {
     const QString session = sessionTemporaryFolder();
-    if (!session.isEmpty()) return session;
-    static ProcessTemporaryFolder folder;
-    return folder.path();
+    return session.isEmpty() ? cachedTemporaryFolder() : session;
 }
 
 } // namespace kestro

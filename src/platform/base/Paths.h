@@ -26,8 +26,10 @@ namespace kestro {
 /// exist.
 [[nodiscard]] QString cacheFolder();
 
-/// A folder for scratch files that only this user can enter (mode 0700, ours), made when first asked for.
-/// Empty when none can be made.
+/// A folder for scratch files that only this user can enter (mode 0700, ours), made where it is not there:
+/// that of the session (below XDG_RUNTIME_DIR), or one among the user's caches. Always the same one for a
+/// user, never in a folder that others write in; whoever puts something there takes it away. Empty when none
+/// can be made.
 [[nodiscard]] QString temporaryFolder();
 
 } // namespace kestro

@@ -1,6 +1,7 @@
 #include "host/preferences/SaverRun.h"
 
 #include "host/preferences/PreferencesTest.h"
+#include "host/start/StopThread.h"
 
 #include <QFile>
 #include <QSignalSpy>
@@ -63,6 +64,13 @@ TEST_F(SaverRunTest, run_canBeStartedAgain_whenItIsOver)
     QFile runs(folder.filePath(QStringLiteral("runs")));
     ASSERT_TRUE(runs.open(QIODevice::ReadOnly));
     EXPECT_EQ(runs.readAll(), "x\nx\n");
+}
+
+TEST_F(SaverRunTest, program_hearsTheStopSignals_whichThisProcessHasBlocked)
+{
+    takeStopSignals();
+    SaverRun run(program("grep '^SigBlk' /proc/self/status >&2; exit 1"));
+    EXPECT_EQ(endOf(run), QStringLiteral("SigBlk:\t0000000000000000"));
 }
 
 TEST_F(SaverRunTest, stop_letsTheProgramEndByItself)

@@ -7,11 +7,9 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <pwd.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace kestro {
@@ -106,50 +104,74 @@ TEST(Paths, temporaryFolder_isMadeAgain_whenItWasRemoved)
     EXPECT_TRUE(QFileInfo(temporaryFolder()).isDir());
 }
 
-TEST(Paths, temporaryFolder_isAFreshOne_whenThereIsNoSession)
+TEST(Paths, temporaryFolder_isAmongTheUsersCaches_whenThereIsNoSession)
 {
+    const QTemporaryDir home;
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
+    const ScopedEnvironment caches("XDG_CACHE_HOME");
+    const ScopedEnvironment own("KESTRO_HOME", home.path());
     const QString folder = temporaryFolder();
-    EXPECT_TRUE(folder.startsWith(QDir::tempPath() + QStringLiteral("/kestro-%1-").arg(getuid())))
-        << folder.toStdString();
+    EXPECT_EQ(folder, home.path() + QStringLiteral("/.cache/kestro"));
     EXPECT_EQ(modeOf(folder), 0700U);
     EXPECT_EQ(temporaryFolder(), folder);
 }
 
-TEST(Paths, temporaryFolder_isGone_onceTheProcessThatMadeItEnded)
+TEST(Paths, temporaryFolder_isWhereTheUserKeepsCaches_whenThatIsNamed)
 {
+    const QTemporaryDir home;
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
-    const QTemporaryDir parent;
-    const ScopedEnvironment temporary("TMPDIR", parent.path());
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        const QString folder = temporaryFolder();
-        QFile(folder + QStringLiteral("/left over")).open(QIODevice::WriteOnly);
-        std::exit(folder.startsWith(parent.path()) ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
-    EXPECT_TRUE(QDir(parent.path()).isEmpty());
+    const ScopedEnvironment caches("XDG_CACHE_HOME", home.path() + QStringLiteral("/deep/caches"));
+    EXPECT_EQ(temporaryFolder(), home.path() + QStringLiteral("/deep/caches/kestro"));
+}
+
+TEST(Paths, temporaryFolder_leavesTheModeOfTheCachesAlone)
+{
+    const QTemporaryDir caches;
+    ASSERT_EQ(chmod(QFile::encodeName(caches.path()).constData(), 0755), 0);
+    const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
+    const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
+    EXPECT_EQ(temporaryFolder(), caches.path() + QStringLiteral("/kestro"));
+    EXPECT_EQ(modeOf(caches.path()), 0755U);
+}
+
+TEST(Paths, temporaryFolder_isNone_whenOthersMayWriteAmongTheCaches)
+{
+    const QTemporaryDir caches;
+    ASSERT_EQ(chmod(QFile::encodeName(caches.path()).constData(), 0777), 0);
+    const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
+    const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
+    EXPECT_EQ(temporaryFolder(), QString());
+}
+
+TEST(Paths, temporaryFolder_isNone_whenALinkOfThatNameIsAmongTheCaches)
+{
+    const QTemporaryDir caches;
+    const QTemporaryDir target;
+    const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
+    const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
+    ASSERT_TRUE(QFile::link(target.path(), caches.path() + QStringLiteral("/kestro")));
+    EXPECT_EQ(temporaryFolder(), QString());
 }
 
 TEST(Paths, temporaryFolder_isElsewhere_whenTheSessionsHoldsALinkOfThatName)
 {
     const QTemporaryDir session;
     const QTemporaryDir target;
+    const QTemporaryDir caches;
+    const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR", session.path());
     ASSERT_TRUE(QFile::link(target.path(), session.path() + QStringLiteral("/kestro")));
-    EXPECT_FALSE(temporaryFolder().startsWith(session.path()));
-    EXPECT_FALSE(temporaryFolder().isEmpty());
+    EXPECT_EQ(temporaryFolder(), caches.path() + QStringLiteral("/kestro"));
 }
 
 TEST(Paths, temporaryFolder_isElsewhere_whenOthersMayWriteInTheSessionsFolder)
 {
     const QTemporaryDir session;
+    const QTemporaryDir caches;
+    const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR", session.path());
     ASSERT_EQ(chmod(QFile::encodeName(session.path()).constData(), 0777), 0);
-    EXPECT_FALSE(temporaryFolder().startsWith(session.path()));
+    EXPECT_EQ(temporaryFolder(), caches.path() + QStringLiteral("/kestro"));
 }
 
 } // namespace kestro

@@ -5,6 +5,7 @@
 #include "host/HostedSaver.h"
 #include "host/SaverSession.h"
 #include "host/start/GuiStart.h"
+#include "host/start/ProcessStart.h"
 #include "host/start/StopSignals.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
@@ -23,6 +24,7 @@ using namespace kestro;
 int main(int argc, char** argv)
 {
     if (argc != 2) return EXIT_FAILURE;
+    prepareProcess();
     const auto application = startGui();
     const auto bundle = SaverBundle::load(QFile::decodeName(argv[1]));
     if (!bundle) {
