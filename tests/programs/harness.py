@@ -106,6 +106,11 @@ class Home:
         return kept
 
 
+def without_session(environment, scratch):
+    """The environment of a user who runs without a session, with that folder in the place of /tmp."""
+    return {name: value for name, value in environment.items() if not name.startswith("XDG_")} | {"TMPDIR": str(scratch)}
+
+
 class ProgramTest(unittest.TestCase):
     """A test with a home and an output folder of its own."""
 

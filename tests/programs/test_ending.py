@@ -7,7 +7,7 @@ import re
 import signal
 import unittest
 
-from harness import BOUND, ProgramTest, movie, wait_until
+from harness import BOUND, ProgramTest, movie, wait_until, without_session
 from trailersite import Hanging, TrailerSite, link, movie as trailer, page
 from xserver import XServer
 
@@ -70,6 +70,18 @@ class Running(ProgramTest):
         self.assertEqual(self.ended(process)[0], 0)
         self.assertEqual(self.home.resume_point().get("LastMovie"), "red-long.mp4")
 
+    def test_no_scratch_folder_is_left_where_there_is_no_session(self):
+        scratch = self.home.path / "tmp"
+        scratch.mkdir()
+        real = self.home.environment
+        self.home.environment = lambda **more: without_session(real(**more), scratch)
+        for number in (signal.SIGTERM, signal.SIGKILL):
+            with self.subTest(signal=number.name):
+                process = self.start_saver()
+                process.send_signal(number)
+                process.wait(timeout=BOUND)
+                self.assertEqual(list(scratch.iterdir()), [])
+
     def test_a_display_that_stands_still_holds_nothing_up(self):
         server = XServer("320x240")
         self.addCleanup(server.close)
@@ -114,7 +126,8 @@ class LongList(ProgramTest):
     def test_a_scan_that_is_interrupted_saves_all_it_has(self):
         site, hanging = TrailerSite(self), Hanging()
         self.addCleanup(hanging.is_over.set)
-        site.pages["/trailers/"] = page(*(trailer(f"t{i}/m_480.mov") for i in range(self.RECORDS)), link("b/"))
+        site.pages["/trailers/"] = page(link("a/"), link("b/"))
+        site.pages["/trailers/a/"] = page(*(trailer(f"t{i}/m_480.mov") for i in range(self.RECORDS)))
         site.pages["/trailers/b/"] = hanging
         process = self.start_kestro("scan", "--start", site.url())
         self.assertTrue(hanging.is_asked.wait(BOUND))

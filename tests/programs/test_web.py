@@ -5,11 +5,10 @@ import pathlib
 import signal
 import socket
 import subprocess
-import tempfile
 import unittest
 
 import swf
-from harness import BLACK, BLUE, BOUND, GREEN, KESTRO, RED, Pixels, movie, seconds_of, url, wait_until
+from harness import BLACK, BLUE, BOUND, GREEN, KESTRO, RED, Pixels, movie, seconds_of, url, wait_until, without_session
 from webtest import LiveRendering, PageRun, WebTest, helpers_of, members_of, redirecting
 from xserver import XServer
 
@@ -218,9 +217,7 @@ class OnAScreen(WebTest):
         scratch = self.home.path / "tmp"
         scratch.mkdir()
         real = self.home.environment
-        self.home.environment = lambda **more: {name: value for name, value in real(**more).items()
-                                                if not name.startswith("XDG_")} | {"TMPDIR": str(scratch)}
-        shared = set(pathlib.Path(tempfile.gettempdir()).glob("kestro-[0-9]*"))
+        self.home.environment = lambda **more: without_session(real(**more), scratch)
         for number in (signal.SIGTERM, signal.SIGKILL):
             with self.subTest(signal=number.name):
                 process = self.start(self.file("a.swf", swf.still((255, 0, 0))))
@@ -233,7 +230,6 @@ class OnAScreen(WebTest):
                 wait_until(lambda: not members_of(helper), "the helper's processes to end")
                 self.assertEqual(list(caches.iterdir()), [])
                 self.assertEqual(list(scratch.iterdir()), [])
-        self.assertEqual(set(pathlib.Path(tempfile.gettempdir()).glob("kestro-[0-9]*")), shared)
 
     def test_signals_reach_the_helper_and_it_gets_no_rights(self):
         process = self.start(self.file("a.swf", swf.still((255, 0, 0))))

@@ -1,7 +1,9 @@
 #include "host/start/GuiStart.h"
 
 #include "host/start/Console.h"
+#include "platform/base/Paths.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QStringList>
 
@@ -64,6 +66,29 @@ private:
     }
 };
 
+/// Where there is no session Qt would look for a display server in a folder of its own in /tmp, which it
+/// makes and leaves there. What comes later, players of sound among them, sees the environment as it was.
+class SessionForQt final {
+public:
+    SessionForQt()
+        : m_isNeeded(qEnvironmentVariableIsEmpty(variable))
+    {
+        if (!m_isNeeded) return;
+        const QByteArray folder = QFile::encodeName(temporaryFolder());
+        qputenv(variable, folder.isEmpty() ? QByteArray("/dev/null") : folder);
+    }
+    ~SessionForQt()
+    {
+        if (m_isNeeded) qunsetenv(variable);
+    }
+    SessionForQt(const SessionForQt&) = delete;
+    SessionForQt& operator=(const SessionForQt&) = delete;
+
+private:
+    static constexpr const char* variable = "XDG_RUNTIME_DIR";
+    bool m_isNeeded;
+};
+
 std::unique_ptr<QGuiApplication> makeApplication(const ApplicationMaker& maker)
 {
     // Qt keeps references to both. It gets no arguments: ours are checked, and it would take its own from
@@ -72,6 +97,7 @@ std::unique_ptr<QGuiApplication> makeApplication(const ApplicationMaker& maker)
     static char* words[] = {name, nullptr};
     static int count = 1;
     const QuietStart quiet;
+    const SessionForQt session;
     return maker(count, words);
 }
 
