@@ -16,7 +16,7 @@ inline constexpr int slowness = 1;
 #endif
 
 /// From a stop signal that somebody listens to until the process is left, whatever it is about.
-inline constexpr std::chrono::milliseconds patienceWithSignal{150 * slowness};
+inline constexpr std::chrono::milliseconds patienceWithSignal{120 * slowness};
 /// The same from the moment that the process itself begins to leave, by a key or a window that goes.
 inline constexpr std::chrono::milliseconds patienceWithEnd{2000 * slowness};
 /// How much longer a process lives that a stop signal meets while a TimeToSave is there.
