@@ -1,7 +1,5 @@
 #include "host/preferences/SaverRun.h"
 
-#include "host/start/StopThread.h"
-
 #include <csignal>
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -21,7 +19,6 @@ SaverRun::SaverRun(QString program)
     m_process.setStandardOutputFile(QProcess::nullDevice());
     const auto self = getpid();
     m_process.setChildProcessModifier([self] {
-        unblockStopSignals();
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         if (getppid() != self) _exit(1); // too late: the parent is gone already
     });

@@ -139,7 +139,8 @@ void beWithoutThread()
 {
     isTaken = false;
     hasListener = false;
-    unblockStopSignals();
+    const sigset_t set = stopSignals();
+    pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }
 
 } // namespace
@@ -157,12 +158,6 @@ void takeStopSignals()
     const bool isHeard = signals >= 0 && wake >= 0 && told >= 0 && startThread();
     // Nobody would hear them: they end the process as they do any other.
     if (!isHeard) pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
-}
-
-void unblockStopSignals()
-{
-    const sigset_t set = stopSignals();
-    pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }
 
 int listenToStopSignals()

@@ -25,11 +25,8 @@ inline constexpr std::chrono::milliseconds longestSave{5000};
 /// Blocks the stop signals, but for those that the process was started to ignore, and starts the thread that
 /// takes them. A signal that nobody listens to ends the process at once. First thing in a process, before it
 /// has any other thread; does nothing when called again. A process that is forked has the signals unblocked;
-/// one that is made in another way sees to that itself.
+/// one that posix_spawn() makes is to be given them back there.
 void takeStopSignals();
-
-/// For a new process that is about to become another program: has the stop signals arrive there.
-void unblockStopSignals();
 
 /// Has the first stop signal told: the descriptor that is answered is then readable, as an eventfd that holds
 /// the number of the signal. The process has `patienceWithSignal` from the signal on; one that is not gone by

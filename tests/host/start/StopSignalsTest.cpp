@@ -96,6 +96,8 @@ TEST(StopSignals, signal_endsTheProcess_whenNobodyListensYet)
 {
     const auto work = [] {
         signalSelf(SIGHUP);
+        awaitTaken(SIGHUP);
+        signalSelf(SIGTERM); // comes too late
         hang();
         return EXIT_SUCCESS;
     };
@@ -106,11 +108,13 @@ TEST(StopSignals, signal_endsTheProcess_whenNobodyListensAnyMore)
 {
     const auto work = [] {
         std::make_unique<StopSignals>([](int) {}).reset();
-        signalSelf(SIGTERM);
+        signalSelf(SIGHUP);
+        awaitTaken(SIGHUP);
+        signalSelf(SIGTERM); // comes too late
         hang();
         return EXIT_SUCCESS;
     };
-    EXPECT_EXIT(run(work), testing::KilledBySignal(SIGTERM), "");
+    EXPECT_EXIT(run(work), testing::KilledBySignal(SIGHUP), "");
 }
 
 TEST(StopSignals, ignoredSignal_staysIgnored_whenTheProcessWasStartedSo)

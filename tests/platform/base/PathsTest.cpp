@@ -108,7 +108,7 @@ TEST(Paths, temporaryFolder_isAmongTheUsersCaches_whenThereIsNoSession)
 {
     const QTemporaryDir home;
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
-    const ScopedEnvironment caches("XDG_CACHE_HOME");
+    const ScopedEnvironment caches("XDG_CACHE_HOME", QStringLiteral("/elsewhere"));
     const ScopedEnvironment own("KESTRO_HOME", home.path());
     const QString folder = temporaryFolder();
     EXPECT_EQ(folder, home.path() + QStringLiteral("/.cache/kestro"));
@@ -120,6 +120,7 @@ TEST(Paths, temporaryFolder_isWhereTheUserKeepsCaches_whenThatIsNamed)
 {
     const QTemporaryDir home;
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
+    const ScopedEnvironment elsewhere("KESTRO_HOME");
     const ScopedEnvironment caches("XDG_CACHE_HOME", home.path() + QStringLiteral("/deep/caches"));
     EXPECT_EQ(temporaryFolder(), home.path() + QStringLiteral("/deep/caches/kestro"));
 }
@@ -129,6 +130,7 @@ TEST(Paths, temporaryFolder_leavesTheModeOfTheCachesAlone)
     const QTemporaryDir caches;
     ASSERT_EQ(chmod(QFile::encodeName(caches.path()).constData(), 0755), 0);
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
+    const ScopedEnvironment elsewhere("KESTRO_HOME");
     const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
     EXPECT_EQ(temporaryFolder(), caches.path() + QStringLiteral("/kestro"));
     EXPECT_EQ(modeOf(caches.path()), 0755U);
@@ -139,6 +141,7 @@ TEST(Paths, temporaryFolder_isNone_whenOthersMayWriteAmongTheCaches)
     const QTemporaryDir caches;
     ASSERT_EQ(chmod(QFile::encodeName(caches.path()).constData(), 0777), 0);
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
+    const ScopedEnvironment elsewhere("KESTRO_HOME");
     const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
     EXPECT_EQ(temporaryFolder(), QString());
 }
@@ -148,6 +151,7 @@ TEST(Paths, temporaryFolder_isNone_whenALinkOfThatNameIsAmongTheCaches)
     const QTemporaryDir caches;
     const QTemporaryDir target;
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR");
+    const ScopedEnvironment elsewhere("KESTRO_HOME");
     const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
     ASSERT_TRUE(QFile::link(target.path(), caches.path() + QStringLiteral("/kestro")));
     EXPECT_EQ(temporaryFolder(), QString());
@@ -158,6 +162,7 @@ TEST(Paths, temporaryFolder_isElsewhere_whenTheSessionsHoldsALinkOfThatName)
     const QTemporaryDir session;
     const QTemporaryDir target;
     const QTemporaryDir caches;
+    const ScopedEnvironment elsewhere("KESTRO_HOME");
     const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR", session.path());
     ASSERT_TRUE(QFile::link(target.path(), session.path() + QStringLiteral("/kestro")));
@@ -168,6 +173,7 @@ TEST(Paths, temporaryFolder_isElsewhere_whenOthersMayWriteInTheSessionsFolder)
 {
     const QTemporaryDir session;
     const QTemporaryDir caches;
+    const ScopedEnvironment elsewhere("KESTRO_HOME");
     const ScopedEnvironment named("XDG_CACHE_HOME", caches.path());
     const ScopedEnvironment runtime("XDG_RUNTIME_DIR", session.path());
     ASSERT_EQ(chmod(QFile::encodeName(session.path()).constData(), 0777), 0);
