@@ -18,6 +18,7 @@
 
 #include <QGuiApplication>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
@@ -49,6 +50,23 @@ void stop(SaverSession& session)
 {
     stop(session);
     endBySignal(signal);
+}
+
+[[noreturn]] void leaveDesktop(SaverSession& session, QtDesktop& desktop)
+{
+    stop(session);
+    desktop.giveBackFocus();
+    std::_Exit(ExitSuccess);
+}
+
+/// Ends because a person did something. The pictures go at once, but the process stays until the key or the
+/// button is up again, so that no other program gets any of it.
+void wake(SaverSession& session, QtDesktop& desktop)
+{
+    desktop.hideSurfaces();
+    stop(session);
+    beginEnd(std::chrono::seconds(QtDesktop::longestPress));
+    desktop.whenLetGo([&] { leaveDesktop(session, desktop); });
 }
 
 SaverSession::ViewFactory viewsOf(const PrincipalClass& principal, bool isPreview, Desktop& desktop)
@@ -83,9 +101,9 @@ int runFullScreen(const RunOptions& options)
     SystemRandom random;
     QtDesktop desktop(clock, random);
     SaverSession session(desktop, viewsOf(*principal, false, desktop));
-    const StopSignals signalWatch([&](int) { leave(session, ExitSuccess); });
+    const StopSignals signalWatch([&](int) { leaveDesktop(session, desktop); });
     const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
-    session.setWakeHandler([&] { leave(session, ExitSuccess); });
+    session.setWakeHandler([&] { wake(session, desktop); });
     play(session, [&] { desktop.showSurfaces(); });
 }
 

@@ -152,6 +152,20 @@ class Manners(GivenWindow):
             self.giver.hears(event)
         self.assertIsNone(process.poll())
 
+    def test_the_focus_stays_where_it_is(self):
+        focused = self.server.run("xdotool", "windowfocus", "--sync", str(self.giver.number), "getwindowfocus")
+        process = self.showing(self.in_window())
+        self.assertEqual(self.server.run("xdotool", "getwindowfocus"), focused)
+        process.terminate()
+        process.wait(timeout=BOUND)
+        self.assertEqual(self.server.run("xdotool", "getwindowfocus"), focused)
+
+    def test_what_a_person_does_elsewhere_is_not_heard(self):
+        process = self.showing(self.in_window())
+        self.server.run("xdotool", "mousemove", "800", "500", "click", "1", "key", "a", "mousemove", "900", "400")
+        self.giver.resize(320, 220)
+        self.await_picture(process, 410, 260)
+
     def test_the_giver_keeps_its_pointer(self):
         # Its looks are those of the innermost window below it, which must not be ours.
         self.showing(self.in_window())

@@ -8,6 +8,7 @@ import subprocess
 import unittest
 
 from harness import BOUND, KESTRO, RED, end_process, movie, wait_until
+from inputclient import InputClient
 from settingswindow import PROGRAM, TITLE, SettingsTest
 
 
@@ -148,6 +149,21 @@ class Trial(SettingsTest):
         process.kill()
         process.wait(timeout=60)
         wait_until(lambda: not any(os.path.exists(f"/proc/{child}") for child in children), "the saver's end")
+
+    def test_locker_getsKeyboardAndPointer_whileTheSaverRuns(self):
+        self.try_it()
+        locker = InputClient(self.server)
+        self.addCleanup(locker.close)
+        self.assertTrue(locker.grabs(locker.cover(1024, 768)))
+
+    def test_windowBelow_hearsNothingOfTheKeyThatEndsTheSaver(self):
+        process, window = self.try_it()
+        self.server.run("xdotool", "keydown", "ctrl", "keydown", "w")
+        wait_until(lambda: not self.server.picture().is_near(2, 2, RED), "the window")
+        self.server.run("xdotool", "keyup", "w", "keyup", "ctrl")
+        wait_until(lambda: not self.children(process), "the saver's end")
+        self.assertEqual(self.window(TITLE), window)
+        self.close_window(process)
 
 
 class Xscreensaver(SettingsTest):

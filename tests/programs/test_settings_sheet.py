@@ -4,6 +4,7 @@ import plistlib
 import unittest
 
 from harness import BLUE, RED, movie, url, wait_until
+from inputclient import InputClient
 from movieserver import MovieServer
 from settingswindow import TITLE, SettingsTest
 from specialmovies import streamed
@@ -108,6 +109,18 @@ class Sheet(SettingsTest):
         process.terminate()
         self.assertEqual(self.ended(process)[0], 0)
         self.assertEqual(self.file().read_bytes(), before)
+
+    def test_menu_leavesKeyboardAndPointerToALocker(self):
+        self.home.play(self.movies)
+        self.open_sheet()
+        self.press("alt+u")
+        self.window("Add URL")
+        before = len(self.server.windows())
+        self.press("Menu")
+        wait_until(lambda: len(self.server.windows()) == before + 1, "the menu")
+        locker = InputClient(self.server)
+        self.addCleanup(locker.close)
+        self.assertTrue(locker.grabs(locker.cover(1024, 768)))
 
     def test_trailers_openFromTheSheetAndCloseWithIt(self):
         self.home.play(self.movies)

@@ -151,6 +151,37 @@ class Running(XscreensaverTest):
         self.assertEqual([path for path in self.user.home.iterdir() if path.name.startswith("core")], [])
 
 
+class Locking(XscreensaverTest):
+    """The daemon locks while Kestro covers the screen by itself, not as one of the daemon's savers."""
+
+    def setUp(self):
+        super().setUp()
+        self.daemon = self.start()
+        log = (self.user.home / "saver-log").open("w")
+        self.addCleanup(log.close)
+        self.saver = self.user.start("kestro", output=log, DISPLAY=self.server.display)
+        self.addCleanup(self.end_saver)
+        wait_until(self.both_show, "Kestro on both monitors")
+
+    def end_saver(self):
+        if self.saver.poll() is None:
+            self.saver.kill()
+        self.saver.wait(timeout=BOUND)
+
+    def test_it_locks_at_the_first_try_and_stays_above(self):
+        self.assertEqual(self.daemon.tell("-lock"), 0, self.daemon.log())
+        wait_until(lambda: "locked" in self.state(), "the lock")
+        wait_until(lambda: len(self.processes()) == 3, "Kestro as the daemon's saver on both monitors")
+        self.assertNotRegex(self.daemon.log(), r"AlreadyGrabbed|unable to grab|aborted")
+        self.assertIsNone(self.saver.poll())
+        top = self.server.run("xwininfo", "-root", "-tree")
+        self.assertLess(top.index("xscreensaver"), top.index('"Kestro"'))
+
+    def state(self):
+        """What the daemon says of itself."""
+        return self.user.run("xscreensaver-command", "-time", DISPLAY=self.server.display).stdout
+
+
 class AboveAHack(XscreensaverTest):
     """Another of xscreensaver's savers behind the movies, on each of the two monitors."""
 

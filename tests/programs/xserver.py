@@ -64,11 +64,11 @@ class XServer:
         tree = self.run("xwininfo", "-root", "-tree")
         found = []
         for identity, geometry in re.findall(r"^     (0x[0-9a-f]+) .*?(\d+x\d+[+-]\d+[+-]\d+)", tree, re.M):
-            if self._is_viewable(identity):
+            if self.is_viewable(identity):
                 found.append(tuple(int(number) for number in re.findall(r"-?\d+", geometry)))
         return found
 
-    def _is_viewable(self, identity):
+    def is_viewable(self, identity):
         """No for a window that has gone in the meantime."""
         state = subprocess.run(["xwininfo", "-id", identity], env={**os.environ, "DISPLAY": self.display},
                                capture_output=True, text=True, timeout=BOUND)

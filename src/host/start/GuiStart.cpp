@@ -91,11 +91,13 @@ private:
 
 std::unique_ptr<QGuiApplication> makeApplication(const ApplicationMaker& maker)
 {
-    // Qt keeps references to both. It gets no arguments: ours are checked, and it would take its own from
-    // them.
+    // Qt keeps references to both. It gets none of the person's arguments: ours are checked, and it would
+    // take its own from them. A menu of ours that had the keyboard and the pointer for itself would keep a
+    // screen locker from locking.
     static char name[] = "kestro";
-    static char* words[] = {name, nullptr};
-    static int count = 1;
+    static char noGrab[] = "-nograb";
+    static char* words[] = {name, noGrab, nullptr};
+    static int count = 2;
     const QuietStart quiet;
     const SessionForQt session;
     return maker(count, words);

@@ -171,9 +171,9 @@ void stopListening()
     hasListener = false;
 }
 
-void beginEnd()
+void beginEnd(milliseconds longer)
 {
-    endAt = now() + patienceWithEnd.count();
+    endAt = now() + (patienceWithEnd + longer).count();
     add(wake, 1);
 }
 

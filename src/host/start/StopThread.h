@@ -37,8 +37,9 @@ void takeStopSignals();
 /// told has begun goes on. Main thread.
 void stopListening();
 
-/// Ends the process with a failure unless it is gone in `patienceWithEnd`. Main thread, once.
-void beginEnd();
+/// Ends the process with a failure unless it is gone in `patienceWithEnd` and `longer`, counted from the last
+/// call. Main thread.
+void beginEnd(std::chrono::milliseconds longer = {});
 
 /// Ends the process as `signal` does where it has its default action.
 [[noreturn]] void endBySignal(int signal);

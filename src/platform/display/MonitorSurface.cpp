@@ -14,9 +14,7 @@ MonitorSurface::MonitorSurface(Qt::WindowFlags flags, OpenGL* openGL)
     , m_isForOpenGL(openGL != nullptr)
 {
     if (openGL) openGL->prepare(m_window);
-    m_window.setInputHandler([this](const InputEvent& event) {
-        if (m_onInput) m_onInput(event);
-    });
+    m_window.setInputHandler([this](const InputEvent& event) { tell(event); });
 }
 
 void MonitorSurface::setCursorHidden(bool hidden)

@@ -17,6 +17,13 @@ public:
     /// Covers the monitor as it is now: after it was made, and again when the monitor moved or changed.
     virtual void placeOn(QScreen& monitor) = 0;
     virtual void show() = 0;
+    virtual void hide() { m_window.hide(); }
+
+    /// A person did something at a place of the monitor that its window may not have heard of.
+    void tell(const InputEvent& event) const
+    {
+        if (m_onInput) m_onInput(event);
+    }
 
     [[nodiscard]] double pixelRatio() const override { return m_window.devicePixelRatio(); }
     void setCursorHidden(bool hidden) override;

@@ -5,7 +5,9 @@
 #include "platform/display/OpenGL.h"
 #include "platform/display/RendererChoice.h"
 #include "platform/display/Screen.h"
+#include "platform/display/SessionInput.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -45,6 +47,36 @@ void QtDesktop::showSurfaces()
     m_isShown = true;
     for (const Monitor& monitor : m_monitors)
         monitor.surface->show();
+    m_input = SessionInput::create([this](InputEvent::Kind kind) { inputHeard(kind); });
+}
+
+void QtDesktop::hideSurfaces()
+{
+    m_isShown = false;
+    if (m_input) m_input->swallow();
+    for (const Monitor& monitor : m_monitors)
+        monitor.surface->hide();
+}
+
+void QtDesktop::whenLetGo(std::function<void()> done)
+{
+    if (m_input)
+        m_input->whenLetGo(std::chrono::seconds(longestPress), std::move(done));
+    else
+        done();
+}
+
+void QtDesktop::giveBackFocus()
+{
+    if (m_input) m_input->giveBack();
+}
+
+/// Heard wherever it went: any monitor may tell of it, as every place can be counted from any.
+void QtDesktop::inputHeard(InputEvent::Kind kind)
+{
+    if (m_monitors.empty()) return;
+    const Monitor& first = m_monitors.front();
+    first.surface->tell({kind, QCursor::pos() - first.qtScreen->geometry().topLeft()});
 }
 
 std::vector<Screen*> QtDesktop::screens() const

@@ -5,6 +5,7 @@
 #include "platform/display/Notifications.h"
 #include "platform/display/QtTimerSource.h"
 #include "platform/display/ScreensCursor.h"
+#include "platform/display/Surface.h"
 
 #include <QObject>
 
@@ -13,6 +14,7 @@ class QScreen;
 namespace kestro {
 
 class MonitorSurface;
+class SessionInput;
 
 /// The desktop that the running QGuiApplication sees: a screen with a surface of its own for each monitor, as
 /// they come, change and go. The first screen is the primary monitor, its lower left corner is (0, 0). Owned
@@ -23,7 +25,16 @@ public:
     ~QtDesktop() override;
 
     /// Shows the surfaces, now and of monitors that come later. Until then nothing is on the screen.
+    /// The input focus of an X11 session goes to this process with them.
     void showSurfaces();
+    /// Takes the surfaces from the screens. What a person does still reaches no other program.
+    void hideSurfaces();
+    /// Calls `done` once nothing is down any more that a person pressed while the surfaces were shown, at the
+    /// latest after `longestPress`. It may be called before this returns.
+    void whenLetGo(std::function<void()> done);
+    static constexpr unsigned longestPress = 5; ///< seconds
+    /// Gives the input focus to who had it before the surfaces were shown, unless somebody else has it now.
+    void giveBackFocus();
 
     [[nodiscard]] std::vector<Screen*> screens() const override;
     [[nodiscard]] std::shared_ptr<OpenGL> openGL() const override { return m_openGL; }
@@ -46,6 +57,7 @@ private:
     void rearrange();
     void putPrimaryFirst();
     void followMonitor(Monitor& monitor);
+    void inputHeard(InputEvent::Kind kind);
 
     const Clock& m_clock;
     Random& m_random;
@@ -55,7 +67,8 @@ private:
     ScreensCursor m_cursor{*this};
     std::vector<Monitor> m_monitors;
     bool m_isShown = false;
-    QObject m_listener; ///< receives the application's signals; goes first
+    std::unique_ptr<SessionInput> m_input; ///< once shown; null where the desktop is not X11
+    QObject m_listener;                    ///< receives the application's signals; goes first
 };
 
 } // namespace kestro

@@ -1,18 +1,15 @@
 #include "platform/display/StayOnTop.h"
 
+#include "platform/display/RootStack.h"
 #include "platform/display/X11Connection.h"
 
-#include <QGuiApplication>
-#include <QWindow>
-
-#include <algorithm>
-#include <cstdlib>
+#include <QCoreApplication>
 
 namespace kestro {
 
 namespace {
 
-constexpr qint64 raiseSpan = 500; // milliseconds
+constexpr std::chrono::milliseconds pace{500};
 
 /// The window that an event tells to have appeared or changed its place or height; 0 for other events.
 xcb_window_t changedWindow(const xcb_generic_event_t& event)
@@ -28,11 +25,13 @@ xcb_window_t changedWindow(const xcb_generic_event_t& event)
     }
 }
 
-bool isOurs(xcb_window_t id)
+void stack(xcb_connection_t* connection, xcb_window_t window, xcb_window_t beside, xcb_stack_mode_t how)
 {
-    const auto windows = QGuiApplication::topLevelWindows();
-    return std::any_of(windows.begin(), windows.end(),
-                       [id](const QWindow* window) { return window->handle() && window->winId() == id; });
+    const std::uint32_t values[] = {beside, how};
+    // The other window may be gone by now.
+    const auto cookie = xcb_configure_window_checked(
+        connection, window, XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values);
+    xcb_discard_reply(connection, cookie.sequence);
 }
 
 } // namespace
@@ -40,8 +39,9 @@ bool isOurs(xcb_window_t id)
 StayOnTop::StayOnTop(xcb_connection_t* connection, std::uint32_t window)
     : m_connection(connection)
     , m_window(window)
+    , m_settle(pace, [this] { settle(); })
 {
-    listenToRoot();
+    if (const auto root = rootWindow()) listenTo(*root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
@@ -54,24 +54,18 @@ bool StayOnTop::nativeEventFilter(const QByteArray& eventType, void* message, qi
 {
     if (eventType != "xcb_generic_event_t") return false;
     const xcb_window_t changed = changedWindow(*static_cast<const xcb_generic_event_t*>(message));
-    if (changed && !isOurs(changed)) raise();
+    if (changed && !isOwnWindow(m_connection, changed)) m_settle.ask();
     return false;
 }
 
-void StayOnTop::listenToRoot()
+// Beside another window, never to the very top: a locker that appears meanwhile stays above.
+void StayOnTop::settle()
 {
-    auto* tree = xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_window), nullptr);
-    const xcb_window_t root = tree ? tree->root : 0;
-    std::free(tree);
-    listenTo(root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
-}
-
-void StayOnTop::raise()
-{
-    if (m_sinceRaise.isValid() && m_sinceRaise.elapsed() < raiseSpan) return;
-    m_sinceRaise.start();
-    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
-    xcb_configure_window(m_connection, m_window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    const auto windows = RootStack::read(m_connection);
+    if (const auto locker = windows.locker())
+        stack(m_connection, m_window, locker, XCB_STACK_MODE_BELOW);
+    else if (const auto highest = windows.highestAbove(m_window))
+        stack(m_connection, m_window, highest, XCB_STACK_MODE_ABOVE);
     xcb_flush(m_connection);
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/display/PacedCall.h"
+
 #include <QAbstractNativeEventFilter>
-#include <QElapsedTimer>
 
 #include <cstdint>
 
@@ -9,9 +10,9 @@ struct xcb_connection_t;
 
 namespace kestro {
 
-/// Keeps an X11 window that no window manager looks after above windows that appear or rise later. Gives in
-/// to one that insists, like a screen locker: it raises at most twice a second. Owned by the window's
-/// surface. Main thread.
+/// Keeps an X11 window that no window manager looks after above windows that appear or rise later, but below
+/// a screen locker's. It raises at most twice a second, whoever insists. Owned by the window's surface. Main
+/// thread.
 class StayOnTop final : public QAbstractNativeEventFilter {
 public:
     StayOnTop(xcb_connection_t* connection, std::uint32_t window);
@@ -21,13 +22,13 @@ public:
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
-private:
-    void listenToRoot();
-    void raise();
+    /// Lays the window where it belongs, shown or not.
+    void settle();
 
+private:
     xcb_connection_t* m_connection;
     std::uint32_t m_window;
-    QElapsedTimer m_sinceRaise;
+    PacedCall m_settle;
 };
 
 } // namespace kestro

@@ -7,8 +7,7 @@
 namespace kestro {
 
 /// A monitor's surface under X11. Its window is not the window manager's: so it covers the monitor, panels
-/// too, with any window manager and with none, and takes the keyboard itself. Owned by its screen. Main
-/// thread.
+/// too, with any window manager and with none. Owned by its screen. Main thread.
 class X11Surface final : public MonitorSurface {
 public:
     /// Placed but not shown. Null where the desktop is not X11, or its pixels are not ours.
@@ -19,16 +18,15 @@ public:
     void present(const QRegion& changed) override;
     void placeOn(QScreen& monitor) override;
     void show() override;
+    void hide() override;
 
 private:
     explicit X11Surface(OpenGL* openGL);
 
     void cover(QScreen& monitor);
-    void appear();
-    void takeKeyboard();
 
     std::unique_ptr<X11Canvas> m_canvas;
-    std::unique_ptr<StayOnTop> m_stayOnTop; ///< once shown
+    std::unique_ptr<StayOnTop> m_stayOnTop; ///< while shown
 };
 
 } // namespace kestro
