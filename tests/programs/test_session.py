@@ -1,105 +1,12 @@
-"""`kestro` in a person's X11 session: it grabs nothing, holds the input focus, and lets nobody have its last key."""
+"""`kestro` in a person's X11 session: it grabs nothing, holds the input focus, and gives way to a screen locker."""
 
 import re
 import signal
 import subprocess
 import unittest
 
-from harness import BLUE, RED, ProgramTest, end_process, movie, wait_until
-from inputclient import InputClient
-from xserver import XServer
-
-PARENT = 2  # where the focus would go from a window that a program gave it to
-SCREEN = (1000, 400)
-
-
-class Session(ProgramTest):
-    """A desk of one monitor, and another program with a window below the saver that hears all it can."""
-
-    def setUp(self):
-        super().setUp()
-        self.server = XServer("1000x400")
-        self.addCleanup(self.server.close)
-        self.server.move_pointer(100, 100)
-        self.other = self.program()
-        self.home.play([movie("long-red", "red", seconds=60)], FullScreenMode="1", PlayMode="1", Continue="1")
-
-    def program(self):
-        client = InputClient(self.server)
-        self.addCleanup(client.close)
-        return client
-
-    def plug_two_monitors(self):
-        self.server.run("xrandr", "--setmonitor", "LEFT", "600/159x400/106+0+0", "screen")
-        self.server.run("xrandr", "--setmonitor", "RIGHT", "400/106x400/106+600+0", "none")
-
-    def manage(self):
-        """Runs a window manager."""
-        has_started = self.home.path / "window-manager"
-        manager = subprocess.Popen(["openbox", "--sm-disable", "--startup", f"touch {has_started}"],
-                                   env=self.home.environment(DISPLAY=self.server.display), start_new_session=True,
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        self.addCleanup(end_process, manager)
-        wait_until(has_started.exists, "the window manager")
-
-    def terminal(self):
-        """A window over the whole desk, with the focus."""
-        window = self.other.window(*SCREEN)
-
-        def has_focus():
-            self.other.focus(window)
-            return self.other.owner()[0] == window
-
-        wait_until(has_focus, "the focus")
-        return window
-
-    def showing(self, **environment):
-        process = self.start_kestro(DISPLAY=self.server.display, **environment)
-        wait_until(lambda: process.poll() is not None or self.is_red(), "the movie")
-        self.assertIsNone(process.poll())
-        return process
-
-    def is_red(self):
-        picture = self.server.picture()
-        return picture.is_near(200, 200, RED) and picture.is_near(800, 200, RED)
-
-    def await_desktop(self):
-        wait_until(lambda: not self.is_red(), "the desktop")
-
-    def assertEndsWell(self, process):
-        status, errors = self.ended(process)
-        self.assertEqual(status, 0, errors)
-        self.assertNotIn("XCB error", errors)
-        self.assertEqual(self.home.resume_point().get("LastMovie"), "long-red.mp4")
-
-    def heard(self):
-        """The keys and buttons that reached the other program."""
-        return [line for line in self.other.heard() if not line.startswith("focus")]
-
-    def stack(self):
-        """The numbers of the windows on the root, highest first."""
-        tree = self.server.run("xwininfo", "-root", "-tree")
-        return [int(number, 16) for number in re.findall(r"^     (0x[0-9a-f]+) ", tree, re.M)]
-
-    def pictures(self):
-        """The numbers of the savers' windows that are shown."""
-        tree = self.server.run("xwininfo", "-root", "-tree")
-        found = re.findall(r'^     (0x[0-9a-f]+) "Kestro"', tree, re.M)
-        return [int(number, 16) for number in found if self.server.is_viewable(number)]
-
-    def saver_has_focus(self):
-        """The part of a window's number that says whose it is."""
-        return self.other.owner()[0] & ~0x1fffff in {picture & ~0x1fffff for picture in self.pictures()}
-
-    def await_look(self, picture, above):
-        """Until the saver has seen what lies above its picture since now, and has stayed below that window: it goes above
-        an ordinary one that is put in between."""
-        between = self.other.window(50, 50)
-        self.other.raise_window(between)
-        self.server.run("xdotool", "windowraise", str(above))
-        wait_until(lambda: self.stack().index(picture) < self.stack().index(between), "the saver's look at the windows")
-        self.assertLess(self.stack().index(above), self.stack().index(picture))
-        self.other.destroy(between)
+from harness import BLUE, RED, end_process, wait_until
+from sessiontest import PARENT, SCREEN, Session
 
 
 class Focus(Session):
@@ -320,86 +227,6 @@ class Lock(Session):
         self.server.run("xdotool", "key", "a")
         self.assertEndsWell(process)
         self.assertIsNone(locker.poll())
-
-
-class LastKey(Session):
-    """What ends the saver reaches no other program: not the press, no repetition, not the release."""
-
-    def setUp(self):
-        super().setUp()
-        self.server.run("xset", "r", "rate", "50", "50")
-        self.terminal()
-
-    def assertNobodyHears(self, process, press, release):
-        """The desktop is there at once, and the process until nothing is down any more."""
-        before = self.heard()
-        self.server.run("xdotool", *press.split())
-        self.await_desktop()
-        self.assertIsNone(process.poll())
-        self.server.run("xdotool", *release.split())
-        self.assertEndsWell(process)
-        self.assertEqual([line for line in self.heard() if line not in before], [])
-
-    def test_a_key_is_heard_by_nobody(self):
-        for monitors in (1, 2):
-            with self.subTest(monitors=monitors):
-                if monitors == 2:
-                    self.plug_two_monitors()
-                self.assertNobodyHears(self.showing(), "keydown a", "keyup a")
-
-    def test_a_key_is_heard_by_nobody_with_a_window_manager(self):
-        self.manage()
-        self.terminal()
-        self.assertNobodyHears(self.showing(), "keydown a", "keyup a")
-
-    def test_a_key_is_heard_by_nobody_with_opengl(self):
-        process = self.showing(KESTRO_RENDERER="opengl", LIBGL_ALWAYS_SOFTWARE="1")
-        self.assertNobodyHears(process, "keydown a", "keyup a")
-
-    def test_several_keys_are_heard_by_nobody(self):
-        self.assertNobodyHears(self.showing(), "keydown ctrl keydown c", "keyup c keyup ctrl")
-
-    def test_a_button_is_heard_by_nobody_on_any_monitor(self):
-        self.plug_two_monitors()
-        for place in ("200 200", "800 200"):
-            with self.subTest(place):
-                self.server.run("xdotool", "mousemove", *place.split())
-                self.assertNobodyHears(self.showing(), "mousedown 1", "mouseup 1")
-
-    def test_buttons_beyond_the_fifth_are_heard_by_nobody(self):
-        self.assertNobodyHears(self.showing(), "mousedown 9", "mouseup 9")
-
-    def test_a_press_on_another_monitor_meanwhile_is_heard_by_nobody(self):
-        self.plug_two_monitors()
-        self.assertNobodyHears(self.showing(), "keydown a", "mousemove 800 200 click 1 keyup a")
-
-    def test_the_next_key_is_heard_again(self):
-        self.assertNobodyHears(self.showing(), "keydown a", "keyup a")
-        self.server.run("xdotool", "key", "b")
-        wait_until(lambda: len(self.heard()) == 2, "the next key")
-
-    def test_a_key_that_stays_down_does_not_keep_the_process(self):
-        process = self.showing()
-        self.server.run("xdotool", "keydown", "a")
-        self.assertEndsWell(process)
-
-    def test_a_signal_ends_the_process_while_the_key_is_down(self):
-        process = self.showing()
-        self.server.run("xdotool", "keydown", "a")
-        self.await_desktop()
-        process.terminate()
-        self.assertEndsWell(process)
-        self.assertEqual(self.other.owner()[1], PARENT)
-
-    def test_a_key_that_was_down_before_does_not_end_it(self):
-        self.server.run("xdotool", "keydown", "a")
-        process = self.showing()
-        # The window of another program is looked at after what the key has repeated until then.
-        late = self.other.window(50, 50)
-        [picture] = self.pictures()
-        wait_until(lambda: self.stack().index(picture) < self.stack().index(late), "the saver's look at the windows")
-        self.server.run("xdotool", "keyup", "a")
-        self.assertNobodyHears(process, "keydown b", "keyup b")
 
 
 if __name__ == "__main__":
