@@ -5,18 +5,19 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-# The build tree has the shape of the installed one, so that programs find their package the same way in both.
+# The build tree has the shape of the installed one, so that programs find their package the same way in both: what is
+# installed is the file that was built, byte for byte.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/kestro)
 set(KESTRO_SHARE_DIR ${CMAKE_BINARY_DIR}/share/kestro)
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
-set(CMAKE_INSTALL_RPATH $ORIGIN $ORIGIN/../lib/kestro $ORIGIN/../../..)
 
 option(BUILD_TESTING "Build the tests" ON)
 set(KESTRO_SANITIZE "" CACHE STRING "Sanitizers for every target, as -fsanitize= takes them")
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+include(Hardening)
 if(KESTRO_SANITIZE)
     add_compile_options(-fsanitize=${KESTRO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${KESTRO_SANITIZE})

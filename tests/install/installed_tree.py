@@ -56,6 +56,14 @@ class InstalledTree(unittest.TestCase):
                 self.assertTrue(os.path.realpath(library).startswith(os.path.realpath(self.prefix)), library)
         self.assertGreater(seen, 0)
 
+    def test_programsAndLibraries_areTheBuiltOnes_whenInstalled(self):
+        seen = 0
+        for path in self.elf_files():
+            with open(path, "rb") as one, open(os.path.join(BUILD, os.path.relpath(path, self.prefix)), "rb") as other:
+                self.assertEqual(one.read(), other.read(), path)
+            seen += 1
+        self.assertGreater(seen, 0)
+
     def test_program_tellsItsVersion_whenInstalled(self):
         answer = self.kestro("--version")
         self.assertEqual((answer.returncode, answer.stderr), (0, ""))
