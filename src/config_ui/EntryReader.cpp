@@ -1,5 +1,7 @@
 #include "config_ui/EntryReader.h"
 
+#include "platform/base/PostTo.h"
+
 #include <algorithm>
 
 namespace kestro {
@@ -23,8 +25,7 @@ EntryReader::~EntryReader() = default;
 ReadingLane::Deliver EntryReader::deliverHere()
 {
     return [this](const QUrl& url, const EntryFacts& facts) {
-        QMetaObject::invokeMethod(
-            this, [this, url, facts] { keep(url, facts); }, Qt::QueuedConnection);
+        postTo(*this, [this, url, facts] { keep(url, facts); });
     };
 }
 

@@ -1,8 +1,7 @@
 #include "engine/AfterImageTrail.h"
 
+#include "platform/base/PostTo.h"
 #include "platform/display/Painter.h"
-
-#include <QMetaObject>
 
 #include <utility>
 
@@ -12,12 +11,6 @@ namespace {
 
 constexpr std::size_t fullTrail = 5;
 constexpr double shadeStep = 0.02; ///< opacity lost at each drawing
-
-void postChange(QObject& mainThread, const std::function<void(const Rect&)>& changed, const Rect& place)
-{
-    QMetaObject::invokeMethod(
-        &mainThread, [&changed, place] { changed(place); }, Qt::QueuedConnection);
-}
 
 } // namespace
 
@@ -29,7 +22,7 @@ AfterImageTrail::AfterImageTrail(std::function<void(const Rect&)> changed)
 void AfterImageTrail::queueImage(const Picture& image, Point pos)
 {
     if (!add(image, pos)) return;
-    postChange(m_mainThread, m_changed, {pos, image.size});
+    postTo(m_mainThread, [this, place = Rect{pos, image.size}] { m_changed(place); });
 }
 
 bool AfterImageTrail::queueImageNoThread(const Picture& image, Point pos)

@@ -1,6 +1,7 @@
 #include "host/PictureQueue.h"
 
 #include "host/PictureFolder.h"
+#include "platform/base/PostTo.h"
 
 #include <QImage>
 
@@ -29,7 +30,7 @@ PictureQueue::~PictureQueue()
 void PictureQueue::add(const QImage& picture, int screen, double seconds)
 {
     m_room.acquire();
-    m_threads.start([this, picture, screen, seconds] {
+    runOn(m_threads, [this, picture, screen, seconds] {
         write(picture, screen, seconds);
         m_room.release();
     });

@@ -2,6 +2,7 @@
 
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
+#include "platform/base/PostTo.h"
 #include "platform/base/ShownURL.h"
 #include "platform/network/CurlFetch.h"
 #include "trailers/CrawlLock.h"
@@ -178,19 +179,17 @@ void TrailerCont::leaveThread()
 void TrailerCont::postReload()
 {
     if (m_isReloadPosted.exchange(true)) return;
-    const auto reload = [this] {
+    postTo(m_mainThread, [this] {
         m_isReloadPosted = false;
         if (m_observer) m_observer->reloadTableView();
-    };
-    QMetaObject::invokeMethod(&m_mainThread, reload, Qt::QueuedConnection);
+    });
 }
 
 void TrailerCont::postStopProgress()
 {
-    const auto stop = [this] {
+    postTo(m_mainThread, [this] {
         if (m_observer) m_observer->stopProgress();
-    };
-    QMetaObject::invokeMethod(&m_mainThread, stop, Qt::QueuedConnection);
+    });
 }
 
 } // namespace kestro

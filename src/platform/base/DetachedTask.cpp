@@ -1,5 +1,7 @@
 #include "platform/base/DetachedTask.h"
 
+#include "platform/base/PostTo.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QHash>
@@ -80,9 +82,7 @@ void DetachedTask::Jobs::run(const std::shared_ptr<Job>& job, const Work& work)
     const std::lock_guard lock(m_mutex);
     m_underway.remove(job->key);
     if (!m_listens) return;
-    QMetaObject::invokeMethod(
-        QCoreApplication::instance(), [job, answer = std::move(answer)] { tell(*job, answer); },
-        Qt::QueuedConnection);
+    postTo(*QCoreApplication::instance(), [job, answer = std::move(answer)] { tell(*job, answer); });
 }
 
 void DetachedTask::Jobs::listen()

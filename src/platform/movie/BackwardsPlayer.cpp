@@ -1,6 +1,7 @@
 #include "platform/movie/BackwardsPlayer.h"
 
 #include "platform/base/Clock.h"
+#include "platform/base/PostTo.h"
 #include "platform/display/Layer.h"
 #include "platform/display/Timer.h"
 #include "platform/movie/BackwardsWorker.h"
@@ -32,17 +33,13 @@ BackwardsPlayer::BackwardsPlayer(const BackwardsSetup& setup, BackwardsListener&
 
 void BackwardsPlayer::startWorker(const BackwardsSetup& setup)
 {
-    const auto changed = [this] {
-        QMetaObject::invokeMethod(
-            &m_context, [this] { workerHasAnswer(); }, Qt::QueuedConnection);
-    };
+    const auto changed = [this] { postTo(m_context, [this] { workerHasAnswer(); }); };
     m_worker = std::make_shared<BackwardsWorker>(
         std::make_unique<ReverseDecoder>(setup.url, m_memory, setup.longestRead), m_memory, changed);
     try {
         m_thread = std::thread([worker = m_worker] { worker->run(); });
     } catch (const std::system_error&) {
-        QMetaObject::invokeMethod(
-            &m_context, [this] { fail(QStringLiteral("no thread to decode it")); }, Qt::QueuedConnection);
+        postTo(m_context, [this] { fail(QStringLiteral("no thread to decode it")); });
     }
 }
 
@@ -85,8 +82,7 @@ void BackwardsPlayer::play()
     if (std::exchange(m_plays, true)) return;
     m_start = m_clock.now();
     if (!m_isLate) return schedule();
-    QMetaObject::invokeMethod(
-        &m_context, [this] { workerHasAnswer(); }, Qt::QueuedConnection);
+    postTo(m_context, [this] { workerHasAnswer(); });
 }
 
 void BackwardsPlayer::pause()

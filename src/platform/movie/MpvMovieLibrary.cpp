@@ -1,6 +1,7 @@
 #include "platform/movie/MpvMovieLibrary.h"
 
 #include "platform/base/FileURL.h"
+#include "platform/base/PostTo.h"
 #include "platform/movie/MpvMovie.h"
 
 #include <QCoreApplication>
@@ -22,8 +23,7 @@ static void deleteOnMainThread(QTMovie* movie)
         delete movie;
         return;
     }
-    QMetaObject::invokeMethod(
-        application, [movie] { delete movie; }, Qt::QueuedConnection);
+    postTo(*application, [movie] { delete movie; });
 }
 
 std::shared_ptr<QTMovie> MpvMovieLibrary::movieWithURL(const QUrl& url)

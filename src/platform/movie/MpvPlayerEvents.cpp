@@ -1,6 +1,7 @@
 // What a player hears from mpv.
 
 #include "platform/base/Log.h"
+#include "platform/base/PostTo.h"
 #include "platform/base/ShownURL.h"
 #include "platform/movie/DecoderMemory.h"
 #include "platform/movie/MpvOptions.h"
@@ -36,8 +37,7 @@ void MpvPlayer::observe()
 void MpvPlayer::wake()
 {
     if (m_woken.exchange(true)) return;
-    QMetaObject::invokeMethod(
-        this, [this] { drain(); }, Qt::QueuedConnection);
+    postTo(*this, [this] { drain(); });
 }
 
 void MpvPlayer::drain()

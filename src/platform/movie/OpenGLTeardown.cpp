@@ -1,5 +1,6 @@
 #include "platform/movie/OpenGLTeardown.h"
 
+#include "platform/base/PostTo.h"
 #include "platform/display/OpenGL.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MpvRenderer.h"
@@ -59,8 +60,7 @@ void OpenGLTeardown::notify(void* self)
 {
     auto* const teardown = static_cast<OpenGLTeardown*>(self);
     if (teardown->m_woken.exchange(true)) return;
-    QMetaObject::invokeMethod(
-        teardown, [teardown] { teardown->look(); }, Qt::QueuedConnection);
+    postTo(*teardown, [teardown] { teardown->look(); });
 }
 
 void OpenGLTeardown::look()

@@ -1,5 +1,6 @@
 #include "platform/saver/PictureLoader.h"
 
+#include "platform/base/PostTo.h"
 #include "platform/saver/PictureReading.h"
 
 #include <QCoreApplication>
@@ -14,13 +15,12 @@ namespace {
 template <typename Work, typename Handler>
 void doAside(const std::shared_ptr<std::stop_source>& stop, Work work, Handler handler)
 {
-    QThreadPool::globalInstance()->start([stop, work = std::move(work), handler = std::move(handler)] {
+    runOn(*QThreadPool::globalInstance(), [stop, work = std::move(work), handler = std::move(handler)] {
         auto result = work(stop->get_token());
         if (stop->stop_requested()) return;
-        const auto deliver = [stop, result = std::move(result), handler] {
+        postTo(*QCoreApplication::instance(), [stop, result = std::move(result), handler] {
             if (!stop->stop_requested()) handler(result);
-        };
-        QMetaObject::invokeMethod(QCoreApplication::instance(), deliver, Qt::QueuedConnection);
+        });
     });
 }
 

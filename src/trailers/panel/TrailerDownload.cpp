@@ -1,6 +1,7 @@
 #include "trailers/panel/TrailerDownload.h"
 
 #include "platform/base/Log.h"
+#include "platform/base/PostTo.h"
 #include "platform/base/ShownURL.h"
 #include "platform/base/URLKind.h"
 #include "platform/network/CurlFetch.h"
@@ -51,7 +52,7 @@ Result<QByteArray> TrailerDownload::fetchBehind(QProgressDialog& progress, const
     Result<QByteArray> contents = Error{QStringLiteral("no thread")};
     const auto work = [&] {
         contents = m_fetch->fetch(url);
-        QMetaObject::invokeMethod(&progress, &QProgressDialog::accept, Qt::QueuedConnection);
+        postTo(progress, [&progress] { progress.accept(); });
     };
     try {
         std::thread worker(work);
