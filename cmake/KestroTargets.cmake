@@ -34,11 +34,15 @@ function(kestro_library name)
     install(TARGETS ${name} LIBRARY DESTINATION lib/kestro)
 endfunction()
 
-# kestro_test(NAME [GUI|WIDGETS] SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE])
+# All test programs of readers of foreign bytes: .ci/run builds and runs these with sanitizers too.
+add_custom_target(foreign_tests)
+
+# kestro_test(NAME [GUI|WIDGETS] [FOREIGN] SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE])
 # One test program per folder of tests/; each of its tests is one ctest entry. With GUI the tests run inside a Qt
 # application without a display (tests/support/GuiMain.cpp), with WIDGETS in one that has widgets (WidgetMain.cpp).
+# FOREIGN is for those whose subjects read what others wrote: their tests have the label "foreign".
 function(kestro_test name)
-    cmake_parse_arguments(ARG "GUI;WIDGETS" "ENVIRONMENT" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "GUI;WIDGETS;FOREIGN" "ENVIRONMENT" "SOURCES;LINK" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     if(ARG_GUI)
         target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/GuiMain.cpp)
@@ -58,6 +62,11 @@ function(kestro_test name)
         string(REPLACE "=" "=set:" more "${ARG_ENVIRONMENT}")
         set(more ENVIRONMENT_MODIFICATION ${more})
     endif()
+    set(labels)
+    if(ARG_FOREIGN)
+        add_dependencies(foreign_tests ${name})
+        set(labels LABELS foreign)
+    endif()
     gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 400 ENVIRONMENT QT_QPA_PLATFORM=offscreen ${more})
+        PROPERTIES TIMEOUT 400 ENVIRONMENT QT_QPA_PLATFORM=offscreen ${labels} ${more})
 endfunction()
