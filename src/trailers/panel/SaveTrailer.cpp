@@ -50,6 +50,17 @@ bool mayReplace(const QString& path, QWidget* parent)
                                  text.arg(QFileInfo(path).fileName())) == QMessageBox::Yes;
 }
 
+// A disk that fills up takes a part first; only at the rest it says why.
+bool writeAll(QSaveFile& file, QByteArrayView rest)
+{
+    while (!rest.isEmpty()) {
+        const qint64 count = file.write(rest.data(), rest.size());
+        if (count <= 0) return false;
+        rest = rest.sliced(count);
+    }
+    return true;
+}
+
 } // namespace
 
 QString askWhereToSave(const QUrl& url, QWidget* parent)
@@ -78,7 +89,7 @@ QString withRequiredFileType(const QString& path, const QString& extension)
 std::optional<Error> writeAtomically(const QString& path, const QByteArray& contents)
 {
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush()) {
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeAll(file, contents)) {
         // Some disks say only now that they are full.
         if (fsync(file.handle()) != 0) return Error{QString::fromLocal8Bit(std::strerror(errno))};
         if (file.commit()) return {};
