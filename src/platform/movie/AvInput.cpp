@@ -74,12 +74,26 @@ static AVDictionary* openingOptions(bool local)
 
 Result<std::unique_ptr<AvInput>> AvInput::open(const QUrl& url, AvInterrupt& interrupt)
 {
-    av_log_set_level(AV_LOG_QUIET); // what fails is reported by those who asked for it
-    boundAllocations();
+    prepareLibav();
     auto input = std::unique_ptr<AvInput>(new AvInput);
     const QString reason = input->openStreams(url, interrupt);
     if (!reason.isEmpty()) return Error{reason};
     return input;
+}
+
+/// What the container says before anything is decoded.
+static QString whyTooLargeByHeader(const AVFormatContext& context)
+{
+    for (unsigned i = 0; i < context.nb_streams; ++i) {
+        const AVStream& stream = *context.streams[i];
+        if (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) continue;
+        MovieFacts facts;
+        facts.codedWidth = stream.codecpar->width;
+        facts.codedHeight = stream.codecpar->height;
+        const QString reason = whyTooLarge(facts);
+        if (!reason.isEmpty()) return reason;
+    }
+    return {};
 }
 
 /// Finding out may take decoding a few pictures of each stream.
@@ -110,11 +124,12 @@ QString AvInput::openStreams(const QUrl& url, AvInterrupt& interrupt)
     const int opened = avformat_open_input(&m_context, source.constData(), nullptr, &options);
     av_dict_free(&options);
     if (opened < 0) return errorText(opened);
-    const int found = findStreamInfo(*m_context);
+    QString refusal = whyTooLargeByHeader(*m_context);
+    const int found = refusal.isEmpty() ? findStreamInfo(*m_context) : 0;
     const QString reason = found < 0 ? errorText(found) : chooseVideo();
-    if (!reason.isEmpty()) return reason;
-    const QString refusal = whyTooLarge(movieFacts(*this));
-    if (!refusal.isEmpty()) logLine(QStringLiteral("%1: %2").arg(shownURL(url), refusal));
+    if (refusal.isEmpty() && reason.isEmpty()) refusal = whyTooLarge(movieFacts(*this));
+    if (refusal.isEmpty()) return reason;
+    logLine(QStringLiteral("%1: %2").arg(shownURL(url), refusal));
     return refusal;
 }
 

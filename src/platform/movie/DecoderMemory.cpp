@@ -76,9 +76,10 @@ qint64 mostPicturePixels(const MovieFacts& facts)
     return std::max(pixelsOf(facts), Bounds::pixelsOfAnyStream);
 }
 
-void boundAllocations()
+void prepareLibav()
 {
     av_max_alloc(Bounds::decoderAllocation);
+    av_log_set_level(AV_LOG_QUIET);
 }
 
 } // namespace kestro

@@ -27,7 +27,8 @@ struct MovieFacts;
 /// Pictures that a decoder keeps for others, at this size. `codec` is libavcodec's number.
 [[nodiscard]] int keptPictures(int codec, qint64 pixels);
 
-/// Has libav refuse to take more for one thing than it may need, in the whole process.
-void boundAllocations();
+/// Has libav refuse to take more for one thing than it may need, and keep its words to those who asked for
+/// them, in the whole process. mpv hears them all the same while it plays.
+void prepareLibav();
 
 } // namespace kestro

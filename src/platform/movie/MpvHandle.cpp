@@ -27,7 +27,7 @@ bool MpvHandle::start(const Options& options, std::shared_ptr<OpenGL> openGL)
 {
     setlocale(LC_NUMERIC,
               "C"); // mpv refuses to be made under another; the application object sets the user's
-    boundAllocations();
+    prepareLibav();
     m_handle = mpv_create();
     if (!m_handle) return false;
     for (const auto& [name, value] : options) {
