@@ -7,8 +7,6 @@
 #include <QStandardPaths>
 #include <QXmlStreamReader>
 
-#include <optional>
-
 namespace kestro {
 
 namespace {
@@ -39,11 +37,18 @@ void readElement(const QXmlStreamReader& xml, InstalledHack& found)
     }
 }
 
-std::optional<InstalledHack> readDescription(const QString& path)
+/// The whole of a description's file; empty where it cannot be read.
+QByteArray descriptionIn(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    QXmlStreamReader xml(file.read(mostBytes));
+    return file.open(QIODevice::ReadOnly) ? file.read(mostBytes) : QByteArray();
+}
+
+} // namespace
+
+std::optional<InstalledHack> readHackDescription(const QByteArray& description)
+{
+    QXmlStreamReader xml(description);
     InstalledHack found;
     while (!xml.atEnd())
         if (xml.readNext() == QXmlStreamReader::StartElement) readElement(xml, found);
@@ -53,15 +58,13 @@ std::optional<InstalledHack> readDescription(const QString& path)
     return found;
 }
 
-} // namespace
-
 QList<InstalledHack> installedHacks(const QStringList& descriptionFolders, const QStringList& programFolders)
 {
     QMap<QString, InstalledHack> byName;
     for (const QString& path : descriptionFolders) {
         const QDir folder(path);
         for (const QString& file : folder.entryList({QStringLiteral("*.xml")}, QDir::Files)) {
-            auto found = readDescription(folder.filePath(file));
+            auto found = readHackDescription(descriptionIn(folder.filePath(file)));
             if (!found || byName.contains(found->name)) continue;
             found->hack.program = QStandardPaths::findExecutable(found->name, programFolders);
             if (!found->hack.program.isEmpty()) byName.insert(found->name, *found);

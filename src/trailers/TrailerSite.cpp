@@ -88,6 +88,14 @@ QString configurationFile()
     return configurationFolder() + QStringLiteral("/kestro/kestro.conf");
 }
 
+TrailerSite readTrailerSite(const QByteArray& text, const QString& path)
+{
+    SiteReader reader(path);
+    for (const QByteArray& line : text.split('\n'))
+        reader.readLine(QString::fromUtf8(line).trimmed());
+    return reader.site();
+}
+
 TrailerSite configuredTrailerSite()
 {
     const QString path = configurationFile();
@@ -97,10 +105,7 @@ TrailerSite configuredTrailerSite()
         logLine(QStringLiteral("Cannot read %1.").arg(path));
         return {};
     }
-    SiteReader reader(path);
-    for (const QByteArray& line : file.read(largestFile).split('\n'))
-        reader.readLine(QString::fromUtf8(line).trimmed());
-    return reader.site();
+    return readTrailerSite(file.read(largestFile), path);
 }
 
 } // namespace kestro

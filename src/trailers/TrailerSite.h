@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <string>
@@ -19,6 +20,9 @@ struct TrailerSite {
 /// kestro/kestro.conf in the configuration folder. Empty where there is none. A line that is not understood
 /// is logged and left out.
 [[nodiscard]] TrailerSite configuredTrailerSite();
+
+/// The site that the text of such a file names; the log calls the file `path`.
+[[nodiscard]] TrailerSite readTrailerSite(const QByteArray& text, const QString& path);
 
 /// That file; it need not exist. The configuration folder is .config in KESTRO_HOME where that is set, else
 /// XDG_CONFIG_HOME, else .config in the home folder.

@@ -5,15 +5,13 @@
 #include "platform/web/WebMessageForm.h"
 
 #include <cmath>
-#include <cstdint>
 
 namespace kestro {
 
 /// Reads bytes as what `speaker` says on the line between the saver and its web helper. What is taken is in
 /// its bounds, can be reckoned with, and is the same again once it is written and read.
-inline void checkWebWords(const std::uint8_t* data, std::size_t size, WebSpeaker speaker)
+inline void checkWebWords(QByteArrayView bytes, WebSpeaker speaker)
 {
-    const QByteArrayView bytes(reinterpret_cast<const char*>(data), qsizetype(size));
     const auto read = messageOf(bytes, speaker);
     if (!read) return;
     const WebMessage& message = read.value();

@@ -1,10 +1,8 @@
+#include "Target.h"
 #include "WebWords.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 /// The input is one message as the web helper says it to the saver.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void kestro::tryInput(std::string_view input)
 {
-    kestro::checkWebWords(data, size, kestro::WebSpeaker::Helper);
-    return 0;
+    kestro::checkWebWords({input.data(), qsizetype(input.size())}, kestro::WebSpeaker::Helper);
 }

@@ -1,10 +1,9 @@
-#include "Expect.h"
+#include "Target.h"
 #include "trailers/CallArguments.h"
 #include "trailers/LinkResolver.h"
 #include "trailers/PageBase.h"
 
 #include <algorithm>
-#include <cstdint>
 
 using namespace kestro;
 
@@ -22,12 +21,9 @@ void checkResolved(std::string_view link, const PageBase& base)
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 /// Lines: a base, a link, a site's host; the whole is the argument of a call too.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void kestro::tryInput(std::string_view text)
 {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
     const auto first = std::min(text.find('\n'), text.size());
     const auto second = std::min(text.find('\n', first + 1), text.size());
     const auto link = text.substr(std::min(first + 1, text.size()), second - std::min(first + 1, second));
@@ -42,11 +38,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
            "what is followed lies below the trailers");
     expect(!isValidURL(link, host, [](std::string_view) { return true; }), "nothing is visited twice");
     expect(internalStringRemoveSpc(text, false) == internalString(text), "the flag alone removes spaces");
-    expect(callArguments(text).size() == std::size_t(std::ranges::count(text, ',')) + 1,
-           "each comma parts two");
+    std::ptrdiff_t arguments = 0;
+    for (CallArguments call(text); call.next();)
+        ++arguments;
+    expect(arguments == std::ranges::count(text, ',') + 1, "each comma parts two");
     if (const auto attributes = attrToDict(text))
         for (const auto& [key, value] : *attributes)
             expect((key + value).find_first_of(" \n\t:,}") == std::string::npos,
                    "attributes hold no separators");
-    return 0;
 }

@@ -1,4 +1,4 @@
-#include "Expect.h"
+#include "Target.h"
 #include "platform/base/Log.h"
 #include "platform/base/URLKind.h"
 #include "trailers/TrailerListFile.h"
@@ -7,8 +7,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QUrl>
-
-#include <cstdint>
 
 using namespace kestro;
 
@@ -42,21 +40,18 @@ private:
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 /// The input is a list file, of any form. What is read of it can be saved, and reads the same again.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void kestro::tryInput(std::string_view input)
 {
     static const Home home;
     static const LogCapture quiet([](const QString&) {});
-    home.write(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)));
+    home.write(QByteArray(input.data(), qsizetype(input.size())));
     const TrailerListContents read = home.file().load();
     expect(read.hasTrailers || read.trailers.isEmpty(), "trailers come from a list of them");
     for (const TrailerRecord& trailer : read.trailers)
         expect(isWebURL(QUrl(trailer.url)), "a trailer is on a web site");
-    if (!home.file().save(read)) return 0;
+    if (!home.file().save(read)) return;
     const TrailerListContents again = home.file().load();
     expect(again.trailers.size() <= read.trailers.size(), "saving adds no trailer");
     expect(again.sites == read.sites, "saving keeps the sites");
-    return 0;
 }

@@ -1,11 +1,10 @@
-#include "Expect.h"
+#include "Target.h"
 #include "platform/base/URLKind.h"
 #include "trailers/PageBase.h"
 #include "trailers/PageParser.h"
 #include "trailers/TextSearch.h"
 
 #include <algorithm>
-#include <cstdint>
 
 using namespace kestro;
 
@@ -34,14 +33,12 @@ void checkSearch(std::string_view page, std::string_view needle)
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 /// The first byte chooses the base; the rest is the page, and each feed that it names.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void kestro::tryInput(std::string_view input)
 {
-    if (size == 0) return 0;
-    const std::string_view page(reinterpret_cast<const char*>(data) + 1, size - 1);
-    const PageBase& base = baseFor(data[0]);
+    if (input.empty()) return;
+    const std::string_view page = input.substr(1);
+    const PageBase& base = baseFor(static_cast<unsigned char>(input.front()));
     for (const char* needle : {"href=\"", ".json", "qt_writeobject_xhtml(", "\"location\":\""})
         checkSearch(page, needle);
     const QUrl own(
@@ -62,5 +59,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         expect(isWebURL(read) && upperCasePathExtension(read) == u"MOV", "a movie is one on a web site");
         expect(movie.size && movie.size->contains(QStringLiteral(" x ")), "a movie has a size");
     }
-    return 0;
 }

@@ -118,36 +118,47 @@ void XscreensaverFile::add(const QByteArray& command)
     const auto present = kestroEntries();
     if (!present.isEmpty()) {
         if (isListed()) return;
-        QByteArray& line = m_lines[present.front().begin];
-        line[line.indexOf('-')] = ' ';
+        switchOn(present.front());
         return;
     }
     if (find(listKey).isEmpty()) {
         if (!m_lines.isEmpty() && !m_lines.back().endsWith('\n')) m_lines.back() += '\n';
+        if (!m_lines.isEmpty() && isContinued(m_lines.back())) m_lines.append("\n");
         m_lines.append(listKey + ":\t\\\n");
     }
     append(find(listKey), "  \"Kestro\"  " + command + " \\n\\\n");
+}
+
+/// Takes the "-" away, which need not stand in the first line of the entry.
+void XscreensaverFile::switchOn(Lines entry)
+{
+    const auto begin = m_lines.begin();
+    const auto line = std::find_if(begin + entry.begin, begin + entry.end,
+                                   [](const QByteArray& text) { return saidBy(text).startsWith('-'); });
+    if (line != begin + entry.end) (*line)[line->indexOf('-')] = ' ';
 }
 
 void XscreensaverFile::append(Lines list, const QByteArray& entry)
 {
     const bool hasBlankEnd = list.end - list.begin > 1 && saidBy(m_lines[list.end - 1]).isEmpty() &&
                              !isContinued(m_lines[list.end - 1]);
-    if (hasBlankEnd) {
-        m_lines.insert(list.end - 1, entry);
-        return;
+    qsizetype place = list.end - 1;
+    if (!hasBlankEnd) {
+        QByteArray& last = m_lines[place++];
+        const bool isHeader = list.end - list.begin == 1;
+        last = opened(last, !isHeader || !saidBy(afterColon(last)).isEmpty());
+        m_lines.insert(place, "\n");
     }
-    QByteArray& last = m_lines[list.end - 1];
-    const bool isHeader = list.end - list.begin == 1;
-    last = opened(last, !isHeader || !saidBy(afterColon(last)).isEmpty());
-    m_lines.insert(list.end, entry);
-    m_lines.insert(list.end + 1, "\n");
+    // An entry before that goes on without an end would take ours in.
+    const QByteArray before = payload({list.begin + 1, place});
+    if (!before.isEmpty() && !before.endsWith(entryEnd)) m_lines.insert(place++, entryEnd + "\\\n");
+    m_lines.insert(place, entry);
 }
 
 void XscreensaverFile::remove()
 {
-    for (auto entries = kestroEntries(); !entries.isEmpty(); entries = kestroEntries())
-        removeEntry(entries.back());
+    const auto entries = kestroEntries();
+    std::for_each(entries.rbegin(), entries.rend(), [this](Lines entry) { removeEntry(entry); });
 }
 
 void XscreensaverFile::removeEntry(Lines entry)

@@ -35,6 +35,7 @@ private:
     [[nodiscard]] QList<Lines> kestroEntries() const;
     [[nodiscard]] QByteArray payload(Lines lines) const;
     [[nodiscard]] bool isOff(Lines entry) const { return payload(entry).startsWith('-'); }
+    void switchOn(Lines entry);
     void append(Lines list, const QByteArray& entry);
     void removeEntry(Lines entry);
     void keepChosen(qsizetype removedNumber);

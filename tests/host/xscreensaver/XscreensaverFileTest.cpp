@@ -95,6 +95,22 @@ TEST(XscreensaverFile, add_separatesTheEntries_whenTheListWasEditedByHand)
     EXPECT_EQ(added("programs:"), "programs:\\\n" + ours + "\n");
 }
 
+TEST(XscreensaverFile, add_endsTheEntryBefore_whenThatGoesOnWithoutAnEnd)
+{
+    EXPECT_EQ(added("programs:\\\n\tmaze\\\n\n"), "programs:\\\n\tmaze\\\n\\n\\\n" + ours + "\n");
+}
+
+TEST(XscreensaverFile, add_beginsTheListAnew_whenTheLastLineGoesOn)
+{
+    EXPECT_EQ(added("timeout:\t1\\\n"), "timeout:\t1\\\n\nprograms:\t\\\n" + ours + "\n");
+    EXPECT_EQ(added("timeout:\t1\\"), "timeout:\t1\\\n\nprograms:\t\\\n" + ours + "\n");
+}
+
+TEST(XscreensaverFile, add_switchesTheEntryOn_whenItsDashIsNotInItsFirstLine)
+{
+    EXPECT_EQ(added(fileWith("\\\n- kestro --root \\n\\\n")), fileWith("\\\n  kestro --root \\n\\\n"));
+}
+
 TEST(XscreensaverFile, remove_endsTheList_whenTheEntryDid)
 {
     EXPECT_EQ(removed("programs: \\\n maze --root \\n\\\n kestro --root\nlock: False\n"),
