@@ -65,17 +65,19 @@ inline constexpr qsizetype listedPages = 400'000;                          ///< 
 inline constexpr qint64 listBytes = propertyListBytes - 8LL * 1024 * 1024; ///< with room for what is selected
 
 // Web content: what the saver and its web helper say to each other, and what a Flash movie may take.
-inline constexpr int webTextBytes = 16 * 1024; ///< of one message: an address, a type, a reason
-inline constexpr int webNoteBytes = 200;       ///< of a line for the log
-inline constexpr int webPictureSide = 8192;    ///< pixels of a page
-inline constexpr int webMessagesATurn = 64;    ///< taken before the event loop goes on
-inline constexpr int webMessagesAPing = 8192;  ///< from the helper, between two looks at it
-inline constexpr int webRequestsWaiting = 64;  ///< of one page
+inline constexpr int webTextBytes = 16 * 1024;  ///< of one message: an address, a type, a reason
+inline constexpr int webNoteBytes = 200;        ///< of a line for the log
+inline constexpr int webPictureSide = 8192;     ///< pixels of a page
+inline constexpr int webMessagesATurn = 64;     ///< taken before the event loop goes on
+inline constexpr int webMessagesAPing = 8192;   ///< from the helper, between two looks at it
+inline constexpr int webMessagesRefused = 1000; ///< that nobody says, of one helper
+inline constexpr int webRequestsWaiting = 64;   ///< of one page
 inline constexpr qint64 webRequestBytes = 32LL * 1024 * 1024;
 inline constexpr qint64 webBytesAPing =
     256LL * 1024 * 1024; ///< handed to the helper, between two answers of it
 inline constexpr qint64 webHelperBytes = 896LL * 1024 * 1024; ///< memory of all its processes
 inline constexpr int webHelperProcesses = 48;
+inline constexpr int webHelperThreads = 1024;                   ///< of all its processes
 inline constexpr qint64 webProcessBytes = 2560LL * 1024 * 1024; ///< memory of one, however it is spent
 
 // Memory.

@@ -104,6 +104,7 @@ bool HelperEngine::start()
     m_unanswered = 0;
     m_heard = 0;
     m_handedOver = 0;
+    m_isAsked = false;
     m_pings.start();
     return true;
 }
@@ -126,7 +127,8 @@ void HelperEngine::receive(const WebMessage& message)
 
 void HelperEngine::hearPong(quint32 question)
 {
-    if (question != m_question) return;
+    if (!m_isAsked || question != m_question) return;
+    m_isAsked = false;
     m_unanswered = 0;
     m_handedOver = 0;
 }
@@ -139,9 +141,11 @@ void HelperEngine::ping()
     const HelperLoad load = m_process->load();
     if (load.bytes > m_settings.most.bytes) return lose(QStringLiteral("takes too much memory"));
     if (load.processes > m_settings.most.processes) return lose(QStringLiteral("starts too many processes"));
+    if (load.threads > m_settings.most.threads) return lose(QStringLiteral("starts too many threads"));
     if (!m_isReady) return;
     WebMessage ping;
     ping.generation = m_question = QRandomGenerator::system()->generate();
+    m_isAsked = true;
     if (!send(ping)) lose(QStringLiteral("does not listen"));
 }
 

@@ -75,6 +75,7 @@ private:
     std::unique_ptr<WebChannel> m_channel;
     QTimer m_pings;
     quint32 m_question = 0;   ///< of the ping that was sent last: nobody who has not read it can answer
+    bool m_isAsked = false;   ///< that question, which counts once
     int m_heard = 0;          ///< messages since the ping before
     qint64 m_handedOver = 0;  ///< bytes that the helper got since it last answered
     bool m_isReady = false;   ///< the helper has said hello

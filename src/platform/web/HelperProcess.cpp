@@ -6,6 +6,7 @@
 #include <QProcessEnvironment>
 
 #include <csignal>
+#include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/syscall.h>
@@ -37,13 +38,14 @@ private:
     std::vector<char*> m_pointers;
 };
 
-/// In the helper no signal is blocked, each has its default action, and of our open files it has the line and
-/// the three standard ones alone.
+/// In the helper no signal is blocked, each has its default action, it has no terminal, and of our open files
+/// it has the line and where it may complain alone.
 class SpawnRules final {
 public:
     explicit SpawnRules(int channel)
     {
         posix_spawn_file_actions_init(&m_files);
+        posix_spawn_file_actions_addopen(&m_files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         posix_spawn_file_actions_adddup2(&m_files, channel, HelperProcess::channelNumber);
         posix_spawn_file_actions_addclosefrom_np(&m_files, HelperProcess::channelNumber + 1);
         posix_spawnattr_init(&m_attributes);
@@ -54,7 +56,7 @@ public:
         posix_spawnattr_setsigmask(&m_attributes, &none);
         posix_spawnattr_setsigdefault(&m_attributes, &all);
         posix_spawnattr_setflags(&m_attributes,
-                                 POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+                                 POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     }
     ~SpawnRules()
     {

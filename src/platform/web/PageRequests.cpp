@@ -1,8 +1,10 @@
 #include "platform/web/PageRequests.h"
 
 #include "platform/base/Bounds.h"
+#include "platform/base/PostTo.h"
 #include "platform/network/Site.h"
 
+#include <system_error>
 #include <utility>
 
 namespace kestro {
@@ -45,8 +47,20 @@ void PageRequests::ask(quint32 request, const QUrl& url)
     }
     m_changed.notify_all();
     if (m_fetch) return;
+    startWorker();
+}
+
+// Where the system has no more threads what was asked for so far gets no answer but that.
+void PageRequests::startWorker()
+{
     m_fetch = std::make_unique<SiteFetch>(limits());
-    m_worker = std::thread([this] { work(); });
+    try {
+        m_worker = std::thread([this] { work(); });
+    } catch (const std::system_error&) {
+        m_fetch.reset();
+        for (const Wish& wish : std::exchange(m_wishes, {}))
+            m_onAnswer(wish.request, Error{QStringLiteral("there is no thread to fetch it")});
+    }
 }
 
 QString PageRequests::refusal(const QUrl& url)
@@ -72,17 +86,14 @@ void PageRequests::work()
 
 void PageRequests::tellLater(quint32 request, Answer answer)
 {
-    QMetaObject::invokeMethod(
-        &m_context,
-        [this, request, answer = std::move(answer)] {
-            {
-                const std::lock_guard lock(m_guard);
-                m_isAnswering = false;
-            }
-            m_changed.notify_all();
-            m_onAnswer(request, answer);
-        },
-        Qt::QueuedConnection);
+    postTo(m_context, [this, request, answer = std::move(answer)] {
+        {
+            const std::lock_guard lock(m_guard);
+            m_isAnswering = false;
+        }
+        m_changed.notify_all();
+        m_onAnswer(request, answer);
+    });
 }
 
 } // namespace kestro

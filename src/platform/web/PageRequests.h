@@ -38,6 +38,7 @@ private:
     };
 
     [[nodiscard]] QString refusal(const QUrl& url);
+    void startWorker();
     void work();
     void tellLater(quint32 request, Answer answer);
 

@@ -116,7 +116,7 @@ WebChannel::Receipt WebChannel::receive(std::optional<WebMessage>& message)
     Descriptor memory = attached(parts);
     if (length == 0) return Receipt::Closed;
     auto come = messageOf(QByteArrayView(bytes.data(), length), m_speaker);
-    if (!come) return Receipt::Message;
+    if (!come) return Receipt::Refused;
     message = std::move(come.value());
     if (carriesMemory(message->kind)) message->memory = std::move(memory);
     return Receipt::Message;
@@ -131,12 +131,15 @@ void WebChannel::readAll()
         switch (receive(message)) {
         case Receipt::Nothing:
             return;
+        case Receipt::Refused:
+            if (++m_refused < Bounds::webMessagesRefused) break;
+            [[fallthrough]];
         case Receipt::Closed:
             m_notifier->setEnabled(false);
             m_onClosed();
             return;
         case Receipt::Message:
-            if (message) m_onMessage(std::move(*message));
+            m_onMessage(std::move(*message));
         }
     }
 }

@@ -13,8 +13,8 @@ namespace kestro {
 
 /// One end of the line between the saver's process and its web helper: a socket that keeps messages apart and
 /// hands over memory. Neither end ever waits for the other. What comes in that the other end never says is
-/// dropped, and every descriptor beyond what a message may carry is closed. Few messages are taken before the
-/// event loop goes on. Main thread of either process.
+/// dropped, who goes on with that is taken for gone, and every descriptor beyond what a message may carry is
+/// closed. Few messages are taken before the event loop goes on. Main thread of either process.
 class WebChannel final {
 public:
     /// Takes over the end that hears `speaker`. `onMessage` is called from the event loop for each message,
@@ -29,7 +29,7 @@ public:
     bool send(const WebMessage& message);
 
 private:
-    enum class Receipt { Message, Nothing, Closed };
+    enum class Receipt { Message, Refused, Nothing, Closed };
 
     void readAll();
     [[nodiscard]] Receipt receive(std::optional<WebMessage>& message);
@@ -39,6 +39,7 @@ private:
     std::function<void(WebMessage)> m_onMessage;
     std::function<void()> m_onClosed;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    int m_refused = 0;                                              ///< of what came
     std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true); ///< false once destroyed
 
 public:

@@ -3,9 +3,12 @@
 #include "platform/web/EventLoop.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <mutex>
 #include <sys/mman.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace kestro {
@@ -44,10 +47,36 @@ TEST(HelperLoad, loadOf_sumsTheMemory_sharedAsWellAsOwn)
     }
 }
 
+TEST(HelperLoad, loadOf_countsMemoryThatIsHeldOpen_once)
+{
+    constexpr qint64 bytes = 64LL * 1024 * 1024;
+    const int memory = memfd_create("held", MFD_CLOEXEC);
+    ASSERT_EQ(posix_fallocate(memory, 0, bytes), 0);
+    const int again = dup(memory);
+    const qint64 held = loadOf(getpid()).bytes;
+    close(again);
+    close(memory);
+    const qint64 none = loadOf(getpid()).bytes;
+    EXPECT_GE(held, none + bytes / 2);
+    EXPECT_LT(held, none + bytes * 3 / 2);
+}
+
+TEST(HelperLoad, loadOf_countsThreads)
+{
+    std::mutex guard;
+    const int before = loadOf(getpid()).threads;
+    std::unique_lock lock(guard);
+    std::thread other([&] { const std::lock_guard wait(guard); });
+    EXPECT_EQ(loadOf(getpid()).threads, before + 1);
+    lock.unlock();
+    other.join();
+}
+
 TEST(HelperLoad, loadOf_isNothing_whereThereIsNoSuchProcess)
 {
     const HelperLoad load = loadOf(999999999);
     EXPECT_EQ(load.processes, 0);
+    EXPECT_EQ(load.threads, 0);
     EXPECT_EQ(load.bytes, 0);
 }
 

@@ -49,6 +49,15 @@ TEST_F(HostileHelperTest, rubble_isDropped)
     EXPECT_EQ(lines, QStringList());
 }
 
+TEST_F(HostileHelperTest, rubbleWithoutEnd_endsIt)
+{
+    settings.mostRestarts = 0;
+    HelperEngine engine(settings);
+    const auto view = show(engine, "rubble without end:");
+    EXPECT_TRUE(turnUntil([&] { return logged("the helper ended; all stays black") == 1; }));
+    EXPECT_TRUE(becomes(black));
+}
+
 TEST_F(HostileHelperTest, descriptors_areAllClosed)
 {
     HelperEngine engine(settings);
@@ -68,6 +77,24 @@ TEST_F(HostileHelperTest, memoryBeyondTheBound_endsIt)
     const auto view = show(engine, "eat:");
     EXPECT_TRUE(turnUntil([&] { return logged("takes too much memory; all stays black") == 1; }));
     EXPECT_TRUE(becomes(black));
+}
+
+TEST_F(HostileHelperTest, memoryThatItHoldsOpenAlone_endsItToo)
+{
+    settings.mostRestarts = 0;
+    settings.most.bytes = 128LL * 1024 * 1024;
+    HelperEngine engine(settings);
+    const auto view = show(engine, "hoard:");
+    EXPECT_TRUE(turnUntil([&] { return logged("takes too much memory; all stays black") == 1; }));
+}
+
+TEST_F(HostileHelperTest, threadsBeyondTheBound_endIt)
+{
+    settings.mostRestarts = 0;
+    settings.most.threads = 0;
+    HelperEngine engine(settings);
+    const auto view = show(engine, "paint:ff0000");
+    EXPECT_TRUE(turnUntil([&] { return logged("starts too many threads; all stays black") == 1; }));
 }
 
 TEST_F(HostileHelperTest, processesBeyondTheBound_endIt)

@@ -4,9 +4,11 @@
 
 #include <array>
 #include <cstring>
+#include <fcntl.h>
 #include <functional>
 #include <limits>
 #include <map>
+#include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -80,6 +82,13 @@ void sendRubble(int line, quint32 view)
     sendBytes(line, bytesOf(note));
 }
 
+// Ends with the line, as above.
+void sendRubbleWithoutEnd(int line)
+{
+    while (::send(line, "rubble", 6, MSG_NOSIGNAL) >= 0) {
+    }
+}
+
 void sendDescriptors(int line, quint32 view)
 {
     constexpr size_t count = 200;
@@ -110,6 +119,14 @@ void eat()
         memory[at] = 1;
 }
 
+// Nothing of it is ever mapped.
+void hoard()
+{
+    constexpr off_t bytes = 256L * 1024 * 1024;
+    const int memory = memfd_create("hoard", MFD_CLOEXEC);
+    if (memory >= 0 && posix_fallocate(memory, 0, bytes) != 0) close(memory);
+}
+
 void breed()
 {
     for (int count = 0; count < 40; ++count)
@@ -126,8 +143,10 @@ bool beHostile(const QString& address, int line, quint32 view)
         {QStringLiteral("flood:"), [&] { flood(line, view); }},
         {QStringLiteral("lie:"), [&] { lie(line, view); }},
         {QStringLiteral("rubble:"), [&] { sendRubble(line, view); }},
+        {QStringLiteral("rubble without end:"), [&] { sendRubbleWithoutEnd(line); }},
         {QStringLiteral("descriptors:"), [&] { sendDescriptors(line, view); }},
         {QStringLiteral("eat:"), eat},
+        {QStringLiteral("hoard:"), hoard},
         {QStringLiteral("breed:"), breed}};
     const auto deed = deeds.find(address);
     if (deed == deeds.end()) return false;

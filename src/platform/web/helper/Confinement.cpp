@@ -19,7 +19,7 @@ namespace kestro {
 
 namespace {
 
-constexpr rlim_t mostFiles = 4096;
+constexpr rlim_t mostFiles = 1024;
 constexpr rlim_t largestFile = 256L * 1024 * 1024;
 
 bool writeTo(const char* file, const std::string& text)
@@ -64,7 +64,7 @@ bool dropCapabilities()
 /// namespace, as the browser's own sandbox does.
 bool leaveNetwork()
 {
-    if (geteuid() == 0) return unshare(CLONE_NEWNET) == 0;
+    if (geteuid() == 0) return unshare(CLONE_NEWNET) == 0 && dropCapabilities();
     const uid_t user = geteuid();
     const gid_t group = getegid();
     return unshare(CLONE_NEWUSER | CLONE_NEWNET) == 0 && mapSelf(user, group) && dropCapabilities();
@@ -75,7 +75,7 @@ bool leaveNetwork()
 bool confine()
 {
     // The first to go where memory runs out, before the person's own programs.
-    writeTo("/proc/self/oom_score_adj", "1000");
+    writeTo("/proc/self/oom_score_adj", std::to_string(Bounds::oomScore));
     return leaveNetwork() && limitAll() && prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && filterCalls();
 }
 
