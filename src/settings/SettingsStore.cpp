@@ -18,35 +18,40 @@ bool isUnreadable(const QString& path)
     return isPropertyListFileThere(path) && !readPropertyListDictionary(path);
 }
 
-QVariantMap& loadedOnce(std::optional<QVariantMap>& kept, const QString& path)
+/// Whether what is written next overwrites nothing that nobody could read, now or when it was read. Answers
+/// where that is now.
+std::optional<QString> makeRoom(const QString& path, bool wasUnreadable)
 {
-    if (kept) return *kept;
-    auto stored = readPropertyListDictionary(path);
-    if (!stored && isPropertyListFileThere(path))
-        logLine(QStringLiteral("Cannot read %1: what it holds does not count.").arg(path));
-    kept = std::move(stored).value_or(QVariantMap());
-    return *kept;
-}
-
-/// Whether what is written next overwrites nothing that nobody could read. Answers where that is now.
-std::optional<QString> makeRoom(const QString& path)
-{
-    if (!isUnreadable(path)) return QString();
+    const bool isInTheWay = wasUnreadable ? isPropertyListFileThere(path) : isUnreadable(path);
+    if (!isInTheWay) return QString();
     const auto copy = setAsidePropertyListFile(path);
     if (copy) logLine(QStringLiteral("Cannot read %1: kept as %2.").arg(path, *copy));
     return copy;
 }
 
-bool write(const QString& path, const QVariantMap& root, QString& keptAs)
+} // namespace
+
+// What one of the two files held.
+QVariantMap& SettingsStore::loadedOnce(Stored& stored, const QString& path)
 {
-    const auto copy = makeRoom(path);
-    if (copy && !copy->isEmpty()) keptAs = *copy;
-    const bool isWritten = copy && writePropertyList(path, root);
+    if (stored.values) return *stored.values;
+    auto found = readPropertyListDictionary(path);
+    stored.wasUnreadable = !found && isPropertyListFileThere(path);
+    if (stored.wasUnreadable)
+        logLine(QStringLiteral("Cannot read %1: what it holds does not count.").arg(path));
+    stored.values = std::move(found).value_or(QVariantMap());
+    return *stored.values;
+}
+
+bool SettingsStore::write(Stored& stored, const QString& path)
+{
+    const auto copy = makeRoom(path, stored.wasUnreadable);
+    if (copy) stored.wasUnreadable = false;
+    if (copy && !copy->isEmpty()) stored.keptAs = *copy;
+    const bool isWritten = copy && writePropertyList(path, loadedOnce(stored, path));
     if (!isWritten) logLine(QStringLiteral("Cannot save %1.").arg(path));
     return isWritten;
 }
-
-} // namespace
 
 SettingsStore::SettingsStore(QString homeFolder)
     : m_homeFolder(std::move(homeFolder))
@@ -60,12 +65,13 @@ QVariantMap& SettingsStore::plist()
 
 bool SettingsStore::writePlist()
 {
-    return write(plistPath(), plist(), m_keptPlist);
+    plist();
+    return write(m_plist, plistPath());
 }
 
 QVariantMap& SettingsStore::defaultsPlist()
 {
-    return loadedOnce(m_defaultsPlist, defaultsPlistPath());
+    return loadedOnce(m_defaults, defaultsPlistPath());
 }
 
 std::optional<QVariant> SettingsStore::option(const QString& key)
@@ -107,8 +113,8 @@ bool SettingsStore::removeDefaultsForKey(const QString& key)
 bool SettingsStore::writeDefaults()
 {
     if (leavesNothing()) return false;
-    QString kept;
-    return write(defaultsPlistPath(), defaultsPlist(), kept);
+    defaultsPlist();
+    return write(m_defaults, defaultsPlistPath());
 }
 
 QString SettingsStore::plistPath() const

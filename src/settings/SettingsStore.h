@@ -20,7 +20,7 @@ public:
     /// Writes plist() whole, atomically; answers whether it was written. A line in the log says when not.
     bool writePlist();
     /// Where the file that could not be read is since plist() was written; empty where there was none.
-    [[nodiscard]] const QString& keptPlist() const { return m_keptPlist; }
+    [[nodiscard]] const QString& keptPlist() const { return m_plist.keptAs; }
     /// The resume keys ("Kestro.def.plist"), by the same rule.
     [[nodiscard]] QVariantMap& defaultsPlist();
 
@@ -47,13 +47,20 @@ public:
     [[nodiscard]] QString defaultsPlistPath() const;
 
 private:
+    struct Stored {
+        std::optional<QVariantMap> values; ///< once read
+        bool wasUnreadable = false;        ///< then, and the file has not been given another name since
+        QString keptAs;                    ///< that name
+    };
+
+    [[nodiscard]] static QVariantMap& loadedOnce(Stored& stored, const QString& path);
+    [[nodiscard]] static bool write(Stored& stored, const QString& path);
     bool writeDefaults();
 
     QString m_homeFolder;
     QVariantMap m_optionsForThisRun;
-    std::optional<QVariantMap> m_plist;
-    std::optional<QVariantMap> m_defaultsPlist;
-    QString m_keptPlist;
+    Stored m_plist;
+    Stored m_defaults;
 };
 
 } // namespace kestro

@@ -106,6 +106,19 @@ TEST_F(SettingsStoreFiles, writing_keepsTheFileBefore_whenItCannotBeRead)
     EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.def.plist")), store.defaultsPlist());
 }
 
+TEST_F(SettingsStoreFiles, writing_keepsTheFileBefore_whenItCouldNotBeReadAtFirst)
+{
+    putBytes(preferences("Kestro.plist"), "<plist><dict>");
+    SettingsStore store(m_home.path());
+    store.plist().insert(ver, QStringLiteral("5"));
+    const QVariantMap whole{{ver, QStringLiteral("4")}};
+    put(preferences("Kestro.plist"), whole);
+    EXPECT_TRUE(store.writePlist());
+    EXPECT_EQ(readPropertyListDictionary(preferences("Kestro~.plist")), whole);
+    EXPECT_TRUE(store.writePlist());
+    EXPECT_FALSE(QFile::exists(preferences("Kestro~1.plist")));
+}
+
 TEST_F(SettingsStoreFiles, writing_keepsNothing_whenTheFileBeforeCanBeRead)
 {
     put(preferences("Kestro.plist"), QVariantMap{{ver, QStringLiteral("4")}});

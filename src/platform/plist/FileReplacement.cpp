@@ -5,7 +5,9 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QRegularExpression>
+#include <QThread>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <ctime>
@@ -52,11 +54,23 @@ private:
 };
 
 /// Whether a name that begins like that of our file is one that an earlier release gave to what it wrote.
-bool isOldBeginning(const QString& ending)
+bool isOldName(const QString& ending)
 {
-    static const QRegularExpression sixLetters(QStringLiteral("^\\.(?=.*[a-z])[A-Za-z]+[A-Z][A-Za-z]*$"));
-    const bool isWord = ending.compare(u".backup", Qt::CaseInsensitive) == 0;
-    return ending.size() == 7 && !isWord && sixLetters.match(ending).hasMatch();
+    static const QRegularExpression sixLetters(QStringLiteral("^\\.[A-Za-z]{6}$"));
+    return sixLetters.match(ending).hasMatch();
+}
+
+/// Whether the file is a beginning of what a release wrote. What is whole, or anything else, may be a
+/// person's own copy.
+bool isTorn(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    constexpr QByteArrayView start("<?xml");
+    if (!start.startsWith(file.read(start.size()))) return false;
+    constexpr qint64 tail = 64;
+    file.seek(std::max<qint64>(0, file.size() - tail));
+    return !file.readAll().trimmed().endsWith("</plist>");
 }
 
 bool isLeftBehind(const QString& path, const QString& ending)
@@ -65,7 +79,8 @@ bool isLeftBehind(const QString& path, const QString& ending)
     if (lstat(QFile::encodeName(path).constData(), &found) != 0) return false;
     if (!S_ISREG(found.st_mode) || found.st_uid != geteuid() || found.st_nlink != 1) return false;
     if (ending.size() == beginning.size() + digits && ending.startsWith(beginning)) return true;
-    return isOldBeginning(ending) && found.st_mtime < std::time(nullptr) - ageOfOldBeginnings;
+    const bool isOld = isOldName(ending) && found.st_mtime < std::time(nullptr) - ageOfOldBeginnings;
+    return isOld && isTorn(path);
 }
 
 void removeLeftBehind(const QFileInfo& file)
@@ -85,8 +100,9 @@ void enterFolder(const Descriptor& folder, const QFileInfo& file)
 {
     if (!folder.isOpen()) return;
     if (flock(folder.number(), LOCK_EX | LOCK_NB) == 0) removeLeftBehind(file);
-    while (flock(folder.number(), LOCK_SH) != 0 && errno == EINTR) {
-    }
+    // Whoever has it alone is about to let go; a stranger who is not must not hold a saver up.
+    for (int tries = 0; tries < mostTries && flock(folder.number(), LOCK_SH | LOCK_NB) != 0; ++tries)
+        QThread::msleep(1);
 }
 
 bool writeAll(int file, const QByteArray& bytes)
@@ -135,7 +151,10 @@ bool replaceFile(const QString& path, const QByteArray& bytes)
     if (!file.isOpen()) return false;
     const bool isWritten = takeModeOf(target, file.number()) && writeAll(file.number(), bytes) &&
                            fsync(file.number()) == 0 && file.close();
-    if (isWritten && std::rename(begun.constData(), target.constData()) == 0) return true;
+    if (isWritten && std::rename(begun.constData(), target.constData()) == 0) {
+        if (folder.isOpen()) fsync(folder.number());
+        return true;
+    }
     unlink(begun.constData());
     return false;
 }

@@ -53,6 +53,15 @@ QString nameOfCopy(const QString& path, int number)
     return file.path() + u'/' + file.completeBaseName() + mark + u'.' + file.suffix();
 }
 
+/// False, with the reason in errno, where there is a file of the new name. Some file systems cannot promise
+/// that, but a second name for a file is never given over another.
+bool moveToNewName(const QByteArray& from, const QByteArray& to)
+{
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0) return true;
+    const bool cannot = errno == EINVAL || errno == ENOSYS;
+    return cannot && link(from.constData(), to.constData()) == 0 && unlink(from.constData()) == 0;
+}
+
 } // namespace
 
 std::optional<QByteArray> readPropertyListFile(const QString& path)
@@ -85,9 +94,7 @@ std::optional<QString> setAsidePropertyListFile(const QString& path)
     const QString target = pastLinks(path);
     for (int number = 0; !target.isEmpty() && number < mostCopies; ++number) {
         const QString copy = nameOfCopy(target, number);
-        const int moved = renameat2(AT_FDCWD, QFile::encodeName(target).constData(), AT_FDCWD,
-                                    QFile::encodeName(copy).constData(), RENAME_NOREPLACE);
-        if (moved == 0) return copy;
+        if (moveToNewName(QFile::encodeName(target), QFile::encodeName(copy))) return copy;
         if (errno != EEXIST) return {};
     }
     return {};

@@ -129,7 +129,7 @@ TEST_F(PropertyListFile, replace_removesWhatKilledWritersLeft)
 {
     putFile(in("a.plist"), "old");
     putFile(in("a.plist.kestro-new-000001"), "half");
-    putFile(in("a.plist.aBcDeF"), "half, of an earlier release");
+    putFile(in("a.plist.aBcDeF"), "<?xml version=\"1.0\"?><plist>half, of an earlier release");
     makeOld(in("a.plist.aBcDeF"));
     EXPECT_TRUE(replacePropertyListFile(in("a.plist"), "new"));
     EXPECT_EQ(files(), QStringList{QStringLiteral("a.plist")});
@@ -139,6 +139,7 @@ TEST_F(PropertyListFile, replace_removesNothingElse)
 {
     const QStringList others{QStringLiteral("a.plist.BackUp"),
                              QStringLiteral("a.plist.backup"),
+                             QStringLiteral("a.plist.MyCopy"),
                              QStringLiteral("a.plist.AbCdEfG"),
                              QStringLiteral("a.plist.ABCDEF"),
                              QStringLiteral("a.plist.aB1DeF"),
@@ -154,8 +155,10 @@ TEST_F(PropertyListFile, replace_removesNothingElse)
     putFile(in("a.plist.aBcDeF"), "of an earlier release that writes now");
     putFile(in("target"), "linked");
     ASSERT_EQ(symlink("target", QFile::encodeName(in("a.plist.kestro-new-000002")).constData()), 0);
+    putFile(in("a.plist.OneOld"), "<?xml version=\"1.0\"?><plist></plist>\n");
+    makeOld(in("a.plist.OneOld"));
     EXPECT_TRUE(replacePropertyListFile(in("a.plist"), "new"));
-    EXPECT_EQ(files().size(), others.size() + 4);
+    EXPECT_EQ(files().size(), others.size() + 5);
 }
 
 TEST_F(PropertyListFile, replace_leavesWhatIsBegun_whileAnotherWriterIsThere)
