@@ -72,7 +72,7 @@ private:
     {
         const bool isOneText = record.url == url;
         if (isOneText) record.url = url; // one text in memory for both
-        if (!isOnWeb(url) || (!isOneText && !isOnWeb(record.url))) {
+        if (!isMovieOnWeb(url) || (!isOneText && !isMovieOnWeb(record.url))) {
             if (m_strangers++ == 0) m_firstStranger = url;
             return;
         }
@@ -80,12 +80,14 @@ private:
     }
 
     // Most trailers are on the site of the one before, and a list has very many.
-    bool isOnWeb(const QString& url)
+    bool isMovieOnWeb(const QString& url)
     {
-        const auto isPlain = [](QChar c) { return c.unicode() > ' ' && c.unicode() < 0x7f; };
-        if (!m_site.isEmpty() && url.startsWith(m_site) && std::all_of(url.begin(), url.end(), isPlain))
+        const auto isPlain = [](QChar c) { return c.unicode() > ' ' && c.unicode() < 0x7f && c != u'%'; };
+        if (!m_site.isEmpty() && url.startsWith(m_site) && std::all_of(url.begin(), url.end(), isPlain) &&
+            !url.contains(u".swf", Qt::CaseInsensitive))
             return true;
-        if (!isWebURL(QUrl(url))) return false;
+        const QUrl parsed(url);
+        if (!isWebURL(parsed) || namesWebContent(parsed)) return false;
         const qsizetype slash = url.indexOf(u'/', url.indexOf(QStringLiteral("://")) + 3);
         m_site = slash < 0 ? QString() : url.first(slash + 1);
         return true;

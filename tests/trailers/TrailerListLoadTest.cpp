@@ -88,6 +88,8 @@ TEST_F(TrailerListLoad, load_takesTheKeyAsUrl_whenARecordOfADictionaryHasNone)
 TEST_F(TrailerListLoad, load_leavesOutWithOneLine_whatIsNoMovieOnAWebSite)
 {
     const QStringList strangers{QStringLiteral("file:///home/ada/diary.mp4#.mov"),
+                                QStringLiteral("http://example.com/x.swf"),
+                                QStringLiteral("http://example.com/x%2eswf/?.mov"),
                                 QStringLiteral("/home/ada/t.mov"),
                                 QStringLiteral("t.mov"),
                                 QStringLiteral("edl://t.mov"),
@@ -107,7 +109,7 @@ TEST_F(TrailerListLoad, load_leavesOutWithOneLine_whatIsNoMovieOnAWebSite)
     writeFile(listOf(trailers));
     EXPECT_EQ(loaded().scanedURLList(), (QStringList{b, a}));
     EXPECT_EQ(m_log,
-              QStringList(QStringLiteral("10 entries of %1 are no movies on a web site and are left out; "
+              QStringList(QStringLiteral("12 entries of %1 are no movies on a web site and are left out; "
                                          "the first: file:///home/ada/diary.mp4")
                               .arg(path())));
     m_log.clear();
