@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QImageWriter>
+#include <QSaveFile>
 
 #include <cerrno>
 #include <cstring>
@@ -25,11 +26,16 @@ QString PictureFolder::pictureName(int screen, double seconds)
 Result<QString> PictureFolder::write(const QImage& picture, int screen, double seconds) const
 {
     const QString path = QDir(m_path).filePath(pictureName(screen, seconds));
-    QImageWriter writer(path, "png");
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return Error{QStringLiteral("Cannot write %1: %2").arg(path, file.errorString())};
+    QImageWriter writer(&file, "png");
     // Drawings and movies shrink to a fifth here; packing harder takes three times as long for little.
     writer.setCompression(20);
-    if (writer.write(picture)) return path;
-    return Error{QStringLiteral("Cannot write %1: %2").arg(path, writer.errorString())};
+    if (!writer.write(picture))
+        return Error{QStringLiteral("Cannot write %1: %2").arg(path, writer.errorString())};
+    if (file.commit()) return path;
+    return Error{QStringLiteral("Cannot write %1: %2").arg(path, file.errorString())};
 }
 
 } // namespace kestro

@@ -10,6 +10,7 @@
 #include "host/start/Confinement.h"
 #include "host/start/GuiStart.h"
 #include "host/start/StopSignals.h"
+#include "host/start/StopThread.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
 #include "platform/base/Translations.h"
@@ -52,7 +53,11 @@ int runOffScreen(const RenderOptions& options, const PictureFolder& pictures, Tr
     SaverSession session(
         desktop, [&](const Rect& frame) { return principal->initWithFrameIsPreview(frame, false, desktop); });
     RenderRun run(desktop, session, pictures, trace, options);
-    const StopSignals signalWatch([&](int) { run.endEarly(); });
+    std::optional<TimeToSave> time; // pictures that were drawn are written
+    const StopSignals signalWatch([&](int) {
+        time.emplace();
+        run.endEarly();
+    });
     return run.exec();
 }
 

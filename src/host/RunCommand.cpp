@@ -63,6 +63,7 @@ void stop(SaverSession& session)
 /// button is up again, so that no other program gets any of it.
 void wake(SaverSession& session, QtDesktop& desktop)
 {
+    beginEnd();
     desktop.hideSurfaces();
     stop(session);
     beginEnd(std::chrono::seconds(QtDesktop::longestPress));

@@ -52,7 +52,7 @@ private:
         const std::string number = std::to_string(answer);
         // A server that looks for a free one itself can take away the socket of one that runs beside it.
         const std::string display = ':' + std::to_string(1000 + getpid() % 49000);
-        std::freopen("/dev/null", "w", stderr);
+        if (!std::freopen("/dev/null", "w", stderr)) _exit(1);
         execlp("Xvfb", "Xvfb", display.c_str(), "-displayfd", number.c_str(), "-screen", "0", "1024x768x24",
                "-noreset", "-nolisten", "tcp", nullptr);
         _exit(1);

@@ -184,8 +184,8 @@ void PreferencesWindow::end()
     m_parts.state.sync();
     hide();
     disconnect(&m_trial, nullptr, this, nullptr);
+    if (m_preview) m_preview->end(); // it has something to store, and a saver that is tried may take its time
     m_trial.stop();
-    if (m_preview) m_preview->end();
 }
 
 } // namespace kestro

@@ -41,8 +41,8 @@ void keepNoFreedMemory()
 
 void prepareProcess()
 {
+    confineProcess(); // before there is another thread, which would keep its rights
     takeStopSignals();
-    confineProcess();
     useUtf8();
     keepNoFreedMemory();
     // A reader that goes away (a log that nobody reads any more, `kestro playlist | head`) is no reason to

@@ -22,7 +22,8 @@ using Moment = std::int64_t; // milliseconds of the steady clock
 constexpr Moment never = std::numeric_limits<Moment>::max();
 constexpr std::size_t stackSize = 256 * 1024;
 constexpr int statusOfSignal = 128;
-/// Programs that end others (timeout, for one) signal the process and then its group: that is one wish.
+/// Who ends others may signal the process and then its group (timeout), or send a HUP after the TERM (the end
+/// of a session): that is one wish.
 constexpr milliseconds echo{50};
 
 // What the thread and the others share. The descriptors are those of the process for good.
@@ -91,7 +92,8 @@ private:
             m_heardAt = now();
             return add(told, static_cast<std::uint64_t>(signal));
         }
-        const bool isEcho = signal == m_signal && now() < m_heardAt + echo.count();
+        const bool isSameWish = signal == m_signal || (m_signal == SIGTERM && signal == SIGHUP);
+        const bool isEcho = isSameWish && now() < m_heardAt + echo.count();
         if (!isEcho) endBySignal(signal);
     }
 

@@ -215,11 +215,10 @@ private:
 };
 
 /// With the start and the end, which tell most.
-QString shortened(const QString& text)
+QString shortened(const QString& text, qsizetype most)
 {
-    constexpr qsizetype most = Bounds::shownURLCharacters;
     if (text.size() <= most) return text;
-    constexpr qsizetype atEnd = most / 2;
+    const qsizetype atEnd = most / 2;
     return text.first(most - atEnd - leftOut.size()) + leftOut + text.last(atEnd);
 }
 
@@ -230,7 +229,9 @@ QString shownURL(const QUrl& url)
     if (!url.isValid()) return QStringLiteral("(no valid URL)");
     const auto parts = QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment;
     const QString text = url.adjusted(parts).toString(QUrl::FullyEncoded);
-    return shortened(withoutSecrets(url.hasQuery() ? text + u'?' + leftOut : text));
+    const QString whole = url.hasQuery() ? text + u'?' + leftOut : text;
+    // A site may name addresses of any length, with addresses in them.
+    return shortened(withoutSecrets(shortened(whole, Bounds::logLineCharacters)), Bounds::shownURLCharacters);
 }
 
 QString withoutSecrets(const QString& line)

@@ -74,7 +74,7 @@ void QtDesktop::giveBackFocus()
 /// Heard wherever it went: any monitor may tell of it, as every place can be counted from any.
 void QtDesktop::inputHeard(InputEvent::Kind kind)
 {
-    if (m_monitors.empty()) return;
+    if (m_monitors.empty() || !m_isShown) return;
     const Monitor& first = m_monitors.front();
     first.surface->tell({kind, QCursor::pos() - first.qtScreen->geometry().topLeft()});
 }

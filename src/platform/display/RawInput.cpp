@@ -12,7 +12,7 @@ namespace kestro {
 namespace {
 
 // All keyboards and pointers together, in an entry of its own: Qt listens to each device for itself.
-void listenToRawEvents(xcb_connection_t* connection)
+bool listenToRawEvents(xcb_connection_t* connection)
 {
     const struct {
         xcb_input_event_mask_t head;
@@ -22,8 +22,9 @@ void listenToRawEvents(xcb_connection_t* connection)
                   XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE |
                   XCB_INPUT_XI_EVENT_MASK_RAW_MOTION};
     const auto root = rootWindow().value_or(XCB_WINDOW_NONE);
-    xcb_discard_reply(connection,
-                      xcb_input_xi_select_events_checked(connection, root, 1, &wish.head).sequence);
+    const auto cookie = xcb_input_xi_select_events_checked(connection, root, 1, &wish.head);
+    const ReplyPtr<xcb_generic_error_t> refusal(xcb_request_check(connection, cookie), &std::free);
+    return !refusal;
 }
 
 std::optional<RawInput::Event::Kind> kindOf(std::uint16_t type)
@@ -50,8 +51,7 @@ std::unique_ptr<RawInput> RawInput::create(xcb_connection_t* connection,
                                            std::function<void(const Event&)> handler)
 {
     const auto* extension = xcb_get_extension_data(connection, &xcb_input_id);
-    if (!extension || !extension->present) return nullptr;
-    listenToRawEvents(connection);
+    if (!extension || !extension->present || !listenToRawEvents(connection)) return nullptr;
     return std::unique_ptr<RawInput>(new RawInput(extension->major_opcode, std::move(handler)));
 }
 

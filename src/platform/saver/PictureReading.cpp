@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <mutex>
 #include <utility>
 
 namespace kestro {
@@ -70,12 +71,19 @@ QImage onBlack(const QImage& image)
     return flat;
 }
 
+/// It counts for all that Qt decodes in this process.
+void limitMemory()
+{
+    static std::once_flag isDone;
+    std::call_once(isDone, [] { QImageReader::setAllocationLimit(Bounds::pictureMegabytes); });
+}
+
 Result<QImage> decode(const QString& path, QSize room, const std::stop_token& stop)
 {
     if (!QFileInfo(path).isFile()) return Error{QStringLiteral("no regular file")};
     StoppableFile file(path, stop);
     if (!file.open(QIODevice::ReadOnly)) return Error{file.errorString()};
-    QImageReader::setAllocationLimit(Bounds::pictureMegabytes);
+    limitMemory();
     QImageReader reader(&file);
     reader.setAutoTransform(true);
     const QSize size = reader.size();

@@ -174,11 +174,27 @@ TEST(StopSignals, signalThatComesTwiceAtOnce_countsOnce)
         awaitNote(told);
         signalSelf(SIGTERM);
         awaitTaken(SIGTERM);
-        signalSelf(SIGHUP);
+        signalSelf(SIGINT);
         hang();
         return EXIT_SUCCESS;
     };
-    EXPECT_EXIT(run(work), testing::KilledBySignal(SIGHUP), "");
+    EXPECT_EXIT(run(work), testing::KilledBySignal(SIGINT), "");
+}
+
+TEST(StopSignals, hangUpRightAfterTerm_isTheSameWish)
+{
+    const auto work = [] {
+        const int told = listenToStopSignals();
+        const TimeToSave time;
+        signalSelf(SIGTERM);
+        awaitNote(told);
+        signalSelf(SIGHUP);
+        awaitTaken(SIGHUP);
+        signalSelf(SIGINT);
+        hang();
+        return EXIT_SUCCESS;
+    };
+    EXPECT_EXIT(run(work), testing::KilledBySignal(SIGINT), "");
 }
 
 TEST(StopSignals, process_hasTheTimeThatASaveTakes_whenOneIsUnderWay)
