@@ -38,11 +38,18 @@ bool limit(__rlimit_resource what, rlim_t most)
     return setrlimit(what, &now) == 0;
 }
 
+// What the address sanitizer keeps of all memory counts as data: there is no telling that from the browser's.
+#ifdef __SANITIZE_ADDRESS__
+constexpr rlim_t mostData = RLIM_INFINITY;
+#else
+constexpr rlim_t mostData = Bounds::webProcessBytes;
+#endif
+
 /// Address space stays free: the browser reserves far more of it than it ever uses.
 bool limitAll()
 {
-    return limit(RLIMIT_DATA, static_cast<rlim_t>(Bounds::webProcessBytes)) && limit(RLIMIT_CORE, 0) &&
-           limit(RLIMIT_NOFILE, mostFiles) && limit(RLIMIT_FSIZE, largestFile);
+    return limit(RLIMIT_DATA, mostData) && limit(RLIMIT_CORE, 0) && limit(RLIMIT_NOFILE, mostFiles) &&
+           limit(RLIMIT_FSIZE, largestFile);
 }
 
 /// In the new user namespace this user and group are the same, and the only ones.
