@@ -1,6 +1,6 @@
-// save_probe KIND FOLDER NUMBER: saves one of the files that Kestro keeps, by the code that saves it for the
-// user, with contents that tell by NUMBER which saving they are of. KIND: settings, resume, trailers,
-// xscreensaver, site.
+// save_probe KIND FOLDER NUMBER [COUNT]: saves one of the files that Kestro keeps, by the code that saves it
+// for the user, with contents that tell by NUMBER which saving they are of, COUNT times with one number after
+// the other. KIND: settings, resume, trailers, xscreensaver, site.
 
 #include "host/xscreensaver/XscreensaverList.h"
 #include "publish/SiteFolder.h"
@@ -74,13 +74,19 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList words = QCoreApplication::arguments();
-    if (words.size() != 4) return 2;
+    if (words.size() < 4) return 2;
+    const int first = words[3].toInt();
+    const int count = words.size() > 4 ? words[4].toInt() : 1;
     const std::pair<const char*, bool (*)(const QString&, int)> kinds[] = {{"settings", saveSettings},
                                                                            {"resume", saveResumePoint},
                                                                            {"trailers", saveTrailers},
                                                                            {"xscreensaver", saveXscreensaver},
                                                                            {"site", saveSite}};
     for (const auto& [name, save] : kinds)
-        if (words[1] == QLatin1String(name)) return save(words[2], words[3].toInt()) ? 0 : 1;
+        if (words[1] == QLatin1String(name)) {
+            for (int number = first; number < first + count; ++number)
+                if (!save(words[2], number)) return 1;
+            return 0;
+        }
     return 2;
 }
