@@ -65,7 +65,6 @@ QVariantMap& SettingsStore::plist()
 
 bool SettingsStore::writePlist()
 {
-    plist();
     return write(m_plist, plistPath());
 }
 
@@ -113,7 +112,6 @@ bool SettingsStore::removeDefaultsForKey(const QString& key)
 bool SettingsStore::writeDefaults()
 {
     if (leavesNothing()) return false;
-    defaultsPlist();
     return write(m_defaults, defaultsPlistPath());
 }
 

@@ -26,7 +26,7 @@ QJsonObject reportOf(const QByteArray& baseText, const QByteArray& host, const Q
     for (qsizetype i = 0; i + 1 < feeds.size(); i += 2)
         texts.insert(feeds[i].toLower(), feeds[i + 1]);
     const PageParser parser([&](const QUrl& feed) { return texts.value(feed.toEncoded().toLower()); },
-                            QStringLiteral("2008/03/14"));
+                            QStringLiteral("2008/03/14"), [] { return true; });
     const std::string_view text(page.data(), std::size_t(page.size()));
     const auto links = parser.linkListFromStringBase(text, *base);
     QJsonObject report = pageReport(links, parser.movieListFromStringBase(text, *base));
