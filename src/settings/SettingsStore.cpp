@@ -37,8 +37,6 @@ QVariantMap& SettingsStore::loadedOnce(Stored& stored, const QString& path)
     if (stored.values) return *stored.values;
     auto found = readPropertyListDictionary(path);
     stored.wasUnreadable = !found && isPropertyListFileThere(path);
-    if (stored.wasUnreadable)
-        logLine(QStringLiteral("Cannot read %1: what it holds does not count.").arg(path));
     stored.values = std::move(found).value_or(QVariantMap());
     return *stored.values;
 }

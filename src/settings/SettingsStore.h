@@ -8,8 +8,8 @@
 namespace kestro {
 
 /// The two settings files of one user, each read once, when first asked for, and kept. Shared by every view
-/// of a process. A file that is there and cannot be read counts as empty, with a line in the log; before it
-/// would be overwritten it gets another name. Main thread.
+/// of a process. A file that is there and cannot be read counts as empty; before it would be overwritten it
+/// gets another name, with a line in the log. Main thread.
 class SettingsStore final {
 public:
     /// The files lie below `homeFolder`, in /Library/Preferences.

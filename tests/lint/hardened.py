@@ -12,7 +12,7 @@ import elf
 
 LANDING_PAD = b"\xf3\x0f\x1e\xfa"
 # They come with the C library, which was built without.
-OF_THE_C_LIBRARY = {"_start", "_init", "_fini"}
+OF_THE_C_LIBRARY = {"_start", "_init", "_fini", "__pthread_atfork"}
 OPTIONS = ("-fstack-protector-strong", "-fstack-clash-protection")
 ALWAYS_FORTIFIED = {"printf", "fprintf", "vprintf", "vfprintf", "dprintf"}
 

@@ -102,6 +102,7 @@ class Home:
         kept.update(KESTRO_HOME=str(self.path), HOME=str(self.path), KESTRO_ROOT=str(self.root),
                     XDG_RUNTIME_DIR=str(self.runtime))
         kept.setdefault("KESTRO_RENDERER", "software")
+        kept.setdefault("KESTRO_PATIENCE", "5000")  # tests run side by side, on machines of any speed
         kept.update(more)
         return kept
 

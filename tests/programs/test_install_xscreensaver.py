@@ -47,7 +47,7 @@ class Installing(InstallTest):
         self.assertEqual(self.backup.read_bytes(), LIST)
         self.install("--remove")
         self.assertEqual(self.file.read_bytes(), LIST)
-        self.assertEqual(self.backup.read_bytes(), with_entry("kestro"))
+        self.assertEqual(self.backup.read_bytes(), LIST)
 
     def test_a_second_time_changes_nothing(self):
         self.file.write_bytes(LIST)

@@ -76,17 +76,28 @@ TEST_F(SettingsStoreFiles, dictionaries_areEmpty_whenTheFilesAreMalformed)
     EXPECT_TRUE(store.defaultsPlist().isEmpty());
 }
 
-TEST_F(SettingsStoreFiles, dictionaries_areEmptyWithALineInTheLog_whenTheFilesCannotBeRead)
+TEST_F(SettingsStoreFiles, reading_saysNothing_whenTheFilesCannotBeRead)
+{
+    putBytes(preferences("Kestro.plist"), "<plist><dict>");
+    putBytes(preferences("Kestro.def.plist"), "broken");
+    QStringList log;
+    const LogCapture capture([&log](const QString& line) { log.append(line); });
+    SettingsStore store(m_home.path());
+    EXPECT_TRUE(store.plist().isEmpty());
+    EXPECT_TRUE(store.defaultsPlist().isEmpty());
+    EXPECT_EQ(log, QStringList());
+}
+
+TEST_F(SettingsStoreFiles, writing_saysWhereTheFileBeforeIs_whenItCannotBeRead)
 {
     putBytes(preferences("Kestro.plist"), "<plist><dict>");
     QStringList log;
     const LogCapture capture([&log](const QString& line) { log.append(line); });
     SettingsStore store(m_home.path());
     EXPECT_TRUE(store.plist().isEmpty());
-    EXPECT_TRUE(store.plist().isEmpty());
-    EXPECT_TRUE(store.defaultsPlist().isEmpty());
-    EXPECT_EQ(log, QStringList{QStringLiteral("Cannot read %1: what it holds does not count.")
-                                   .arg(preferences("Kestro.plist"))});
+    EXPECT_TRUE(store.writePlist());
+    EXPECT_EQ(log, QStringList{QStringLiteral("Cannot read %1: kept as %2.")
+                                   .arg(preferences("Kestro.plist"), preferences("Kestro~.plist"))});
 }
 
 TEST_F(SettingsStoreFiles, writing_keepsTheFileBefore_whenItCannotBeRead)

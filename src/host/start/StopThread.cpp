@@ -31,6 +31,7 @@ int signals = -1;
 int wake = -1;
 int told = -1;
 bool isTaken = false;
+milliseconds patience = patienceWithSignal;
 std::atomic<bool> hasListener = false;
 std::atomic<bool> isSaving = false;
 std::atomic<Moment> savedAt = 0;
@@ -57,6 +58,14 @@ bool isIgnored(int signal)
 {
     struct sigaction current = {};
     return sigaction(signal, nullptr, &current) == 0 && current.sa_handler == SIG_IGN;
+}
+
+/// The usual one, or what the person wants on a machine that is slower than most.
+milliseconds wantedPatience()
+{
+    const char* const text = std::getenv("KESTRO_PATIENCE");
+    const long wanted = text ? std::strtol(text, nullptr, 10) : 0;
+    return wanted > 0 ? std::min<milliseconds>(milliseconds(wanted), longestSave) : patienceWithSignal;
 }
 
 /// A signal that is ignored would arrive all the same once it is blocked.
@@ -102,7 +111,7 @@ private:
         if (m_signal == 0) return never;
         const Moment latest = m_heardAt + longestSave.count();
         if (isSaving) return latest;
-        return std::max(m_heardAt, std::min<Moment>(savedAt, latest)) + patienceWithSignal.count();
+        return std::max(m_heardAt, std::min<Moment>(savedAt, latest)) + patience.count();
     }
 
     [[nodiscard]] int timeLeft() const
@@ -152,6 +161,7 @@ void takeStopSignals()
     if (isTaken) return;
     isTaken = true;
     [[maybe_unused]] static const int registered = pthread_atfork(nullptr, nullptr, beWithoutThread);
+    patience = wantedPatience();
     const sigset_t set = stopSignals();
     pthread_sigmask(SIG_BLOCK, &set, nullptr);
     signals = signalfd(-1, &set, SFD_NONBLOCK | SFD_CLOEXEC);

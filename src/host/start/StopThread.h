@@ -15,7 +15,8 @@ inline constexpr int slowness =
 inline constexpr int slowness = 1;
 #endif
 
-/// From a stop signal that somebody listens to until the process is left, whatever it is about.
+/// From a stop signal that somebody listens to until the process is left, whatever it is about;
+/// KESTRO_PATIENCE in the environment names others, up to `longestSave`.
 inline constexpr std::chrono::milliseconds patienceWithSignal{120 * slowness};
 /// The same from the moment that the process itself begins to leave, by a key or a window that goes.
 inline constexpr std::chrono::milliseconds patienceWithEnd{2000 * slowness};

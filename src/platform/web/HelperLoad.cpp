@@ -28,7 +28,7 @@ qint64 numberIn(const QByteArray& status, const char* line)
     if (at < 0) return 0;
     const qsizetype from = at + qsizetype(qstrlen(line));
     const QByteArray value = status.mid(from, status.indexOf('\n', from) - from).trimmed();
-    return value.left(value.indexOf(' ')).toLongLong();
+    return value.split(' ').first().toLongLong();
 }
 
 /// The same where it counts kibibytes.

@@ -91,6 +91,12 @@ bool ProfileFolder::isOne(const QString& path)
            isPrivateFolderOfOurs(path.first(slash));
 }
 
+pid_t ProfileFolder::makerOf(const QString& path)
+{
+    const QRegularExpression name(QRegularExpression::anchoredPattern(form));
+    return name.match(path.sliced(path.lastIndexOf(u'/') + 1)).captured(1).toInt();
+}
+
 bool ProfileFolder::remove(const QString& path)
 {
     return !isOne(path) || QDir(path).removeRecursively();

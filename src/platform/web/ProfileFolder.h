@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <memory>
+#include <sys/types.h>
 
 namespace kestro {
 
@@ -26,6 +27,8 @@ public:
     [[nodiscard]] static Descriptor claim(const QString& path, bool isAlone);
     /// Whether make() could have made it: by its name, owner and mode, and those of the folder that it is in.
     [[nodiscard]] static bool isOne(const QString& path);
+    /// The number of the process that made the folder at `path`, by its name; 0 where that tells of none.
+    [[nodiscard]] static pid_t makerOf(const QString& path);
     /// Deletes the folder at `path` with all that is in it where isOne() says that it is ours; false while
     /// any of it is left.
     static bool remove(const QString& path);

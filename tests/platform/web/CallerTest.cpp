@@ -46,6 +46,16 @@ TEST(Caller, isLineToParent_refusesALineThatSomebodyElseMade)
     EXPECT_FALSE(isLineToParent(line.far.number())); // made by this very process
 }
 
+TEST(Caller, isLineLeftBy_isTrue_onceTheOneWhoMadeItHasGone)
+{
+    Pair line = pairOf(SOCK_SEQPACKET);
+    EXPECT_FALSE(isLineLeftBy(line.far.number(), getpid()));
+    line.near.reset();
+    EXPECT_TRUE(isLineLeftBy(line.far.number(), getpid()));
+    EXPECT_FALSE(isLineLeftBy(line.far.number(), getppid()));
+    EXPECT_FALSE(isLineLeftBy(-1, -1));
+}
+
 TEST(Caller, isLineToParent_refusesOtherSocketsAndNone)
 {
     const Pair stream = pairOf(SOCK_STREAM);

@@ -1,7 +1,9 @@
 """The rules by which a page is read, as plainly as they can be written; pages and feeds are text of one byte a
 character. Slow and simple on purpose: the parser of the program is compared with it."""
 
+import ipaddress
 import re
+import urllib.parse
 
 UNKNOWN = "---"
 LEGAL = re.compile(r"(?:[A-Za-z0-9\-_.!~*'();/?:@&=+$,\[\]#]|%[0-9A-Fa-f]{2})*\Z")
@@ -165,11 +167,32 @@ def side(text):
     return text if number and int(number) != 0 else UNKNOWN
 
 
+LABEL = "[A-Za-z0-9_-]+"
+SERVER = re.compile(rf"(\[(?P<six>[0-9A-Fa-f:.]+)\]|{LABEL}(\.{LABEL})*\.?)(:(?P<port>[0-9]*))?")
+
+
+def is_address(text):
+    try:
+        ipaddress.IPv6Address(text)
+    except ValueError:
+        return False
+    return True
+
+
+def is_movie_on_web(text):
+    """A site may name its pages as it likes: what counts is the path of the whole URL, as a server sees it."""
+    url = parse(text)
+    path = urllib.parse.unquote(url.raw_path)
+    server = SERVER.fullmatch((url.authority or "").rpartition("@")[2])
+    is_named = server is not None and int(server["port"] or 0) < 65536 and is_address(server["six"] or "::")
+    return ascii_lower(url.scheme) in ("http", "https") and is_named and ascii_lower(extension(path)) == "mov"
+
+
 def record(movie, base, sides, **more):
     if ascii_lower(extension(movie)) != "mov":
         return None
     url = absolute(movie, base)
-    if url is None:
+    if url is None or not is_movie_on_web(url):
         return None
     return {"URL": url, "Size": f"{side(sides[0])} x {side(sides[1])}", "Date": "2008/03/14", **more}
 

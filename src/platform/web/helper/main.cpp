@@ -76,11 +76,16 @@ int show(char* name, kestro::Descriptor channel, const QString& ruffle)
 int main(int argc, char** argv)
 {
     constexpr int line = kestro::HelperProcess::channelNumber;
-    if (argc != 3 || !kestro::isLineToParent(line)) return refuse("is started by kestro, never by hand");
+    const QString home = argc == 3 ? QFile::decodeName(argv[1]) : QString();
+    if (home.isEmpty() || !kestro::isLineToParent(line)) {
+        // The saver may be gone by now, and cannot take its folder away.
+        if (kestro::isLineLeftBy(line, kestro::ProfileFolder::makerOf(home)))
+            kestro::ProfileFolder::remove(home);
+        return refuse("is started by kestro, never by hand");
+    }
     kestro::Descriptor channel(line);
     fcntl(line, F_SETFD, FD_CLOEXEC);
     umask(S_IRWXG | S_IRWXO);
-    const QString home = QFile::decodeName(argv[1]);
     const kestro::Descriptor claim = kestro::ProfileFolder::claim(home, false);
     if (!claim.isOpen() || !kestro::ProfileFolder::isOne(home))
         return refuse("that folder is none of its own");
