@@ -53,7 +53,7 @@ TEST_F(HostileHelperTest, rubbleWithoutEnd_endsIt)
 {
     settings.mostRestarts = 0;
     HelperEngine engine(settings);
-    const auto view = show(engine, "rubble without end:");
+    const auto view = show(engine, "endless:");
     EXPECT_TRUE(turnUntil([&] { return logged("the helper ended; all stays black") == 1; }));
     EXPECT_TRUE(becomes(black));
 }

@@ -143,7 +143,7 @@ bool beHostile(const QString& address, int line, quint32 view)
         {QStringLiteral("flood:"), [&] { flood(line, view); }},
         {QStringLiteral("lie:"), [&] { lie(line, view); }},
         {QStringLiteral("rubble:"), [&] { sendRubble(line, view); }},
-        {QStringLiteral("rubble without end:"), [&] { sendRubbleWithoutEnd(line); }},
+        {QStringLiteral("endless:"), [&] { sendRubbleWithoutEnd(line); }},
         {QStringLiteral("descriptors:"), [&] { sendDescriptors(line, view); }},
         {QStringLiteral("eat:"), eat},
         {QStringLiteral("hoard:"), hoard},
