@@ -85,7 +85,7 @@ class Running(ProgramTest):
     def test_a_display_that_stands_still_holds_nothing_up(self):
         server = XServer("320x240")
         self.addCleanup(server.close)
-        process = self.start_saver(DISPLAY=server.display, QT_QPA_PLATFORM="xcb")
+        process = self.start_saver(DISPLAY=server.display, QT_QPA_PLATFORM="xcb", KESTRO_PATIENCE="120")
         wait_until(lambda: server.picture().is_near(160, 120, (255, 0, 0)), "the movie")
         self.addCleanup(server.signal, signal.SIGCONT)
         server.signal(signal.SIGSTOP)

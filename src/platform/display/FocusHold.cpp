@@ -109,7 +109,10 @@ void FocusHold::giveBack()
     m_isContent = true;
     noteOwner();
     const auto owner = currentOwner();
-    if (owner && owner->window == m_window) focusOn(m_owner);
+    if (!owner || owner->window != m_window) return;
+    focusOn(m_owner);
+    // A server that finds the connection closed may drop what it has not got to yet.
+    static_cast<void>(currentOwner());
 }
 
 bool FocusHold::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
