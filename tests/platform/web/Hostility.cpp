@@ -58,7 +58,7 @@ void lie(int line, quint32 view)
         sendBytes(line, bytesOf(frame));
         frame.slot = 0;
         frame.size = {number, number};
-        frame.damage.setRect(number, number, 1, 1);
+        frame.damage.setCoords(number, number, number, number);
         frame.length = std::numeric_limits<qint64>::max();
         sendBytes(line, bytesOf(frame));
     }
