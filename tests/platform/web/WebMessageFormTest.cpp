@@ -69,9 +69,7 @@ TEST(WebMessageForm, messageOf_refusesNumbersOutOfBounds)
         [](WebMessage& m) {
             m.damage = {0, 0, 1, Bounds::webPictureSide + 1};
         },
-        [](WebMessage& m) {
-            m.damage = {most, 0, 1, 1};
-        },
+        [](WebMessage& m) { m.damage.setCoords(most, 0, most, 0); },
         [](WebMessage& m) { m.length = -1; },
         [](WebMessage& m) { m.length = Bounds::webRequestBytes + 1; }};
     for (const auto& spoil : spoilt) {
