@@ -77,7 +77,7 @@ int main(int argc, char** argv)
 {
     constexpr int line = kestro::HelperProcess::channelNumber;
     const QString home = argc == 3 ? QFile::decodeName(argv[1]) : QString();
-    if (home.isEmpty() || !kestro::isLineToParent(line)) {
+    if (argc != 3 || !kestro::isLineToParent(line)) {
         // The saver may be gone by now, and cannot take its folder away.
         if (kestro::isLineLeftBy(line, kestro::ProfileFolder::makerOf(home)))
             kestro::ProfileFolder::remove(home);
