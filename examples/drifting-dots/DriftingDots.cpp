@@ -3,8 +3,8 @@
 
 #include <QObject>
 
-#include <platform/display/Desktop.h>
-#include <platform/display/Painter.h>
+#include <platform/display/desktop/Desktop.h>
+#include <platform/display/view/Painter.h>
 #include <platform/saver/SaverPlugin.h>
 #include <platform/saver/ScreenSaverFunctions.h>
 #include <platform/saver/ScreenSaverView.h>

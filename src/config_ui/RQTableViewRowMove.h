@@ -2,7 +2,7 @@
 
 #include "config_ui/RowMoveDelegate.h"
 #include "config_ui/RowMoveEvent.h"
-#include "platform/display/QtTimerSource.h"
+#include "platform/display/desktop/QtTimerSource.h"
 
 #include <QPixmap>
 #include <QTableView>

@@ -1,7 +1,7 @@
 #include "engine/AfterImageTrail.h"
 
 #include "platform/base/PostTo.h"
-#include "platform/display/Painter.h"
+#include "platform/display/view/Painter.h"
 
 #include <utility>
 

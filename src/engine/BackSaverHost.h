@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/SlideRedirection.h"
-#include "platform/display/Geometry.h"
+#include "platform/display/view/Geometry.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/Random.h"
-#include "platform/display/Geometry.h"
+#include "platform/display/view/Geometry.h"
 
 namespace kestro {
 

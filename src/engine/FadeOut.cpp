@@ -1,6 +1,6 @@
 #include "engine/FadeOut.h"
 
-#include "platform/display/Timer.h"
+#include "platform/display/desktop/Timer.h"
 
 #include <utility>
 

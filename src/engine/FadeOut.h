@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/display/Picture.h"
-#include "platform/display/Window.h"
+#include "platform/display/view/Picture.h"
+#include "platform/display/view/Window.h"
 #include "presentation/AfterImageView.h"
 
 #include <memory>

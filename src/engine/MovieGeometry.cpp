@@ -1,8 +1,8 @@
 #include "engine/MovieGeometry.h"
 
 #include "platform/base/Log.h"
-#include "platform/display/Screen.h"
-#include "platform/display/Window.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/view/Window.h"
 #include "platform/saver/ScreenSaverFunctions.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "presentation/MovieFrame.h"

@@ -2,8 +2,8 @@
 
 #include "engine/MySaver.h"
 #include "platform/base/Clock.h"
-#include "platform/display/Desktop.h"
-#include "platform/display/Window.h"
+#include "platform/display/desktop/Desktop.h"
+#include "platform/display/view/Window.h"
 #include "platform/movie/Playhead.h"
 #include "platform/movie/QTMovie.h"
 #include "platform/movie/StillMovie.h"

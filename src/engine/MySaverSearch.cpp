@@ -2,8 +2,8 @@
 
 #include "engine/MySaver.h"
 #include "platform/base/Clock.h"
-#include "platform/display/Desktop.h"
-#include "platform/display/Layer.h"
+#include "platform/display/desktop/Desktop.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/QTMovie.h"
 #include "presentation/MovieFrame.h"
 

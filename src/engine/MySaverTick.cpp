@@ -2,7 +2,7 @@
 
 #include "engine/MySaver.h"
 #include "platform/base/Clock.h"
-#include "platform/display/Desktop.h"
+#include "platform/display/desktop/Desktop.h"
 #include "platform/movie/QTMovie.h"
 #include "platform/movie/StillMovie.h"
 #include "presentation/MovieFrame.h"

@@ -1,10 +1,10 @@
 #include "engine/PiggyBack.h"
 
-#include "platform/display/Desktop.h"
-#include "platform/display/Notifications.h"
-#include "platform/display/Timer.h"
-#include "platform/display/ViewGeometry.h"
-#include "platform/display/Window.h"
+#include "platform/display/desktop/Desktop.h"
+#include "platform/display/desktop/Notifications.h"
+#include "platform/display/desktop/Timer.h"
+#include "platform/display/view/ViewGeometry.h"
+#include "platform/display/view/Window.h"
 #include "platform/saver/ScreenSaverView.h"
 
 #include <utility>

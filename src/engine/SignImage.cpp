@@ -2,7 +2,7 @@
 
 #include "engine/SignWords.h"
 #include "platform/base/Log.h"
-#include "platform/display/Painter.h"
+#include "platform/display/view/Painter.h"
 
 #include <QCoreApplication>
 #include <QPainter>

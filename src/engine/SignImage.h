@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/Picture.h"
+#include "platform/display/view/Picture.h"
 
 #include <optional>
 

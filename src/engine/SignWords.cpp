@@ -1,6 +1,6 @@
 #include "engine/SignWords.h"
 
-#include "platform/display/Picture.h"
+#include "platform/display/view/Picture.h"
 
 #include <QCoreApplication>
 #include <QFont>

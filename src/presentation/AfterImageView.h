@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/display/Picture.h"
-#include "platform/display/View.h"
+#include "platform/display/view/Picture.h"
+#include "platform/display/view/View.h"
 
 namespace kestro {
 

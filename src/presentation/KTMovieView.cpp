@@ -1,8 +1,8 @@
 #include "presentation/KTMovieView.h"
 
-#include "platform/display/Desktop.h"
-#include "platform/display/Painter.h"
-#include "platform/display/Screen.h"
+#include "platform/display/desktop/Desktop.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/view/Painter.h"
 #include "platform/movie/QTMovie.h"
 #include "platform/web/WebView.h"
 #include "presentation/KTQTMovieView.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/View.h"
+#include "platform/display/view/View.h"
 #include "presentation/MovieFrame.h"
 
 #include <memory>

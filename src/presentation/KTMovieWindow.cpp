@@ -1,6 +1,6 @@
 #include "presentation/KTMovieWindow.h"
 
-#include "platform/display/Screen.h"
+#include "platform/display/desktop/Screen.h"
 
 namespace kestro {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/Window.h"
+#include "platform/display/view/Window.h"
 #include "presentation/KTMovieView.h"
 
 namespace kestro {

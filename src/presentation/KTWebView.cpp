@@ -1,6 +1,6 @@
 #include "presentation/KTWebView.h"
 
-#include "platform/display/Painter.h"
+#include "platform/display/view/Painter.h"
 
 namespace kestro {
 

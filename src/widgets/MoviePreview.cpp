@@ -1,8 +1,8 @@
 #include "widgets/MoviePreview.h"
 
-#include "platform/display/Screen.h"
-#include "platform/display/Timer.h"
-#include "platform/display/Window.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/desktop/Timer.h"
+#include "platform/display/view/Window.h"
 #include "platform/movie/NSMovie.h"
 #include "platform/movie/QTMovie.h"
 #include "widgets/ControllerBar.h"

@@ -1,6 +1,6 @@
 #include "widgets/SurfaceWidget.h"
 
-#include "platform/display/Screen.h"
+#include "platform/display/desktop/Screen.h"
 #include "widgets/WidgetSurface.h"
 
 #include <QEvent>

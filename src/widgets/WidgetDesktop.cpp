@@ -2,8 +2,8 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/QtTimerSource.h"
-#include "platform/display/Screen.h"
+#include "platform/display/desktop/QtTimerSource.h"
+#include "platform/display/desktop/Screen.h"
 #include "widgets/WidgetSurface.h"
 
 #include <QScreen>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/display/Desktop.h"
-#include "platform/display/Notifications.h"
-#include "platform/display/ScreensCursor.h"
+#include "platform/display/desktop/Desktop.h"
+#include "platform/display/desktop/Notifications.h"
+#include "platform/display/desktop/ScreensCursor.h"
 
 class QWidget;
 

@@ -1,6 +1,6 @@
 #include "widgets/WidgetSurface.h"
 
-#include "platform/display/AlignedImage.h"
+#include "platform/display/view/AlignedImage.h"
 
 #include <QPainter>
 #include <QWidget>

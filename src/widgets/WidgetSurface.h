@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/Surface.h"
+#include "platform/display/surface/Surface.h"
 
 class QPainter;
 class QWidget;

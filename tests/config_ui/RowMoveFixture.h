@@ -2,7 +2,7 @@
 
 #include "config_ui/RQTableViewRowMove.h"
 #include "platform/base/Clock.h"
-#include "platform/display/ManualTimerSource.h"
+#include "platform/display/desktop/ManualTimerSource.h"
 
 #include <QApplication>
 #include <QDrag>

@@ -3,7 +3,7 @@
 #include "config_ui/ThemeFolder.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/ManualTimerSource.h"
+#include "platform/display/desktop/ManualTimerSource.h"
 #include "platform/movie/MemoryMovie.h"
 #include "widgets/MoviePreview.h"
 

@@ -1,7 +1,7 @@
 #include "engine/AfterImageTrail.h"
 
 #include "engine/EngineTest.h"
-#include "platform/display/Painter.h"
+#include "platform/display/view/Painter.h"
 
 #include <QCoreApplication>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "engine/BackgroundTest.h"
 
-#include "platform/display/Notifications.h"
+#include "platform/display/desktop/Notifications.h"
 
 #include <QCoreApplication>
 

@@ -1,6 +1,6 @@
 #include "engine/EngineTest.h"
 
-#include "platform/display/ImageSurface.h"
+#include "platform/display/surface/image/ImageSurface.h"
 #include "platform/movie/QTMovie.h"
 #include "presentation/MovieFrame.h"
 

@@ -1,7 +1,7 @@
 #include "engine/FadeOut.h"
 
 #include "engine/EngineTest.h"
-#include "platform/display/ImageDesktop.h"
+#include "platform/display/desktop/ImageDesktop.h"
 
 namespace kestro {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/Painter.h"
+#include "platform/display/view/Painter.h"
 #include "platform/saver/ScreenSaverView.h"
 
 namespace kestro {

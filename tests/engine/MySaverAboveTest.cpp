@@ -1,8 +1,8 @@
 // Another saver behind the movies: what is seen of both.
 
 #include "engine/BackgroundTest.h"
-#include "platform/display/Cursor.h"
-#include "platform/display/WindowShadow.h"
+#include "platform/display/desktop/Cursor.h"
+#include "platform/display/view/WindowShadow.h"
 #include "platform/movie/QTMovie.h"
 #include "presentation/MovieFrame.h"
 

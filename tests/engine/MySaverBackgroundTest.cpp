@@ -1,8 +1,8 @@
 // Another saver behind the movies: who is shown to the host, what runs above it, and how that ends.
 
 #include "engine/BackgroundTest.h"
-#include "platform/display/Cursor.h"
-#include "platform/display/Notifications.h"
+#include "platform/display/desktop/Cursor.h"
+#include "platform/display/desktop/Notifications.h"
 #include "platform/movie/QTMovie.h"
 #include "presentation/MovieFrame.h"
 

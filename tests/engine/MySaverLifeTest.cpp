@@ -3,7 +3,7 @@
 #include "engine/EngineTest.h"
 #include "engine/OtherMonitorsDesktop.h"
 #include "platform/base/StoredValue.h"
-#include "platform/display/Cursor.h"
+#include "platform/display/desktop/Cursor.h"
 #include "platform/movie/QTMovie.h"
 #include "presentation/KTMovieView.h"
 #include "presentation/KTMovieWindow.h"

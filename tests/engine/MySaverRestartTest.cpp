@@ -1,7 +1,7 @@
 // Restart, resizing, searching and the end of a saver.
 
 #include "engine/EngineTest.h"
-#include "platform/display/Cursor.h"
+#include "platform/display/desktop/Cursor.h"
 #include "platform/movie/QTMovie.h"
 #include "presentation/MovieFrame.h"
 

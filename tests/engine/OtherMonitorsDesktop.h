@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/Desktop.h"
+#include "platform/display/desktop/Desktop.h"
 
 namespace kestro {
 

@@ -1,7 +1,7 @@
 #include "engine/SignImage.h"
 
 #include "engine/EngineTest.h"
-#include "platform/display/Painter.h"
+#include "platform/display/view/Painter.h"
 
 #include <QFileInfo>
 #include <QPainter>

@@ -1,5 +1,5 @@
 #include "Target.h"
-#include "host/Arguments.h"
+#include "host/start/Arguments.h"
 
 using namespace kestro;
 

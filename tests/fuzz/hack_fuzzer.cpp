@@ -1,5 +1,5 @@
 #include "Target.h"
-#include "host/HackCatalog.h"
+#include "host/hacks/HackCatalog.h"
 
 using namespace kestro;
 

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "engine/TraceSource.h"
-#include "host/HostedSaver.h"
-#include "host/SaverSession.h"
+#include "host/session/HostedSaver.h"
+#include "host/session/SaverSession.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/ImageDesktop.h"
-#include "platform/display/ImageSurface.h"
-#include "platform/display/ManualTimerSource.h"
-#include "platform/display/Screen.h"
+#include "platform/display/desktop/ImageDesktop.h"
+#include "platform/display/desktop/ManualTimerSource.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/surface/image/ImageSurface.h"
 #include "platform/saver/ScreenSaverView.h"
 
 #include <QString>

@@ -34,6 +34,24 @@ ALLOWED = PLATFORM | {
     | {"engine", "trailers", "trailers/panel", "widgets", "config_ui", "host", "host/preferences"},
 }
 
+# The rooms of a folder: what the headers of each may include besides its own. Sources of one folder know each other.
+VIEW = "platform/display/view"
+SURFACE = "platform/display/surface"
+ROOMS = {
+    VIEW: set(),
+    "platform/display/scene": {VIEW},
+    SURFACE: {VIEW},
+    SURFACE + "/image": {SURFACE},
+    SURFACE + "/x11": {VIEW, SURFACE},
+    "platform/display/gl": {VIEW, "platform/display/scene"},
+    "platform/display/desktop": {VIEW, SURFACE},
+    "platform/display/desktop/x11": {SURFACE, SURFACE + "/x11"},
+    "host/session": {"host/start"},
+    "host/hacks": set(),
+    "host/render": {"host/start", "host/session"},
+    "host/commands": {"host/start", "host/session", "host/render", "host/hacks", "host/xscreensaver"},
+}
+
 # What a process that runs the saver must not load, and the folders of the program that shows its settings.
 QT_WIDGETS = (
     r"QtWidgets/|Q(Abstract(Button|Item(Delegate|View)|ScrollArea|Slider|SpinBox)|Application|\w*Layout|\w*Widget|"
@@ -78,6 +96,15 @@ def check_own(own, path, included):
     return None
 
 
+def check_room(path, included):
+    own, room = (max((room for room in ROOMS if f.startswith(room + "/")), key=len, default=None) for f in (path, included))
+    if not path.endswith(".h") or None in (own, room) or folder_of(own + "/") != folder_of(room + "/"):
+        return None
+    if room == own or room in ROOMS[own]:
+        return None
+    return f'a header of {own} may not include "{included}"'
+
+
 def check_foreign(own, header):
     for pattern, owners in FOREIGN:
         if re.match(pattern, header):
@@ -95,34 +122,42 @@ def check(path, text):
     findings = []
     for match in INCLUDE.finditer(code):
         quoted, angled = match.groups()
-        fault = check_own(own, path, quoted) if quoted else check_foreign(own, angled)
+        if quoted:
+            fault = check_own(own, path, quoted) or check_room(path.removeprefix("src/"), quoted)
+        else:
+            fault = check_foreign(own, angled)
         if fault:
             findings.append((lint.line_of(code, match.start()), fault))
     return findings
 
 
 SAMPLES = [
+    ("src/platform/display/view/View.h", '#include "platform/display/scene/Scene.h"', 1),
+    ("src/platform/display/view/View.cpp", '#include "platform/display/scene/Scene.h"', 0),
+    ("src/platform/display/scene/Scene.h", '#include "platform/display/view/View.h"', 0),
+    ("src/platform/display/surface/Surface.h", '#include "platform/display/surface/x11/X11Canvas.h"', 1),
+    ("src/host/session/HostedSaver.h", '#include "host/commands/Program.h"', 1),
     ("src/engine/MySaver.cpp", '#include "engine/MySaver.h"\n#include "settings/Settings.h"\n#include <QUrl>', 0),
-    ("src/engine/MySaver.cpp", '#include "host/Program.h"', 1),
+    ("src/engine/MySaver.cpp", '#include "host/commands/Program.h"', 1),
     ("src/settings/Settings.h", '#include "engine/MySaver.h"', 1),
     ("src/trailers/TrailerList.h", '#include "engine/TraceSource.h"', 1),
     ("src/engine/MySaver.cpp", '#include "trailers/TrailerCont.h"', 1),
     ("src/module/KestroPlugin.cpp", '#include "trailers/SharedTrailers.h"\n#include "engine/MySaver.h"', 0),
-    ("src/module/KestroPlugin.cpp", '#include "host/Program.h"', 1),
+    ("src/module/KestroPlugin.cpp", '#include "host/commands/Program.h"', 1),
     ("src/publish/MovieReader.cpp", '#include "platform/movie/StillDecoder.h"', 0),
     ("src/publish/SitePages.cpp", '#include "trailers/PageParser.h"', 1),
     ("src/config_ui/ConfigSheet.cpp", '#  include "engine/MySaver.h"', 1),
     ("src/platform/base/Log.cpp", '#include "platform/plist/PropertyList.h"', 1),
     ("src/platform/movie/MpvMovie.cpp", "#include <mpv/client.h>\n#include <libavcodec/avcodec.h>", 0),
     ("src/engine/MySaver.cpp", "#include <mpv/client.h>", 1),
-    ("src/host/main.cpp", "#include <xcb/xcb.h>", 1),
-    ("src/host/main.cpp", "#include <QSvgRenderer>", 1),
-    ("src/host/main.cpp", "#include <seccomp.h>", 1),
+    ("src/host/commands/main.cpp", "#include <xcb/xcb.h>", 1),
+    ("src/host/commands/main.cpp", "#include <QSvgRenderer>", 1),
+    ("src/host/commands/main.cpp", "#include <seccomp.h>", 1),
     ("src/platform/web/helper/CallFilter.cpp", "#include <seccomp.h>", 0),
     ("src/settings/SettingsStore.cpp", "#include <mpv/client.h>", 1),
     ("src/settings/SettingsStore.cpp", "#include <boost/any.hpp>", 1),
     ("src/platform/saver/SaverBundle.cpp", "#include <sys/stat.h>\n#include <QtPlugin>\n#include <QtGlobal>", 0),
-    ("src/engine/MySaver.cpp", '// #include "host/Program.h"', 0),
+    ("src/engine/MySaver.cpp", '// #include "host/commands/Program.h"', 0),
     ("src/engine/MySaver.cpp", '#include "../host/Program.h"', 1),
     ("src/engine/MySaver.cpp", '#include "MySaver.h"', 0),
     ("src/attic/Old.h", "", 1),
@@ -131,7 +166,7 @@ SAMPLES = [
     ("src/trailers/TrailerCont.cpp", "#include <QTableView>", 1),
     ("src/widgets/MoviePreview.cpp", "#include <QScreen>", 0),
     ("src/engine/MySaver.cpp", "#include <QScreen>", 1),
-    ("src/host/main.cpp", "#include <QApplication>\n#include <QGuiApplication>\n#include <QStyleHints>", 1),
+    ("src/host/commands/main.cpp", "#include <QApplication>\n#include <QGuiApplication>\n#include <QStyleHints>", 1),
     ("src/engine/MySaver.cpp", "#include <QVBoxLayout>\n#include <QDialogButtonBox>\n#include <QLabel>", 3),
 ]
 

@@ -6,11 +6,11 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/ImageDesktop.h"
-#include "platform/display/QtTimerSource.h"
-#include "platform/display/Screen.h"
-#include "platform/display/Surface.h"
-#include "platform/display/Window.h"
+#include "platform/display/desktop/ImageDesktop.h"
+#include "platform/display/desktop/QtTimerSource.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/surface/Surface.h"
+#include "platform/display/view/Window.h"
 #include "platform/web/HelperEngine.h"
 
 #include <QGuiApplication>

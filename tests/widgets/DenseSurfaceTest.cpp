@@ -1,4 +1,4 @@
-#include "platform/display/Surface.h"
+#include "platform/display/surface/Surface.h"
 #include "widgets/WidgetsTest.h"
 
 namespace kestro {

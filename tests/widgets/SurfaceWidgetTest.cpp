@@ -1,7 +1,7 @@
 #include "widgets/SurfaceWidget.h"
 
-#include "platform/display/Cursor.h"
-#include "platform/display/Surface.h"
+#include "platform/display/desktop/Cursor.h"
+#include "platform/display/surface/Surface.h"
 #include "widgets/WidgetsTest.h"
 
 namespace kestro {

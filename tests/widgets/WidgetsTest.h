@@ -2,12 +2,12 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/Layer.h"
-#include "platform/display/ManualTimerSource.h"
-#include "platform/display/Painter.h"
-#include "platform/display/Screen.h"
-#include "platform/display/View.h"
-#include "platform/display/Window.h"
+#include "platform/display/desktop/ManualTimerSource.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/view/Layer.h"
+#include "platform/display/view/Painter.h"
+#include "platform/display/view/View.h"
+#include "platform/display/view/Window.h"
 #include "widgets/SurfaceWidget.h"
 
 #include <QCoreApplication>

@@ -2,8 +2,8 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/PostTo.h"
-#include "platform/display/Layer.h"
-#include "platform/display/Timer.h"
+#include "platform/display/desktop/Timer.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/BackwardsWorker.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/StillScaler.h"

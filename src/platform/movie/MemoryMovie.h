@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/Layer.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/MovieLibrary.h"
 #include "platform/movie/Playhead.h"
 #include "platform/movie/QTMovie.h"

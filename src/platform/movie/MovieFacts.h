@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/Geometry.h"
+#include "platform/display/view/Geometry.h"
 
 namespace kestro {
 

@@ -1,8 +1,8 @@
 #include "platform/movie/MpvHandle.h"
 
 #include "platform/base/Log.h"
-#include "platform/display/Layer.h"
-#include "platform/display/OpenGL.h"
+#include "platform/display/gl/OpenGL.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/DecoderMemory.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MpvRenderer.h"

@@ -1,7 +1,7 @@
 #include "platform/movie/MpvOptions.h"
 
 #include "platform/base/Bounds.h"
-#include "platform/display/OpenGL.h"
+#include "platform/display/gl/OpenGL.h"
 #include "platform/movie/AvInput.h"
 #include "platform/movie/MpvPlayer.h"
 

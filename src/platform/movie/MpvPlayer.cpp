@@ -1,6 +1,6 @@
 #include "platform/movie/MpvPlayer.h"
 
-#include "platform/display/Layer.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/AvInput.h"
 #include "platform/movie/MpvOptions.h"
 #include "platform/movie/ShownPicture.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/Bounds.h"
-#include "platform/display/Geometry.h"
+#include "platform/display/view/Geometry.h"
 #include "platform/movie/MpvHandle.h"
 #include "platform/movie/MpvMovieOptions.h"
 #include "platform/movie/PlayerState.h"

@@ -1,7 +1,7 @@
 #include "platform/movie/MpvRenderer.h"
 
-#include "platform/display/Layer.h"
-#include "platform/display/OpenGL.h"
+#include "platform/display/gl/OpenGL.h"
+#include "platform/display/view/Layer.h"
 
 #include <chrono>
 #include <cstring>

@@ -1,7 +1,7 @@
 #include "platform/movie/OpenGLTeardown.h"
 
 #include "platform/base/PostTo.h"
-#include "platform/display/OpenGL.h"
+#include "platform/display/gl/OpenGL.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MpvRenderer.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/display/Geometry.h"
-#include "platform/display/Picture.h"
+#include "platform/display/view/Geometry.h"
+#include "platform/display/view/Picture.h"
 #include "platform/movie/MovieTime.h"
 
 #include <QUrl>

@@ -1,7 +1,7 @@
 #include "platform/movie/ShownPicture.h"
 
-#include "platform/display/AlignedImage.h"
-#include "platform/display/Layer.h"
+#include "platform/display/view/AlignedImage.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/MpvRenderer.h"
 
 #include <mpv/render.h>

@@ -1,7 +1,7 @@
 #include "platform/movie/StillScaler.h"
 
-#include "platform/display/AlignedImage.h"
-#include "platform/display/Layer.h"
+#include "platform/display/view/AlignedImage.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/AvFormat.h"
 #include "platform/movie/FrameColours.h"
 

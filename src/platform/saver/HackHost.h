@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/Result.h"
-#include "platform/display/HiddenWindow.h"
+#include "platform/display/surface/x11/HiddenWindow.h"
 #include "platform/saver/Hack.h"
 #include "platform/saver/HackGuardStatus.h"
 #include "platform/saver/HackLayer.h"

@@ -1,8 +1,8 @@
 #include "platform/saver/HackLayer.h"
 
 #include "platform/base/Clock.h"
-#include "platform/display/HiddenWindow.h"
-#include "platform/display/Timer.h"
+#include "platform/display/desktop/Timer.h"
+#include "platform/display/surface/x11/HiddenWindow.h"
 
 #include <QImage>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/Layer.h"
+#include "platform/display/view/Layer.h"
 
 #include <memory>
 #include <optional>

@@ -2,13 +2,13 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
-#include "platform/display/Desktop.h"
-#include "platform/display/Painter.h"
-#include "platform/display/PixelRect.h"
-#include "platform/display/Screen.h"
-#include "platform/display/Surface.h"
-#include "platform/display/Timer.h"
-#include "platform/display/Window.h"
+#include "platform/display/desktop/Desktop.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/desktop/Timer.h"
+#include "platform/display/surface/Surface.h"
+#include "platform/display/view/Painter.h"
+#include "platform/display/view/PixelRect.h"
+#include "platform/display/view/Window.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/display/Timer.h"
+#include "platform/display/desktop/Timer.h"
 #include "widgets/WidgetDesktop.h"
 
 #include <functional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/display/DisplayTest.h"
-#include "platform/display/Surface.h"
+#include "platform/display/surface/Surface.h"
 
 #include <memory>
 #include <vector>

@@ -5,14 +5,14 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/Cursor.h"
-#include "platform/display/OpenGLDevice.h"
-#include "platform/display/Painter.h"
-#include "platform/display/QtDesktop.h"
-#include "platform/display/Screen.h"
-#include "platform/display/Surface.h"
-#include "platform/display/View.h"
-#include "platform/display/Window.h"
+#include "platform/display/desktop/Cursor.h"
+#include "platform/display/desktop/QtDesktop.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/gl/OpenGLDevice.h"
+#include "platform/display/surface/Surface.h"
+#include "platform/display/view/Painter.h"
+#include "platform/display/view/View.h"
+#include "platform/display/view/Window.h"
 
 #include <QGuiApplication>
 

@@ -1,6 +1,6 @@
 #include "platform/display/DisplayTest.h"
 
-#include "platform/display/RendererChoice.h"
+#include "platform/display/gl/RendererChoice.h"
 
 namespace kestro {
 

@@ -2,15 +2,15 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/ImageDesktop.h"
-#include "platform/display/ImageSurface.h"
-#include "platform/display/Layer.h"
-#include "platform/display/ManualTimerSource.h"
-#include "platform/display/OpenGL.h"
-#include "platform/display/Painter.h"
-#include "platform/display/Screen.h"
-#include "platform/display/View.h"
-#include "platform/display/Window.h"
+#include "platform/display/desktop/ImageDesktop.h"
+#include "platform/display/desktop/ManualTimerSource.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/gl/OpenGL.h"
+#include "platform/display/surface/image/ImageSurface.h"
+#include "platform/display/view/Layer.h"
+#include "platform/display/view/Painter.h"
+#include "platform/display/view/View.h"
+#include "platform/display/view/Window.h"
 
 #include <QImage>
 

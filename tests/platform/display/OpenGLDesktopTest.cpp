@@ -2,10 +2,10 @@
 
 #include "platform/base/Log.h"
 #include "platform/display/DisplayTest.h"
-#include "platform/display/OpenGLDevice.h"
-#include "platform/display/QtDesktop.h"
-#include "platform/display/Surface.h"
 #include "platform/display/XvfbServer.h"
+#include "platform/display/desktop/QtDesktop.h"
+#include "platform/display/gl/OpenGLDevice.h"
+#include "platform/display/surface/Surface.h"
 
 #include <QGuiApplication>
 #include <QPixmap>

@@ -3,9 +3,9 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/Screen.h"
-#include "platform/display/Surface.h"
-#include "platform/display/WindowDesktop.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/desktop/WindowDesktop.h"
+#include "platform/display/surface/Surface.h"
 
 #include <QGuiApplication>
 

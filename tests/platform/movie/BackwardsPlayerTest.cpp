@@ -1,8 +1,8 @@
 #include "platform/movie/BackwardsPlayer.h"
 
 #include "platform/base/Clock.h"
-#include "platform/display/Layer.h"
-#include "platform/display/ManualTimerSource.h"
+#include "platform/display/desktop/ManualTimerSource.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/MovieServer.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MovieTest.h"

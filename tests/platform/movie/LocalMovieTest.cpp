@@ -1,6 +1,6 @@
 // Opening files: what is no movie fails, and a disk that does not answer holds up nobody.
 
-#include "platform/display/Layer.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/MovieTest.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/movie/QTMovie.h"

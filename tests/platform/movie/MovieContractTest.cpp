@@ -1,6 +1,6 @@
 // The rules that every movie keeps, held against the made-up one and the real one.
 
-#include "platform/display/Layer.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/MovieMaker.h"
 #include "platform/movie/QTMovie.h"
 #include "platform/movie/StillMovie.h"

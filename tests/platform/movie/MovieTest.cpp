@@ -1,8 +1,8 @@
 #include "platform/movie/MovieTest.h"
 
-#include "platform/display/Layer.h"
-#include "platform/display/OpenGL.h"
-#include "platform/display/RendererChoice.h"
+#include "platform/display/gl/OpenGL.h"
+#include "platform/display/gl/RendererChoice.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/movie/QTMovie.h"
 

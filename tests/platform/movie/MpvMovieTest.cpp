@@ -1,7 +1,7 @@
 // What only the real movies do: the right picture at the right time.
 
 #include "platform/base/Log.h"
-#include "platform/display/Layer.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MovieTest.h"
 #include "platform/movie/MpvMovieLibrary.h"

@@ -1,7 +1,7 @@
 // Real movies that play back and forth.
 
 #include "platform/base/Log.h"
-#include "platform/display/Layer.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/MovieTest.h"
 #include "platform/movie/QTMovie.h"
 

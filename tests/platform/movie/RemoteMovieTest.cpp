@@ -1,7 +1,7 @@
 // Movies over http: loading, failing, breaking off, and never reaching the files of this machine.
 
 #include "platform/base/Log.h"
-#include "platform/display/Layer.h"
+#include "platform/display/view/Layer.h"
 #include "platform/movie/MovieProbe.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MovieTest.h"

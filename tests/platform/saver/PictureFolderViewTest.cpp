@@ -3,12 +3,12 @@
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
 #include "platform/base/Random.h"
-#include "platform/display/ImageDesktop.h"
-#include "platform/display/ImageSurface.h"
-#include "platform/display/ManualTimerSource.h"
-#include "platform/display/Screen.h"
-#include "platform/display/Window.h"
 #include "platform/display/XvfbServer.h"
+#include "platform/display/desktop/ImageDesktop.h"
+#include "platform/display/desktop/ManualTimerSource.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/surface/image/ImageSurface.h"
+#include "platform/display/view/Window.h"
 
 #include <QFile>
 #include <QTemporaryDir>

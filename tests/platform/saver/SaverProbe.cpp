@@ -2,15 +2,15 @@
 //
 // usage: saver_probe BUNDLE
 
-#include "host/HostedSaver.h"
-#include "host/SaverSession.h"
+#include "host/session/HostedSaver.h"
+#include "host/session/SaverSession.h"
 #include "host/start/GuiStart.h"
 #include "host/start/ProcessStart.h"
 #include "host/start/StopSignals.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
 #include "platform/base/Random.h"
-#include "platform/display/QtDesktop.h"
+#include "platform/display/desktop/QtDesktop.h"
 #include "platform/saver/SaverBundle.h"
 #include "platform/saver/ScreenSaverView.h"
 

@@ -1,6 +1,6 @@
 #include "platform/saver/ScreenSaverView.h"
 
-#include "platform/display/Painter.h"
+#include "platform/display/view/Painter.h"
 
 #include <QImage>
 #include <QPainter>

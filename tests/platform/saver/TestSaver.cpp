@@ -1,4 +1,4 @@
-#include "platform/display/Desktop.h"
+#include "platform/display/desktop/Desktop.h"
 #include "platform/saver/SaverPlugin.h"
 #include "platform/saver/ScreenSaverView.h"
 

@@ -2,7 +2,7 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/ManualTimerSource.h"
+#include "platform/display/desktop/ManualTimerSource.h"
 #include "platform/movie/MemoryMovie.h"
 #include "settings/URLListReceiver.h"
 #include "trailers/MemoryFetch.h"

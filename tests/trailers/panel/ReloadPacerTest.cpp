@@ -2,7 +2,7 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Random.h"
-#include "platform/display/ManualTimerSource.h"
+#include "platform/display/desktop/ManualTimerSource.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/PageReport.h"
+#include "host/commands/PageReport.h"
 #include "trailers/LinkResolver.h"
 #include "trailers/PageBase.h"
 

@@ -1,6 +1,6 @@
 #include "config_ui/ConfigSheet.h"
-#include "host/KestroBundle.h"
 #include "host/preferences/live/LivePreview.h"
+#include "host/session/KestroBundle.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "trailers/TrailerCont.h"

@@ -1,6 +1,6 @@
 #include "host/preferences/live/LiveTest.h"
 
-#include "platform/display/Painter.h"
+#include "platform/display/view/Painter.h"
 
 namespace kestro {
 

@@ -1,7 +1,7 @@
 #include "host/preferences/live/SaverPreview.h"
 
 #include "host/preferences/live/LiveTest.h"
-#include "platform/display/Notifications.h"
+#include "platform/display/desktop/Notifications.h"
 #include "widgets/SurfaceWidget.h"
 
 namespace kestro {

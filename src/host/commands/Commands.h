@@ -1,0 +1,48 @@
+#pragma once
+
+namespace kestro {
+
+struct Command;
+
+// The commands of the program, one source file each: what is said of each is what it does, and what it needs.
+
+/// `kestro import-hacks`: makes saver bundles of xscreensaver's hacks, or lists them.
+[[nodiscard]] Command importHacksCommand();
+
+/// `kestro inspect-page FILE --base URL`: prints what the crawler would take out of a page, as JSON. Reads
+/// the feeds that the page names; needs no display.
+[[nodiscard]] Command inspectPageCommand();
+
+/// `kestro install-xscreensaver`: puts Kestro into the user's list of xscreensaver's savers, or takes it out.
+[[nodiscard]] Command installXscreensaverCommand();
+
+/// `kestro latest N W`: prints the N newest trailers of frame width W, one absolute URL a line, the newest
+/// last. Needs no display, starts no crawl.
+[[nodiscard]] Command latestCommand();
+
+/// `kestro playlist [--expanded]`: prints the playlist, one absolute URL a line. Needs no display, starts no
+/// crawl.
+[[nodiscard]] Command playlistCommand();
+
+/// `kestro publish MOVIES SITE [--base-url URL] [--copy]`: writes a site of trailers from a folder of movies.
+/// Needs no display.
+[[nodiscard]] Command publishCommand();
+
+/// `kestro render`: runs the saver on screens in memory, in real time, and writes pictures and a trace of it.
+[[nodiscard]] Command renderCommand();
+
+/// `kestro` without a command: the saver on every screen until a person or a signal ends it.
+[[nodiscard]] Command runCommand();
+
+/// `kestro scan [--start URL] [--host NAME] [--forget] [--verbose]`: one crawl of the trailer site in the
+/// foreground; the list is saved at its end. Needs no display.
+[[nodiscard]] Command scanCommand();
+
+/// `kestro settings`: becomes the program that shows the settings, which this one is not, so that no saver
+/// loads widgets.
+[[nodiscard]] Command settingsCommand();
+
+/// `kestro show-settings`: prints what the settings files come to, as JSON. Needs no display.
+[[nodiscard]] Command showSettingsCommand();
+
+} // namespace kestro

@@ -1,0 +1,150 @@
+#include "host/commands/Commands.h"
+#include "host/commands/Program.h"
+#include "host/commands/RunOptions.h"
+#include "host/session/KestroBundle.h"
+#include "host/session/SaverSession.h"
+#include "host/start/Confinement.h"
+#include "host/start/DisplayLoss.h"
+#include "host/start/GuiStart.h"
+#include "host/start/StopSignals.h"
+#include "host/start/StopThread.h"
+#include "platform/base/Clock.h"
+#include "platform/base/Random.h"
+#include "platform/base/Translations.h"
+#include "platform/display/desktop/QtDesktop.h"
+#include "platform/display/desktop/WindowDesktop.h"
+#include "platform/saver/ScreenSaverView.h"
+
+#include <QGuiApplication>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+
+namespace kestro {
+
+namespace {
+
+/// Stops every view, which stores what is to be kept. A display server or a disk that stands still does not
+/// hold the process up: the thread that takes the stop signals ends it then.
+void stop(SaverSession& session)
+{
+    beginEnd();
+    session.stop();
+    std::fflush(nullptr);
+}
+
+/// Stops, and leaves the process without taking it apart: that would wait for players and fetches, up to the
+/// time limit of a server that does not answer, and whoever ends a screen saver wants the screen now. The
+/// display server takes the windows away with the connection.
+[[noreturn]] void leave(SaverSession& session, ExitCode status)
+{
+    stop(session);
+    std::_Exit(status);
+}
+
+/// The same, by the signal that asked for it: xscreensaver takes the end of a hack for a crash where the hack
+/// ends otherwise.
+[[noreturn]] void leaveBySignal(SaverSession& session, int signal)
+{
+    stop(session);
+    endBySignal(signal);
+}
+
+[[noreturn]] void leaveDesktop(SaverSession& session, QtDesktop& desktop)
+{
+    stop(session);
+    desktop.giveBackFocus();
+    std::_Exit(ExitSuccess);
+}
+
+/// Ends because a person did something. The pictures go at once, but the process stays until the key or the
+/// button is up again, so that no other program gets any of it.
+void wake(SaverSession& session, QtDesktop& desktop)
+{
+    beginEnd();
+    desktop.hideSurfaces();
+    stop(session);
+    beginEnd(std::chrono::seconds(QtDesktop::longestPress));
+    desktop.whenLetGo([&] { leaveDesktop(session, desktop); });
+}
+
+SaverSession::ViewFactory viewsOf(const PrincipalClass& principal, bool isPreview, Desktop& desktop)
+{
+    return [&principal, isPreview, &desktop](const Rect& frame) {
+        return principal.initWithFrameIsPreview(frame, isPreview, desktop);
+    };
+}
+
+/// Shows the surfaces and starts the savers, inside the event loop, and stays in it. The surfaces come first:
+/// opening the first movie may take a while, and every screen is black meanwhile.
+[[noreturn]] void play(SaverSession& session, const std::function<void()>& showSurfaces)
+{
+    const auto start = [&] {
+        showSurfaces();
+        if (!session.start()) leave(session, ExitFailure);
+    };
+    QMetaObject::invokeMethod(qGuiApp, start, Qt::QueuedConnection);
+    QGuiApplication::exec();
+    leave(session, ExitSuccess);
+}
+
+int runFullScreen(const RunOptions& options)
+{
+    const auto application = startGui();
+    const Translations translations;
+    const auto principal = kestroSaver();
+    if (!principal) return ExitFailure;
+    principal->setOptionsForThisRun(options.settings);
+
+    const SystemClock clock;
+    SystemRandom random;
+    QtDesktop desktop(clock, random);
+    SaverSession session(desktop, viewsOf(*principal, false, desktop));
+    const StopSignals signalWatch([&](int) { leaveDesktop(session, desktop); });
+    const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
+    session.setWakeHandler([&] { wake(session, desktop); });
+    play(session, [&] { desktop.showSurfaces(); });
+}
+
+// No wake handler: what a person does is the giver's business, and so is the end.
+int runInWindow(const RunOptions& options)
+{
+    const auto application = startGuiInGivenWindow();
+    const Translations translations;
+    const auto principal = kestroSaver();
+    if (!principal) return ExitFailure;
+    principal->setOptionsForThisRun(options.settings);
+
+    const SystemClock clock;
+    SystemRandom random;
+    const auto desktop = WindowDesktop::create(options.window, clock, random);
+    if (!desktop) {
+        complain(desktop.error());
+        return ExitFailure;
+    }
+    SaverSession session(*desktop.value(), viewsOf(*principal, options.isPreview, *desktop.value()));
+    const StopSignals signalWatch([&](int signal) { leaveBySignal(session, signal); });
+    const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
+    desktop.value()->setGoneHandler([&] { leave(session, ExitSuccess); });
+    play(session, [&] { desktop.value()->showSurface(); });
+}
+
+int run(const Arguments& arguments)
+{
+    const auto options = RunOptions::from(arguments, qEnvironmentVariable("XSCREENSAVER_WINDOW"));
+    beFirstToGo();
+    if (options)
+        return options.value().isInWindow ? runInWindow(options.value()) : runFullScreen(options.value());
+    complain(QStringLiteral("%1 (see kestro --help)").arg(options.error()));
+    return ExitWrongUsage;
+}
+
+} // namespace
+
+Command runCommand()
+{
+    return {RunOptions::syntax(), run};
+}
+
+} // namespace kestro

@@ -1,0 +1,33 @@
+#include "host/commands/Commands.h"
+#include "host/commands/Program.h"
+#include "platform/base/Paths.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
+
+namespace kestro {
+
+namespace {
+
+int showSettingsWindow(const Arguments&)
+{
+    const QByteArray program =
+        QFile::encodeName(packagePrefix() + QStringLiteral("/lib/kestro/kestro-settings"));
+    execl(program.constData(), program.constData(), static_cast<char*>(nullptr));
+    complain(QStringLiteral("Cannot start %1: %2")
+                 .arg(QFile::decodeName(program), QString::fromLocal8Bit(std::strerror(errno))));
+    return ExitFailure;
+}
+
+} // namespace
+
+Command settingsCommand()
+{
+    return {{QStringLiteral("settings"), QStringLiteral("Open the window with the saver's settings"), {}},
+            showSettingsWindow};
+}
+
+} // namespace kestro

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/display/view/Window.h"
+
+#include <functional>
+#include <memory>
+
+namespace kestro {
+
+class NotificationCenter;
+class Screen;
+class ScreenSaverView;
+class Timer;
+
+/// One screen's saver: a black window over the whole screen, the view in it, and the view's ticks. Owned by
+/// the session; shared because whoever is told of a tick may end the session. The screen must outlive every
+/// call but the destructor. Main thread.
+class HostedSaver final : public std::enable_shared_from_this<HostedSaver> {
+public:
+    using TickHandler = std::function<void(HostedSaver&)>;
+
+    /// Shows the window, black until the view draws. `onTick` runs after each tick.
+    HostedSaver(Screen& screen, std::shared_ptr<ScreenSaverView> view, TickHandler onTick);
+    ~HostedSaver();
+
+    /// Starts the view, then ticks it at the interval that it asks for, until stopped. Nothing once stopped.
+    void start();
+    /// Ends the ticks, stops the view (not one that was never started), and closes the window.
+    void stop();
+    /// Fits the window, and the view with it, to its screen as it is now.
+    void fitToScreen();
+
+    [[nodiscard]] Screen& screen() const { return m_screen; }
+    [[nodiscard]] ScreenSaverView& view() const { return *m_view; }
+    /// Ticks that are over: the view's, or those of a saver that runs above the view by itself.
+    [[nodiscard]] int ticks() const { return m_ticks; }
+
+private:
+    enum class State { Made, Running, Stopped };
+
+    void tick();
+    void saverAboveTicked();
+    void tickIsOver();
+    void schedule();
+
+    Screen& m_screen;
+    std::shared_ptr<ScreenSaverView> m_view; ///< shared: in piggy-back running the saver refers to it as well
+    Window m_window;
+    NotificationCenter& m_notifications;
+    TickHandler m_onTick;
+    Size m_monitorSize;
+    std::unique_ptr<Timer> m_timer;
+    double m_interval = 0; ///< of m_timer, seconds
+    State m_state = State::Made;
+    bool m_isSaverAbove = false; ///< one that runs by itself; its ticks are counted then
+    int m_ticks = 0;
+};
+
+} // namespace kestro

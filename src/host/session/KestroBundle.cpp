@@ -1,0 +1,22 @@
+#include "host/session/KestroBundle.h"
+
+#include "host/start/Console.h"
+#include "platform/base/Paths.h"
+
+namespace kestro {
+
+std::optional<PrincipalClass> kestroSaver()
+{
+    const QString path = packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver");
+    const auto bundle = SaverBundle::load(path);
+    if (!bundle) {
+        complain(bundle.error());
+        return std::nullopt;
+    }
+    const auto principal = bundle.value().principalClass();
+    if (principal && principal->isScreenSaverView()) return principal;
+    complain(QStringLiteral("No screen saver in ") + path);
+    return std::nullopt;
+}
+
+} // namespace kestro

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "host/session/WakeWatch.h"
+#include "platform/display/view/Geometry.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace kestro {
+
+class Desktop;
+class HostedSaver;
+class Screen;
+class ScreenSaverView;
+
+/// The saver running on every screen of a desktop: one view a screen, started, ticked and stopped as a screen
+/// saver's host does, and kept in step with screens that come, go and change. Owned by the program, which
+/// outlives it with the desktop. Main thread.
+class SaverSession final {
+public:
+    /// Makes the view of one screen, `frame` at (0, 0); null when it cannot.
+    using ViewFactory = std::function<std::shared_ptr<ScreenSaverView>(const Rect& frame)>;
+    using TickHandler = std::function<void(HostedSaver&)>;
+
+    SaverSession(Desktop& desktop, ViewFactory factory);
+    ~SaverSession();
+    SaverSession(const SaverSession&) = delete;
+    SaverSession& operator=(const SaverSession&) = delete;
+
+    /// Called once, when a person does something that is meant to end the saver. It is not stopped by that.
+    void setWakeHandler(std::function<void()> handler) { m_onWake = std::move(handler); }
+    /// Called after each tick of each screen's view.
+    void setTickHandler(TickHandler handler) { m_onTick = std::move(handler); }
+
+    /// Covers every screen, then starts a saver on each, first screen first. Answers false when there are
+    /// screens and none got a view; where there is no screen yet, the first one that comes gets a saver.
+    bool start();
+    /// Stops every view, first screen first, and tells that the application ends. Nothing when already
+    /// stopped.
+    void stop();
+    [[nodiscard]] bool isStopped() const { return m_isStopped; }
+
+    /// First screen first.
+    [[nodiscard]] const std::vector<std::shared_ptr<HostedSaver>>& savers() const { return m_savers; }
+
+private:
+    std::shared_ptr<HostedSaver> cover(Screen& screen);
+    void watchScreens();
+    void screenAdded(Screen& screen);
+    void screenResized(const Screen& screen);
+    void screenRemoved(Screen& screen);
+    void handleInput(const Screen& screen, const InputEvent& event);
+
+    Desktop& m_desktop;
+    ViewFactory m_factory;
+    std::function<void()> m_onWake;
+    TickHandler m_onTick;
+    WakeWatch m_watch;
+    std::vector<std::shared_ptr<HostedSaver>> m_savers;
+    bool m_isStopped = false;
+};
+
+} // namespace kestro

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/display/view/Geometry.h"
+
+namespace kestro {
+
+class View;
+
+/// Where the view's bounds lie, in global coordinates; in its topmost superview's coordinates when in no
+/// window.
+[[nodiscard]] Rect globalRect(const View& view);
+
+/// The part of it that the window and every superview leave to be seen; empty where none is.
+[[nodiscard]] Rect visibleGlobalRect(const View& view);
+
+} // namespace kestro
