@@ -158,19 +158,32 @@ void XscreensaverFile::append(Lines list, const QByteArray& entry)
 void XscreensaverFile::remove()
 {
     const auto entries = kestroEntries();
+    keepChosen(numbersOf(entries));
     std::for_each(entries.rbegin(), entries.rend(), [this](Lines entry) { removeEntry(entry); });
 }
 
 void XscreensaverFile::removeEntry(Lines entry)
 {
-    const Lines list = find(listKey);
-    keepChosen(payload({list.begin, entry.begin}).count(entryEnd));
     const bool endsList = !isContinued(m_lines[entry.end - 1]);
     m_lines.remove(entry.begin, entry.end - entry.begin);
     if (endsList) m_lines.insert(entry.begin, "\n"); // the line before still goes on
 }
 
-void XscreensaverFile::keepChosen(qsizetype removedNumber)
+/// How many entries stand before each of these.
+QList<qsizetype> XscreensaverFile::numbersOf(const QList<Lines>& entries) const
+{
+    QList<qsizetype> numbers;
+    qsizetype number = 0;
+    qsizetype line = find(listKey).begin;
+    for (const Lines& entry : entries) {
+        for (; line < entry.begin; ++line)
+            number += saidBy(m_lines[line]).count(entryEnd);
+        numbers.append(number);
+    }
+    return numbers;
+}
+
+void XscreensaverFile::keepChosen(const QList<qsizetype>& removedNumbers)
 {
     const Lines chosen = find(chosenKey);
     if (chosen.isEmpty()) return;
@@ -178,8 +191,10 @@ void XscreensaverFile::keepChosen(qsizetype removedNumber)
     bool isNumber = false;
     const QByteArray value = afterColon(line).trimmed();
     const qsizetype number = value.toLongLong(&isNumber);
-    if (isNumber && number > removedNumber)
-        line.replace(line.lastIndexOf(value), value.size(), QByteArray::number(number - 1));
+    const qsizetype before =
+        std::ranges::count_if(removedNumbers, [=](qsizetype removed) { return removed < number; });
+    if (isNumber && before > 0)
+        line.replace(line.lastIndexOf(value), value.size(), QByteArray::number(number - before));
 }
 
 } // namespace kestro

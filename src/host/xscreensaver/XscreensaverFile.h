@@ -38,7 +38,8 @@ private:
     void switchOn(Lines entry);
     void append(Lines list, const QByteArray& entry);
     void removeEntry(Lines entry);
-    void keepChosen(qsizetype removedNumber);
+    [[nodiscard]] QList<qsizetype> numbersOf(const QList<Lines>& entries) const;
+    void keepChosen(const QList<qsizetype>& removedNumbers);
 
     QList<QByteArray> m_lines; ///< each with its line end
 };
