@@ -1,4 +1,4 @@
-#include "FakeDesk.h"
+#include "host/FakeDesk.h"
 
 #include <gtest/gtest.h>
 

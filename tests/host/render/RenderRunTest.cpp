@@ -1,6 +1,6 @@
 #include "host/render/RenderRun.h"
 
-#include "FakeDesk.h"
+#include "host/FakeDesk.h"
 #include "host/render/PictureFolder.h"
 #include "host/render/TraceFile.h"
 #include "platform/base/Log.h"

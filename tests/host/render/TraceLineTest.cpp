@@ -1,6 +1,6 @@
 #include "host/render/TraceLine.h"
 
-#include "FakeDesk.h"
+#include "host/FakeDesk.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

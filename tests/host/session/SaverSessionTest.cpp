@@ -1,4 +1,4 @@
-#include "FakeDesk.h"
+#include "host/FakeDesk.h"
 #include "platform/base/Log.h"
 #include "platform/display/desktop/Notifications.h"
 
