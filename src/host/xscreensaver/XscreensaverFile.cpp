@@ -55,7 +55,7 @@ bool runsKestro(const QByteArray& entry)
 {
     static const QRegularExpression form(QStringLiteral(
         R"(^-?\s*(?:[\w-]+:\s)?\s*(?:"[^"]*")?\s*(?:'(?:[^']*/)?kestro'|(?:[^\s']*/)?kestro)(?:\s|\\n|$))"));
-    return form.match(QString::fromUtf8(entry)).hasMatch();
+    return entry.contains("kestro") && form.match(QString::fromUtf8(entry)).hasMatch();
 }
 
 /// The line, so that another entry can follow it.
