@@ -8,7 +8,7 @@
 #include "config_ui/URLPanel.h"
 #include "platform/base/Paths.h"
 #include "platform/base/StoredValue.h"
-#include "platform/movie/MpvMovieLibrary.h"
+#include "settings/ConfigurableSaver.h"
 #include "ui_SSConfig.h"
 
 #include <QApplication>
@@ -96,6 +96,7 @@ ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWi
 ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, const ReadingLane::Read& read,
                          QWidget* parent, QSettings* defaults)
     : QDialog(parent)
+    , m_movies(saver.movies())
     , m_ui(std::make_unique<Ui::SSConfig>())
     , m_ownDefaults(defaults != nullptr ? nullptr : std::make_unique<QSettings>())
     , m_panels(std::make_unique<SheetPanels>(*this))
@@ -204,8 +205,7 @@ void ConfigSheet::connectButtons()
 void ConfigSheet::openThemePanel()
 {
     if (!m_themePanel) {
-        m_movies = std::make_unique<MpvMovieLibrary>();
-        m_themePanel = std::make_unique<ThemePanel>(*m_model, *m_movies, this);
+        m_themePanel = std::make_unique<ThemePanel>(*m_model, m_movies, this);
         connect(m_themePanel.get(), &QDialog::accepted, this,
                 [this] { m_playlist->showFrom(m_rowsBeforeThemes); });
     }

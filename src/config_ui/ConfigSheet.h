@@ -68,12 +68,12 @@ private:
     void showScale();
     void takeScale(float scale);
 
+    MovieLibrary& m_movies;
     std::unique_ptr<Ui::SSConfig> m_ui;
     std::unique_ptr<QSettings> m_ownDefaults; ///< where the host gave none
     std::unique_ptr<SheetPanels> m_panels;
     std::unique_ptr<ConfigModel> m_model;
     std::unique_ptr<PlaylistPane> m_playlist;
-    std::unique_ptr<MovieLibrary> m_movies;   ///< of the theme panel; made with it
     std::unique_ptr<ThemePanel> m_themePanel; ///< from its first opening on
     int m_rowsBeforeThemes = 0;               ///< in the playlist, when that panel was opened
     QButtonGroup* m_playModeRadio = nullptr;

@@ -167,9 +167,15 @@ void MySaver::storeResumePoint()
     if (movie && isFirstScreen()) m_resumePoint.store(*movie);
 }
 
+// A movie runs on when its view is stopped, and would be decoded for nobody.
+void MySaver::pause()
+{
+    if (m_movieView) m_movieView->stop(this);
+}
+
 void MySaver::captureStop()
 {
-    if (isPaused()) return;
+    if (isHeldUp()) return;
     if (const auto behind = otherSaver()) behind->stopAnimation();
     m_fadeOut.pause();
     m_piggyBack.pause();

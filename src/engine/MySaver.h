@@ -12,7 +12,7 @@
 #include "engine/RetrySchedule.h"
 #include "engine/SignImage.h"
 #include "engine/StillAhead.h"
-#include "engine/TraceSource.h"
+#include "platform/saver/SaverControl.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "settings/ConfigurableSaver.h"
 #include "settings/LatestTrailers.h"
@@ -48,7 +48,7 @@ struct SaverServices {
 /// ticks it at its interval and stops it. Main thread.
 class MySaver final : public ScreenSaverView,
                       public TrailerClient,
-                      public TraceSource,
+                      public SaverControl,
                       public ConfigurableSaver {
 public:
     /// Makes the saver for one screen and answers the view that the host is to show: the saver, or, where
@@ -74,10 +74,13 @@ public:
     /// Starts anew with the settings as they are now.
     void resetMovie() override;
 
+    void pause() override;
     [[nodiscard]] SaverSnapshot snapshot() const override;
+    [[nodiscard]] ConfigurableSaver* options() override { return this; }
 
     [[nodiscard]] Settings& settings() override { return m_settings; }
     [[nodiscard]] Playlist& playlist() override { return m_playlist; }
+    [[nodiscard]] MovieLibrary& movies() override { return m_services.movies; }
     [[nodiscard]] QStringList reloadBackSavers() override;
     void applyLoopMode() override;
 
@@ -98,7 +101,7 @@ private:
     void storeResumePoint();
     [[nodiscard]] bool isFirstScreen() const;
     void goToResumePoint(const MovieContent& content);
-    [[nodiscard]] bool isPaused() const { return m_captureTimer != nullptr; }
+    [[nodiscard]] bool isHeldUp() const { return m_captureTimer != nullptr; }
     void goOn();
 
     // the search for the next movie

@@ -41,7 +41,7 @@ std::unique_ptr<MoviePick> MySaver::newPick(Purpose purpose)
 
 void MySaver::advanceSearch()
 {
-    if (!m_search || isPaused()) return;
+    if (!m_search || isHeldUp()) return;
     const auto state = m_search->step();
     if (state == MoviePick::State::Searching) return;
     const auto search = std::move(m_search);

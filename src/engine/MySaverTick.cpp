@@ -19,7 +19,7 @@ constexpr int lastStepBeforeCapture = 9;
 void MySaver::animateOneFrame()
 {
     m_piggyBack.watchForClose();
-    if (isPaused()) return;
+    if (isHeldUp()) return;
     if (!m_search && !m_movieView && m_retries.isDue(m_services.desktop.clock().now())) retry();
     if (m_search) return tickWhileSearching();
     if (!m_movieView) return moveSign();

@@ -4,11 +4,12 @@
 
 namespace kestro {
 
+class MovieLibrary;
 class Playlist;
 class Settings;
 
-/// A saver whose options can be edited, as the configuration sheet knows it. A host gets it by a cast from
-/// the view that it shows. Outlives the sheet. Main thread.
+/// A saver whose options can be edited, as the configuration sheet knows it: what SaverControl::options
+/// answers a host. Outlives the sheet. Main thread.
 class ConfigurableSaver {
 public:
     virtual ~ConfigurableSaver() = default;
@@ -17,6 +18,9 @@ public:
     [[nodiscard]] virtual Settings& settings() = 0;
     /// The stored playlist, and what is kept of it.
     [[nodiscard]] virtual Playlist& playlist() = 0;
+
+    /// What opens the saver's movies, for whoever shows others beside them. Outlives the saver.
+    [[nodiscard]] virtual MovieLibrary& movies() = 0;
 
     /// Lists the savers that may run behind the movies anew; answers the full paths of their bundles.
     [[nodiscard]] virtual QStringList reloadBackSavers() = 0;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "config_ui/ConfigPanels.h"
+#include "platform/base/Clock.h"
+#include "platform/movie/MemoryMovie.h"
 #include "settings/ConfigurableSaver.h"
 #include "settings/Playlist.h"
 #include "settings/RecordingTrailers.h"
@@ -29,6 +31,7 @@ public:
 
     Settings& settings() override { return m_settings; }
     Playlist& playlist() override { return m_playlist; }
+    MovieLibrary& movies() override { return m_movies; }
     QStringList reloadBackSavers() override { return backSavers; }
     void applyLoopMode() override
     {
@@ -51,6 +54,8 @@ private:
     SettingsStore m_store{m_home.path()};
     Settings m_settings{m_store, {.isPreview = true}};
     RecordingTrailers m_trailers;
+    ManualClock m_clock;
+    MemoryMovieLibrary m_movies{m_clock};
     SomeClient m_client;
     Playlist m_playlist{m_settings, m_trailers, m_client, true};
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "engine/TraceSource.h"
 #include "host/session/HostedSaver.h"
 #include "host/session/SaverSession.h"
 #include "platform/base/Clock.h"
@@ -9,6 +8,7 @@
 #include "platform/display/desktop/ManualTimerSource.h"
 #include "platform/display/desktop/Screen.h"
 #include "platform/display/surface/image/ImageSurface.h"
+#include "platform/saver/SaverControl.h"
 #include "platform/saver/ScreenSaverView.h"
 
 #include <QString>
@@ -21,7 +21,7 @@
 namespace kestro {
 
 /// A saver that notes what its host asks of it, and does what a test wants of it meanwhile.
-class FakeSaver final : public ScreenSaverView, public TraceSource {
+class FakeSaver final : public ScreenSaverView, public SaverControl {
 public:
     FakeSaver(const Rect& viewFrame, QString name, QStringList& journal)
         : ScreenSaverView(viewFrame, false)

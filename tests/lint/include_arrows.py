@@ -28,10 +28,10 @@ ALLOWED = PLATFORM | {
     "launcher": set(),
     "host/start": {"platform/base"},
     "host/xscreensaver": {"platform/base"},
-    "host": BELOW_ENGINE | {"engine", "trailers", "publish", "host/start", "host/xscreensaver"},
+    "host": BELOW_ENGINE | {"trailers", "publish", "host/start", "host/xscreensaver"},
     "host/preferences": {"platform/base", "host/start", "host/xscreensaver"},
     "host/preferences/live": BELOW_ENGINE
-    | {"engine", "trailers", "trailers/panel", "widgets", "config_ui", "host", "host/preferences"},
+    | {"trailers", "trailers/panel", "widgets", "config_ui", "host", "host/preferences"},
 }
 
 # The rooms of a folder: what the headers of each may include besides its own. Sources of one folder know each other.
@@ -140,7 +140,7 @@ SAMPLES = [
     ("src/engine/MySaver.cpp", '#include "engine/MySaver.h"\n#include "settings/Settings.h"\n#include <QUrl>', 0),
     ("src/engine/MySaver.cpp", '#include "host/commands/Program.h"', 1),
     ("src/settings/Settings.h", '#include "engine/MySaver.h"', 1),
-    ("src/trailers/TrailerList.h", '#include "engine/TraceSource.h"', 1),
+    ("src/trailers/TrailerList.h", '#include "engine/SignImage.h"', 1),
     ("src/engine/MySaver.cpp", '#include "trailers/TrailerCont.h"', 1),
     ("src/module/KestroPlugin.cpp", '#include "trailers/SharedTrailers.h"\n#include "engine/MySaver.h"', 0),
     ("src/module/KestroPlugin.cpp", '#include "host/commands/Program.h"', 1),
@@ -150,6 +150,9 @@ SAMPLES = [
     ("src/platform/base/Log.cpp", '#include "platform/plist/PropertyList.h"', 1),
     ("src/platform/movie/MpvMovie.cpp", "#include <mpv/client.h>\n#include <libavcodec/avcodec.h>", 0),
     ("src/engine/MySaver.cpp", "#include <mpv/client.h>", 1),
+    ("src/host/render/TraceLine.cpp", '#include "platform/saver/SaverControl.h"', 0),
+    ("src/host/render/TraceLine.cpp", '#include "engine/MySaver.h"', 1),
+    ("src/host/preferences/live/SaverPreview.cpp", '#include "engine/MySaver.h"', 1),
     ("src/host/commands/main.cpp", "#include <xcb/xcb.h>", 1),
     ("src/host/commands/main.cpp", "#include <QSvgRenderer>", 1),
     ("src/host/commands/main.cpp", "#include <seccomp.h>", 1),

@@ -1,10 +1,10 @@
 #include "host/render/TraceLine.h"
 
-#include "engine/TraceSource.h"
 #include "host/session/HostedSaver.h"
 #include "platform/base/JsonNumber.h"
 #include "platform/display/desktop/Screen.h"
-#include "platform/saver/ScreenSaverView.h"
+#include "platform/display/view/Window.h"
+#include "platform/saver/SaverControl.h"
 
 #include <QJsonArray>
 
@@ -49,22 +49,12 @@ QJsonValue jsonMovie(const std::optional<SaverSnapshot::Movie>& movie)
     };
 }
 
-/// The one that tells: the hosted view itself, or, where that one only stands behind the movies, the view of
-/// a window above it.
-const TraceSource* sourceOf(const HostedSaver& saver)
-{
-    if (const auto* source = dynamic_cast<const TraceSource*>(&saver.view())) return source;
-    for (const Window* window : saver.screen().windows())
-        if (const auto* source = dynamic_cast<const TraceSource*>(window->contentView())) return source;
-    return nullptr;
-}
-
 } // namespace
 
 QJsonObject traceLine(const HostedSaver& saver, int screenIndex, double seconds)
 {
-    const TraceSource* source = sourceOf(saver);
-    const SaverSnapshot shown = source ? source->snapshot() : SaverSnapshot();
+    const SaverControl* control = SaverControl::of(saver.view(), saver.screen());
+    const SaverSnapshot shown = control ? control->snapshot() : SaverSnapshot();
     return {
         {QStringLiteral("t"), std::round(seconds * 1000) / 1000},
         {QStringLiteral("screen"), screenIndex},

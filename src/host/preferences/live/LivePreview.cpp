@@ -23,7 +23,7 @@ void prepareSlideShows(ConfigurableSaver& saver, const QString& home)
 
 LivePreview::LivePreview(Parts parts)
     : m_makeSheet(std::move(parts.sheet))
-    , m_trailers(std::move(parts.trailers))
+    , m_trailers([this, make = std::move(parts.trailers)] { return make(m_saver->options()->movies()); })
     , m_saver(std::make_unique<SaverPreview>(std::move(parts.views)))
 {
 }
@@ -46,7 +46,7 @@ void LivePreview::setPaused(Pause reason, bool paused)
 
 void LivePreview::openOptions(QWidget& over)
 {
-    ConfigurableSaver* const saver = m_saver->saver();
+    ConfigurableSaver* const saver = m_saver->options();
     if (!saver) return;
     prepareSlideShows(*saver, homeFolder());
     if (!m_sheet) m_sheet = m_makeSheet(*saver, m_trailers, &over);

@@ -1,7 +1,6 @@
 #include "config_ui/ConfigSheet.h"
 #include "host/preferences/live/LivePreview.h"
 #include "host/session/KestroBundle.h"
-#include "platform/movie/MpvMovieLibrary.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "trailers/TrailerCont.h"
 #include "trailers/panel/TrailerPanel.h"
@@ -16,11 +15,9 @@ std::shared_ptr<ScreenSaverView> makeView(const Rect& frame, Desktop& desktop)
     return principal ? principal->initWithFrameIsPreview(frame, true, desktop) : nullptr;
 }
 
-LazyTrailerBrowser::Maker panels()
+std::unique_ptr<TrailerBrowser> makeBrowser(MovieLibrary& movies)
 {
-    return [movies = std::make_shared<MpvMovieLibrary>()] {
-        return std::make_unique<TrailerPanel>(TrailerCont::sharedController(), *movies);
-    };
+    return std::make_unique<TrailerPanel>(TrailerCont::sharedController(), movies);
 }
 
 } // namespace
@@ -34,5 +31,5 @@ extern "C" Q_DECL_EXPORT kestro::Preview* kestroLivePreview(QSettings* state)
                                QWidget* over) {
         return new kestro::ConfigSheet(saver, &trailers, over, state);
     };
-    return new kestro::LivePreview({kestro::makeView, sheet, kestro::panels()});
+    return new kestro::LivePreview({kestro::makeView, sheet, kestro::makeBrowser});
 }

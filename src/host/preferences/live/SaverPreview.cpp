@@ -1,13 +1,11 @@
 #include "host/preferences/live/SaverPreview.h"
 
-#include "engine/MySaver.h"
 #include "host/session/HostedSaver.h"
 #include "platform/display/desktop/Notifications.h"
 #include "platform/display/desktop/Screen.h"
 #include "platform/display/desktop/Timer.h"
+#include "platform/saver/SaverControl.h"
 #include "platform/saver/ScreenSaverView.h"
-#include "presentation/MovieFrame.h"
-#include "settings/ConfigurableSaver.h"
 #include "widgets/SurfaceWidget.h"
 
 #include <utility>
@@ -60,21 +58,21 @@ void SaverPreview::apply()
     m_hosted->start();
 }
 
-/// A view that is stopped lets its movie run on, which would be decoded for nobody; started again, it has the
-/// movie go on.
 void SaverPreview::halt()
 {
     std::exchange(m_hosted, nullptr)->stop();
-    const auto* movies = dynamic_cast<MySaver*>(m_view.get());
-    if (movies && movies->movieView()) movies->movieView()->stop(this);
+    if (auto* saver = control()) saver->pause();
 }
 
-ConfigurableSaver* SaverPreview::saver() const
+SaverControl* SaverPreview::control() const
 {
-    if (auto* own = dynamic_cast<ConfigurableSaver*>(m_view.get())) return own;
-    for (const Window* window : m_surface->screen().windows())
-        if (auto* above = dynamic_cast<ConfigurableSaver*>(window->contentView())) return above;
-    return nullptr;
+    return m_view ? SaverControl::of(*m_view, m_surface->screen()) : nullptr;
+}
+
+ConfigurableSaver* SaverPreview::options() const
+{
+    auto* saver = control();
+    return saver ? saver->options() : nullptr;
 }
 
 void SaverPreview::end()

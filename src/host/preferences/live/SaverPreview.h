@@ -12,6 +12,7 @@ namespace kestro {
 
 class ConfigurableSaver;
 class HostedSaver;
+class SaverControl;
 class ScreenSaverView;
 class SurfaceWidget;
 struct Rect;
@@ -35,9 +36,8 @@ public:
     void setPaused(Preview::Pause reason, bool paused);
     [[nodiscard]] bool isRunning() const { return m_hosted != nullptr; }
 
-    /// The saver whose options are edited: the view's own, or, where the view is of a saver that only stands
-    /// behind the movies, the one in a window above it. Null where none has options.
-    [[nodiscard]] ConfigurableSaver* saver() const;
+    /// The saver whose options are edited; null where it has none, or there is no view yet.
+    [[nodiscard]] ConfigurableSaver* options() const;
 
     /// Stops the saver for good, and tells all that the application ends.
     void end();
@@ -54,6 +54,7 @@ protected:
 private:
     void apply();
     void halt();
+    [[nodiscard]] SaverControl* control() const;
 
     ViewFactory m_factory;
     SurfaceWidget* m_surface;                ///< Qt's parent owns it

@@ -21,7 +21,10 @@ protected:
             sheets.push_back(new QDialog(over));
             return sheets.back().get();
         };
-        const auto trailers = [this] { return std::make_unique<NotedBrowser>(journal); };
+        const auto trailers = [this](MovieLibrary& movies) {
+            browserMovies = &movies;
+            return std::make_unique<NotedBrowser>(journal);
+        };
         return std::make_unique<LivePreview>(LivePreview::Parts{factory, sheet, trailers});
     }
     [[nodiscard]] std::unique_ptr<LivePreview> startedPreview()
@@ -34,6 +37,7 @@ protected:
     QWidget window;
     ConfigurableSaver* sheetOf = nullptr;
     TrailerBrowser* browser = nullptr;
+    MovieLibrary* browserMovies = nullptr;
     std::vector<QPointer<QDialog>> sheets;
 };
 
@@ -106,6 +110,15 @@ TEST_F(LivePreviewTest, options_makeThePreferencesOfASlideShow_whereOneIsOffered
     qunsetenv("KESTRO_HOME");
 }
 
+TEST_F(LivePreviewTest, trailers_areShownWithTheMovieLibraryOfTheSaver)
+{
+    const auto shown = startedPreview();
+    shown->openOptions(window);
+    NoReceiver receiver;
+    browser->showPanel(receiver);
+    EXPECT_EQ(browserMovies, &saver->movies());
+}
+
 TEST_F(LivePreviewTest, sheet_goesBeforeTheSaverThatItIsOf)
 {
     auto shown = startedPreview();
@@ -123,7 +136,7 @@ TEST_F(LivePreviewTest, end_stopsTheSaverAndClosesTheTrailers)
     shown->end();
     EXPECT_FALSE(shown->isRunning());
     EXPECT_EQ(journal, QStringList({QStringLiteral("start"), QStringLiteral("show"), QStringLiteral("stop"),
-                                    QStringLiteral("close")}));
+                                    QStringLiteral("pause"), QStringLiteral("close")}));
 }
 
 TEST_F(LivePreviewTest, pause_isTheSavers)

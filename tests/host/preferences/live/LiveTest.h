@@ -2,6 +2,7 @@
 
 #include "host/FakeDesk.h"
 #include "host/preferences/live/SaverPreview.h"
+#include "platform/movie/MemoryMovie.h"
 #include "settings/ConfigurableSaver.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +10,7 @@
 namespace kestro {
 
 /// A saver with options that only notes what is asked of it, and fills its frame in red.
-class OptionSaver final : public ScreenSaverView, public ConfigurableSaver {
+class OptionSaver final : public ScreenSaverView, public SaverControl, public ConfigurableSaver {
 public:
     OptionSaver(const Rect& viewFrame, QStringList& journal)
         : ScreenSaverView(viewFrame, true)
@@ -32,8 +33,12 @@ public:
     void animateOneFrame() override { m_journal.append(QStringLiteral("tick")); }
     void drawRect(Painter& painter, const Rect& rect) override;
 
+    void pause() override { m_journal.append(QStringLiteral("pause")); }
+    [[nodiscard]] ConfigurableSaver* options() override { return this; }
+
     [[nodiscard]] Settings& settings() override { qFatal("no settings here"); }
     [[nodiscard]] Playlist& playlist() override { qFatal("no playlist here"); }
+    [[nodiscard]] MovieLibrary& movies() override { return m_movies; }
     [[nodiscard]] QStringList reloadBackSavers() override { return backSavers; }
     void applyLoopMode() override {}
     void resetMovie() override {}
@@ -43,6 +48,8 @@ public:
 
 private:
     QStringList& m_journal;
+    ManualClock m_clock;
+    MemoryMovieLibrary m_movies{m_clock};
 };
 
 /// Services with a clock turned by hand, and a factory of savers with options.

@@ -58,7 +58,7 @@ TEST_F(SaverPreviewTest, start_fails_whenNoViewCanBeMade)
     SaverPreview none([](const Rect&, Desktop&) { return nullptr; }, nullptr, services);
     EXPECT_FALSE(none.start());
     EXPECT_FALSE(none.isRunning());
-    EXPECT_EQ(none.saver(), nullptr);
+    EXPECT_EQ(none.options(), nullptr);
 }
 
 TEST_F(SaverPreviewTest, saver_goesOnAsItWas_whenNothingHoldsItAnyMore)
@@ -98,31 +98,36 @@ TEST_F(SaverPreviewTest, end_stopsTheSaverForGood_andTellsSo)
     preview.end();
     preview.end();
     EXPECT_EQ(told, 1);
-    EXPECT_EQ(journal.back(), QStringLiteral("stop"));
+    EXPECT_EQ(journal.count(QStringLiteral("stop")), 1);
     preview.setPaused(Preview::OtherRuns, false);
     EXPECT_FALSE(preview.isRunning());
 }
 
-TEST_F(SaverPreviewTest, saver_isTheViewsOwn)
+TEST_F(SaverPreviewTest, saver_isPausedOnceItIsStopped)
 {
     ASSERT_TRUE(preview.start());
-    EXPECT_EQ(preview.saver(), saver.get());
+    preview.setPaused(Preview::OtherRuns, true);
+    EXPECT_EQ(journal,
+              QStringList({QStringLiteral("start"), QStringLiteral("stop"), QStringLiteral("pause")}));
 }
 
-TEST_F(SaverPreviewTest, saver_isTheOneAbove_whenTheViewIsOfOneBehind)
+TEST_F(SaverPreviewTest, options_areTheSavers)
 {
-    SaverPreview behind(
-        [this](const Rect& frame, Desktop&) {
-            return std::make_shared<FakeSaver>(frame, QStringLiteral("behind"), journal);
-        },
-        nullptr, services);
-    ASSERT_TRUE(behind.start());
-    EXPECT_EQ(behind.saver(), nullptr);
-    OptionSaver above({{0, 0}, {10, 10}}, journal);
-    Window window({{{0, 0}, {10, 10}}, &behind.surface().screen(), QStringLiteral("saver")});
-    window.setContentView(&above);
-    window.orderFront();
-    EXPECT_EQ(behind.saver(), &above);
+    EXPECT_EQ(preview.options(), nullptr);
+    ASSERT_TRUE(preview.start());
+    EXPECT_EQ(preview.options(), saver.get());
+}
+
+TEST_F(SaverPreviewTest, saver_runsWithoutOptions_whenItGivesItsHostNothing)
+{
+    SaverPreview plain(
+        [](const Rect& frame, Desktop&) { return std::make_shared<ScreenSaverView>(frame, true); }, nullptr,
+        services);
+    ASSERT_TRUE(plain.start());
+    EXPECT_TRUE(plain.isRunning());
+    EXPECT_EQ(plain.options(), nullptr);
+    plain.setPaused(Preview::OtherRuns, true);
+    EXPECT_FALSE(plain.isRunning());
 }
 
 TEST_F(SaverPreviewTest, view_goesBeforeItsDesktop)
@@ -135,7 +140,7 @@ TEST_F(SaverPreviewTest, view_goesBeforeItsDesktop)
         saver.reset();
     }
     EXPECT_TRUE(held.expired());
-    EXPECT_EQ(journal.back(), QStringLiteral("stop"));
+    EXPECT_EQ(journal.count(QStringLiteral("stop")), 1);
 }
 
 } // namespace kestro

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/display/view/Geometry.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace kestro {
+
+class ConfigurableSaver;
+class Screen;
+class ScreenSaverView;
+
+/// What a saver shows at one moment, for tests and traces. Rectangles are in the coordinates of the view's
+/// screen.
+struct SaverSnapshot {
+    struct Movie {
+        QString url;           ///< absolute string
+        std::int64_t time = 0; ///< movie time units
+        float rate = 0;
+        Rect frame; ///< of the movie frame
+    };
+    std::optional<Movie> movie; ///< nothing while the movie frame is empty or there is none
+    int curIdx = -1;
+    int trail = 0;            ///< records of the after-image trail
+    bool isFading = false;    ///< a left-behind picture is fading
+    std::optional<Rect> sign; ///< where the sign picture is, while it shows
+};
+
+/// What a host may do with a saver besides running its view. The view that a bundle makes is this as well
+/// where the bundle has any of it to give; a host runs one that is not, and asks no more of it. Main thread.
+class SaverControl {
+public:
+    /// The control of the saver that `view`, shown on `screen`, is run for: the view's own, or, where the
+    /// view only stands behind the movies, that of the view in a window above it. Null where no view there
+    /// has one.
+    [[nodiscard]] static SaverControl* of(ScreenSaverView& view, const Screen& screen);
+
+    virtual ~SaverControl();
+
+    /// Has what plays stand still where it is, once the view is stopped; starting the view has it go on.
+    virtual void pause() {}
+    /// What shows now.
+    [[nodiscard]] virtual SaverSnapshot snapshot() const { return {}; }
+    /// The saver as the sheet that edits its options knows it; null where there are none to edit.
+    [[nodiscard]] virtual ConfigurableSaver* options() { return nullptr; }
+};
+
+} // namespace kestro
