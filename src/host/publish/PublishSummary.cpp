@@ -1,4 +1,4 @@
-#include "host/commands/PublishSummary.h"
+#include "host/publish/PublishSummary.h"
 
 #include <QRegularExpression>
 

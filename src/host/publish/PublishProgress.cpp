@@ -1,4 +1,4 @@
-#include "host/commands/PublishProgress.h"
+#include "host/publish/PublishProgress.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,0 +1,18 @@
+#include "host/start/PackageLibrary.h"
+
+#include "host/start/Console.h"
+#include "platform/base/Paths.h"
+
+#include <QLibrary>
+
+namespace kestro {
+
+QFunctionPointer functionOf(const QString& library, const char* name)
+{
+    QLibrary file(packagePrefix() + QStringLiteral("/lib/kestro/libkestro-%1.so").arg(library));
+    const QFunctionPointer function = file.resolve(name);
+    if (!function) complain(file.errorString());
+    return function;
+}
+
+} // namespace kestro
