@@ -4,6 +4,9 @@
 
 namespace kestro {
 
+/// As many are freed at once; more wait for one of them.
+inline constexpr int mostTeardownThreads = 8;
+
 /// Frees what a movie played with on a thread of its own: freeing a player may wait for its decoders, and
 /// nothing on the main thread should. Any thread.
 void tearDownLater(std::function<void()> free);

@@ -66,7 +66,13 @@ MpvHandle::~MpvHandle()
     if (m_openGL)
         OpenGLTeardown::begin(m_handle, m_renderer, std::move(m_openGL));
     else
-        tearDownLater([handle = m_handle, renderer = m_renderer] { freePlayer(handle, renderer); });
+        freeLater();
+}
+
+void MpvHandle::freeLater()
+{
+    command(0, {"stop"}); // it may have to wait its turn, and is not to be heard meanwhile
+    tearDownLater([handle = m_handle, renderer = m_renderer] { freePlayer(handle, renderer); });
 }
 
 static void notify(void* notifier)

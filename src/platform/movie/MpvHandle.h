@@ -62,6 +62,7 @@ public:
 private:
     MpvHandle() = default;
     [[nodiscard]] bool start(const Options& options, std::shared_ptr<OpenGL> openGL);
+    void freeLater();
     void startOpenGL(std::shared_ptr<OpenGL> openGL);
     [[nodiscard]] bool startSoftware();
     void makeCurrent() const;

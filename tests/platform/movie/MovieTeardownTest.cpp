@@ -1,10 +1,13 @@
 #include "platform/movie/MovieTeardown.h"
 
+#include <QDir>
+
 #include <atomic>
 #include <chrono>
 #include <future>
 #include <gtest/gtest.h>
 #include <memory>
+#include <semaphore>
 
 using namespace kestro;
 
@@ -15,6 +18,25 @@ TEST(MovieTeardown, isDone_whenFinished)
         tearDownLater([&freed] { ++freed; });
     finishMovieTeardown();
     EXPECT_EQ(freed, 5);
+}
+
+TEST(MovieTeardown, startsNoMoreThreadsThanItsBound_andFreesAllInTheEnd)
+{
+    constexpr int count = 4 * mostTeardownThreads;
+    const auto threads = [] { return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs).size(); };
+    const auto freed = std::make_shared<std::counting_semaphore<count>>(0);
+    std::promise<void> release;
+    const std::shared_future<void> held = release.get_future().share();
+    const auto before = threads();
+    for (int i = 0; i < count; ++i)
+        tearDownLater([held, freed] {
+            held.wait();
+            freed->release();
+        });
+    EXPECT_LE(threads() - before, mostTeardownThreads);
+    release.set_value();
+    for (int i = 0; i < count; ++i)
+        ASSERT_TRUE(freed->try_acquire_for(std::chrono::minutes(3))) << i;
 }
 
 TEST(MovieTeardown, doesNotHoldUpItsCaller_norForeverTheEnd)
