@@ -57,17 +57,17 @@ void visitSubviews(const View& view, Visit visit)
 
 void BackingStore::reset(Size size, double pixelRatio, const QColor& background)
 {
-    if (m_painter) m_painter->end();
     const QRect before({0, 0}, pixelSize());
     m_size = size;
     m_pixelRatio = pixelRatio;
-    m_pixels = {};
+    m_canvas = std::make_shared<Canvas>(Canvas{{}, m_canvas->record});
     const QRect whole({0, 0}, pixelSize());
-    m_record.setClip(QRegion(before) + whole);
-    m_record.noteFill(m_record.drawn().boundingRect(), 0);
+    PaintRecord& record = m_canvas->record;
+    record.setClip(QRegion(before) + whole);
+    record.noteFill(record.drawn().boundingRect(), 0);
     if (background.alpha() == 0 || !makePixels()) return;
-    m_pixels.fill(background);
-    m_record.noteFill(whole, background.alpha());
+    m_canvas->pixels.fill(background);
+    record.noteFill(whole, background.alpha());
 }
 
 QSize BackingStore::pixelSize() const
@@ -78,9 +78,9 @@ QSize BackingStore::pixelSize() const
 
 bool BackingStore::makePixels()
 {
-    if (!m_pixels.isNull()) return true;
-    m_pixels = alignedImage(pixelSize(), QImage::Format_ARGB32_Premultiplied);
-    return !m_pixels.isNull();
+    QImage& pixels = m_canvas->pixels;
+    if (pixels.isNull()) pixels = alignedImage(pixelSize(), QImage::Format_ARGB32_Premultiplied);
+    return !pixels.isNull();
 }
 
 void BackingStore::drawMarked(View& content)
@@ -127,22 +127,23 @@ void BackingStore::drawParts(View& view, const Rects& parts)
 {
     const QRegion region = pixelRegion(parts);
     if (region.isEmpty() || !makePixels()) return;
-    const bool isOutermost = !m_painter;
+    const auto canvas = m_canvas;
+    const bool isOutermost = !canvas->painter;
     QPainter own;
     if (isOutermost) {
-        own.begin(&m_pixels);
-        m_painter = &own;
+        own.begin(&canvas->pixels);
+        canvas->painter = &own;
     }
-    const QRegion outerClip = m_record.clip();
-    m_record.setClip(region);
-    m_painter->save();
-    m_painter->setClipRegion(region);
+    const QRegion outerClip = canvas->record.clip();
+    canvas->record.setClip(region);
+    canvas->painter->save();
+    canvas->painter->setClipRegion(region);
     const Point origin = view.convertToWindow(view.bounds()).origin;
-    Painter painter(*m_painter, origin, m_size.height, m_pixelRatio, &m_record);
+    Painter painter(*canvas->painter, origin, m_size.height, m_pixelRatio, &canvas->record);
     view.drawRect(painter, boundsOf(parts).movedBy({-origin.x, -origin.y}));
-    m_painter->restore();
-    m_record.setClip(outerClip);
-    if (isOutermost) m_painter = nullptr;
+    canvas->painter->restore();
+    canvas->record.setClip(outerClip);
+    if (isOutermost) canvas->painter = nullptr;
 }
 
 QRegion BackingStore::pixelRegion(const Rects& parts) const

@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QRegion>
 
+#include <memory>
 #include <vector>
 
 class QPainter;
@@ -32,15 +33,21 @@ public:
     void draw(View& view, const Rect& rect);
 
     /// ARGB32_Premultiplied; null while nothing was drawn.
-    [[nodiscard]] const QImage& pixels() const { return m_pixels; }
+    [[nodiscard]] const QImage& pixels() const { return m_canvas->pixels; }
     [[nodiscard]] QSize pixelSize() const;
     /// The pixels that hold anything, that hide what is below, and that were painted since the last call.
-    [[nodiscard]] const QRegion& drawn() const { return m_record.drawn(); }
-    [[nodiscard]] const QRegion& opaque() const { return m_record.opaque(); }
-    [[nodiscard]] QRegion takePainted() { return m_record.takePainted(); }
+    [[nodiscard]] const QRegion& drawn() const { return m_canvas->record.drawn(); }
+    [[nodiscard]] const QRegion& opaque() const { return m_canvas->record.opaque(); }
+    [[nodiscard]] QRegion takePainted() { return m_canvas->record.takePainted(); }
 
 private:
     using Rects = std::vector<Rect>;
+
+    struct Canvas {
+        QImage pixels;
+        PaintRecord record;
+        QPainter* painter = nullptr; ///< open while views draw; a view may have another drawn from within
+    };
 
     /// Draws in `view` what is marked and what of `below`, the parts that were drawn under it, it covers. All
     /// in window coordinates; `clip` is what the superviews leave. Answers the parts that were drawn.
@@ -51,9 +58,8 @@ private:
 
     Size m_size;
     double m_pixelRatio = 1;
-    QImage m_pixels;
-    PaintRecord m_record;
-    QPainter* m_painter = nullptr; ///< open while views draw; a view may have another drawn from within
+    /// Shared with the drawing that is under way: a view that has all start anew goes on drawing on what was.
+    std::shared_ptr<Canvas> m_canvas = std::make_shared<Canvas>();
 };
 
 } // namespace kestro
