@@ -7,9 +7,12 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 # The build tree has the shape of the installed one, so that programs find their package the same way in both: what is
 # installed is the file that was built, byte for byte.
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/kestro)
-set(KESTRO_SHARE_DIR ${CMAKE_BINARY_DIR}/share/kestro)
+include(GNUInstallDirs)
+set(KESTRO_LIBRARY_DIR ${CMAKE_INSTALL_LIBDIR}/kestro)
+set(KESTRO_DATA_DIR ${CMAKE_INSTALL_DATADIR}/kestro)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_BINDIR})
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${KESTRO_LIBRARY_DIR})
+set(KESTRO_SHARE_DIR ${CMAKE_BINARY_DIR}/${KESTRO_DATA_DIR})
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
 option(BUILD_TESTING "Build the tests" ON)
@@ -17,21 +20,45 @@ set(KESTRO_SANITIZE "" CACHE STRING "Sanitizers for every target, as -fsanitize=
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+# A library calls its own functions directly: the loader has fewer names to look up, and a call no table to go through.
+add_link_options(LINKER:--exclude-libs,ALL LINKER:-Bsymbolic-functions)
 include(Hardening)
 if(KESTRO_SANITIZE)
     add_compile_options(-fsanitize=${KESTRO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${KESTRO_SANITIZE})
 endif()
 
-# kestro_library(NAME SOURCES a.cpp … [LINK lib …] [LINK_PRIVATE lib …])
-# One shared library per folder of src/: a host and a saver bundle in one process then share one copy of each.
+# The number of the interface for savers of other makers, which the libraries that they link to bear.
+file(STRINGS ${PROJECT_SOURCE_DIR}/src/platform/saver/SaverPlugin.h KESTRO_SAVER_INTERFACE REGEX "^#define KestroSaverPlugin_iid ")
+string(REGEX REPLACE ".*/([0-9]+)\"$" "\\1" KESTRO_SAVER_INTERFACE "${KESTRO_SAVER_INTERFACE}")
+
+# kestro_library(NAME [STATIC|SDK] SOURCES a.cpp … [LINK lib …] [LINK_PRIVATE lib …])
+# One library per folder of src/, shared: a host and a saver bundle in one process then have one copy of each. STATIC is for
+# what stands in one of them alone; whoever it becomes part of does not hand on its symbols. SDK is for what savers of other
+# makers link to.
 function(kestro_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;LINK_PRIVATE" ${ARGN})
-    add_library(${name} SHARED ${ARG_SOURCES})
-    set_target_properties(${name} PROPERTIES OUTPUT_NAME kestro-${name})
+    cmake_parse_arguments(ARG "STATIC;SDK" "" "SOURCES;LINK;LINK_PRIVATE" ${ARGN})
+    set(kind SHARED)
+    if(ARG_STATIC)
+        set(kind STATIC)
+    endif()
+    add_library(${name} ${kind} ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE ${ARG_LINK_PRIVATE})
-    install(TARGETS ${name} LIBRARY DESTINATION lib/kestro)
+    if(ARG_SDK)
+        set_target_properties(${name} PROPERTIES SOVERSION ${KESTRO_SAVER_INTERFACE})
+    endif()
+    if(NOT ARG_STATIC)
+        set_target_properties(${name} PROPERTIES OUTPUT_NAME kestro-${name})
+        install(TARGETS ${name} LIBRARY DESTINATION ${KESTRO_LIBRARY_DIR})
+    endif()
+endfunction()
+
+# kestro_relative_path(VARIABLE FROM TO)
+# Sets VARIABLE to the way from one folder of what is installed to another.
+function(kestro_relative_path variable from to)
+    file(RELATIVE_PATH path /prefix/${from} /prefix/${to})
+    set(${variable} ${path} PARENT_SCOPE)
 endfunction()
 
 # All test programs of readers of foreign bytes: .ci/run builds and runs these with sanitizers too.

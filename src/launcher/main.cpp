@@ -15,7 +15,7 @@ std::filesystem::path programs()
 {
     std::error_code error;
     const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
-    return self.parent_path().parent_path() / "lib/kestro";
+    return (self.parent_path() / KESTRO_LIBRARIES_FROM_PROGRAMS).lexically_normal();
 }
 
 } // namespace

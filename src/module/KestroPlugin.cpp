@@ -23,7 +23,7 @@ struct Shared {
     SettingsStore store{homeFolder()};
     SharedTrailers trailers;
     BackSaverHost backSavers{homeFolder()};
-    SignPictures signs{packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources")};
+    SignPictures signs{packageLibraries() + QStringLiteral("/Kestro.saver/Contents/Resources")};
 };
 
 Shared& shared()

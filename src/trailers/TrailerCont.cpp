@@ -25,8 +25,8 @@ TrailerCont*& shared()
 TrailerCont::Parts partsOfThisUser()
 {
     return {homeFolder(),
-            packagePrefix() +
-                QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources/Kestro_Scanned_Trailers.lst"),
+            packageLibraries() +
+                QStringLiteral("/Kestro.saver/Contents/Resources/Kestro_Scanned_Trailers.lst"),
             unpackingFolder(), configuredTrailerSite(), std::make_unique<CurlFetch>()};
 }
 

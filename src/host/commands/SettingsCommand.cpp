@@ -14,8 +14,7 @@ namespace {
 
 int showSettingsWindow(const Arguments&)
 {
-    const QByteArray program =
-        QFile::encodeName(packagePrefix() + QStringLiteral("/lib/kestro/kestro-settings"));
+    const QByteArray program = QFile::encodeName(packageLibraries() + QStringLiteral("/kestro-settings"));
     execl(program.constData(), program.constData(), static_cast<char*>(nullptr));
     complain(QStringLiteral("Cannot start %1: %2")
                  .arg(QFile::decodeName(program), QString::fromLocal8Bit(std::strerror(errno))));

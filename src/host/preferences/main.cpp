@@ -39,7 +39,7 @@ std::unique_ptr<QGuiApplication> startWidgets()
 void showIcon()
 {
     QGuiApplication::setWindowIcon(
-        QIcon(packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver/Contents/Resources/kestro.svg")));
+        QIcon(packageLibraries() + QStringLiteral("/Kestro.saver/Contents/Resources/kestro.svg")));
 }
 
 int showSettings()

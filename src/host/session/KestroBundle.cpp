@@ -7,7 +7,7 @@ namespace kestro {
 
 std::optional<PrincipalClass> kestroSaver()
 {
-    const QString path = packagePrefix() + QStringLiteral("/lib/kestro/Kestro.saver");
+    const QString path = packageLibraries() + QStringLiteral("/Kestro.saver");
     const auto bundle = SaverBundle::load(path);
     if (!bundle) {
         complain(bundle.error());

@@ -9,7 +9,7 @@ namespace kestro {
 
 QFunctionPointer functionOf(const QString& library, const char* name)
 {
-    QLibrary file(packagePrefix() + QStringLiteral("/lib/kestro/libkestro-%1.so").arg(library));
+    QLibrary file(packageLibraries() + QStringLiteral("/libkestro-%1.so").arg(library));
     const QFunctionPointer function = file.resolve(name);
     if (!function) complain(file.errorString());
     return function;

@@ -55,7 +55,7 @@ private:
 
 std::optional<pid_t> startLook(const QString& path)
 {
-    QByteArray program = QFile::encodeName(packagePrefix() + QStringLiteral("/lib/kestro/kestro-file-look"));
+    QByteArray program = QFile::encodeName(packageLibraries() + QStringLiteral("/kestro-file-look"));
     QByteArray name = QFile::encodeName(path);
     std::array<char*, 3> arguments{program.data(), name.data(), nullptr};
     std::array<char*, 1> environment{nullptr};

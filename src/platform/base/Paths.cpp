@@ -28,9 +28,14 @@ QString homeOfAccount()
 QString libraryFile()
 {
     Dl_info found = {};
-    if (dladdr(reinterpret_cast<const void*>(&packagePrefix), &found) == 0 || found.dli_fname == nullptr)
+    if (dladdr(reinterpret_cast<const void*>(&packageLibraries), &found) == 0 || found.dli_fname == nullptr)
         return {};
     return QFileInfo(QFile::decodeName(found.dli_fname)).canonicalFilePath();
+}
+
+QString fromLibraries(const char* path)
+{
+    return QDir::cleanPath(packageLibraries() + u'/' + QString::fromUtf8(path));
 }
 
 // A folder below the one that the session gives to each user, which is gone after the session.
@@ -69,22 +74,27 @@ QString homeFolder()
     return homeOfAccount();
 }
 
-QString packagePrefix()
+QString packageLibraries()
 {
-    static const QString prefix = QDir::cleanPath(QFileInfo(libraryFile()).path() + QStringLiteral("/../.."));
-    return prefix;
+    static const QString folder = QFileInfo(libraryFile()).path();
+    return folder;
+}
+
+QString packageData()
+{
+    return fromLibraries(KESTRO_DATA_FROM_LIBRARIES);
 }
 
 QString kestroProgram()
 {
-    return packagePrefix() + QStringLiteral("/bin/kestro");
+    return fromLibraries(KESTRO_PROGRAMS_FROM_LIBRARIES "/kestro");
 }
 
 QString platformPath(const QString& path)
 {
     const QString root = fromEnvironment("KESTRO_ROOT");
     if (!root.isEmpty()) return root + path;
-    return QFileInfo::exists(path) ? path : packagePrefix() + QStringLiteral("/share/kestro/root") + path;
+    return QFileInfo::exists(path) ? path : packageData() + QStringLiteral("/root") + path;
 }
 
 QString cacheFolder()

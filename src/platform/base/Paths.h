@@ -9,15 +9,18 @@ namespace kestro {
 /// The user's home folder, or KESTRO_HOME where that is set and not empty.
 [[nodiscard]] QString homeFolder();
 
-/// The folder that the package is installed in (the build tree has the same shape): the one two above the
-/// folder that holds this library.
-[[nodiscard]] QString packagePrefix();
+/// The folder of the package's libraries, of its saver bundle, and of the programs that nobody starts by
+/// hand: the one that holds this library. The build tree has the same shape as what is installed.
+[[nodiscard]] QString packageLibraries();
+
+/// The folder of what the package brings besides code, kestro in the folder for data of its prefix.
+[[nodiscard]] QString packageData();
 
 /// The file of the program that a person or xscreensaver starts.
 [[nodiscard]] QString kestroProgram();
 
 /// Where an absolute path of the desktop lies here: `path` itself if something exists there, else the same
-/// path below the package's platform root (`<prefix>/share/kestro/root`). KESTRO_ROOT, where set, stands for
+/// path below the package's platform root (`root` in packageData()). KESTRO_ROOT, where set, stands for
 /// both: the answer is then always below it. What is answered need not exist.
 [[nodiscard]] QString platformPath(const QString& path);
 

@@ -57,7 +57,7 @@ QString Translations::firstLanguage(const QStringList& wanted, const QString& fo
 
 QString Translations::packagedFolder()
 {
-    return packagePrefix() + QStringLiteral("/share/kestro/translations");
+    return packageData() + QStringLiteral("/translations");
 }
 
 } // namespace kestro

@@ -124,7 +124,7 @@ Error systemError(const QString& what, int number)
 Result<std::unique_ptr<HackProcess>> HackProcess::start(const QStringList& command, std::uint32_t window,
                                                         EndHandler onEnd)
 {
-    const QString guardProgram = packagePrefix() + QStringLiteral("/lib/kestro/kestro-hack-guard");
+    const QString guardProgram = packageLibraries() + QStringLiteral("/kestro-hack-guard");
     QStringList words{guardProgram};
     words += command;
     words += {QStringLiteral("--window-id"), QStringLiteral("0x%1").arg(window, 0, 16)};

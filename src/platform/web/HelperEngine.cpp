@@ -20,8 +20,8 @@ namespace kestro {
 HelperSettings HelperSettings::ofPackage()
 {
     HelperSettings settings;
-    settings.program = packagePrefix() + QStringLiteral("/lib/kestro/kestro-web");
-    const QString ruffle = packagePrefix() + QStringLiteral("/share/kestro/ruffle");
+    settings.program = packageLibraries() + QStringLiteral("/kestro-web");
+    const QString ruffle = packageData() + QStringLiteral("/ruffle");
     settings.arguments = {ruffle};
     settings.needed = ruffle + QStringLiteral("/ruffle.js");
     return settings;

@@ -56,14 +56,14 @@ TEST(Paths, homeFolder_isTheAccounts_whenHomeIsNotSet)
 
 TEST(Paths, kestroProgram_isInThePackage)
 {
-    EXPECT_EQ(kestroProgram(), packagePrefix() + QStringLiteral("/bin/kestro"));
+    EXPECT_EQ(kestroProgram(), QDir::cleanPath(packageLibraries() + QStringLiteral("/../../bin/kestro")));
 }
 
-TEST(Paths, packagePrefix_isTwoAboveTheLibrarysFolder)
+TEST(Paths, packageLibraries_isTheFolderOfThisLibrary)
 {
-    EXPECT_TRUE(QFileInfo::exists(packagePrefix() + QStringLiteral("/lib/kestro/libkestro-base.so")))
-        << packagePrefix().toStdString();
-    EXPECT_TRUE(QDir::isAbsolutePath(packagePrefix()));
+    EXPECT_TRUE(QFileInfo::exists(packageLibraries() + QStringLiteral("/libkestro-base.so")))
+        << packageLibraries().toStdString();
+    EXPECT_TRUE(QDir::isAbsolutePath(packageLibraries()));
 }
 
 TEST(Paths, platformPath_isThePathItself_whenSomethingIsThere)
@@ -77,7 +77,7 @@ TEST(Paths, platformPath_isBelowThePackagesRoot_whenNothingIsThere)
 {
     const ScopedEnvironment none("KESTRO_ROOT");
     EXPECT_EQ(platformPath(QStringLiteral("/no such/intro.mov")),
-              packagePrefix() + QStringLiteral("/share/kestro/root/no such/intro.mov"));
+              packageData() + QStringLiteral("/root/no such/intro.mov"));
 }
 
 TEST(Paths, platformPath_isAlwaysBelowKestroRoot_whenSet)
