@@ -5,6 +5,7 @@
 #include "settings/BackSaverMenu.h"
 #include "settings/ConfigurableSaver.h"
 #include "settings/MovieURL.h"
+#include "settings/Options.h"
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
 #include "settings/SettingsStore.h"
@@ -22,11 +23,6 @@ namespace {
 
 const QString lastFolderKey = QStringLiteral("SSLastPath");
 const QString slideShowExtension = QStringLiteral("slideSaver");
-
-/// Of the settings file that is written here.
-const QString formatVersion = QStringLiteral("5");
-
-constexpr int flyRow = 0;
 
 } // namespace
 
@@ -88,7 +84,7 @@ void ConfigModel::checkFullScreen()
     m_enabling.scaleField = isPartial;
     m_enabling.fadeoutChk = isPartial;
     m_enabling.backSaverPopup = isPartial;
-    m_enabling.timeIntervalField = isPartial && m_controls.partialModeRadio == flyRow;
+    m_enabling.timeIntervalField = isPartial && m_controls.partialModeRadio == PartialModeFly;
     m_enabling.reposRadio = m_enabling.timeIntervalField;
     Q_EMIT controlsChanged();
 }
@@ -96,7 +92,7 @@ void ConfigModel::checkFullScreen()
 // Full screen is not looked at here: the way of moving is only chosen where it is off.
 void ConfigModel::checkDynamic()
 {
-    m_enabling.timeIntervalField = m_controls.partialModeRadio == flyRow;
+    m_enabling.timeIntervalField = m_controls.partialModeRadio == PartialModeFly;
     m_enabling.reposRadio = m_enabling.timeIntervalField;
     Q_EMIT controlsChanged();
 }
@@ -129,7 +125,7 @@ void ConfigModel::save()
 {
     ConfigurableSaver& saver = m_sources.saver;
     SettingsStore& store = saver.settings().store();
-    store.plist() = settingsToSave();
+    store.setPlist(settingsToSave());
     saver.playlist().dropFileList();
     alertOfSlideSaver();
     const bool isWritten = store.writePlist();
@@ -147,28 +143,21 @@ QVariantMap ConfigModel::settingsToSave() const
     for (const PlaylistEntry& entry : m_playList.entries())
         files.append(entry.text);
 
-    QVariantMap plist{{QStringLiteral("FileList"), files}};
-    const auto put = [&plist](const char* key, int value) {
-        plist.insert(QString::fromLatin1(key), storedInt(value));
-    };
-    const auto putReal = [&plist](const char* key, float value) {
-        plist.insert(QString::fromLatin1(key), storedFloat(static_cast<double>(value)));
-    };
-    put("SoundOn", m_controls.soundChk);
-    put("PartialMode", m_controls.partialModeRadio);
-    put("RandomMode", m_controls.randomChk);
-    put("Continue", m_controls.continueChk);
-    put("FullScreenMode", m_controls.fullScreenChk);
-    put("PlayMode", m_controls.playModeRadio);
-    put("Fadeout", m_controls.fadeoutChk);
-    put("BackAndForth", m_controls.backAndForthChk);
-    putReal("Interval", floatValue(m_controls.timeIntervalField));
-    put("Reposition", m_controls.reposRadio);
-    putReal("Scale", m_controls.scaleSlider);
-
+    QVariantMap plist{storedOption(option::fileList, files),
+                      storedOption(option::soundOn, m_controls.soundChk),
+                      storedOption(option::partialMode, m_controls.partialModeRadio),
+                      storedOption(option::randomMode, m_controls.randomChk),
+                      storedOption(option::resume, m_controls.continueChk),
+                      storedOption(option::fullScreenMode, m_controls.fullScreenChk),
+                      storedOption(option::playMode, m_controls.playModeRadio),
+                      storedOption(option::fadeout, m_controls.fadeoutChk),
+                      storedOption(option::backAndForth, m_controls.backAndForthChk),
+                      storedOption(option::interval, floatValue(m_controls.timeIntervalField)),
+                      storedOption(option::reposition, m_controls.reposRadio),
+                      storedOption(option::scale, m_controls.scaleSlider),
+                      storedOption(option::ver, settingsVersion)};
     const QString backSaver = chosenBackSaver();
-    if (!backSaver.isEmpty()) plist.insert(QStringLiteral("BackSaver"), backSaver);
-    plist.insert(QStringLiteral("Ver"), formatVersion);
+    if (!backSaver.isEmpty()) plist.insert(QVariantMap{storedOption(option::backSaver, backSaver)});
     return plist;
 }
 

@@ -109,9 +109,9 @@ Rect MovieGeometry::placeFor(const MovieFrame& frame, bool windowMode) const
 {
     if (m_settings.isDynamicMode()) return movingPlaceFor(frame, windowMode);
     switch (m_settings.playMode()) {
-    case 1:
+    case PlayModeStretched:
         return {{0, 0}, m_saver.frame().size};
-    case 2:
+    case PlayModeEnlarged:
         return centred(bigMmovieSizeFromSS(frame, 1.0F));
     default:
         logLine(QStringLiteral("fullscreen 0 selected"));

@@ -42,7 +42,7 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     : ScreenSaverView(frame, isPreview)
     , m_services(services)
     , m_settings(services.store, {isPreview, false})
-    , m_playlist(m_settings, services.trailers, *this, isPreview)
+    , m_playlist(m_settings, services.trailers, isPreview)
     , m_sequencer({m_settings, m_playlist, services.movies, services.desktop.random(),
                    services.desktop.clock(), isPreview,
                    [web = services.webEngine] { return web && web->isAvailable(); }})

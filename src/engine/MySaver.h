@@ -46,10 +46,7 @@ struct SaverServices {
 /// The movie screen saver: the view of one screen. It conducts: what plays next, how large and where, how it
 /// moves and what it leaves behind are the concerns of the classes it holds. A host creates it, starts it,
 /// ticks it at its interval and stops it. Main thread.
-class MySaver final : public ScreenSaverView,
-                      public TrailerClient,
-                      public SaverControl,
-                      public ConfigurableSaver {
+class MySaver final : public ScreenSaverView, public SaverControl, public ConfigurableSaver {
 public:
     /// Makes the saver for one screen and answers the view that the host is to show: the saver, or, where
     /// another one is chosen to run behind it, that one's view, above which the saver then runs by itself.

@@ -5,6 +5,7 @@
 #include "platform/base/StoredValue.h"
 #include "platform/base/URLKind.h"
 #include "platform/movie/QTMovie.h"
+#include "settings/Options.h"
 #include "settings/Settings.h"
 #include "settings/SettingsStore.h"
 
@@ -25,14 +26,14 @@ std::optional<QVariant> ResumePoint::stored(const QString& key) const
 
 std::optional<QString> ResumePoint::movieName() const
 {
-    const auto name = stored(QStringLiteral("LastMovie"));
+    const auto name = stored(resumeKey::lastMovie);
     return name ? std::optional(name->toString()) : std::nullopt;
 }
 
 void ResumePoint::goTo(QTMovie& movie)
 {
     if (!m_isWaiting || movie.state() != QTMovie::State::Loaded) return;
-    const auto position = stored(QStringLiteral("LastPos"));
+    const auto position = stored(resumeKey::lastPos);
     end();
     if (position && GetMovieDuration(movie) >= intValue(*position))
         SetMovieTimeValue(movie, intValue(*position));
@@ -44,8 +45,8 @@ void ResumePoint::store(const QTMovie& movie)
     const QUrl url = movie.url();
     logLine(QStringLiteral("URL = %1").arg(shownURL(url)));
     if (!url.isValid() || m_isWaiting) return;
-    m_store.setDefaults({{QStringLiteral("LastMovie"), lastPathComponent(url)},
-                         {QStringLiteral("LastPos"), storedInt(GetMovieTime(movie))}});
+    m_store.setDefaults({{resumeKey::lastMovie, lastPathComponent(url)},
+                         {resumeKey::lastPos, storedInt(GetMovieTime(movie))}});
 }
 
 } // namespace kestro

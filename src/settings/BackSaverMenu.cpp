@@ -2,13 +2,10 @@
 
 #include "platform/base/Log.h"
 #include "settings/Settings.h"
-#include "settings/SettingsStore.h"
 
 namespace kestro {
 
 namespace {
-
-const QString backSaverKey = QStringLiteral("BackSaver");
 
 QString fileName(QString path)
 {
@@ -34,7 +31,7 @@ int selectBackSaver(Settings& settings, const QStringList& items)
     const auto index = items.indexOf(fileName(*stored));
     if (index >= 0) return static_cast<int>(index);
     logLine(QStringLiteral("The background saver is not installed any more: %1").arg(*stored));
-    settings.store().plist().remove(backSaverKey);
+    settings.forgetBackSaver();
     return 0;
 }
 

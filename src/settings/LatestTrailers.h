@@ -7,12 +7,6 @@
 
 namespace kestro {
 
-/// A view on whose behalf a crawl runs, as the crawler knows it.
-class TrailerClient {
-public:
-    virtual ~TrailerClient() = default;
-};
-
 /// What the saver knows of the trailer scanner: the newest trailers on record, and a crawl in the background.
 /// One per process. Main thread.
 class LatestTrailers {
@@ -23,7 +17,7 @@ public:
     /// whose absoluteString() is in `excluded`; all there are where `count` is not above 0.
     [[nodiscard]] virtual QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) = 0;
     /// Refreshes the record in the background, for later; answers at once.
-    virtual void scanLatest(TrailerClient& client) = 0;
+    virtual void scanLatest() = 0;
     /// Ends a crawl in the background; nothing when none runs.
     virtual void stopThreading() = 0;
 };

@@ -12,9 +12,9 @@
 #include "settings/SettingsStore.h"
 
 #include <QFileInfo>
-#include <QHash>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestro {
 
@@ -28,10 +28,6 @@ const QString defalutMovieURL_104 =
 
 namespace {
 
-// From this version on the stored list holds URLs; before it, paths.
-constexpr int versionWithURLs = 5;
-
-const QString fileListKey = QStringLiteral("FileList");
 const QString defaultAutomaticEntry = QStringLiteral("auto://LatestTrailers/6/480");
 
 bool isInstalled(const QString& path)
@@ -48,11 +44,6 @@ QUrl defaultMovie()
 {
     if (isInstalled(idvdFishMoviePath)) return installedFileURL(idvdFishMoviePath);
     return installedFileURL(isInstalled(defalutMovieURL) ? defalutMovieURL : defalutMovieURL_104);
-}
-
-QList<QUrl> defaultPlaylist()
-{
-    return {defaultMovie(), QUrl(defaultAutomaticEntry)};
 }
 
 // What a site names is played unasked: it is a movie on the web, and neither a page nor anything of this
@@ -82,82 +73,87 @@ QString textOf(const QVariant& stored)
     return stored.typeId() == QMetaType::QString ? stored.toString() : QString();
 }
 
-void cut(QList<QUrl>& urls)
-{
-    if (urls.size() <= Bounds::playlistEntries) return;
-    logLine(
-        QStringLiteral("Only the first %1 movies of the playlist are played.").arg(Bounds::playlistEntries));
-    urls.resize(Bounds::playlistEntries);
-}
-
 } // namespace
 
-Playlist::Playlist(Settings& settings, LatestTrailers& trailers, TrailerClient& client, bool isPreview)
+/// Where a movie is, and the text that says so in the file; null where none does.
+struct Playlist::Entry {
+    QUrl url;
+    QString storedText;
+};
+
+Playlist::Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview)
     : m_settings(settings)
     , m_trailers(trailers)
-    , m_client(client)
     , m_isPreview(isPreview)
 {
 }
 
 QList<QUrl> Playlist::movieFileList(bool expand)
 {
-    const QVariantMap& plist = m_settings.store().plist();
-    if (!plist.contains(fileListKey)) {
-        const QStringList fresh{absoluteString(defaultMovie()), defaultAutomaticEntry};
-        return storedURLs(QVariant(fresh).toList(), expand);
-    }
-    const QVariant value = plist.value(fileListKey);
-    const bool isList = value.typeId() == QMetaType::QVariantList || value.typeId() == QMetaType::QStringList;
-    const QVariantList stored = isList ? value.toList() : QVariantList();
-    return m_settings.plistVersion() < versionWithURLs ? storedPaths(stored) : storedURLs(stored, expand);
+    QList<QUrl> urls;
+    for (Entry& entry : entries(expand))
+        urls.append(std::move(entry.url));
+    return urls;
 }
 
 QStringList Playlist::movieFileStrings(bool expand)
 {
-    QHash<QUrl, QString> stored;
-    const QVariantMap& plist = m_settings.store().plist();
-    for (const QVariant& entry : plist.value(fileListKey).toList())
-        stored.insert(QUrl(textOf(entry)), textOf(entry));
-
     QStringList texts;
-    for (const QUrl& url : movieFileList(expand)) {
-        const QString text = absoluteString(url);
-        const QString storedText = stored.value(url);
-        const bool differsInCaseOnly = storedText.compare(text, Qt::CaseInsensitive) == 0;
-        texts.append(differsInCaseOnly ? storedText : text);
+    for (const Entry& entry : entries(expand)) {
+        const QString text = absoluteString(entry.url);
+        const bool differsInCaseOnly = entry.storedText.compare(text, Qt::CaseInsensitive) == 0;
+        texts.append(differsInCaseOnly ? entry.storedText : text);
     }
     return texts;
 }
 
-// An older release's empty list never expands: its user has not asked for trailers yet.
-QList<QUrl> Playlist::storedPaths(const QVariantList& stored) const
+QList<Playlist::Entry> Playlist::entries(bool expand)
 {
-    if (stored.isEmpty()) return defaultPlaylist();
-    if (isOldDefault(stored) && isInstalled(idvdFishMoviePath)) return {installedFileURL(idvdFishMoviePath)};
-    QList<QUrl> urls;
-    for (const QVariant& entry : stored) {
-        const QString path = textOf(entry);
-        if (!path.isEmpty()) urls.append(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
-    }
-    return urls;
+    const auto stored = m_settings.value(option::fileList);
+    if (!stored) return storedURLs({absoluteString(defaultMovie()), defaultAutomaticEntry}, expand);
+    return m_settings.plistVersion() < settingsVersion ? storedPaths(*stored) : storedURLs(*stored, expand);
 }
 
-QList<QUrl> Playlist::storedURLs(const QVariantList& stored, bool expand)
+// An older release's empty list never expands: its user has not asked for trailers yet.
+QList<Playlist::Entry> Playlist::storedPaths(const QVariantList& stored)
 {
-    QList<QUrl> urls;
-    urls.reserve(stored.size());
+    if (stored.isEmpty()) return {{defaultMovie(), {}}, {QUrl(defaultAutomaticEntry), {}}};
+    if (isOldDefault(stored) && isInstalled(idvdFishMoviePath))
+        return {{installedFileURL(idvdFishMoviePath), {}}};
+    QList<Entry> found;
     for (const QVariant& entry : stored) {
-        if (expand && urls.size() > Bounds::playlistEntries) break;
-        const QUrl url(textOf(entry));
-        if (!url.isValid() || url.isRelative()) continue;
-        if (expand && isAutomaticEntry(url))
-            urls.append(latestTrailers(url));
-        else
-            urls.append(url);
+        const QString path = textOf(entry);
+        if (!path.isEmpty()) found.append({QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()), {}});
     }
-    if (expand) cut(urls);
-    return urls;
+    return found;
+}
+
+QList<Playlist::Entry> Playlist::storedURLs(const QVariantList& stored, bool expand)
+{
+    QList<Entry> found;
+    found.reserve(stored.size());
+    for (const QVariant& entry : stored) {
+        if (expand && found.size() > Bounds::playlistEntries) break;
+        const QString text = textOf(entry);
+        const QUrl url(text);
+        if (!url.isValid() || url.isRelative()) continue;
+        if (!expand || !isAutomaticEntry(url)) {
+            found.append({url, text});
+            continue;
+        }
+        for (const QUrl& trailer : latestTrailers(url))
+            found.append({trailer, {}});
+    }
+    if (expand) cut(found);
+    return found;
+}
+
+void Playlist::cut(QList<Entry>& entries)
+{
+    if (entries.size() <= Bounds::playlistEntries) return;
+    logLine(
+        QStringLiteral("Only the first %1 movies of the playlist are played.").arg(Bounds::playlistEntries));
+    entries.resize(Bounds::playlistEntries);
 }
 
 // The path is /N/W; the empty part before its first slash counts as one.
@@ -177,7 +173,7 @@ void Playlist::scanOnce()
 {
     if (m_hasAutoTrailers || m_isPreview || m_settings.store().leavesNothing()) return;
     m_hasAutoTrailers = true;
-    m_trailers.scanLatest(m_client);
+    m_trailers.scanLatest();
 }
 
 const QList<QUrl>& Playlist::fileList()

@@ -12,20 +12,19 @@ namespace kestro {
 
 class LatestTrailers;
 class Settings;
-class TrailerClient;
 
 /// Movies that other software installs, used for the default playlist.
 extern const QString idvdFishMoviePath;
 extern const QString defalutMovieURL;
 extern const QString defalutMovieURL_104;
 
-/// What a view plays: the stored list ("FileList"), as it is edited, and expanded to what can be played. One
+/// What a view plays: the stored list, as it is edited, and expanded to what can be played. One
 /// per view. Main thread.
 class Playlist final {
 public:
-    /// `trailers` serves automatic entries; `client` is the view on whose behalf a crawl is asked for. With
-    /// `isPreview`, and in a run that leaves nothing behind, no crawl is ever started.
-    Playlist(Settings& settings, LatestTrailers& trailers, TrailerClient& client, bool isPreview);
+    /// `trailers` serves automatic entries. With `isPreview`, and in a run that leaves nothing behind, no
+    /// crawl is ever started.
+    Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview);
 
     /// The stored list as URLs, by the rules of its version; with `expand` each automatic entry is replaced
     /// by the trailers it stands for now, and the first one starts a crawl in the background; what is beyond
@@ -55,14 +54,17 @@ public:
     void forgetFailedURLs() { m_failedURLList.clear(); }
 
 private:
-    [[nodiscard]] QList<QUrl> storedPaths(const QVariantList& stored) const;
-    [[nodiscard]] QList<QUrl> storedURLs(const QVariantList& stored, bool expand);
+    struct Entry;
+
+    [[nodiscard]] QList<Entry> entries(bool expand);
+    [[nodiscard]] static QList<Entry> storedPaths(const QVariantList& stored);
+    [[nodiscard]] QList<Entry> storedURLs(const QVariantList& stored, bool expand);
+    static void cut(QList<Entry>& entries);
     [[nodiscard]] QList<QUrl> latestTrailers(const QUrl& entry);
     void scanOnce();
 
     Settings& m_settings;
     LatestTrailers& m_trailers;
-    TrailerClient& m_client;
     bool m_isPreview;
     std::optional<QList<QUrl>> m_urlList;
     QSet<QString> m_failedURLList;

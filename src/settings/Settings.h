@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/Options.h"
+
 #include <QString>
 
 #include <optional>
@@ -24,27 +26,36 @@ public:
     /// The view has chosen its way of running.
     void setWindowMode(bool windowMode) { m_view.windowMode = windowMode; }
 
-    [[nodiscard]] int plistVersion() const;
-    [[nodiscard]] bool isSoundOn() const;
-    [[nodiscard]] bool _isFlyMode() const;
-    [[nodiscard]] bool _isBounceMode() const;
-    [[nodiscard]] bool isFullScreen() const;
+    /// Any one option, as its accessor below answers it.
+    template <typename Kind>
+    [[nodiscard]] auto value(const Kind& option) const
+    {
+        return readOption(option, m_store);
+    }
+
+    [[nodiscard]] int plistVersion() const { return value(option::ver); }
+    [[nodiscard]] bool isSoundOn() const { return value(option::soundOn); }
+    [[nodiscard]] bool _isFlyMode() const { return value(option::flyMode); }
+    [[nodiscard]] bool _isBounceMode() const { return value(option::bounce); }
+    [[nodiscard]] bool isFullScreen() const { return value(option::fullScreenMode); }
     [[nodiscard]] bool isDynamicMode() const;
-    [[nodiscard]] int partialMode() const;
+    [[nodiscard]] int partialMode() const { return value(option::partialMode); }
     [[nodiscard]] bool isFlyMode() const;
     [[nodiscard]] bool isBounceMode() const;
-    [[nodiscard]] bool isRandomMode() const;
-    [[nodiscard]] bool isContinue() const;
+    [[nodiscard]] bool isRandomMode() const { return value(option::randomMode); }
+    [[nodiscard]] bool isContinue() const { return value(option::resume); }
     [[nodiscard]] bool canContinue() const;
     void resetContinue();
-    [[nodiscard]] int playMode() const;
-    [[nodiscard]] bool fadeoutEffect() const;
-    [[nodiscard]] bool backAndForth() const;
-    [[nodiscard]] float scaleFactor() const;
-    [[nodiscard]] float timeInterval() const;
-    [[nodiscard]] int reposition() const;
+    [[nodiscard]] int playMode() const { return value(option::playMode); }
+    [[nodiscard]] bool fadeoutEffect() const { return value(option::fadeout); }
+    [[nodiscard]] bool backAndForth() const { return value(option::backAndForth); }
+    [[nodiscard]] float scaleFactor() const { return value(option::scale); }
+    [[nodiscard]] float timeInterval() const { return value(option::interval); }
+    [[nodiscard]] int reposition() const { return value(option::reposition); }
     [[nodiscard]] bool repostionWhenMovieEnds() const;
-    [[nodiscard]] std::optional<QString> backSaver() const;
+    [[nodiscard]] std::optional<QString> backSaver() const { return value(option::backSaver); }
+    /// Takes it out of the options in memory; the file keeps it until it is written next.
+    void forgetBackSaver();
 
     /// The loop mode of a movie view that plays a list of `entryCount` entries: 0 unless it is the only one;
     /// then 2 for back and forth, else 1, or nothing (the view keeps what it has) where it is re-placed at
@@ -52,6 +63,8 @@ public:
     [[nodiscard]] std::optional<int> loopMode(qsizetype entryCount) const;
 
 private:
+    [[nodiscard]] bool isMovingBy(PartialMode mode, const StoredOption<bool>& older) const;
+
     SettingsStore& m_store;
     ViewKind m_view;
 };

@@ -4,14 +4,13 @@
 #include "platform/base/StoredValue.h"
 #include "platform/plist/PropertyList.h"
 #include "platform/plist/PropertyListFile.h"
+#include "settings/Options.h"
 
 #include <utility>
 
 namespace kestro {
 
 namespace {
-
-const QString leavesNothingKey = QStringLiteral("LeavesNothing");
 
 bool isUnreadable(const QString& path)
 {
@@ -56,9 +55,29 @@ SettingsStore::SettingsStore(QString homeFolder)
 {
 }
 
-QVariantMap& SettingsStore::plist()
+QVariantMap& SettingsStore::options()
 {
     return loadedOnce(m_plist, plistPath());
+}
+
+QVariantMap& SettingsStore::defaults()
+{
+    return loadedOnce(m_defaults, defaultsPlistPath());
+}
+
+const QVariantMap& SettingsStore::plist()
+{
+    return options();
+}
+
+void SettingsStore::setPlist(QVariantMap options)
+{
+    this->options() = std::move(options);
+}
+
+void SettingsStore::removeOption(const QString& key)
+{
+    options().remove(key);
 }
 
 bool SettingsStore::writePlist()
@@ -66,21 +85,21 @@ bool SettingsStore::writePlist()
     return write(m_plist, plistPath());
 }
 
-QVariantMap& SettingsStore::defaultsPlist()
+const QVariantMap& SettingsStore::defaultsPlist()
 {
-    return loadedOnce(m_defaults, defaultsPlistPath());
+    return defaults();
 }
 
 std::optional<QVariant> SettingsStore::option(const QString& key)
 {
-    for (const QVariantMap* options : {&std::as_const(m_optionsForThisRun), &std::as_const(plist())})
+    for (const QVariantMap* options : {&std::as_const(m_optionsForThisRun), &plist()})
         if (const auto found = options->find(key); found != options->end()) return *found;
     return {};
 }
 
 bool SettingsStore::leavesNothing() const
 {
-    return intValue(m_optionsForThisRun.value(leavesNothingKey)) != 0;
+    return intValue(m_optionsForThisRun.value(option::leavesNothing.key)) != 0;
 }
 
 bool SettingsStore::setDefaultsForKey(const QVariant& value, const QString& key)
@@ -90,20 +109,20 @@ bool SettingsStore::setDefaultsForKey(const QVariant& value, const QString& key)
 
 bool SettingsStore::setDefaults(const QVariantMap& values)
 {
-    defaultsPlist().insert(values);
+    defaults().insert(values);
     return writeDefaults();
 }
 
 std::optional<QVariant> SettingsStore::defaultsForKey(const QString& key)
 {
-    const auto found = std::as_const(defaultsPlist()).find(key);
-    if (found == std::as_const(defaultsPlist()).end()) return {};
+    const auto found = defaultsPlist().find(key);
+    if (found == defaultsPlist().end()) return {};
     return *found;
 }
 
 bool SettingsStore::removeDefaultsForKey(const QString& key)
 {
-    defaultsPlist().remove(key);
+    defaults().remove(key);
     return writeDefaults();
 }
 

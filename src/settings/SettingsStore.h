@@ -16,19 +16,23 @@ public:
     explicit SettingsStore(QString homeFolder);
 
     /// The options ("Kestro.plist"): an empty dictionary when the file is missing or cannot be read.
-    [[nodiscard]] QVariantMap& plist();
+    [[nodiscard]] const QVariantMap& plist();
+    /// Has these options count from now on, in memory; the file keeps its own until writePlist().
+    void setPlist(QVariantMap options);
+    /// Takes one of them out, in memory likewise.
+    void removeOption(const QString& key);
     /// Writes plist() whole, atomically; answers whether it was written. A line in the log says when not.
     bool writePlist();
     /// Where the file that could not be read is since plist() was written; empty where there was none.
     [[nodiscard]] const QString& keptPlist() const { return m_plist.keptAs; }
     /// The resume keys ("Kestro.def.plist"), by the same rule.
-    [[nodiscard]] QVariantMap& defaultsPlist();
+    [[nodiscard]] const QVariantMap& defaultsPlist();
 
     /// Options that count instead of those in the file for as long as this store lives. They are not part of
     /// plist() and never written.
     void setOptionsForThisRun(const QVariantMap& options) { m_optionsForThisRun = options; }
-    /// Whether this run is to leave nothing behind, as the option "LeavesNothing" for this run says: then the
-    /// resume keys change in memory alone.
+    /// Whether this run is to leave nothing behind (option::leavesNothing among the options for this run):
+    /// then the resume keys change in memory alone.
     [[nodiscard]] bool leavesNothing() const;
     /// The option that counts, nothing when it has no value.
     [[nodiscard]] std::optional<QVariant> option(const QString& key);
@@ -53,6 +57,8 @@ private:
         QString keptAs;                    ///< that name
     };
 
+    [[nodiscard]] QVariantMap& options();
+    [[nodiscard]] QVariantMap& defaults();
     [[nodiscard]] static QVariantMap& loadedOnce(Stored& stored, const QString& path);
     [[nodiscard]] static bool write(Stored& stored, const QString& path);
     bool writeDefaults();

@@ -9,9 +9,9 @@ QList<QUrl> SharedTrailers::lastTrailers(int count, int width, const QSet<QStrin
     return TrailerCont::sharedController().lastTrailers(count, width, excluded);
 }
 
-void SharedTrailers::scanLatest(TrailerClient& client)
+void SharedTrailers::scanLatest()
 {
-    TrailerCont::sharedController().scanLatest(client);
+    TrailerCont::sharedController().scanLatest();
 }
 
 void SharedTrailers::stopThreading()

@@ -9,7 +9,7 @@ namespace kestro {
 class SharedTrailers final : public LatestTrailers {
 public:
     [[nodiscard]] QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) override;
-    void scanLatest(TrailerClient& client) override;
+    void scanLatest() override;
     void stopThreading() override;
 };
 

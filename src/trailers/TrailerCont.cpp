@@ -74,7 +74,7 @@ QList<QUrl> TrailerCont::lastTrailers(int count, int width, const QSet<QString>&
     return m_list.lastTrailers(count, width, excluded);
 }
 
-void TrailerCont::scanLatest(TrailerClient&)
+void TrailerCont::scanLatest()
 {
     if (m_onThreading) return;
     if (!m_site.start.isEmpty()) return detachNewThreadSelector(&TrailerCont::scanTralersWithNoProgress);

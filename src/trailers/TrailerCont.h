@@ -69,7 +69,7 @@ public:
     [[nodiscard]] QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) override;
     /// Starts a crawl that shows nothing and saves what it found; nothing while one is wanted already, nor
     /// without a start address, which is logged once.
-    void scanLatest(TrailerClient& client) override;
+    void scanLatest() override;
     /// Ends the crawl that runs, and waits until it has: up to 100 ms, and as long as saving takes.
     void stopThreading() override;
 

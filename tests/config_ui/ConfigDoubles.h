@@ -56,8 +56,7 @@ private:
     RecordingTrailers m_trailers;
     ManualClock m_clock;
     MemoryMovieLibrary m_movies{m_clock};
-    SomeClient m_client;
-    Playlist m_playlist{m_settings, m_trailers, m_client, true};
+    Playlist m_playlist{m_settings, m_trailers, true};
 };
 
 /// A person who answers as the test says.

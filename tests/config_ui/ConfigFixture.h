@@ -17,7 +17,7 @@ protected:
     /// A sheet that opens on these options.
     ConfigModel& open(const QVariantMap& options = {})
     {
-        saver.store().plist() = options;
+        saver.store().setPlist(options);
         m_model = std::make_unique<ConfigModel>(ConfigModel::Sources{saver, panels, defaults, &trailers});
         calls.clear();
         return *m_model;

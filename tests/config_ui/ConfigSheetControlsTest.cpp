@@ -205,7 +205,7 @@ TEST_F(ConfigSheetControlsTest, backAndForth_isForOneEntryOnly)
 
 TEST_F(ConfigSheetControlsTest, trailers_cannotBeBrowsed_whereThereAreNone)
 {
-    saver.store().plist() = {};
+    saver.store().setPlist({});
     sheet = std::make_unique<ConfigSheet>(saver, nullptr, &window);
     EXPECT_FALSE(isEnabled("trailersBtn"));
 }

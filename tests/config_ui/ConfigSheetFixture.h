@@ -31,7 +31,7 @@ protected:
     {
         options.insert(QStringLiteral("Ver"), QStringLiteral("5"));
         options.insert(QStringLiteral("FileList"), urls);
-        saver.store().plist() = options;
+        saver.store().setPlist(options);
         sheet = std::make_unique<ConfigSheet>(
             saver, &trailers, [this](const QUrl& url, const std::stop_token&) { return look(url); }, &window,
             &defaults);

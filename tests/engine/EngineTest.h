@@ -31,7 +31,7 @@ public:
             if (!excluded.contains(url.toString(QUrl::FullyEncoded))) left.append(url);
         return left;
     }
-    void scanLatest(TrailerClient&) override { ++scans; }
+    void scanLatest() override { ++scans; }
     void stopThreading() override { ++stops; }
 
     QList<QUrl> trailers;
@@ -47,7 +47,12 @@ protected:
     ~EngineTest() override;
 
     /// Sets a key of the settings.
-    void set(const QString& key, const QVariant& value) { store.plist()[key] = value; }
+    void set(const QString& key, const QVariant& value)
+    {
+        QVariantMap options = store.plist();
+        options[key] = value;
+        store.setPlist(options);
+    }
     /// Makes the playlist of these names, each a movie "http://m/<name>".
     void setPlaylist(const QStringList& names);
     /// Says what the movie of that name is like; every other one cannot be opened.

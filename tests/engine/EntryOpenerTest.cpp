@@ -7,12 +7,12 @@ namespace kestro {
 
 namespace {
 
-class EntryOpenerTest : public EngineTest, public TrailerClient {
+class EntryOpenerTest : public EngineTest {
 protected:
     bool opens(const QString& url) { return !isEmpty(opener.open(QUrl(url))); }
 
     Settings settings{store, {}};
-    Playlist playlist{settings, trailers, *this, false};
+    Playlist playlist{settings, trailers, false};
     EntryOpener opener{{settings, playlist, movies, random, clock, false, [] { return false; }}};
 };
 

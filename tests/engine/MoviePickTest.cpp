@@ -7,7 +7,7 @@ namespace kestro {
 
 namespace {
 
-class MoviePickTest : public EngineTest, public TrailerClient {
+class MoviePickTest : public EngineTest {
 protected:
     using State = MoviePick::State;
 
@@ -33,7 +33,7 @@ protected:
     }
 
     Settings settings{store, {}};
-    Playlist playlist{settings, trailers, *this, false};
+    Playlist playlist{settings, trailers, false};
     MovieSequencer sequencer{{settings, playlist, movies, random, clock, false, [] { return false; }}};
 };
 

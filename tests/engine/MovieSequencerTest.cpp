@@ -8,7 +8,7 @@ namespace kestro {
 
 namespace {
 
-class MovieSequencerTest : public EngineTest, public TrailerClient {
+class MovieSequencerTest : public EngineTest {
 protected:
     MovieSequencer makeSequencer(bool isPreview = false, bool playsWebContent = false)
     {
@@ -38,7 +38,7 @@ protected:
     }
 
     Settings settings{store, {}};
-    Playlist playlist{settings, trailers, *this, false};
+    Playlist playlist{settings, trailers, false};
 };
 
 } // namespace

@@ -41,7 +41,7 @@ TEST_F(MySaverBackgroundTest, init_answersTheSaverItself_whereNoOtherIsToRunBehi
         if (each.backSaver.isValid())
             set("BackSaver", each.backSaver);
         else
-            store.plist().remove("BackSaver");
+            store.removeOption("BackSaver");
         set("FullScreenMode", each.fullScreen);
         EXPECT_NE(dynamic_cast<MySaver*>(make(each.isPreview).get()), nullptr) << each.name;
     }
@@ -71,7 +71,7 @@ TEST_F(MySaverBackgroundTest, init_keepsTheOtherSaver_whenOneOfItsNameIsInstalle
 
 TEST_F(MySaverBackgroundTest, init_listsNoSavers_whenNoneIsChosen)
 {
-    store.plist().remove("BackSaver");
+    store.removeOption("BackSaver");
     EXPECT_NE(make(), nullptr);
     EXPECT_TRUE(savers.backSaverList().isEmpty());
 }
@@ -205,7 +205,7 @@ TEST_F(MySaverBackgroundTest, otherWindowsMayClose)
 
 TEST_F(MySaverBackgroundTest, terminating_doesNothing_whenRunDirectly)
 {
-    store.plist().remove("BackSaver");
+    store.removeOption("BackSaver");
     setGoodPlaylist({"a.mov"}, 100);
     auto& saver = makeSaver();
     saver.startAnimation();

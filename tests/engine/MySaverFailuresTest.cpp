@@ -291,8 +291,7 @@ TEST_F(MySaverFailuresTest, everyScreen_ticksWhileOneSearches)
 TEST_F(MySaverFailuresTest, resumePosition_waitsForAServerThatComesLater)
 {
     set("Continue", "1");
-    store.defaultsPlist()["LastMovie"] = "b.mov";
-    store.defaultsPlist()["LastPos"] = "1800";
+    store.setDefaults({{"LastMovie", "b.mov"}, {"LastPos", "1800"}});
     setPlaylist({"a.mov", "b.mov"});
     describe("a.mov", dead);
     describe("b.mov", dead);

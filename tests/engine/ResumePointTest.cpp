@@ -12,8 +12,7 @@ protected:
     ResumePointTest()
     {
         set("Continue", "1");
-        store.defaultsPlist()["LastMovie"] = "b.mov";
-        store.defaultsPlist()["LastPos"] = "1234";
+        store.setDefaults({{"LastMovie", "b.mov"}, {"LastPos", "1234"}});
     }
 
     Settings settings{store, {}};
@@ -48,7 +47,7 @@ TEST_F(ResumePointTest, goTo_movesToTheStoredPosition_once)
 TEST_F(ResumePointTest, goTo_leavesAMovieAtItsStart_whenThePositionIsPastItsEnd)
 {
     for (const auto& [stored, expected] : std::vector<std::pair<QString, int>>{{"6001", 0}, {"6000", 6000}}) {
-        store.defaultsPlist()["LastPos"] = stored;
+        store.setDefaultsForKey(stored, "LastPos");
         ResumePoint each(settings, store);
         MemoryMovie movie(urlOf("b.mov"), {.seconds = 10}, clock);
         each.goTo(movie);

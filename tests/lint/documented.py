@@ -1,5 +1,5 @@
 """What a user can set is documented, and what is documented exists: settings keys, environment variables, and the
-commands and options that the program itself lists.
+commands and options that the program itself lists. A settings key is spelled in one file.
 
 usage: documented.py ROOT KESTRO | documented.py --self-check
 """
@@ -12,7 +12,8 @@ import sys
 import lint
 
 DOCUMENTS = ["README.md", "docs/kestro.1"]
-KEY = re.compile(r'QStringLiteral\("([A-Z]\w+)"\)')
+KEYS = "src/settings/Options.h"
+KEY = re.compile(r'"([A-Z]\w+)"_L1')
 VARIABLE = re.compile(r"\bKESTRO_[A-Z]+\b")
 VARIABLE_READ = re.compile(r'"(KESTRO_[A-Z]+)"')
 COMMAND = re.compile(r"^  kestro ([a-z][-a-z]*)", re.M)
@@ -31,7 +32,17 @@ def undocumented(names, documents):
 
 
 def settings_keys(root):
-    return set(KEY.findall(lint.read(root, "src/settings/Settings.cpp")))
+    return set(KEY.findall(lint.read(root, KEYS)))
+
+
+def spelled_elsewhere(keys, sources):
+    """A line for each source (path to text) that spells a key itself."""
+    return [
+        f'{path} spells "{key}": use its row in {KEYS}'
+        for path, text in sorted(sources.items())
+        for key in sorted(keys)
+        if f'"{key}"' in text
+    ]
 
 
 def variables_read(root):
@@ -59,9 +70,13 @@ def check_tree(root, kestro):
     if not (keys and variables and commands and options):
         print("nothing found where there must be something")
         return 1
-    # Keys of older releases need not be explained one by one in the manual page.
-    older = {"FlyMode", "Bounce", "FullScreen"}
+    # The list of trailers has a version of its own.
+    others = {KEYS, "src/trailers/TrailerListFile.cpp"}
+    sources = {path: lint.read(root, path) for path in lint.files(root, lint.CPP, "src") if path not in others}
+    # Keys of older releases need not be explained one by one in the manual page, nor what no file holds.
+    older = {"FlyMode", "Bounce", "FullScreen", "LeavesNothing"}
     faults = undocumented(keys - older | variables | commands | options, documents)
+    faults += spelled_elsewhere(keys, sources)
     for name, text in documents.items():
         faults += [f"{name} names {v}, which nothing reads" for v in sorted(set(VARIABLE.findall(text)) - variables)]
     print("\n".join(faults))
@@ -74,7 +89,9 @@ def self_check():
         undocumented({"Scale", "--out"}, documents) == [],
         len(undocumented({"Interval", "--seconds"}, documents)) == 2,
         len(undocumented({"FullScreen"}, documents)) == 1,
-        KEY.findall('flag(QStringLiteral("Fadeout"))') == ["Fadeout"],
+        KEY.findall('StoredOption<bool> fadeout{"Fadeout"_L1, "fadeoutEffect"_L1};') == ["Fadeout"],
+        spelled_elsewhere({"Scale"}, {"a.cpp": 'option(QStringLiteral("Scale"))'}) != [],
+        spelled_elsewhere({"Scale"}, {"a.cpp": "option::scale, tr(\"Scaled\")"}) == [],
         COMMAND.findall("  kestro render  Writes") == ["render"],
         OPTION.findall("Options:\n  --out DIR  where") == ["--out"],
         VARIABLE_READ.findall('qgetenv("KESTRO_HOME")') == ["KESTRO_HOME"],

@@ -24,7 +24,7 @@ QString longText(int number)
 bool saveSettings(const QString& home, int number)
 {
     SettingsStore store(home);
-    store.plist() = {{QStringLiteral("Number"), number}, {QStringLiteral("Text"), longText(number)}};
+    store.setPlist({{QStringLiteral("Number"), number}, {QStringLiteral("Text"), longText(number)}});
     return store.writePlist();
 }
 

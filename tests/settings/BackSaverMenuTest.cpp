@@ -18,7 +18,7 @@ class BackSaverMenuTest : public testing::Test {
 protected:
     int select(const QVariant& stored)
     {
-        settings->store().plist() = {{key, stored}, {QStringLiteral("Ver"), QStringLiteral("5")}};
+        settings->store().setPlist({{key, stored}, {QStringLiteral("Ver"), QStringLiteral("5")}});
         return selectBackSaver(settings.settings(), items);
     }
     [[nodiscard]] QVariantMap left() { return settings->store().plist(); }
@@ -47,7 +47,7 @@ TEST_F(BackSaverMenuTest, select_takesTheFirstItemOfTheStoredName)
 
 TEST_F(BackSaverMenuTest, select_takesDisable_whenNothingIsStored)
 {
-    settings->store().plist().clear();
+    settings->store().setPlist({});
     EXPECT_EQ(selectBackSaver(settings.settings(), items), 0);
     EXPECT_TRUE(log.empty());
 }

@@ -22,7 +22,7 @@ protected:
     void useSettings(const QVariantMap& plist, bool isPreview = false)
     {
         m_settings = std::make_unique<SettingsInMemory>(plist, Settings::ViewKind{.isPreview = isPreview});
-        m_playlist = std::make_unique<Playlist>(m_settings->settings(), m_trailers, m_client, isPreview);
+        m_playlist = std::make_unique<Playlist>(m_settings->settings(), m_trailers, isPreview);
     }
 
     void useList(const char* version, const QVariant& list, bool isPreview = false)
@@ -60,7 +60,6 @@ protected:
     QTemporaryDir m_root;
     ScopedEnvironment m_environment{"KESTRO_ROOT", m_root.path()};
     RecordingTrailers m_trailers;
-    SomeClient m_client;
     std::unique_ptr<SettingsInMemory> m_settings;
     std::unique_ptr<Playlist> m_playlist;
 };

@@ -40,7 +40,7 @@ TEST_F(PlaylistOfPaths, movieFileList_staysUnexpanded_whenTheListIsEmpty)
     EXPECT_EQ(texts(playlist().plistFileList()), expected);
     EXPECT_EQ(texts(playlist().fileList()), expected);
     EXPECT_TRUE(m_trailers.calls.empty());
-    EXPECT_TRUE(m_trailers.scans.empty());
+    EXPECT_EQ(m_trailers.scans, 0);
 }
 
 TEST_F(PlaylistOfPaths, movieFileList_isTheEmptyListsOne_whenThereIsNoList)

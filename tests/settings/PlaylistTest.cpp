@@ -151,7 +151,7 @@ TEST_F(PlaylistOfURLs, automaticEntry_isDropped_whenItsPathHasTooFewParts)
     EXPECT_EQ(texts(playlist().plistFileList()), stored);
     EXPECT_TRUE(playlist().fileList().isEmpty());
     EXPECT_TRUE(m_trailers.calls.empty());
-    EXPECT_TRUE(m_trailers.scans.empty());
+    EXPECT_EQ(m_trailers.scans, 0);
     EXPECT_FALSE(playlist().hasAutoTrailers());
 }
 
@@ -162,7 +162,7 @@ TEST_F(PlaylistOfURLs, expansion_asksForOneScan_inTheLifeOfAView)
     EXPECT_EQ(playlist().fileList().size(), 12);
     playlist().dropFileList();
     EXPECT_EQ(playlist().fileList().size(), 12);
-    EXPECT_EQ(m_trailers.scans, std::vector<TrailerClient*>{&m_client});
+    EXPECT_EQ(m_trailers.scans, 1);
     EXPECT_TRUE(playlist().hasAutoTrailers());
 }
 
@@ -170,7 +170,7 @@ TEST_F(PlaylistOfURLs, expansion_asksForNoScan_inAPreview)
 {
     useList("5", QStringList(automatic), true);
     EXPECT_EQ(texts(playlist().fileList()), trailers(480, 6));
-    EXPECT_TRUE(m_trailers.scans.empty());
+    EXPECT_EQ(m_trailers.scans, 0);
     EXPECT_FALSE(playlist().hasAutoTrailers());
 }
 
@@ -180,7 +180,7 @@ TEST_F(PlaylistOfURLs, expansion_asksForNoScan_inARunThatLeavesNothing)
     m_settings->settings().store().setOptionsForThisRun(
         {{QStringLiteral("LeavesNothing"), QStringLiteral("1")}});
     EXPECT_EQ(texts(playlist().fileList()), trailers(480, 6));
-    EXPECT_TRUE(m_trailers.scans.empty());
+    EXPECT_EQ(m_trailers.scans, 0);
     EXPECT_FALSE(playlist().hasAutoTrailers());
 }
 
@@ -188,7 +188,7 @@ TEST_F(PlaylistOfURLs, editing_asksForNoScan)
 {
     useList("5", QStringList(automatic));
     EXPECT_EQ(texts(playlist().plistFileList()), QStringList(automatic));
-    EXPECT_TRUE(m_trailers.scans.empty());
+    EXPECT_EQ(m_trailers.scans, 0);
 }
 
 TEST_F(PlaylistOfURLs, expansion_leavesOutFailedTrailers)
@@ -208,10 +208,26 @@ TEST_F(PlaylistOfURLs, fileList_isKept_untilDropped)
     EXPECT_EQ(playlist().fileList().size(), 6);
     EXPECT_EQ(m_trailers.calls.size(), 1U);
 
-    m_settings->settings().store().plist().insert(QStringLiteral("FileList"), QStringList(remote));
+    m_settings->settings().store().setPlist(
+        {{QStringLiteral("FileList"), QStringList(remote)}, {QStringLiteral("Ver"), QStringLiteral("5")}});
     EXPECT_EQ(playlist().fileList().size(), 6);
     playlist().dropFileList();
     EXPECT_EQ(texts(playlist().fileList()), QStringList(remote));
+}
+
+TEST_F(PlaylistOfURLs, movieFileList_followsTheOptionsForThisRun)
+{
+    useList("5", QStringList(automatic));
+    m_settings->settings().store().setOptionsForThisRun({{QStringLiteral("FileList"), QStringList(remote)}});
+    EXPECT_EQ(texts(playlist().plistFileList()), QStringList(remote));
+}
+
+TEST_F(PlaylistOfURLs, movieFileStrings_keepTheLettersOfEachEntry_whenTheyDifferInCaseOnly)
+{
+    const QStringList stored{QStringLiteral("http://Example.COM/a.mov"),
+                             QStringLiteral("http://example.com/a.mov")};
+    useList("5", stored);
+    EXPECT_EQ(playlist().movieFileStrings(false), stored);
 }
 
 TEST_F(PlaylistOfURLs, movieFileStrings_keepTheLettersThatAreStored)

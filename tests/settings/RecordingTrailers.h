@@ -28,7 +28,7 @@ public:
         return found;
     }
 
-    void scanLatest(TrailerClient& client) override { scans.push_back(&client); }
+    void scanLatest() override { ++scans; }
     void stopThreading() override { ++stops; }
 
     [[nodiscard]] static QString urlText(int width, int number)
@@ -38,11 +38,8 @@ public:
 
     std::vector<Call> calls;
     QList<QUrl> others; ///< that each answer begins with
-    std::vector<TrailerClient*> scans;
+    int scans = 0;
     int stops = 0;
 };
-
-/// A view on whose behalf a crawl is asked for. For tests.
-class SomeClient final : public TrailerClient {};
 
 } // namespace kestro

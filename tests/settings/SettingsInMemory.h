@@ -16,7 +16,7 @@ public:
         : m_store(m_home.path())
         , m_settings(m_store, view)
     {
-        m_store.plist() = plist;
+        m_store.setPlist(plist);
     }
 
     [[nodiscard]] Settings& settings() { return m_settings; }

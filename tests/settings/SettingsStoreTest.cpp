@@ -106,7 +106,7 @@ TEST_F(SettingsStoreFiles, writing_keepsTheFileBefore_whenItCannotBeRead)
     putBytes(preferences("Kestro~.plist"), "an older copy");
     putBytes(preferences("Kestro.def.plist"), "broken");
     SettingsStore store(m_home.path());
-    store.plist().insert(ver, QStringLiteral("5"));
+    store.setPlist({{ver, QStringLiteral("5")}});
     EXPECT_TRUE(store.writePlist());
     EXPECT_TRUE(store.setDefaultsForKey(QStringLiteral("1"), lastPos));
     EXPECT_EQ(store.keptPlist(), preferences("Kestro~1.plist"));
@@ -121,7 +121,7 @@ TEST_F(SettingsStoreFiles, writing_keepsTheFileBefore_whenItCouldNotBeReadAtFirs
 {
     putBytes(preferences("Kestro.plist"), "<plist><dict>");
     SettingsStore store(m_home.path());
-    store.plist().insert(ver, QStringLiteral("5"));
+    store.setPlist({{ver, QStringLiteral("5")}});
     const QVariantMap whole{{ver, QStringLiteral("4")}};
     put(preferences("Kestro.plist"), whole);
     EXPECT_TRUE(store.writePlist());
@@ -134,7 +134,7 @@ TEST_F(SettingsStoreFiles, writing_keepsNothing_whenTheFileBeforeCanBeRead)
 {
     put(preferences("Kestro.plist"), QVariantMap{{ver, QStringLiteral("4")}});
     SettingsStore store(m_home.path());
-    store.plist().insert(ver, QStringLiteral("5"));
+    store.setPlist({{ver, QStringLiteral("5")}});
     EXPECT_TRUE(store.writePlist());
     EXPECT_EQ(store.keptPlist(), QString());
     EXPECT_EQ(QDir(preferences("")).entryList(QDir::Files), QStringList{QStringLiteral("Kestro.plist")});
@@ -144,7 +144,7 @@ TEST_F(SettingsStoreFiles, writing_keepsAFolder_whenThereIsOneInThePlaceOfTheFil
 {
     ASSERT_TRUE(QDir().mkpath(preferences("Kestro.plist/below")));
     SettingsStore store(m_home.path());
-    store.plist().insert(ver, QStringLiteral("5"));
+    store.setPlist({{ver, QStringLiteral("5")}});
     EXPECT_TRUE(store.writePlist());
     EXPECT_TRUE(QFileInfo(preferences("Kestro~.plist/below")).isDir());
     EXPECT_EQ(readPropertyListDictionary(preferences("Kestro.plist")), store.plist());
@@ -167,7 +167,7 @@ TEST_F(SettingsStoreFiles, dictionaries_areReadOnce)
 TEST_F(SettingsStoreFiles, plist_isKept_whenChanged)
 {
     SettingsStore store(m_home.path());
-    store.plist().insert(ver, QStringLiteral("5"));
+    store.setPlist({{ver, QStringLiteral("5")}});
     EXPECT_EQ(store.plist().value(ver), QVariant(QStringLiteral("5")));
     EXPECT_TRUE(QDir(m_home.path()).isEmpty()) << "only the sheet writes it";
 }

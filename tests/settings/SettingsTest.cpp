@@ -117,7 +117,7 @@ TEST(Settings, answers_areReadAnew_eachTime)
 {
     SettingsInMemory settings;
     EXPECT_FALSE(settings->isSoundOn());
-    settings->store().plist().insert(QStringLiteral("SoundOn"), QStringLiteral("1"));
+    settings->store().setPlist({{QStringLiteral("SoundOn"), QStringLiteral("1")}});
     EXPECT_TRUE(settings->isSoundOn());
 }
 

@@ -18,8 +18,6 @@ const QString startUrl = QStringLiteral("http://h/trailers/");
 const QString innerUrl = QStringLiteral("http://h/trailers/a/");
 const QString movieUrl = QStringLiteral("http://h/trailers/a/t.mov");
 
-class NoClient final : public TrailerClient {};
-
 /// Counts what the controller tells, and on which thread.
 class CountingObserver final : public TrailerObserver {
 public:
@@ -84,7 +82,6 @@ protected:
     char m_name[5] = "test";
     char* m_words[2] = {m_name, nullptr};
     QCoreApplication m_application;
-    NoClient m_client;
     CountingObserver m_observer;
     MemoryFetch* m_fetch = nullptr;
     std::unique_ptr<TrailerCont> m_controller;
@@ -92,7 +89,7 @@ protected:
 
 TEST_F(TrailerContTest, scanLatest_findsAndSavesWithoutAWord_whenItRunsToItsEnd)
 {
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
     ASSERT_TRUE(waitForEnd());
     m_controller->stopThreading();
     EXPECT_EQ(m_controller->lastTrailers(6, 480, {}), QList<QUrl>{QUrl(movieUrl)});
@@ -110,7 +107,7 @@ TEST_F(TrailerContTest, scanLatest_findsAndSavesWithoutAWord_whenItRunsToItsEnd)
 TEST_F(TrailerContTest, scanLatest_saysSoAndSavesWhatItHas_whenItComesToABound)
 {
     useLimits(2);
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
     ASSERT_TRUE(waitForEnd());
     m_controller->stopThreading();
     EXPECT_EQ(m_controller->lastEnd().kind, ScanEnd::Kind::Bounded);
@@ -136,10 +133,10 @@ TEST_F(TrailerContTest, scan_saysSoAndKeepsWhatItHas_whenItComesToABound)
 TEST_F(TrailerContTest, scanLatest_doesNothing_whenACrawlIsWantedAlready)
 {
     m_fetch->setHanging(startUrl);
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
     ASSERT_TRUE(m_fetch->waitForAsked(startUrl));
     EXPECT_TRUE(m_controller->inThreading());
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
     m_controller->stopThreading();
     EXPECT_EQ(m_fetch->asked(), QStringList(startUrl));
 }
@@ -147,8 +144,8 @@ TEST_F(TrailerContTest, scanLatest_doesNothing_whenACrawlIsWantedAlready)
 TEST_F(TrailerContTest, scanLatest_saysOnceThatThereIsNoSite_whenNoStartIsSet)
 {
     m_controller->setSite({});
-    m_controller->scanLatest(m_client);
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
+    m_controller->scanLatest();
     EXPECT_FALSE(m_controller->onThreading());
     ASSERT_EQ(m_log.size(), 1);
     EXPECT_TRUE(m_log.front().contains(configurationFile()));
@@ -159,7 +156,7 @@ TEST_F(TrailerContTest, scanLatest_endsWithALine_whenTheStartIsNoAddress)
     for (const char* start : {"trailers/", "http://", "mailto:a@b", "h t t p://h/"}) {
         m_log.clear();
         m_controller->setSite({QLatin1String(start), {}});
-        m_controller->scanLatest(m_client);
+        m_controller->scanLatest();
         ASSERT_TRUE(waitForEnd());
         m_controller->stopThreading();
         EXPECT_EQ(m_log,
@@ -173,14 +170,14 @@ TEST_F(TrailerContTest, scanLatest_leavesTheCrawlOut_whenAnotherProcessCrawls)
 {
     auto other = CrawlLock::take(path());
     ASSERT_TRUE(other.isOk());
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
     ASSERT_TRUE(waitForEnd());
     m_controller->stopThreading();
     EXPECT_EQ(m_log, QStringList(QStringLiteral("Another crawl is running")));
     EXPECT_TRUE(m_fetch->asked().isEmpty());
 
     other = Error{};
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
     ASSERT_TRUE(waitForEnd());
     m_controller->stopThreading();
     EXPECT_EQ(m_fetch->asked().size(), 3);
@@ -189,7 +186,7 @@ TEST_F(TrailerContTest, scanLatest_leavesTheCrawlOut_whenAnotherProcessCrawls)
 TEST_F(TrailerContTest, stopThreading_endsAHangingFetchAndSaves_whenThereIsAnythingNew)
 {
     m_fetch->setHanging(QStringLiteral("http://h/trailers/b/"));
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
     ASSERT_TRUE(m_fetch->waitForAsked(QStringLiteral("http://h/trailers/b/")));
     m_controller->stopThreading();
     EXPECT_FALSE(m_controller->inThreading());
@@ -202,7 +199,7 @@ TEST_F(TrailerContTest, stopThreading_endsAHangingFetchAndSaves_whenThereIsAnyth
 TEST_F(TrailerContTest, stopThreading_letsTheNextCrawlFetch_whenItHasEndedOne)
 {
     m_fetch->setHanging(startUrl);
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
     ASSERT_TRUE(m_fetch->waitForAsked(startUrl));
     m_controller->stopThreading();
     m_controller->stopThreading();
@@ -264,7 +261,7 @@ TEST_F(TrailerContTest, clear_makesTheTableReload_whenAsked)
 TEST_F(TrailerContTest, destruction_endsTheCrawl_whenItHangs)
 {
     m_fetch->setHanging(startUrl);
-    m_controller->scanLatest(m_client);
+    m_controller->scanLatest();
     ASSERT_TRUE(m_fetch->waitForAsked(startUrl));
     m_controller.reset();
     EXPECT_EQ(m_log.back(), QStringLiteral("Thread exited."));

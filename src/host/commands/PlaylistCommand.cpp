@@ -12,17 +12,13 @@ namespace {
 
 const QString expandedOption = QStringLiteral("expanded");
 
-/// Stands for the view that a crawl would report to; this command starts none.
-class NoClient final : public TrailerClient {};
-
 int showPlaylist(const Arguments& arguments)
 {
     SettingsStore store(homeFolder());
     // As a preview, for which no crawl is ever started; what is listed does not depend on it.
     Settings settings(store, {.isPreview = true});
     SharedTrailers trailers;
-    NoClient client;
-    Playlist playlist(settings, trailers, client, true);
+    Playlist playlist(settings, trailers, true);
     QByteArray lines;
     for (const QString& entry : playlist.movieFileStrings(arguments.has(expandedOption)))
         lines += entry.toUtf8() + '\n';

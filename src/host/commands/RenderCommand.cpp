@@ -18,6 +18,7 @@
 #include "platform/display/gl/OpenGL.h"
 #include "platform/display/gl/RendererChoice.h"
 #include "platform/saver/ScreenSaverView.h"
+#include "settings/Options.h"
 
 #include <QGuiApplication>
 
@@ -43,7 +44,7 @@ int runOffScreen(const RenderOptions& options, const PictureFolder& pictures, Tr
     const Translations translations;
     const auto principal = kestroSaver();
     if (!principal) return ExitFailure;
-    principal->setOptionsForThisRun({{QStringLiteral("LeavesNothing"), QStringLiteral("1")}});
+    principal->setOptionsForThisRun({storedOption(option::leavesNothing, true)});
 
     QtTimerSource timers;
     const SystemClock clock;

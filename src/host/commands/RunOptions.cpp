@@ -1,5 +1,7 @@
 #include "host/commands/RunOptions.h"
 
+#include "settings/Options.h"
+
 #include <array>
 
 namespace kestro {
@@ -8,11 +10,6 @@ namespace {
 
 constexpr double leastScale = 0.01;
 constexpr double mostScale = 100;
-
-QString number(int value)
-{
-    return QString::number(value);
-}
 
 /// "0x2a00007" or "44040199", as window numbers are written everywhere.
 Result<std::uint32_t> windowNumber(const QString& source, const QString& text)
@@ -24,48 +21,48 @@ Result<std::uint32_t> windowNumber(const QString& source, const QString& text)
     return Error{QStringLiteral("%1 needs the number of a window, not \"%2\"").arg(source, text)};
 }
 
-/// The mode's name on the command line and its keys. Nothing for another name.
-std::optional<QVariantMap> keysOfMode(const QString& mode)
+QVariantMap partialSettings(PartialMode mode)
 {
-    const QString fullScreen = QStringLiteral("FullScreenMode");
-    const QString partial = QStringLiteral("PartialMode");
-    if (mode == u"fullscreen") return QVariantMap{{fullScreen, number(1)}};
-    if (mode == u"fly") return QVariantMap{{fullScreen, number(0)}, {partial, number(0)}};
-    if (mode == u"bounce") return QVariantMap{{fullScreen, number(0)}, {partial, number(1)}};
+    return {storedOption(option::fullScreenMode, false), storedOption(option::partialMode, mode)};
+}
+
+/// What the mode of that name on the command line sets. Nothing for another name.
+std::optional<QVariantMap> settingsOfMode(const QString& mode)
+{
+    if (mode == u"fullscreen") return QVariantMap{storedOption(option::fullScreenMode, true)};
+    if (mode == u"fly") return partialSettings(PartialModeFly);
+    if (mode == u"bounce") return partialSettings(PartialModeBounce);
     return {};
 }
 
-/// An option that switches a setting on, or off with "no-" before its name.
+/// A word that switches a setting on, or off with "no-" before it.
 struct Switch {
-    QString option;
-    QString key;
+    const char* word;
+    const StoredOption<bool>& option;
 };
 
-std::array<Switch, 3> switches()
-{
-    return {Switch{QStringLiteral("random"), QStringLiteral("RandomMode")},
-            Switch{QStringLiteral("fade"), QStringLiteral("Fadeout")},
-            Switch{QStringLiteral("sound"), QStringLiteral("SoundOn")}};
-}
+constexpr std::array<Switch, 3> switches{
+    {{"random", option::randomMode}, {"fade", option::fadeout}, {"sound", option::soundOn}}};
 
 Result<QVariantMap> settingsFrom(const Arguments& arguments)
 {
     QVariantMap settings;
     if (const auto mode = arguments.text(QStringLiteral("mode"))) {
-        const auto keys = keysOfMode(*mode);
-        if (!keys) return Error{QStringLiteral("--mode is fullscreen, fly or bounce, not \"%1\"").arg(*mode)};
-        settings.insert(*keys);
+        const auto ofMode = settingsOfMode(*mode);
+        if (!ofMode)
+            return Error{QStringLiteral("--mode is fullscreen, fly or bounce, not \"%1\"").arg(*mode)};
+        settings.insert(*ofMode);
     }
     const auto scale = arguments.real(QStringLiteral("scale"), 1, leastScale, mostScale);
-    if (!scale) return Error{scale.error()};
+    if (!scale) return scale.failure();
     if (arguments.has(QStringLiteral("scale")))
-        settings.insert(QStringLiteral("Scale"), QString::number(scale.value()));
-    for (const Switch& each : switches()) {
-        const bool isOn = arguments.has(each.option);
-        const bool isOff = arguments.has(QStringLiteral("no-") + each.option);
-        if (isOn && isOff)
-            return Error{QStringLiteral("--%1 and --no-%1 exclude each other").arg(each.option)};
-        if (isOn || isOff) settings.insert(each.key, number(isOn ? 1 : 0));
+        settings.insert(QVariantMap{storedOption(option::scale, static_cast<float>(scale.value()))});
+    for (const Switch& each : switches) {
+        const QString word = QString::fromLatin1(each.word);
+        const bool isOn = arguments.has(word);
+        const bool isOff = arguments.has(QStringLiteral("no-") + word);
+        if (isOn && isOff) return Error{QStringLiteral("--%1 and --no-%1 exclude each other").arg(word)};
+        if (isOn || isOff) settings.insert(QVariantMap{storedOption(each.option, isOn)});
     }
     return settings;
 }
@@ -106,7 +103,7 @@ Result<RunOptions> RunOptions::from(const Arguments& arguments, const QString& h
 {
     RunOptions options;
     const auto settings = settingsFrom(arguments);
-    if (!settings) return Error{settings.error()};
+    if (!settings) return settings.failure();
     options.settings = settings.value();
 
     const auto given = arguments.text(QStringLiteral("window-id"));
@@ -115,7 +112,7 @@ Result<RunOptions> RunOptions::from(const Arguments& arguments, const QString& h
     if (!options.isInWindow || (!given && handedOver.isEmpty())) return options;
     const auto window = given ? windowNumber(QStringLiteral("--window-id"), *given)
                               : windowNumber(QStringLiteral("XSCREENSAVER_WINDOW"), handedOver);
-    if (!window) return Error{window.error()};
+    if (!window) return window.failure();
     options.window = window.value();
     return options;
 }

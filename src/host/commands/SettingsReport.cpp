@@ -7,7 +7,22 @@ namespace kestro {
 
 namespace {
 
-QJsonValue textOrNull(const std::optional<QString>& text)
+QJsonValue inJson(bool value)
+{
+    return value;
+}
+
+QJsonValue inJson(int value)
+{
+    return value;
+}
+
+QJsonValue inJson(float value)
+{
+    return shortestReal(value);
+}
+
+QJsonValue inJson(const std::optional<QString>& text)
 {
     return text ? QJsonValue(*text) : QJsonValue(QJsonValue::Null);
 }
@@ -16,28 +31,18 @@ QJsonValue textOrNull(const std::optional<QString>& text)
 
 QJsonObject settingsReport(const Settings& settings)
 {
-    return {
-        {QStringLiteral("plistVersion"), settings.plistVersion()},
-        {QStringLiteral("isSoundOn"), settings.isSoundOn()},
-        {QStringLiteral("_isFlyMode"), settings._isFlyMode()},
-        {QStringLiteral("_isBounceMode"), settings._isBounceMode()},
-        {QStringLiteral("isFullScreen"), settings.isFullScreen()},
+    QJsonObject report{
         {QStringLiteral("isDynamicMode"), settings.isDynamicMode()},
-        {QStringLiteral("partialMode"), settings.partialMode()},
         {QStringLiteral("isFlyMode"), settings.isFlyMode()},
         {QStringLiteral("isBounceMode"), settings.isBounceMode()},
-        {QStringLiteral("isRandomMode"), settings.isRandomMode()},
-        {QStringLiteral("isContinue"), settings.isContinue()},
         {QStringLiteral("canContinue"), settings.canContinue()},
-        {QStringLiteral("playMode"), settings.playMode()},
-        {QStringLiteral("fadeoutEffect"), settings.fadeoutEffect()},
-        {QStringLiteral("backAndForth"), settings.backAndForth()},
-        {QStringLiteral("scaleFactor"), shortestReal(settings.scaleFactor())},
-        {QStringLiteral("timeInterval"), shortestReal(settings.timeInterval())},
-        {QStringLiteral("reposition"), settings.reposition()},
         {QStringLiteral("repostionWhenMovieEnds"), settings.repostionWhenMovieEnds()},
-        {QStringLiteral("backSaver"), textOrNull(settings.backSaver())},
     };
+    const auto add = [&](const auto& option) {
+        report.insert(option.accessor, inJson(settings.value(option)));
+    };
+    std::apply([&](const auto&... each) { (add(each), ...); }, option::reported);
+    return report;
 }
 
 } // namespace kestro

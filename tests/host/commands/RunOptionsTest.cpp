@@ -87,7 +87,7 @@ TEST(RunOptions, settings_areTheKeysOfTheFile)
     EXPECT_EQ(settings(QStringLiteral("--mode fly")), (QVariantMap{{fullScreen, off}, {partial, off}}));
     EXPECT_EQ(settings(QStringLiteral("-mode bounce")), (QVariantMap{{fullScreen, off}, {partial, on}}));
     EXPECT_EQ(settings(QStringLiteral("--scale 0.25")),
-              (QVariantMap{{QStringLiteral("Scale"), QStringLiteral("0.25")}}));
+              (QVariantMap{{QStringLiteral("Scale"), QStringLiteral("0.250000")}}));
     EXPECT_EQ(settings(QStringLiteral("--random --fade --sound")),
               (QVariantMap{{QStringLiteral("RandomMode"), on},
                            {QStringLiteral("Fadeout"), on},

@@ -38,10 +38,10 @@ TEST_F(SettingsReportTest, report_namesEveryAccessor_whenNothingIsSet)
 
 TEST_F(SettingsReportTest, report_keepsEachKind_whenSet)
 {
-    store.plist() = {{QStringLiteral("Ver"), QStringLiteral("5")},
-                     {QStringLiteral("SoundOn"), QStringLiteral("1")},
-                     {QStringLiteral("Scale"), QStringLiteral("0.1")},
-                     {QStringLiteral("BackSaver"), QStringLiteral("/a b.saver")}};
+    store.setPlist({{QStringLiteral("Ver"), QStringLiteral("5")},
+                    {QStringLiteral("SoundOn"), QStringLiteral("1")},
+                    {QStringLiteral("Scale"), QStringLiteral("0.1")},
+                    {QStringLiteral("BackSaver"), QStringLiteral("/a b.saver")}});
     const QJsonObject report = settingsReport(settings);
     EXPECT_EQ(report.value(QStringLiteral("plistVersion")), QJsonValue(5));
     EXPECT_EQ(report.value(QStringLiteral("isSoundOn")), QJsonValue(true));

@@ -211,10 +211,8 @@ TEST_F(PanelScanTest, panel_endsItsCrawl_whenItGoes)
 
 TEST_F(PanelScanTest, silentCrawl_changesNoButton_andIsStoppedByScan)
 {
-    class NoClient final : public TrailerClient {
-    } client;
     m_fetch->setHanging(startUrl);
-    m_controller->scanLatest(client);
+    m_controller->scanLatest();
     ASSERT_TRUE(m_fetch->waitForAsked(startUrl));
     EXPECT_TRUE(reads("Scan"));
     controls().scanBtn->click();
