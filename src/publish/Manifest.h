@@ -23,7 +23,6 @@ public:
     [[nodiscard]] const QMap<QString, QString>& files() const { return m_files; }
     [[nodiscard]] bool hasFile(const QString& file) const { return m_files.contains(file); }
     void setFile(const QString& file, const QString& origin) { m_files.insert(file, origin); }
-    void removeFile(const QString& file) { m_files.remove(file); }
 
     /// Puts in what was learned about `movie`, where it is known in this very state. Answers whether it is.
     [[nodiscard]] bool recall(SourceMovie& movie) const;

@@ -43,6 +43,8 @@ public:
     /// The bound that kept the crawl from something, in words; empty for none.
     [[nodiscard]] const QString& bound() const { return m_bound; }
 
+    [[nodiscard]] const Clock& clock() const { return m_clock; }
+
 private:
     bool endIf(bool isReached, const QString& bound);
     void note(const QString& bound);

@@ -114,13 +114,13 @@ std::optional<std::string> mergeURLStringToURL(std::string_view link, const Page
     return mergedStringFromToURL(link, base);
 }
 
-bool isValidURL(std::string_view url, std::string_view siteHost,
-                const std::function<bool(std::string_view url)>& isPassed)
+bool CrawledSite::isValidURL(std::string_view url,
+                             const std::function<bool(std::string_view url)>& isPassed) const
 {
     const auto parts = URLText::parse(url);
-    if (!parts || siteHost.empty()) return false;
+    if (!parts || host.empty()) return false;
     URLText site;
-    site.authority = siteHost;
+    site.authority = host;
     if (parts->host() != site.host()) return false;
     const auto port = site.port({});
     if (!port.empty() && port != parts->port(parts->scheme)) return false;

@@ -18,9 +18,14 @@ class PageBase;
 /// The URL of that string; nothing likewise.
 [[nodiscard]] std::optional<std::string> mergeURLStringToURL(std::string_view link, const PageBase& base);
 
-/// Whether the crawler may fetch `url`, an absolute string: it lies below "/trailers" on the site's host, is
-/// no style sheet and was not passed before. A `siteHost` without a port stands for every port of that host.
-[[nodiscard]] bool isValidURL(std::string_view url, std::string_view siteHost,
-                              const std::function<bool(std::string_view url)>& isPassed);
+/// The site that a crawl stays on. A value.
+struct CrawledSite {
+    std::string host; ///< without a port it stands for every port of that host; empty for no site
+
+    /// Whether the crawler may fetch `url`, an absolute string: it lies below "/trailers" on the host, is no
+    /// style sheet and was not passed before.
+    [[nodiscard]] bool isValidURL(std::string_view url,
+                                  const std::function<bool(std::string_view url)>& isPassed) const;
+};
 
 } // namespace kestro

@@ -3,7 +3,6 @@
 #include "platform/base/Log.h"
 #include "platform/base/ShownURL.h"
 #include "platform/network/Fetch.h"
-#include "trailers/LinkResolver.h"
 #include "trailers/PageBase.h"
 #include "trailers/PageParser.h"
 #include "trailers/TrailerList.h"
@@ -141,7 +140,7 @@ bool ScanCrawler::enterPage(const std::string& url)
 Result<ScanCrawler::OpenPage> ScanCrawler::openPage(const std::string& url)
 {
     const auto text = textOf(url);
-    if (!text) return Error{text.error()};
+    if (!text) return text.failure();
     const auto base = baseOfPage(url);
     if (!base) return Error{QStringLiteral("its links have no base")};
     bool isStopped = false;
@@ -149,7 +148,8 @@ Result<ScanCrawler::OpenPage> ScanCrawler::openPage(const std::string& url)
         isStopped = isStopped || !m_hooks.isWanted();
         return !isStopped;
     };
-    const PageParser parser([this](const QUrl& feed) { return feedText(feed); }, curDateStr(), isWanted);
+    const PageParser parser([this](const QUrl& feed) { return feedText(feed); }, curDateStr(m_budget.clock()),
+                            isWanted);
     OpenPage page;
     takeMovies(parser.movieListFromStringBase(viewOf(text.value()), *base), page);
     takeLinks(parser.linkListFromStringBase(viewOf(text.value()), *base), page);
@@ -242,7 +242,7 @@ bool ScanCrawler::goesOn()
 
 bool ScanCrawler::mayFollow(const std::string& link) const
 {
-    return isValidURL(link, m_siteHost, [this](std::string_view page) { return m_list.isPassed(page); });
+    return m_site.isValidURL(link, [this](std::string_view page) { return m_list.isPassed(page); });
 }
 
 CrawlCounts ScanCrawler::counts() const

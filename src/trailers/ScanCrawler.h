@@ -3,6 +3,7 @@
 #include "platform/base/Result.h"
 #include "trailers/CrawlBudget.h"
 #include "trailers/CrawlWatcher.h"
+#include "trailers/LinkResolver.h"
 #include "trailers/PageText.h"
 #include "trailers/PageUnpacker.h"
 #include "trailers/TrailerRecord.h"
@@ -41,7 +42,7 @@ public:
     ~ScanCrawler();
 
     /// The host whose pages may be fetched, with a port or for every port.
-    void setSiteHost(std::string host) { m_siteHost = std::move(host); }
+    void setSiteHost(std::string host) { m_site.host = std::move(host); }
     /// Tells `watcher` of each page from the next crawl on; null for nobody.
     void setWatcher(CrawlWatcher* watcher) { m_watcher = watcher; }
 
@@ -88,7 +89,7 @@ private:
     CrawlHooks m_hooks;
     CrawlBudget m_budget;
     CrawlWatcher* m_watcher = nullptr;
-    std::string m_siteHost;
+    CrawledSite m_site;
     PageEncoding m_encoding = PageEncoding::IsoLatin1; ///< once switched, for good
     std::vector<OpenPage> m_path;                      ///< from the start page to the present one
     std::unordered_set<std::string> m_known;           ///< each link once, however many pages have it

@@ -1,11 +1,10 @@
 #include "trailers/TrailerList.h"
 
+#include "platform/base/Clock.h"
 #include "platform/base/Log.h"
 #include "platform/base/StoredValue.h"
 #include "settings/MovieURL.h"
 #include "trailers/TrailerRecordMap.h"
-
-#include <QDate>
 
 #include <set>
 #include <utility>
@@ -49,9 +48,9 @@ QByteArray borrowed(std::string_view text)
 
 } // namespace
 
-QString curDateStr()
+QString curDateStr(const Clock& clock)
 {
-    const QDate today = QDate::currentDate();
+    const QDate today = clock.today();
     return QString::asprintf("%04d/%02d/%02d", today.year(), today.month(), today.day());
 }
 

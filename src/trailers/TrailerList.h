@@ -15,6 +15,8 @@
 
 namespace kestro {
 
+class Clock;
+
 /// The trailers that were found on the site, and the pages visited there. Owned by the controller. Any
 /// thread: a crawl writes it while the main thread reads; what is answered is a copy.
 class TrailerList final {
@@ -85,6 +87,6 @@ private:
 };
 
 /// Today, as the date of a record.
-[[nodiscard]] QString curDateStr();
+[[nodiscard]] QString curDateStr(const Clock& clock);
 
 } // namespace kestro

@@ -33,10 +33,11 @@ void kestro::tryInput(std::string_view text)
         const auto url = base->absoluteURL(link);
         expect(!url || URLText::parse(*url).has_value(), "an absolute URL is a URL");
     }
-    const bool isValid = isValidURL(link, host, [](std::string_view) { return false; });
+    const CrawledSite site{std::string(host)};
+    const bool isValid = site.isValidURL(link, [](std::string_view) { return false; });
     expect(!isValid || link.find("/trailers") != std::string_view::npos,
            "what is followed lies below the trailers");
-    expect(!isValidURL(link, host, [](std::string_view) { return true; }), "nothing is visited twice");
+    expect(!site.isValidURL(link, [](std::string_view) { return true; }), "nothing is visited twice");
     expect(internalStringRemoveSpc(text, false) == internalString(text), "the flag alone removes spaces");
     std::ptrdiff_t arguments = 0;
     for (CallArguments call(text); call.next();)

@@ -26,7 +26,7 @@ void expectLinks(const char* base, std::initializer_list<Row> rows)
 
 bool isValid(const char* url, const char* host)
 {
-    return isValidURL(url, host, [](std::string_view) { return false; });
+    return CrawledSite{host}.isValidURL(url, [](std::string_view) { return false; });
 }
 
 } // namespace
@@ -184,8 +184,8 @@ TEST(LinkResolver, isValidURL_isFalse_whenTheURLWasPassed)
 {
     const std::set<std::string, std::less<>> passed = {"http://H/trailers/a/"};
     const auto isPassed = [&](std::string_view url) { return passed.contains(url); };
-    EXPECT_FALSE(isValidURL("http://H/trailers/a/", "H", isPassed));
-    EXPECT_TRUE(isValidURL("http://H/trailers/a", "H", isPassed));
+    EXPECT_FALSE(CrawledSite{"H"}.isValidURL("http://H/trailers/a/", isPassed));
+    EXPECT_TRUE(CrawledSite{"H"}.isValidURL("http://H/trailers/a", isPassed));
 }
 
 } // namespace kestro

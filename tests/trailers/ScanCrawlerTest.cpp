@@ -121,7 +121,7 @@ TEST_F(ScanCrawlerTest, scan_storesAPagesMovies_afterThoseBelowIt)
     EXPECT_TRUE(scan("/trailers/", true));
     EXPECT_TRUE(hasMovie("/trailers/top.mov"));
     EXPECT_EQ(m_list.record(full("/trailers/a/a.mov"))->size, QStringLiteral("480 x 204"));
-    EXPECT_EQ(m_list.record(full("/trailers/a/a.mov"))->date, curDateStr());
+    EXPECT_EQ(m_list.record(full("/trailers/a/a.mov"))->date, curDateStr(m_clock));
     EXPECT_EQ(m_reloads, 2);
 }
 

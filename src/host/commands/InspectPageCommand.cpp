@@ -2,6 +2,7 @@
 #include "host/commands/PageReport.h"
 #include "host/commands/Program.h"
 #include "platform/base/Bounds.h"
+#include "platform/base/Clock.h"
 #include "platform/network/CurlFetch.h"
 #include "trailers/PageBase.h"
 #include "trailers/TrailerList.h"
@@ -48,7 +49,7 @@ int inspectPage(const Arguments& arguments)
             auto text = fetch.fetch(feed);
             return text ? std::move(text.value()) : QByteArray();
         },
-        curDateStr(), [] { return true; });
+        curDateStr(SystemClock()), [] { return true; });
     const std::string_view text(page.value().data(), std::size_t(page.value().size()));
     const auto links = parser.linkListFromStringBase(text, *base);
     return print(QJsonDocument(pageReport(links, parser.movieListFromStringBase(text, *base))).toJson());

@@ -67,7 +67,6 @@ public:
 
     [[nodiscard]] PanelWindow& panel() { return *m_panel; }
     [[nodiscard]] PreviewWindow& previewWin() { return *m_previewWin; }
-    [[nodiscard]] LatestPanel& latestPanel() { return *m_latestPanel; }
 
 private:
     void awakeFromNib();

@@ -14,6 +14,21 @@ TEST(ManualClock, now_standsStill_untilTurned)
     EXPECT_EQ(clock.now(), 1.75);
 }
 
+TEST(ManualClock, today_isTheDaySet)
+{
+    ManualClock clock;
+    clock.setToday(QDate(2009, 2, 7));
+    EXPECT_EQ(clock.today(), QDate(2009, 2, 7));
+}
+
+TEST(SystemClock, today_isTheMachines)
+{
+    const QDate before = QDate::currentDate();
+    const QDate today = SystemClock().today();
+    EXPECT_GE(today, before);
+    EXPECT_LE(today, QDate::currentDate());
+}
+
 TEST(SystemClock, now_neverGoesBack_whenReadAgain)
 {
     const SystemClock clock;

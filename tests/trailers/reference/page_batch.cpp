@@ -31,8 +31,9 @@ QJsonObject reportOf(const QByteArray& baseText, const QByteArray& host, const Q
     const auto links = parser.linkListFromStringBase(text, *base);
     QJsonObject report = pageReport(links, parser.movieListFromStringBase(text, *base));
     QJsonArray followed;
+    const CrawledSite site{host.toStdString()};
     for (const std::string& link : links)
-        followed.append(isValidURL(link, host.toStdString(), [](auto url) { return url.size() % 2 == 1; }));
+        followed.append(site.isValidURL(link, [](auto url) { return url.size() % 2 == 1; }));
     report.insert(QStringLiteral("followed"), followed);
     return report;
 }
