@@ -31,38 +31,6 @@
         <source>Web content, %1</source>
         <translation>Webinhalt, %1</translation>
     </message>
-    <message>
-        <source>no such file</source>
-        <translation>Datei nicht vorhanden</translation>
-    </message>
-    <message>
-        <source>not a file</source>
-        <translation>keine Datei</translation>
-    </message>
-    <message>
-        <source>not readable</source>
-        <translation>nicht lesbar</translation>
-    </message>
-    <message>
-        <source>empty file</source>
-        <translation>leere Datei</translation>
-    </message>
-    <message>
-        <source>not a kind of file that holds movies</source>
-        <translation>keine Art von Datei, die Filme enthält</translation>
-    </message>
-    <message>
-        <source>no moving picture in it</source>
-        <translation>enthält kein bewegtes Bild</translation>
-    </message>
-    <message>
-        <source>no answer in time</source>
-        <translation>keine Antwort in angemessener Zeit</translation>
-    </message>
-    <message>
-        <source>movies are played from files, http and https only</source>
-        <translation>Filme werden nur aus Dateien, über http und über https abgespielt</translation>
-    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -154,6 +122,69 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>MovieFault</name>
+    <message>
+        <source>no such file</source>
+        <translation>Datei nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>keine Datei</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>leere Datei</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>keine Art von Datei, die Filme enthält</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>enthält kein bewegtes Bild</translation>
+    </message>
+    <message>
+        <source>no decoder for %1</source>
+        <translation>kein Decoder für %1</translation>
+    </message>
+    <message>
+        <source>too large: %1</source>
+        <translation>zu groß: %1</translation>
+    </message>
+    <message>
+        <source>damaged, or no movie</source>
+        <translation>beschädigt oder kein Film</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>keine Antwort in angemessener Zeit</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>der Server ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>the server does not have it</source>
+        <translation>auf dem Server nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>the server refuses it</source>
+        <translation>der Server gibt ihn nicht heraus</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>Filme werden nur aus Dateien, über http und über https abgespielt</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>nicht genug Speicher</translation>
     </message>
 </context>
 <context>

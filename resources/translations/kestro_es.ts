@@ -31,38 +31,6 @@
         <source>Web content, %1</source>
         <translation>Contenido web, %1</translation>
     </message>
-    <message>
-        <source>no such file</source>
-        <translation>el archivo no existe</translation>
-    </message>
-    <message>
-        <source>not a file</source>
-        <translation>no es un archivo</translation>
-    </message>
-    <message>
-        <source>not readable</source>
-        <translation>no se puede leer</translation>
-    </message>
-    <message>
-        <source>empty file</source>
-        <translation>archivo vacío</translation>
-    </message>
-    <message>
-        <source>not a kind of file that holds movies</source>
-        <translation>no es un tipo de archivo que contenga películas</translation>
-    </message>
-    <message>
-        <source>no moving picture in it</source>
-        <translation>no contiene imágenes en movimiento</translation>
-    </message>
-    <message>
-        <source>no answer in time</source>
-        <translation>no hubo respuesta a tiempo</translation>
-    </message>
-    <message>
-        <source>movies are played from files, http and https only</source>
-        <translation>las películas solo se reproducen desde archivos, http y https</translation>
-    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -154,6 +122,69 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>OK</source>
         <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>MovieFault</name>
+    <message>
+        <source>no such file</source>
+        <translation>el archivo no existe</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>no es un archivo</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>no se puede leer</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>archivo vacío</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>no es un tipo de archivo que contenga películas</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>no contiene imágenes en movimiento</translation>
+    </message>
+    <message>
+        <source>no decoder for %1</source>
+        <translation>no hay decodificador para %1</translation>
+    </message>
+    <message>
+        <source>too large: %1</source>
+        <translation>demasiado grande: %1</translation>
+    </message>
+    <message>
+        <source>damaged, or no movie</source>
+        <translation>dañado, o no es una película</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>no hubo respuesta a tiempo</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>no se puede llegar al servidor</translation>
+    </message>
+    <message>
+        <source>the server does not have it</source>
+        <translation>no está en el servidor</translation>
+    </message>
+    <message>
+        <source>the server refuses it</source>
+        <translation>el servidor se niega a darla</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>las películas solo se reproducen desde archivos, http y https</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>no hay memoria suficiente</translation>
     </message>
 </context>
 <context>

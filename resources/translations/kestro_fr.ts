@@ -31,38 +31,6 @@
         <source>Web content, %1</source>
         <translation>Contenu web, %1</translation>
     </message>
-    <message>
-        <source>no such file</source>
-        <translation>fichier inexistant</translation>
-    </message>
-    <message>
-        <source>not a file</source>
-        <translation>pas un fichier</translation>
-    </message>
-    <message>
-        <source>not readable</source>
-        <translation>lecture refusée</translation>
-    </message>
-    <message>
-        <source>empty file</source>
-        <translation>fichier vide</translation>
-    </message>
-    <message>
-        <source>not a kind of file that holds movies</source>
-        <translation>ce type de fichier ne contient pas de films</translation>
-    </message>
-    <message>
-        <source>no moving picture in it</source>
-        <translation>aucune image animée</translation>
-    </message>
-    <message>
-        <source>no answer in time</source>
-        <translation>pas de réponse à temps</translation>
-    </message>
-    <message>
-        <source>movies are played from files, http and https only</source>
-        <translation>les films ne sont lus que depuis des fichiers, http et https</translation>
-    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -154,6 +122,69 @@ Veuillez réessayer.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>MovieFault</name>
+    <message>
+        <source>no such file</source>
+        <translation>fichier inexistant</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>pas un fichier</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>lecture refusée</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>fichier vide</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>ce type de fichier ne contient pas de films</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>aucune image animée</translation>
+    </message>
+    <message>
+        <source>no decoder for %1</source>
+        <translation>pas de décodeur pour %1</translation>
+    </message>
+    <message>
+        <source>too large: %1</source>
+        <translation>trop grand : %1</translation>
+    </message>
+    <message>
+        <source>damaged, or no movie</source>
+        <translation>endommagé, ou ce n’est pas un film</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>pas de réponse à temps</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>le serveur est injoignable</translation>
+    </message>
+    <message>
+        <source>the server does not have it</source>
+        <translation>absent du serveur</translation>
+    </message>
+    <message>
+        <source>the server refuses it</source>
+        <translation>le serveur refuse de le donner</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>les films ne sont lus que depuis des fichiers, http et https</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>mémoire insuffisante</translation>
     </message>
 </context>
 <context>

@@ -31,38 +31,6 @@
         <source>Web content, %1</source>
         <translation>Webコンテンツ、%1</translation>
     </message>
-    <message>
-        <source>no such file</source>
-        <translation>ファイルがありません</translation>
-    </message>
-    <message>
-        <source>not a file</source>
-        <translation>ファイルではありません</translation>
-    </message>
-    <message>
-        <source>not readable</source>
-        <translation>読み取れません</translation>
-    </message>
-    <message>
-        <source>empty file</source>
-        <translation>空のファイルです</translation>
-    </message>
-    <message>
-        <source>not a kind of file that holds movies</source>
-        <translation>ムービーが入る種類のファイルではありません</translation>
-    </message>
-    <message>
-        <source>no moving picture in it</source>
-        <translation>動画が入っていません</translation>
-    </message>
-    <message>
-        <source>no answer in time</source>
-        <translation>時間内に応答がありません</translation>
-    </message>
-    <message>
-        <source>movies are played from files, http and https only</source>
-        <translation>ムービーはファイル、http、httpsからのみ再生できます</translation>
-    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -154,6 +122,69 @@ Please try again.</source>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>MovieFault</name>
+    <message>
+        <source>no such file</source>
+        <translation>ファイルがありません</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>ファイルではありません</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>読み取れません</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>空のファイルです</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>ムービーが入る種類のファイルではありません</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>動画が入っていません</translation>
+    </message>
+    <message>
+        <source>no decoder for %1</source>
+        <translation>%1 のデコーダがありません</translation>
+    </message>
+    <message>
+        <source>too large: %1</source>
+        <translation>大きすぎます: %1</translation>
+    </message>
+    <message>
+        <source>damaged, or no movie</source>
+        <translation>壊れているか、ムービーではありません</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>時間内に応答がありません</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>サーバに接続できません</translation>
+    </message>
+    <message>
+        <source>the server does not have it</source>
+        <translation>サーバにありません</translation>
+    </message>
+    <message>
+        <source>the server refuses it</source>
+        <translation>サーバに拒否されました</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>ムービーはファイル、http、httpsからのみ再生できます</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>メモリが足りません</translation>
     </message>
 </context>
 <context>

@@ -31,38 +31,6 @@
         <source>Web content, %1</source>
         <translation>网页内容，%1</translation>
     </message>
-    <message>
-        <source>no such file</source>
-        <translation>文件不存在</translation>
-    </message>
-    <message>
-        <source>not a file</source>
-        <translation>不是文件</translation>
-    </message>
-    <message>
-        <source>not readable</source>
-        <translation>无法读取</translation>
-    </message>
-    <message>
-        <source>empty file</source>
-        <translation>文件为空</translation>
-    </message>
-    <message>
-        <source>not a kind of file that holds movies</source>
-        <translation>不是包含影片的文件类型</translation>
-    </message>
-    <message>
-        <source>no moving picture in it</source>
-        <translation>其中没有活动画面</translation>
-    </message>
-    <message>
-        <source>no answer in time</source>
-        <translation>未及时响应</translation>
-    </message>
-    <message>
-        <source>movies are played from files, http and https only</source>
-        <translation>只能播放来自文件、http 和 https 的影片</translation>
-    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -154,6 +122,69 @@ Please try again.</source>
     <message>
         <source>OK</source>
         <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>MovieFault</name>
+    <message>
+        <source>no such file</source>
+        <translation>文件不存在</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>不是文件</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>无法读取</translation>
+    </message>
+    <message>
+        <source>empty file</source>
+        <translation>文件为空</translation>
+    </message>
+    <message>
+        <source>not a kind of file that holds movies</source>
+        <translation>不是包含影片的文件类型</translation>
+    </message>
+    <message>
+        <source>no moving picture in it</source>
+        <translation>其中没有活动画面</translation>
+    </message>
+    <message>
+        <source>no decoder for %1</source>
+        <translation>没有 %1 的解码器</translation>
+    </message>
+    <message>
+        <source>too large: %1</source>
+        <translation>太大：%1</translation>
+    </message>
+    <message>
+        <source>damaged, or no movie</source>
+        <translation>已损坏，或不是影片</translation>
+    </message>
+    <message>
+        <source>no answer in time</source>
+        <translation>未及时响应</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>无法连接服务器</translation>
+    </message>
+    <message>
+        <source>the server does not have it</source>
+        <translation>服务器上没有</translation>
+    </message>
+    <message>
+        <source>the server refuses it</source>
+        <translation>服务器拒绝提供</translation>
+    </message>
+    <message>
+        <source>movies are played from files, http and https only</source>
+        <translation>只能播放来自文件、http 和 https 的影片</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>内存不足</translation>
     </message>
 </context>
 <context>

@@ -20,12 +20,12 @@ constexpr milliseconds longestForPicture{5000};
 /// Where in a movie its picture is taken: many begin in black.
 constexpr double pictureAt = 0.25;
 
-Result<MovieFacts> probe(const QUrl& url, const std::stop_token& stop)
+Result<MovieFacts, MovieFault> probe(const QUrl& url, const std::stop_token& stop)
 {
     if (const auto path = localPath(url)) return probeMovie(*path, stop);
-    if (url.isLocalFile()) return Error{QStringLiteral("no such file")}; // of another machine
+    if (url.isLocalFile()) return MovieFault{MovieFault::Kind::NoFile}; // of another machine
     if (url.scheme().startsWith(u"http")) return probeRemoteMovie(url, longestLookAtServer, stop);
-    return Error{QStringLiteral("movies are played from files, http and https only")};
+    return MovieFault{MovieFault::Kind::OtherScheme};
 }
 
 QImage pictureOf(const QUrl& url, const MovieFacts& facts, QSize pixels, const std::stop_token& stop)
@@ -45,7 +45,7 @@ QImage pictureOf(const QUrl& url, const MovieFacts& facts, QSize pixels, const s
 EntryFacts readEntry(const QUrl& url, QSize pixels, const std::stop_token& stop)
 {
     const auto facts = probe(url, stop);
-    if (!facts) return {.seconds = 0, .picture = {}, .fault = facts.error()};
+    if (!facts) return {.seconds = 0, .picture = {}, .fault = facts.failure()};
     return {facts.value().seconds, pictureOf(url, facts.value(), pixels, stop), {}};
 }
 

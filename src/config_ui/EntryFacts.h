@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/movie/MovieFault.h"
+
 #include <QImage>
 #include <QSize>
-#include <QString>
 
+#include <optional>
 #include <stop_token>
 
 class QUrl;
@@ -12,9 +14,9 @@ namespace kestro {
 
 /// What is known of the movie of an entry. A value.
 struct EntryFacts {
-    double seconds = 0; ///< duration; 0 when unknown
-    QImage picture;     ///< null where there is none
-    QString fault;      ///< why it cannot be opened; empty where it can
+    double seconds = 0;              ///< duration; 0 when unknown
+    QImage picture;                  ///< null where there is none
+    std::optional<MovieFault> fault; ///< why it cannot be opened; nothing where it can
 };
 
 /// Looks into the movie at `url`: how long it is, and a picture of it that fits into `pixels`. Takes

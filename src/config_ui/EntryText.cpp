@@ -9,7 +9,6 @@
 #include <QDir>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace kestro {
@@ -23,17 +22,11 @@ QStringList numbersOf(const QUrl& url)
     return parts.size() < 3 ? QStringList() : parts.sliced(parts.size() - 2);
 }
 
-/// Why a movie cannot be opened, as it is found here; FFmpeg's own words stay as they are.
-constexpr std::array foundReasons{
-    QT_TRANSLATE_NOOP("EntryText", "no such file"),
-    QT_TRANSLATE_NOOP("EntryText", "not a file"),
-    QT_TRANSLATE_NOOP("EntryText", "not readable"),
-    QT_TRANSLATE_NOOP("EntryText", "empty file"),
-    QT_TRANSLATE_NOOP("EntryText", "not a kind of file that holds movies"),
-    QT_TRANSLATE_NOOP("EntryText", "no moving picture in it"),
-    QT_TRANSLATE_NOOP("EntryText", "no answer in time"),
-    QT_TRANSLATE_NOOP("EntryText", "movies are played from files, http and https only"),
-};
+QString inOwnLanguage(const MovieFault& fault)
+{
+    QString words = QCoreApplication::translate("MovieFault", wordsOf(fault.kind));
+    return words.replace(QStringLiteral("%1"), fault.detail);
+}
 
 } // namespace
 
@@ -62,23 +55,16 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
                          : tr("All there are, %1 pixels wide").arg(width);
     }
     if (!isValidURL(url)) return tr("Left out: a web page, no movie");
-    if (facts != nullptr && !facts->fault.isEmpty())
-        return tr("Cannot be opened: %1").arg(reason(facts->fault));
+    if (facts != nullptr && facts->fault) return tr("Cannot be opened: %1").arg(inOwnLanguage(*facts->fault));
     const auto folder = localPath(url.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash));
     const QString place = folder.value_or(url.host());
     return namesWebContent(url) ? tr("Web content, %1").arg(place) : QDir::toNativeSeparators(place);
 }
 
-QString EntryText::reason(const QString& fault)
-{
-    const auto found = std::find(foundReasons.begin(), foundReasons.end(), fault);
-    return found == foundReasons.end() ? fault : tr(*found);
-}
-
 bool EntryText::isFault(const PlaylistEntry& entry, const EntryFacts* facts)
 {
     if (isAutomaticEntry(entry.url)) return numbersOf(entry.url).isEmpty();
-    return !isValidURL(entry.url) || (facts != nullptr && !facts->fault.isEmpty());
+    return !isValidURL(entry.url) || (facts != nullptr && facts->fault);
 }
 
 QString EntryText::duration(const EntryFacts* facts)

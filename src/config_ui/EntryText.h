@@ -27,9 +27,6 @@ public:
     [[nodiscard]] static QString duration(const EntryFacts* facts);
     /// The whole of it, for a tool tip: the URL, and why it does not play.
     [[nodiscard]] static QString toolTip(const PlaylistEntry& entry, const EntryFacts* facts);
-
-private:
-    [[nodiscard]] static QString reason(const QString& fault);
 };
 
 } // namespace kestro

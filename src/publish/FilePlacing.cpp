@@ -122,7 +122,7 @@ std::optional<Result<Placed>> placeStreamable(const QString& path, const QString
 {
     if (isStreamableCopy(path, source)) return Placed::Unchanged;
     removeUnfinished(path);
-    const bool isMade = !writeStreamable(source, unfinishedPath(path)) &&
+    const bool isMade = writeStreamable(source, unfinishedPath(path)) &&
                         !giveTimeOf(nativePath(unfinishedPath(path)), nativePath(source));
     if (isMade) return putInPlace(path);
     removeUnfinished(path);

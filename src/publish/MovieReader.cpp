@@ -30,7 +30,7 @@ QByteArray jpeg(const QImage& picture)
 std::optional<Error> StillMovieReader::learn(SourceMovie& movie, const QString& path)
 {
     const auto facts = probeMovie(path);
-    if (!facts) return Error{facts.error()};
+    if (!facts) return Error{plainWords(facts.failure())};
     const Size size = facts.value().naturalSize();
     movie.width = int(std::lround(size.width));
     movie.height = int(std::lround(size.height));

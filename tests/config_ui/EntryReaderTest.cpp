@@ -131,7 +131,7 @@ TEST_F(EntryReaderTest, readEntry_tellsDurationAndPicture)
     const EntryFacts facts = readEntry(testMovie("plain.mp4"), {64, 36}, {});
     EXPECT_NEAR(facts.seconds, 2, 0.04);
     EXPECT_EQ(facts.picture.size(), QSize(64, 36));
-    EXPECT_TRUE(facts.fault.isEmpty());
+    EXPECT_EQ(facts.fault, std::nullopt);
 }
 
 TEST_F(EntryReaderTest, readEntry_takesThePictureAQuarterIntoTheMovie)
@@ -155,11 +155,11 @@ TEST_F(EntryReaderTest, readEntry_keepsTheShapeOfTheMovie)
 
 TEST_F(EntryReaderTest, readEntry_saysWhyAMovieCannotBeOpened)
 {
-    EXPECT_EQ(readEntry(testMovie("missing.mov"), {64, 36}, {}).fault, "no such file");
-    EXPECT_EQ(readEntry(testMovie("empty.mov"), {64, 36}, {}).fault, "empty file");
-    EXPECT_EQ(readEntry(QUrl("ftp://m/a.mov"), {64, 36}, {}).fault,
-              "movies are played from files, http and https only");
-    EXPECT_FALSE(readEntry(QUrl("http://127.0.0.1:1/a.mov"), {64, 36}, {}).fault.isEmpty());
+    using Kind = MovieFault::Kind;
+    EXPECT_EQ(readEntry(testMovie("missing.mov"), {64, 36}, {}).fault, MovieFault{Kind::NoFile});
+    EXPECT_EQ(readEntry(testMovie("empty.mov"), {64, 36}, {}).fault, MovieFault{Kind::EmptyFile});
+    EXPECT_EQ(readEntry(QUrl("ftp://m/a.mov"), {64, 36}, {}).fault, MovieFault{Kind::OtherScheme});
+    EXPECT_EQ(readEntry(QUrl("http://127.0.0.1:1/a.mov"), {64, 36}, {}).fault, MovieFault{Kind::NotReached});
 }
 
 } // namespace kestro

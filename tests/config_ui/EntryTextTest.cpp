@@ -21,7 +21,7 @@ QString durationOf(double seconds)
     return EntryText::duration(&facts);
 }
 
-const EntryFacts broken{.seconds = 0, .picture = {}, .fault = QStringLiteral("no such file")};
+const EntryFacts broken{.seconds = 0, .picture = {}, .fault = MovieFault{MovieFault::Kind::NoFile}};
 
 } // namespace
 
@@ -87,9 +87,13 @@ TEST(EntryText, detail_saysTheReasonInTheUsersLanguage)
     };
     Translator translator;
     QCoreApplication::installTranslator(&translator);
-    const EntryFacts foreign{.seconds = 0, .picture = {}, .fault = QStringLiteral("Input/output error")};
+    const EntryFacts large{
+        .seconds = 0, .picture = {}, .fault = MovieFault{MovieFault::Kind::TooLarge, "9x9"}};
+    const EntryFacts foreign{
+        .seconds = 0, .picture = {}, .fault = MovieFault{MovieFault::Kind::Other, "Bad %1"}};
     EXPECT_EQ(EntryText::detail(entry("file:///a.mov"), &broken), "CANNOT BE OPENED: NO SUCH FILE");
-    EXPECT_EQ(EntryText::detail(entry("file:///a.mov"), &foreign), "CANNOT BE OPENED: Input/output error");
+    EXPECT_EQ(EntryText::detail(entry("file:///a.mov"), &foreign), "CANNOT BE OPENED: Bad %1");
+    EXPECT_EQ(EntryText::detail(entry("file:///a.mov"), &large), "CANNOT BE OPENED: TOO LARGE: 9x9");
 }
 
 TEST(EntryText, toolTip_isTheWholeURL)

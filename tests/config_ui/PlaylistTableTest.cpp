@@ -68,7 +68,7 @@ TEST_F(PlaylistTableTest, facts_areShownOnceTheyAreLearned)
 
 TEST_F(PlaylistTableTest, faults_areShownAndTold)
 {
-    facts = {.seconds = 0, .picture = {}, .fault = QStringLiteral("no such file")};
+    facts = {.seconds = 0, .picture = {}, .fault = MovieFault{MovieFault::Kind::NoFile}};
     learn("1");
     EXPECT_TRUE(shown(1, PlaylistTable::FaultRole).toBool());
     EXPECT_EQ(shown(1, PlaylistTable::DetailRole), "Cannot be opened: no such file");

@@ -43,12 +43,54 @@ QByteArray mediaSource(const QUrl& url)
     return path ? QFile::encodeName(*path) : url.toEncoded(QUrl::RemoveFragment);
 }
 
-static QString errorText(int code)
+// What libav's common codes mean to a person who wanted a movie.
+static MovieFault::Kind kindOf(int code, bool isLocal)
 {
-    if (code == AVERROR(EINVAL)) return QStringLiteral("not a kind of file that holds movies");
+    using Kind = MovieFault::Kind;
+    switch (code) {
+    case AVERROR(EINVAL):
+    case AVERROR_DEMUXER_NOT_FOUND:
+        return Kind::NoMovieFormat;
+    case AVERROR_INVALIDDATA:
+    case AVERROR_EOF:
+        return Kind::Damaged;
+    case AVERROR(ENOENT):
+        return Kind::NoFile;
+    case AVERROR(EACCES):
+    case AVERROR(EPERM):
+        return Kind::NotReadable;
+    case AVERROR(EIO): // also the answer to a host that has no address
+        return isLocal ? Kind::NotReadable : Kind::NotReached;
+    case AVERROR(ECONNREFUSED):
+    case AVERROR(ECONNRESET):
+    case AVERROR(EHOSTUNREACH):
+    case AVERROR(ENETUNREACH):
+        return Kind::NotReached;
+    case AVERROR(ETIMEDOUT):
+    case AVERROR_EXIT:
+        return Kind::NoAnswer;
+    case AVERROR_HTTP_NOT_FOUND:
+        return Kind::NotOnServer;
+    case AVERROR_HTTP_BAD_REQUEST:
+    case AVERROR_HTTP_UNAUTHORIZED:
+    case AVERROR_HTTP_FORBIDDEN:
+    case AVERROR_HTTP_OTHER_4XX:
+    case AVERROR_HTTP_SERVER_ERROR:
+        return Kind::RefusedByServer;
+    case AVERROR(ENOMEM):
+        return Kind::OutOfMemory;
+    default:
+        return Kind::Other;
+    }
+}
+
+static MovieFault faultOf(int code, bool isLocal)
+{
+    const MovieFault::Kind kind = kindOf(code, isLocal);
+    if (kind != MovieFault::Kind::Other) return {kind, {}};
     char text[AV_ERROR_MAX_STRING_SIZE] = {};
     av_strerror(code, text, sizeof text);
-    return QString::fromUtf8(text);
+    return {kind, QString::fromUtf8(text)};
 }
 
 QByteArray movieContainers(bool local)
@@ -72,17 +114,19 @@ static AVDictionary* openingOptions(bool local)
     return options;
 }
 
-Result<std::unique_ptr<AvInput>> AvInput::open(const QUrl& url, AvInterrupt& interrupt)
+Result<std::unique_ptr<AvInput>, MovieFault> AvInput::open(const QUrl& url, AvInterrupt& interrupt)
 {
     prepareLibav();
     auto input = std::unique_ptr<AvInput>(new AvInput);
-    const QString reason = input->openStreams(url, interrupt);
-    if (!reason.isEmpty()) return Error{reason};
-    return input;
+    const auto opened = input->openStreams(url, interrupt);
+    if (opened) return input;
+    if (opened.failure().kind == MovieFault::Kind::TooLarge)
+        logLine(QStringLiteral("%1: %2").arg(shownURL(url), plainWords(opened.failure())));
+    return opened.failure();
 }
 
 /// What the container says before anything is decoded.
-static QString whyTooLargeByHeader(const AVFormatContext& context)
+static Result<void, MovieFault> checkSizesInHeader(const AVFormatContext& context)
 {
     for (unsigned i = 0; i < context.nb_streams; ++i) {
         const AVStream& stream = *context.streams[i];
@@ -90,8 +134,7 @@ static QString whyTooLargeByHeader(const AVFormatContext& context)
         MovieFacts facts;
         facts.codedWidth = stream.codecpar->width;
         facts.codedHeight = stream.codecpar->height;
-        const QString reason = whyTooLarge(facts);
-        if (!reason.isEmpty()) return reason;
+        if (const auto fits = checkSize(facts); !fits) return fits;
     }
     return {};
 }
@@ -110,10 +153,19 @@ static int findStreamInfo(AVFormatContext& context)
     return found;
 }
 
-QString AvInput::openStreams(const QUrl& url, AvInterrupt& interrupt)
+Result<void, MovieFault> AvInput::openStreams(const QUrl& url, AvInterrupt& interrupt)
+{
+    if (const auto opened = openContainer(url, interrupt); !opened) return opened;
+    if (const auto fits = checkSizesInHeader(*m_context); !fits) return fits;
+    if (const int found = findStreamInfo(*m_context); found < 0) return faultOf(found, url.isLocalFile());
+    if (const auto chosen = chooseVideo(); !chosen) return chosen;
+    return checkSize(movieFacts(*this));
+}
+
+Result<void, MovieFault> AvInput::openContainer(const QUrl& url, AvInterrupt& interrupt)
 {
     m_context = avformat_alloc_context();
-    if (!m_context) return QStringLiteral("out of memory");
+    if (!m_context) return MovieFault{MovieFault::Kind::OutOfMemory};
     m_context->interrupt_callback.callback = [](void* opaque) {
         return static_cast<AvInterrupt*>(opaque)->isDue() ? 1 : 0;
     };
@@ -123,14 +175,8 @@ QString AvInput::openStreams(const QUrl& url, AvInterrupt& interrupt)
     const QByteArray source = (url.isLocalFile() ? "file:" : "") + mediaSource(url);
     const int opened = avformat_open_input(&m_context, source.constData(), nullptr, &options);
     av_dict_free(&options);
-    if (opened < 0) return errorText(opened);
-    QString refusal = whyTooLargeByHeader(*m_context);
-    const int found = refusal.isEmpty() ? findStreamInfo(*m_context) : 0;
-    const QString reason = found < 0 ? errorText(found) : chooseVideo();
-    if (refusal.isEmpty() && reason.isEmpty()) refusal = whyTooLarge(movieFacts(*this));
-    if (refusal.isEmpty()) return reason;
-    logLine(QStringLiteral("%1: %2").arg(shownURL(url), refusal));
-    return refusal;
+    if (opened < 0) return faultOf(opened, url.isLocalFile());
+    return {};
 }
 
 static bool isMovingPicture(const AVFormatContext& context, const AVStream& stream)
@@ -142,18 +188,17 @@ static bool isMovingPicture(const AVFormatContext& context, const AVStream& stre
     return qstrcmp(context.iformat->name, "gif") != 0 || stream.nb_frames != 1;
 }
 
-QString AvInput::chooseVideo()
+Result<void, MovieFault> AvInput::chooseVideo()
 {
     for (unsigned i = 0; i < m_context->nb_streams; ++i) {
         AVStream* const stream = m_context->streams[i];
         const bool wanted = !m_video && isMovingPicture(*m_context, *stream);
         if (wanted) m_video = stream;
     }
-    if (!m_video) return QStringLiteral("no moving picture in it");
-    if (!avcodec_find_decoder(m_video->codecpar->codec_id))
-        return QStringLiteral("no decoder for %1")
-            .arg(QLatin1String(avcodec_get_name(m_video->codecpar->codec_id)));
-    return {};
+    if (!m_video) return MovieFault{MovieFault::Kind::NoMovingPicture};
+    const AVCodecID codec = m_video->codecpar->codec_id;
+    if (avcodec_find_decoder(codec)) return {};
+    return MovieFault{MovieFault::Kind::NoDecoder, QString::fromLatin1(avcodec_get_name(codec))};
 }
 
 static double startSeconds(const AVFormatContext& context)

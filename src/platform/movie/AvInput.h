@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/base/Result.h"
-
-#include <QString>
+#include "platform/movie/MovieFault.h"
 
 #include <atomic>
 #include <chrono>
@@ -34,13 +33,14 @@ private:
 };
 
 /// A movie file or address opened with libavformat, its streams known. Only ever one with a moving picture:
-/// sound alone, cover art, pictures and playlists are refused, and what is too large (whyTooLarge()), with a
+/// sound alone, cover art, pictures and playlists are refused, and what is too large (checkSize()), with a
 /// line in the log. One thread at a time.
 class AvInput final {
 public:
     /// Opens `url` (file, http or https). Nothing outside that scheme is followed. `interrupt` must outlive
     /// the input.
-    [[nodiscard]] static Result<std::unique_ptr<AvInput>> open(const QUrl& url, AvInterrupt& interrupt);
+    [[nodiscard]] static Result<std::unique_ptr<AvInput>, MovieFault> open(const QUrl& url,
+                                                                           AvInterrupt& interrupt);
     ~AvInput();
     AvInput(const AvInput&) = delete;
     AvInput& operator=(const AvInput&) = delete;
@@ -55,8 +55,9 @@ public:
 
 private:
     AvInput() = default;
-    [[nodiscard]] QString openStreams(const QUrl& url, AvInterrupt& interrupt);
-    [[nodiscard]] QString chooseVideo();
+    [[nodiscard]] Result<void, MovieFault> openStreams(const QUrl& url, AvInterrupt& interrupt);
+    [[nodiscard]] Result<void, MovieFault> openContainer(const QUrl& url, AvInterrupt& interrupt);
+    [[nodiscard]] Result<void, MovieFault> chooseVideo();
 
     AVFormatContext* m_context = nullptr;
     AVStream* m_video = nullptr;

@@ -67,7 +67,7 @@ void BackwardsWorker::decode(std::unique_lock<std::mutex>& lock)
 void BackwardsWorker::store(Result<ReverseDecoder::Pictures> pictures)
 {
     if (!pictures) {
-        m_behind = Error{pictures.error()};
+        m_behind = pictures.failure();
         return;
     }
     if (pictures.value().empty()) m_behind = Beginning{};

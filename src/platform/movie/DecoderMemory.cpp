@@ -64,11 +64,12 @@ int threadsThatFit(const MovieFacts& facts, int wished)
     return threads;
 }
 
-QString whyTooLarge(const MovieFacts& facts)
+Result<void, MovieFault> checkSize(const MovieFacts& facts)
 {
     const bool isTooWide = std::max(facts.codedWidth, facts.codedHeight) > Bounds::movieSide;
     if (!isTooWide && decoderBytes(facts, 1) <= Bounds::decoderBytes) return {};
-    return QStringLiteral("too large: %1x%2").arg(facts.codedWidth).arg(facts.codedHeight);
+    return MovieFault{MovieFault::Kind::TooLarge,
+                      QStringLiteral("%1x%2").arg(facts.codedWidth).arg(facts.codedHeight)};
 }
 
 qint64 mostPicturePixels(const MovieFacts& facts)

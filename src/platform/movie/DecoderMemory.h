@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/base/Bounds.h"
-
-#include <QString>
+#include "platform/base/Result.h"
+#include "platform/movie/MovieFault.h"
 
 namespace kestro {
 
@@ -17,8 +17,8 @@ struct MovieFacts;
 /// As many of `wished` threads, at least one, as leave the pictures within Bounds::decoderBytes.
 [[nodiscard]] int threadsThatFit(const MovieFacts& facts, int wished);
 
-/// Why the movie is not to be decoded at all, in a few words; empty where it may be.
-[[nodiscard]] QString whyTooLarge(const MovieFacts& facts);
+/// Whether the movie may be decoded at all; the fault is that it is too large.
+[[nodiscard]] Result<void, MovieFault> checkSize(const MovieFacts& facts);
 
 /// The pixels that any picture of the movie may have, whatever its stream comes to say later: its own, or
 /// what every stream may have.

@@ -28,19 +28,20 @@ void FreeAv::operator()(AVPacket* packet) const
     av_packet_free(&packet);
 }
 
-Result<std::unique_ptr<FrameDecoder>> FrameDecoder::open(const QUrl& url, AvInterrupt& interrupt, Use use)
+Result<std::unique_ptr<FrameDecoder>, MovieFault> FrameDecoder::open(const QUrl& url, AvInterrupt& interrupt,
+                                                                     Use use)
 {
     auto input = AvInput::open(url, interrupt);
-    if (!input) return Error{input.error()};
+    if (!input) return input.failure();
     auto decoder = std::unique_ptr<FrameDecoder>(new FrameDecoder(interrupt));
     decoder->m_input = std::move(input.value());
-    const QString reason = decoder->openCodec(use);
-    if (!reason.isEmpty()) return Error{reason};
+    if (const auto opened = decoder->openCodec(use); !opened) return opened.failure();
     return decoder;
 }
 
-QString FrameDecoder::openCodec(Use use)
+Result<void, MovieFault> FrameDecoder::openCodec(Use use)
 {
+    using Kind = MovieFault::Kind;
     AVStream* const video = m_input->video();
     for (unsigned i = 0; i < m_input->context()->nb_streams; ++i) {
         AVStream* const stream = m_input->context()->streams[i];
@@ -52,15 +53,15 @@ QString FrameDecoder::openCodec(Use use)
     const AVCodec* const codec = avcodec_find_decoder(video->codecpar->codec_id);
     m_codec.reset(avcodec_alloc_context3(codec));
     m_packet.reset(av_packet_alloc());
-    if (!m_codec || !m_packet) return QStringLiteral("out of memory");
+    if (!m_codec || !m_packet) return MovieFault{Kind::OutOfMemory};
     if (avcodec_parameters_to_context(m_codec.get(), video->codecpar) < 0)
-        return QStringLiteral("its decoder cannot be set up");
+        return MovieFault{Kind::Other, QStringLiteral("its decoder cannot be set up")};
     m_codec->pkt_timebase = video->time_base;
     if (use == Use::Stills) m_codec->skip_loop_filter = AVDISCARD_NONREF; // no other frame is made of those
     m_codec->max_pixels = mostPicturePixels(m_facts);
     m_codec->thread_count = decoderThreads(asFast, QThread::idealThreadCount());
-    return avcodec_open2(m_codec.get(), codec, nullptr) >= 0 ? QString()
-                                                             : QStringLiteral("its decoder cannot be opened");
+    if (avcodec_open2(m_codec.get(), codec, nullptr) >= 0) return {};
+    return MovieFault{Kind::Other, QStringLiteral("its decoder cannot be opened")};
 }
 
 double FrameDecoder::secondsOf(const AVFrame& frame) const

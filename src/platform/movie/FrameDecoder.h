@@ -29,8 +29,8 @@ public:
     /// they would be forwards, from groups that may have to be decoded several times.
     enum class Use { Stills, Backwards };
     /// Opens `url`. `interrupt` must outlive the decoder.
-    [[nodiscard]] static Result<std::unique_ptr<FrameDecoder>> open(const QUrl& url, AvInterrupt& interrupt,
-                                                                    Use use);
+    [[nodiscard]] static Result<std::unique_ptr<FrameDecoder>, MovieFault>
+    open(const QUrl& url, AvInterrupt& interrupt, Use use);
 
     [[nodiscard]] const AvInput& input() const { return *m_input; }
     [[nodiscard]] const MovieFacts& facts() const { return m_facts; }
@@ -58,7 +58,7 @@ private:
         : m_interrupt(interrupt)
     {
     }
-    [[nodiscard]] QString openCodec(Use use);
+    [[nodiscard]] Result<void, MovieFault> openCodec(Use use);
     [[nodiscard]] bool feed(const MayLeaveOut& mayLeaveOut);
     void forgetPacket();
 

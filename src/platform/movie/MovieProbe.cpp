@@ -20,13 +20,14 @@ static constexpr milliseconds longestLook{2000};
 // A recording cut off or streamed to disk names no duration; so long is looked for its end.
 static constexpr milliseconds longestSearchForEnd{250};
 
-static QString faultOfFile(const QString& path)
+static Result<void, MovieFault> checkFile(const QString& path)
 {
+    using Kind = MovieFault::Kind;
     const QFileInfo file(path);
-    if (!file.exists()) return QStringLiteral("no such file");
-    if (!file.isFile()) return QStringLiteral("not a file");
-    if (!file.isReadable()) return QStringLiteral("not readable");
-    if (file.size() == 0) return QStringLiteral("empty file");
+    if (!file.exists()) return MovieFault{Kind::NoFile};
+    if (!file.isFile()) return MovieFault{Kind::NoRegularFile};
+    if (!file.isReadable()) return MovieFault{Kind::NotReadable};
+    if (file.size() == 0) return MovieFault{Kind::EmptyFile};
     return {};
 }
 
@@ -45,33 +46,32 @@ static double searchForEnd(const AvInput& input, AvInterrupt& interrupt, std::st
     return end;
 }
 
-Result<MovieFacts> probeMovie(const QString& path, std::stop_token stop)
+Result<MovieFacts, MovieFault> probeMovie(const QString& path, std::stop_token stop)
 {
-    const QString fault = faultOfFile(path);
-    if (!fault.isEmpty()) return Error{fault};
+    if (const auto checked = checkFile(path); !checked) return checked.failure();
 
     AvInterrupt interrupt;
     interrupt.allow(longestLook, stop);
     auto input = AvInput::open(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()), interrupt);
-    if (!input) return Error{input.error()};
+    if (!input) return input.failure();
     MovieFacts facts = movieFacts(*input.value());
     if (facts.seconds <= 0) facts.seconds = searchForEnd(*input.value(), interrupt, stop);
     return facts;
 }
 
-Result<MovieFacts> probeMovieOnAnyDisk(const QString& path)
+Result<MovieFacts, MovieFault> probeMovieOnAnyDisk(const QString& path)
 {
-    if (!isFileThere(path)) return Error{QStringLiteral("no such file")};
+    if (!isFileThere(path)) return MovieFault{MovieFault::Kind::NoFile};
     return probeMovie(path);
 }
 
-Result<MovieFacts> probeRemoteMovie(const QUrl& url, milliseconds longest, std::stop_token stop)
+Result<MovieFacts, MovieFault> probeRemoteMovie(const QUrl& url, milliseconds longest, std::stop_token stop)
 {
     AvInterrupt interrupt;
     interrupt.allow(longest, std::move(stop));
     const auto input = AvInput::open(url, interrupt);
-    if (!input) return Error{interrupt.isDue() ? QStringLiteral("no answer in time") : input.error()};
-    return movieFacts(*input.value());
+    if (input) return movieFacts(*input.value());
+    return interrupt.isDue() ? MovieFault{MovieFault::Kind::NoAnswer} : input.failure();
 }
 
 } // namespace kestro

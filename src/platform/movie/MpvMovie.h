@@ -87,7 +87,7 @@ private:
     void backwardsFailed(const QString& reason) override;
 
     void open();
-    void takeFacts(const std::optional<Result<MovieFacts>>& facts);
+    void takeFacts(const std::optional<Result<MovieFacts, MovieFault>>& facts);
     void beShown();
     void takePlayerForShow();
     [[nodiscard]] bool start(double at);

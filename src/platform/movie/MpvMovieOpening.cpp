@@ -10,17 +10,17 @@ namespace kestro {
 void MpvMovie::open()
 {
     const QString path = localPath(m_url).value_or(QString());
-    auto look = DetachedTask::start<Result<MovieFacts>>(
+    auto look = DetachedTask::start<Result<MovieFacts, MovieFault>>(
         QStringLiteral("movie ") + path, m_options.longestProbe,
         [probe = m_options.probe, path] { return probe(path); },
-        [this](const std::optional<Result<MovieFacts>>& facts) { takeFacts(facts); });
+        [this](const std::optional<Result<MovieFacts, MovieFault>>& facts) { takeFacts(facts); });
     if (look)
         m_state = Opening{.look = std::move(look)};
     else
         m_state = Broken{};
 }
 
-void MpvMovie::takeFacts(const std::optional<Result<MovieFacts>>& facts)
+void MpvMovie::takeFacts(const std::optional<Result<MovieFacts, MovieFault>>& facts)
 {
     const Opening wishes = std::move(std::get<Opening>(m_state));
     tellSettled();

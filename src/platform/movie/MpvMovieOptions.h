@@ -17,7 +17,7 @@ class OpenGL;
 struct MpvMovieOptions {
     int networkTimeout = 10; ///< seconds without an answer until a remote movie fails
     /// What a local file is; called on other threads, may never come back.
-    std::function<Result<MovieFacts>(const QString& path)> probe = probeMovieOnAnyDisk;
+    std::function<Result<MovieFacts, MovieFault>(const QString& path)> probe = probeMovieOnAnyDisk;
     std::chrono::milliseconds longestProbe{2000};  ///< until a local movie whose disk does not answer fails
     std::chrono::milliseconds longestStall{15000}; ///< without progress until one that plays fails
     int cacheBytes = Bounds::cacheBytes; ///< read ahead of a remote movie; half as many are kept behind

@@ -289,9 +289,9 @@ void MpvPlayer::fail()
 void MpvPlayer::handleHook(const mpv_event_hook& hook)
 {
     const auto facts = factsOfMovingPicture(m_handle->raw());
-    const QString refusal = facts ? whyTooLarge(*facts) : QString();
-    if (!refusal.isEmpty()) logLine(QStringLiteral("%1: %2").arg(shownURL(m_setup.url), refusal));
-    const bool isRefused = !facts || !refusal.isEmpty();
+    const auto fits = facts ? checkSize(*facts) : Result<void, MovieFault>();
+    if (!fits) logLine(QStringLiteral("%1: %2").arg(shownURL(m_setup.url), plainWords(fits.failure())));
+    const bool isRefused = !facts || !fits;
     if (isRefused)
         m_handle->set("vid", "no"); // nothing is decoded before the movie is stopped
     else

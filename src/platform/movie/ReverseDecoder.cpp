@@ -37,8 +37,7 @@ Result<ReverseDecoder::Pictures> ReverseDecoder::next(const std::stop_token& sto
 {
     m_stop = stop;
     extendTime();
-    const QString reason = m_decoder ? QString() : open();
-    if (!reason.isEmpty()) return Error{reason};
+    if (const auto opened = m_decoder ? Result<void>() : open(); !opened) return opened.failure();
     if (!std::exchange(m_begun, true)) begin();
     while (m_cursor > m_first.stamp) {
         auto pictures = decodeStretch();
@@ -47,9 +46,9 @@ Result<ReverseDecoder::Pictures> ReverseDecoder::next(const std::stop_token& sto
     return Pictures{};
 }
 
-static QString cannotBeSought()
+static Error cannotBeSought()
 {
-    return QStringLiteral("it cannot be sought");
+    return {QStringLiteral("it cannot be sought")};
 }
 
 static bool isSeekable(const AVFormatContext& context)
@@ -58,18 +57,19 @@ static bool isSeekable(const AVFormatContext& context)
     return !isStream && !(context.ctx_flags & AVFMTCTX_UNSEEKABLE);
 }
 
-QString ReverseDecoder::open()
+Result<void> ReverseDecoder::open()
 {
     auto decoder = FrameDecoder::open(m_url, m_interrupt, FrameDecoder::Use::Backwards);
-    if (!decoder) return decoder.error();
+    if (!decoder) return Error{plainWords(decoder.failure())};
     if (!isSeekable(*decoder.value()->input().context())) return cannotBeSought();
     m_decoder = std::move(decoder.value());
     const MovieFacts& facts = m_decoder->facts();
     m_pictureBytes = static_cast<std::size_t>(facts.codedWidth) * facts.codedHeight * 3 / 2;
     const auto first = readKeyframe();
-    if (first) m_first = *first;
-    const QString reason = first ? QString() : whyItEnded();
-    return first || !reason.isEmpty() ? reason : QStringLiteral("no keyframe in it");
+    if (const auto ended = checkEnd(); !first && !ended) return ended;
+    if (!first) return Error{QStringLiteral("no keyframe in it")};
+    m_first = *first;
+    return {};
 }
 
 void ReverseDecoder::begin()
@@ -99,8 +99,7 @@ std::optional<ReverseDecoder::Group> ReverseDecoder::readKeyframe()
 Result<ReverseDecoder::Pictures> ReverseDecoder::decodeStretch()
 {
     for (const bool leavesOut : {true, false}) {
-        const QString reason = goToGroup();
-        if (!reason.isEmpty()) return Error{reason};
+        if (const auto gone = goToGroup(); !gone) return gone.failure();
         if (!m_group) break;
         const std::int64_t from = leavesOut ? std::max(worthwhileFrom(), m_group->stamp) : m_group->stamp;
         auto pictures = decodeGroup(from);
@@ -114,7 +113,7 @@ Result<ReverseDecoder::Pictures> ReverseDecoder::decodeStretch()
 }
 
 /// Seeks to the group of pictures in which the cursor lies, or that ends at it.
-QString ReverseDecoder::goToGroup()
+Result<void> ReverseDecoder::goToGroup()
 {
     const std::int64_t stepBack = m_decoder->input().ptsAt(firstStepBack) - m_decoder->input().ptsAt(0);
     std::int64_t to = firstTry();
@@ -127,8 +126,8 @@ QString ReverseDecoder::goToGroup()
         m_group = group && group->stamp < m_cursor ? group : std::nullopt;
         if (m_group) m_group->seekStamp = to;
         if (m_group) return {};
-        if (m_interrupt.isDue()) return whyItEnded();
-        if (to <= m_first.decodingTime) return wasSought ? whyItEnded() : cannotBeSought();
+        if (m_interrupt.isDue()) return checkEnd();
+        if (to <= m_first.decodingTime) return wasSought ? checkEnd() : cannotBeSought();
         to = std::min(to, group ? group->decodingTime : to) - step;
     }
 }
@@ -169,8 +168,7 @@ Result<ReverseDecoder::Pictures> ReverseDecoder::decodeGroup(std::int64_t from)
         const std::int64_t last = pictures.empty() ? from - 1 : pictures.back().frame().best_effort_timestamp;
         if (stamp > last) keep(pictures, std::move(frame));
     }
-    const QString reason = whyItEnded();
-    if (!reason.isEmpty()) return Error{reason};
+    if (const auto ended = checkEnd(); !ended) return ended.failure();
     return pictures;
 }
 
@@ -192,14 +190,15 @@ void ReverseDecoder::moveCursor(const Pictures& pictures)
     m_cursor = m_dropped ? pictures.front().frame().best_effort_timestamp : m_group->stamp;
 }
 
-/// Why there was no more to read or to decode; empty at the end of the movie. Where a movie breaks off, its
-/// end is there.
-QString ReverseDecoder::whyItEnded() const
+/// Whether there was no more to read or to decode because that was the end of the movie. Where a movie breaks
+/// off, its end is there.
+Result<void> ReverseDecoder::checkEnd() const
 {
-    if (m_stop.stop_requested()) return QStringLiteral("stopped");
-    if (m_interrupt.isDue()) return QStringLiteral("no answer in time");
+    if (m_stop.stop_requested()) return Error{QStringLiteral("stopped")};
+    if (m_interrupt.isDue()) return Error{QStringLiteral("no answer in time")};
     const bool isCutShort = m_decoder->brokeOff() && m_cursor != end;
-    return isCutShort ? QStringLiteral("reading it broke off") : QString();
+    if (isCutShort) return Error{QStringLiteral("reading it broke off")};
+    return {};
 }
 
 } // namespace kestro

@@ -44,11 +44,10 @@ private:
         std::int64_t seekStamp = 0;
     };
 
-    [[nodiscard]] QString open();
+    [[nodiscard]] Result<void> open();
     void begin();
     [[nodiscard]] std::optional<Group> readKeyframe();
-    [[nodiscard]] std::optional<Group> groupFrom(std::int64_t stamp);
-    [[nodiscard]] QString goToGroup();
+    [[nodiscard]] Result<void> goToGroup();
     [[nodiscard]] std::int64_t firstTry() const;
     [[nodiscard]] Result<Pictures> decodeStretch();
     [[nodiscard]] Result<Pictures> decodeGroup(std::int64_t from);
@@ -56,7 +55,7 @@ private:
     void moveCursor(const Pictures& pictures);
     [[nodiscard]] std::int64_t worthwhileFrom() const;
     void extendTime() { m_interrupt.allow(m_longestRead, m_stop); }
-    [[nodiscard]] QString whyItEnded() const;
+    [[nodiscard]] Result<void> checkEnd() const;
 
     const QUrl m_url;
     const std::shared_ptr<PictureMemory> m_memory;

@@ -151,12 +151,12 @@ bool isStreamable(const QString& path)
     return true;
 }
 
-std::optional<Error> writeStreamable(const QString& source, const QString& target)
+Result<void> writeStreamable(const QString& source, const QString& target)
 {
     AvInterrupt interrupt;
     interrupt.allow(longest);
     const auto input = AvInput::open(QUrl::fromLocalFile(source), interrupt);
-    if (!input) return Error{input.error()};
+    if (!input) return Error{plainWords(input.failure())};
     const char* const kind = source.endsWith(QStringLiteral(".mov"), Qt::CaseInsensitive) ? "mov" : "mp4";
     AVFormatContext* made = nullptr;
     const QByteArray path = QFile::encodeName(target);
@@ -164,7 +164,8 @@ std::optional<Error> writeStreamable(const QString& source, const QString& targe
         return failure(error);
     const Output output(made);
     const int error = copyMovie(*output, *input.value()->context(), path);
-    return error < 0 ? std::optional(failure(error)) : std::nullopt;
+    if (error < 0) return failure(error);
+    return {};
 }
 
 } // namespace kestro

@@ -4,8 +4,6 @@
 
 #include <QString>
 
-#include <optional>
-
 namespace kestro {
 
 // Movies that can be played while they arrive from their beginning. Any thread.
@@ -16,6 +14,6 @@ namespace kestro {
 
 /// Writes the movie file `source` to `target`, a QuickTime or MP4 file by the source's kind, with its index
 /// first and everything else as it is. What was written up to an error is left there.
-[[nodiscard]] std::optional<Error> writeStreamable(const QString& source, const QString& target);
+[[nodiscard]] Result<void> writeStreamable(const QString& source, const QString& target);
 
 } // namespace kestro

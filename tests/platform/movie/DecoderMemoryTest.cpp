@@ -23,32 +23,37 @@ MovieFacts movieOf(int width, int height, AVCodecID codec = AV_CODEC_ID_H264, in
     return facts;
 }
 
-} // namespace
-
-TEST(DecoderMemory, whyTooLarge_refusesAMovie_whenASideIsTooLong)
+MovieFault tooLarge(const char* size)
 {
-    EXPECT_EQ(whyTooLarge(movieOf(8192, 16)), QString());
-    EXPECT_EQ(whyTooLarge(movieOf(8193, 16)), QStringLiteral("too large: 8193x16"));
-    EXPECT_EQ(whyTooLarge(movieOf(16, 8193)), QStringLiteral("too large: 16x8193"));
-    EXPECT_EQ(whyTooLarge(movieOf(16000, 16000)), QStringLiteral("too large: 16000x16000"));
+    return {MovieFault::Kind::TooLarge, QString::fromLatin1(size)};
 }
 
-TEST(DecoderMemory, whyTooLarge_refusesAMovie_whenItsDecoderWouldNeedTooMuch)
+} // namespace
+
+TEST(DecoderMemory, checkSize_refusesAMovie_whenASideIsTooLong)
+{
+    EXPECT_TRUE(checkSize(movieOf(8192, 16)));
+    EXPECT_EQ(checkSize(movieOf(8193, 16)).failure(), tooLarge("8193x16"));
+    EXPECT_EQ(checkSize(movieOf(16, 8193)).failure(), tooLarge("16x8193"));
+    EXPECT_EQ(checkSize(movieOf(16000, 16000)).failure(), tooLarge("16000x16000"));
+}
+
+TEST(DecoderMemory, checkSize_refusesAMovie_whenItsDecoderWouldNeedTooMuch)
 {
     for (const AVCodecID codec : {AV_CODEC_ID_H264, AV_CODEC_ID_HEVC, AV_CODEC_ID_VP9, AV_CODEC_ID_AV1,
                                   AV_CODEC_ID_VP8, AV_CODEC_ID_MPEG4, AV_CODEC_ID_PRORES}) {
-        EXPECT_EQ(whyTooLarge(movieOf(7680, 4320, codec)), QString()) << codec;
-        EXPECT_EQ(whyTooLarge(movieOf(4096, 2304, codec, 24)), QString()) << codec;
+        EXPECT_TRUE(checkSize(movieOf(7680, 4320, codec))) << codec;
+        EXPECT_TRUE(checkSize(movieOf(4096, 2304, codec, 24))) << codec;
     }
-    EXPECT_EQ(whyTooLarge(movieOf(8192, 8192)), QString());
-    EXPECT_NE(whyTooLarge(movieOf(8192, 8192, AV_CODEC_ID_VP9)), QString());
-    EXPECT_NE(whyTooLarge(movieOf(8192, 8192, AV_CODEC_ID_H264, 24)), QString());
+    EXPECT_TRUE(checkSize(movieOf(8192, 8192)));
+    EXPECT_FALSE(checkSize(movieOf(8192, 8192, AV_CODEC_ID_VP9)));
+    EXPECT_FALSE(checkSize(movieOf(8192, 8192, AV_CODEC_ID_H264, 24)));
 }
 
-TEST(DecoderMemory, whyTooLarge_refusesNoMovie_whenItsSizeIsUnknown)
+TEST(DecoderMemory, checkSize_refusesNoMovie_whenItsSizeIsUnknown)
 {
-    EXPECT_EQ(whyTooLarge(movieOf(0, 0)), QString());
-    EXPECT_EQ(whyTooLarge(movieOf(-1, 100)), QString());
+    EXPECT_TRUE(checkSize(movieOf(0, 0)));
+    EXPECT_TRUE(checkSize(movieOf(-1, 100)));
 }
 
 TEST(DecoderMemory, threadsThatFit_areFewer_whenEachTakesMuch)

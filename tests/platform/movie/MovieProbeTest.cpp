@@ -12,7 +12,7 @@
 
 using namespace kestro;
 
-static Result<MovieFacts> probe(const char* name)
+static Result<MovieFacts, MovieFault> probe(const char* name)
 {
     return probeMovie(testMovie(name).toLocalFile());
 }
@@ -22,7 +22,7 @@ class MovieProbeGood : public testing::TestWithParam<const char*> {};
 TEST_P(MovieProbeGood, tellsSizeAndDuration)
 {
     const auto facts = probe(GetParam());
-    ASSERT_TRUE(facts) << qPrintable(facts.error());
+    ASSERT_TRUE(facts) << qPrintable(plainWords(facts.failure()));
     EXPECT_EQ(facts.value().codedWidth, 320);
     EXPECT_EQ(facts.value().codedHeight, 180);
     EXPECT_NEAR(facts.value().seconds, 2, 0.04);
@@ -38,7 +38,7 @@ TEST_P(MovieProbeBad, refusesWhatIsNoMovie)
     ASSERT_TRUE(QFile::exists(testMovie(GetParam()).toLocalFile()));
     const auto facts = probe(GetParam());
     ASSERT_FALSE(facts);
-    EXPECT_FALSE(facts.error().isEmpty());
+    EXPECT_FALSE(plainWords(facts.failure()).isEmpty());
 }
 INSTANTIATE_TEST_SUITE_P(Files, MovieProbeBad,
                          testing::Values("audio.mp3", "audio.mp4", "cover.mp3", "picture.png", "picture.mov",
@@ -53,7 +53,7 @@ TEST_P(MovieProbeHuge, refusesWhatIsTooLarge_andSaysSo)
     const LogCapture capture([&log](const QString& line) { log.append(line); });
     const auto facts = probe(GetParam());
     ASSERT_FALSE(facts);
-    EXPECT_EQ(facts.error(), QStringLiteral("too large: 16000x16000"));
+    EXPECT_EQ(facts.failure(), (MovieFault{MovieFault::Kind::TooLarge, QStringLiteral("16000x16000")}));
     EXPECT_EQ(log,
               QStringList{testMovie(GetParam()).toString() + QStringLiteral(": too large: 16000x16000")});
 }

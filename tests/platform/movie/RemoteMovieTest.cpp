@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(Ways, RemoteMovieFrom,
 TEST_F(RemoteMovie, isProbed)
 {
     const auto facts = probeRemoteMovie(addressOf("good/plain.mp4"), std::chrono::seconds(10));
-    ASSERT_TRUE(facts) << qPrintable(facts.error());
+    ASSERT_TRUE(facts) << qPrintable(plainWords(facts.failure()));
     EXPECT_EQ(facts.value().codedWidth, 320);
     EXPECT_NEAR(facts.value().seconds, 2, 0.04);
 }
@@ -132,7 +132,7 @@ TEST_F(RemoteMovie, isNotProbed_whenItSaysNothing)
 {
     const auto facts = probeRemoteMovie(addressOf("stalled/longgop.mp4"), std::chrono::milliseconds(200));
     ASSERT_FALSE(facts);
-    EXPECT_EQ(facts.error(), "no answer in time");
+    EXPECT_EQ(facts.failure(), MovieFault{MovieFault::Kind::NoAnswer});
 }
 
 TEST_F(RemoteMovie, startsWhereItWasSent_whileItLoaded)
