@@ -27,7 +27,7 @@ QByteArray jpeg(const QImage& picture)
 
 } // namespace
 
-std::optional<Error> StillMovieReader::learn(SourceMovie& movie, const QString& path)
+Result<void> StillMovieReader::learn(SourceMovie& movie, const QString& path)
 {
     const auto facts = probeMovie(path);
     if (!facts) return Error{plainWords(facts.failure())};

@@ -5,8 +5,6 @@
 
 #include <QByteArray>
 
-#include <optional>
-
 namespace kestro {
 
 /// Looks into movie files for the site. Owned by who publishes, on its thread.
@@ -15,7 +13,7 @@ public:
     virtual ~MovieReader() = default;
 
     /// Fills in size and duration of `movie`, the file at `path`. The error says why it is no movie.
-    [[nodiscard]] virtual std::optional<Error> learn(SourceMovie& movie, const QString& path) = 0;
+    [[nodiscard]] virtual Result<void> learn(SourceMovie& movie, const QString& path) = 0;
 
     /// A picture of the movie as the bytes of a JPEG file; nothing where none can be decoded. The same for
     /// the same file.
@@ -25,7 +23,7 @@ public:
 /// The real one: probes, and decodes stills.
 class StillMovieReader final : public MovieReader {
 public:
-    [[nodiscard]] std::optional<Error> learn(SourceMovie& movie, const QString& path) override;
+    [[nodiscard]] Result<void> learn(SourceMovie& movie, const QString& path) override;
     [[nodiscard]] QByteArray poster(const SourceMovie& movie, const QString& path) override;
 };
 

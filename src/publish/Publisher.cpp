@@ -46,12 +46,12 @@ Publisher::Publisher(PublishOrder order, MovieReader& reader, PublishWatcher& wa
 
 Result<PublishReport> Publisher::publish()
 {
-    if (auto error = m_folder.open()) return *error;
-    if (auto error = readMovies()) return *error;
-    if (auto error = group()) return *error;
-    if (auto error = m_folder.claim(plannedFiles())) return *error;
-    if (auto error = writeAll()) return *error;
-    if (auto error = m_folder.finish(m_sources)) return *error;
+    if (auto done = m_folder.open(); !done) return done.failure();
+    if (auto done = readMovies(); !done) return done.failure();
+    if (auto done = group(); !done) return done.failure();
+    if (auto done = m_folder.claim(plannedFiles()); !done) return done.failure();
+    if (auto done = writeAll(); !done) return done.failure();
+    if (auto done = m_folder.finish(m_sources); !done) return done.failure();
     countUp();
     return std::move(m_report);
 }
@@ -70,10 +70,10 @@ Result<QStringList> Publisher::findMovies() const
     return movieFilesBelow(m_order.movies, isAmongMovies ? site : own);
 }
 
-Publisher::Fault Publisher::readMovies()
+Result<void> Publisher::readMovies()
 {
     const auto found = findMovies();
-    if (!found) return Error{found.error()};
+    if (!found) return found.failure();
     if (found.value().isEmpty()) return Error{QStringLiteral("No movies in %1").arg(m_order.movies)};
     const auto count = std::size_t(found.value().size());
     for (std::size_t i = 0; i < count; ++i) {
@@ -91,14 +91,14 @@ void Publisher::readMovie(const QString& path)
     const QFileInfo file(sourcePath(movie));
     movie.bytes = file.size();
     movie.modified = file.lastModified().toMSecsSinceEpoch();
-    const Fault fault = m_folder.before().recall(movie) ? Fault() : m_reader.learn(movie, file.filePath());
-    if (fault)
-        m_report.leftOut.push_back({path, fault->message});
+    const bool isKnown = m_folder.before().recall(movie);
+    if (const auto learned = isKnown ? Result<void>() : m_reader.learn(movie, file.filePath()); !learned)
+        m_report.leftOut.push_back({path, learned.error()});
     else
         m_sources.push_back(movie);
 }
 
-Publisher::Fault Publisher::group()
+Result<void> Publisher::group()
 {
     TitleGroups groups = groupTitles(m_sources);
     m_titles = std::move(groups.titles);
@@ -126,42 +126,42 @@ QStringList Publisher::plannedFiles() const
 }
 
 // The pages that lead to others come last: what is named is there already.
-Publisher::Fault Publisher::writeAll()
+Result<void> Publisher::writeAll()
 {
-    if (auto error = writeCarried()) return error;
+    if (auto done = writeCarried(); !done) return done;
     for (std::size_t i = 0; i < m_titles.size(); ++i) {
         m_watcher.writing(m_titles[i].name, i + 1, m_titles.size());
-        if (auto error = writeTitle(m_titles[i])) return error;
+        if (auto done = writeTitle(m_titles[i]); !done) return done;
     }
     return writeOverview();
 }
 
-Publisher::Fault Publisher::writeCarried()
+Result<void> Publisher::writeCarried()
 {
     for (const QString& name : carriedNames)
-        if (auto error = m_folder.write(name, carriedFile(name))) return error;
+        if (auto done = m_folder.write(name, carriedFile(name)); !done) return done;
     return {};
 }
 
-Publisher::Fault Publisher::writeTitle(PublishedTitle& title)
+Result<void> Publisher::writeTitle(PublishedTitle& title)
 {
-    if (auto error = placeMovies(title)) return error;
-    if (auto error = writePoster(title)) return error;
+    if (auto done = placeMovies(title); !done) return done;
+    if (auto done = writePoster(title); !done) return done;
     return m_folder.write(inFolder(title, indexName), SitePages(m_order.basePath).title(title));
 }
 
-Publisher::Fault Publisher::placeMovies(const PublishedTitle& title)
+Result<void> Publisher::placeMovies(const PublishedTitle& title)
 {
     for (const PublishedMovie& movie : title.movies) {
         const QString file = inFolder(title, movie.fileName);
-        if (auto error = m_folder.place(file, sourcePath(movie.source), m_order.transfer)) return error;
+        if (auto done = m_folder.place(file, sourcePath(movie.source), m_order.transfer); !done) return done;
         if (movie.originalName.isEmpty()) continue;
-        if (auto error = m_folder.nameAgain(file, inFolder(title, movie.originalName))) return error;
+        if (auto done = m_folder.nameAgain(file, inFolder(title, movie.originalName)); !done) return done;
     }
     return {};
 }
 
-Publisher::Fault Publisher::writePoster(PublishedTitle& title)
+Result<void> Publisher::writePoster(PublishedTitle& title)
 {
     const SourceMovie& widest = title.movies.back().source;
     const QString file = inFolder(title, posterName());
@@ -173,10 +173,10 @@ Publisher::Fault Publisher::writePoster(PublishedTitle& title)
     return {};
 }
 
-Publisher::Fault Publisher::writeOverview()
+Result<void> Publisher::writeOverview()
 {
     const SitePages pages(m_order.basePath);
-    if (auto error = m_folder.write(feedName, pages.feed(m_titles))) return error;
+    if (auto done = m_folder.write(feedName, pages.feed(m_titles)); !done) return done;
     return m_folder.write(indexName, pages.index(m_titles));
 }
 

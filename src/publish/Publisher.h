@@ -45,19 +45,17 @@ public:
     [[nodiscard]] Result<PublishReport> publish();
 
 private:
-    using Fault = std::optional<Error>;
-
     [[nodiscard]] Result<QStringList> findMovies() const;
-    [[nodiscard]] Fault readMovies();
+    [[nodiscard]] Result<void> readMovies();
     void readMovie(const QString& path);
-    [[nodiscard]] Fault group();
+    [[nodiscard]] Result<void> group();
     [[nodiscard]] QStringList plannedFiles() const;
-    [[nodiscard]] Fault writeAll();
-    [[nodiscard]] Fault writeCarried();
-    [[nodiscard]] Fault writeTitle(PublishedTitle& title);
-    [[nodiscard]] Fault placeMovies(const PublishedTitle& title);
-    [[nodiscard]] Fault writePoster(PublishedTitle& title);
-    [[nodiscard]] Fault writeOverview();
+    [[nodiscard]] Result<void> writeAll();
+    [[nodiscard]] Result<void> writeCarried();
+    [[nodiscard]] Result<void> writeTitle(PublishedTitle& title);
+    [[nodiscard]] Result<void> placeMovies(const PublishedTitle& title);
+    [[nodiscard]] Result<void> writePoster(PublishedTitle& title);
+    [[nodiscard]] Result<void> writeOverview();
     [[nodiscard]] QString sourcePath(const SourceMovie& movie) const;
     void countUp();
 

@@ -34,7 +34,7 @@ QString folderOf(const QString& file)
 
 } // namespace
 
-std::optional<Error> SiteFolder::open()
+Result<void> SiteFolder::open()
 {
     QFile file(pathOf(manifestName));
     if (!file.exists()) return {};
@@ -48,10 +48,10 @@ std::optional<Error> SiteFolder::open()
     return {};
 }
 
-std::optional<Error> SiteFolder::claim(const QStringList& files)
+Result<void> SiteFolder::claim(const QStringList& files)
 {
     for (const QString& file : files)
-        if (auto error = obstacle(file)) return error;
+        if (auto done = obstacle(file); !done) return done;
     Manifest claimed = m_before;
     for (const QString& file : files)
         if (!claimed.hasFile(file)) claimed.setFile(file, {});
@@ -61,29 +61,30 @@ std::optional<Error> SiteFolder::claim(const QStringList& files)
     return save(claimed);
 }
 
-std::optional<Error> SiteFolder::obstacle(const QString& file) const
+Result<void> SiteFolder::obstacle(const QString& file) const
 {
     const QString folder = folderOf(file);
     if (!folder.isEmpty() && exists(pathOf(folder)) && !isRealFolder(pathOf(folder)))
         return inTheWay(pathOf(folder));
     const QString path = pathOf(file);
     const bool isOurs = m_before.hasFile(file) && !isRealFolder(path);
-    return exists(path) && !isOurs ? std::optional(inTheWay(path)) : std::nullopt;
+    if (exists(path) && !isOurs) return inTheWay(path);
+    return {};
 }
 
-std::optional<Error> SiteFolder::write(const QString& file, const QByteArray& content, const QString& origin)
+Result<void> SiteFolder::write(const QString& file, const QByteArray& content, const QString& origin)
 {
     makeFolderOf(file);
     return note(file, origin, placeContent(pathOf(file), content));
 }
 
-std::optional<Error> SiteFolder::place(const QString& file, const QString& source, MovieTransfer transfer)
+Result<void> SiteFolder::place(const QString& file, const QString& source, MovieTransfer transfer)
 {
     makeFolderOf(file);
     return note(file, {}, placeMovie(pathOf(file), source, transfer));
 }
 
-std::optional<Error> SiteFolder::nameAgain(const QString& file, const QString& name)
+Result<void> SiteFolder::nameAgain(const QString& file, const QString& name)
 {
     return note(name, {}, placeSecondName(pathOf(name), pathOf(file)));
 }
@@ -95,10 +96,9 @@ void SiteFolder::makeFolderOf(const QString& file) const
     if (!folder.isEmpty()) QDir(m_path).mkpath(folder);
 }
 
-std::optional<Error> SiteFolder::note(const QString& file, const QString& origin,
-                                      const Result<Placed>& placed)
+Result<void> SiteFolder::note(const QString& file, const QString& origin, const Result<Placed>& placed)
 {
-    if (!placed) return Error{placed.error()};
+    if (!placed) return placed.failure();
     if (placed.value() == Placed::Written) ++m_written;
     m_now.setFile(file, origin);
     return {};
@@ -111,7 +111,7 @@ bool SiteFolder::keep(const QString& file, const QString& origin)
     return isSame;
 }
 
-std::optional<Error> SiteFolder::finish(const std::vector<SourceMovie>& movies)
+Result<void> SiteFolder::finish(const std::vector<SourceMovie>& movies)
 {
     for (auto file = m_before.files().begin(); file != m_before.files().end(); ++file)
         if (!m_now.hasFile(file.key())) remove(file.key());
@@ -128,11 +128,11 @@ void SiteFolder::remove(const QString& file)
     if (!folder.isEmpty()) QDir(m_path).rmdir(folder);
 }
 
-std::optional<Error> SiteFolder::save(const Manifest& manifest) const
+Result<void> SiteFolder::save(const Manifest& manifest) const
 {
     const QString path = pathOf(manifestName);
     const auto placed = placeContent(path, manifest.json());
-    if (!placed) return Error{placed.error()};
+    if (!placed) return placed.failure();
     QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     return {};
 }

@@ -5,8 +5,6 @@
 
 #include <QStringList>
 
-#include <optional>
-
 namespace kestro {
 
 /// The folder of the site and the files in it that are ours. Nothing else in it is touched: a file of
@@ -22,26 +20,25 @@ public:
     }
 
     /// Reads what an earlier run left here. The error is one line.
-    [[nodiscard]] std::optional<Error> open();
+    [[nodiscard]] Result<void> open();
     /// What the earlier run left; empty for a new site.
     [[nodiscard]] const Manifest& before() const { return m_before; }
 
     /// Makes room for `files`, all that the site is to hold.
-    [[nodiscard]] std::optional<Error> claim(const QStringList& files);
+    [[nodiscard]] Result<void> claim(const QStringList& files);
 
     /// Writes one of the claimed files. `origin` is the state of what it was made of.
-    [[nodiscard]] std::optional<Error> write(const QString& file, const QByteArray& content,
-                                             const QString& origin = {});
+    [[nodiscard]] Result<void> write(const QString& file, const QByteArray& content,
+                                     const QString& origin = {});
     /// Puts a movie, an absolute path, in the place of one of the claimed files.
-    [[nodiscard]] std::optional<Error> place(const QString& file, const QString& source,
-                                             MovieTransfer transfer);
+    [[nodiscard]] Result<void> place(const QString& file, const QString& source, MovieTransfer transfer);
     /// Gives the placed `file` a second name, another of the claimed files.
-    [[nodiscard]] std::optional<Error> nameAgain(const QString& file, const QString& name);
+    [[nodiscard]] Result<void> nameAgain(const QString& file, const QString& name);
     /// Keeps `file` as it is. Answers false where it is not there or was made of anything but `origin`.
     [[nodiscard]] bool keep(const QString& file, const QString& origin);
 
     /// Removes what is ours and was neither written nor kept, and puts down what is here and `movies`.
-    [[nodiscard]] std::optional<Error> finish(const std::vector<SourceMovie>& movies);
+    [[nodiscard]] Result<void> finish(const std::vector<SourceMovie>& movies);
 
     /// Files that were written, and removed.
     [[nodiscard]] int writtenCount() const { return m_written; }
@@ -49,11 +46,10 @@ public:
 
 private:
     [[nodiscard]] QString pathOf(const QString& file) const { return m_path + u'/' + file; }
-    [[nodiscard]] std::optional<Error> obstacle(const QString& file) const;
+    [[nodiscard]] Result<void> obstacle(const QString& file) const;
     void makeFolderOf(const QString& file) const;
-    [[nodiscard]] std::optional<Error> note(const QString& file, const QString& origin,
-                                            const Result<Placed>& placed);
-    [[nodiscard]] std::optional<Error> save(const Manifest& manifest) const;
+    [[nodiscard]] Result<void> note(const QString& file, const QString& origin, const Result<Placed>& placed);
+    [[nodiscard]] Result<void> save(const Manifest& manifest) const;
     void remove(const QString& file);
 
     QString m_path;

@@ -92,7 +92,7 @@ Result<QByteArray> PageUnpacker::unpack(const QByteArray& page, const std::funct
     if (!writeFile(packed, page)) return Error{QStringLiteral("cannot write %1").arg(packed)};
     const auto status =
         runShellCommand(QFile::encodeName(command.arg(packed)), Bounds::unpackedPageBytes, isWanted);
-    if (!status) return Error{status.error()};
+    if (!status) return status.failure();
     if (status.value() == exitTooLarge) {
         m_unpackedBytes += Bounds::unpackedPageBytes;
         return Error{QStringLiteral("unpacked it is too large")};

@@ -60,12 +60,11 @@ bool saveSite(const QString& folder, int number)
 {
     SiteFolder site(folder);
     const QString file = QStringLiteral("page.html");
-    const bool isWritten =
-        !site.open() && !site.claim({file}) && !site.write(file, longText(number).toUtf8());
+    const bool isWritten = site.open() && site.claim({file}) && site.write(file, longText(number).toUtf8());
     SourceMovie movie;
     movie.path = QStringLiteral("%1.mov").arg(number);
     movie.bytes = number;
-    return isWritten && !site.finish({movie});
+    return isWritten && site.finish({movie});
 }
 
 } // namespace

@@ -13,7 +13,7 @@ namespace {
 /// Knows movies by what their files hold: "480x204", or "broken".
 class TextReader final : public MovieReader {
 public:
-    std::optional<Error> learn(SourceMovie& movie, const QString& path) override
+    Result<void> learn(SourceMovie& movie, const QString& path) override
     {
         ++learned;
         QFile file(path);

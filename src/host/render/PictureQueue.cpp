@@ -41,10 +41,10 @@ void PictureQueue::finish()
     m_threads.waitForDone();
 }
 
-std::optional<QString> PictureQueue::failure() const
+Result<void> PictureQueue::written() const
 {
     const QMutexLocker guard(&m_mutex);
-    return m_failure;
+    return m_written;
 }
 
 void PictureQueue::write(const QImage& picture, int screen, double seconds)
@@ -52,7 +52,7 @@ void PictureQueue::write(const QImage& picture, int screen, double seconds)
     const auto written = m_folder.write(picture, screen, seconds);
     if (written) return;
     const QMutexLocker guard(&m_mutex);
-    if (!m_failure) m_failure = written.error();
+    if (m_written) m_written = written.failure();
 }
 
 } // namespace kestro

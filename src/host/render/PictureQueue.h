@@ -1,11 +1,10 @@
 #pragma once
 
+#include "platform/base/Result.h"
+
 #include <QMutex>
 #include <QSemaphore>
-#include <QString>
 #include <QThreadPool>
-
-#include <optional>
 
 class QImage;
 
@@ -26,15 +25,15 @@ public:
     void add(const QImage& picture, int screen, double seconds);
     /// Waits until everything is written.
     void finish();
-    /// Why a picture could not be written, the first one that failed so far.
-    [[nodiscard]] std::optional<QString> failure() const;
+    /// Whether all that was tried so far could be written; the reason is that of the first one that failed.
+    [[nodiscard]] Result<void> written() const;
 
 private:
     void write(const QImage& picture, int screen, double seconds);
 
     const PictureFolder& m_folder;
-    mutable QMutex m_mutex; ///< guards m_failure
-    std::optional<QString> m_failure;
+    mutable QMutex m_mutex; ///< guards m_written
+    Result<void> m_written;
     QSemaphore m_room;
     QThreadPool m_threads; ///< goes first: its threads use the others
 };

@@ -58,13 +58,13 @@ Result<RenderOptions> RenderOptions::from(const Arguments& arguments)
         return Error{QStringLiteral("--trace needs a file")};
 
     const auto seconds = arguments.real(QStringLiteral("seconds"), options.seconds, leastEvery, mostSeconds);
-    if (!seconds) return Error{seconds.error()};
+    if (!seconds) return seconds.failure();
     const auto every = arguments.real(QStringLiteral("every"), options.every, leastEvery, mostSeconds);
-    if (!every) return Error{every.error()};
+    if (!every) return every.failure();
     const auto screens = arguments.integer(QStringLiteral("screens"), options.screens, 1, mostScreens);
-    if (!screens) return Error{screens.error()};
+    if (!screens) return screens.failure();
     const auto size = sizeFrom(arguments, options.size);
-    if (!size) return Error{size.error()};
+    if (!size) return size.failure();
     if (qint64(size.value().width()) * size.value().height() * screens.value() > mostPixels)
         return Error{QStringLiteral("--size and --screens together are more than %1 pixels").arg(mostPixels)};
 

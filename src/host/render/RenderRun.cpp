@@ -37,8 +37,9 @@ int RenderRun::exec()
     QTimer::singleShot(0, &m_next, [this] { begin(); });
     const int status = QCoreApplication::exec();
     m_pictures.finish();
-    if (!m_pictures.failure()) return status;
-    complain(*m_pictures.failure());
+    const auto written = m_pictures.written();
+    if (written) return status;
+    complain(written.error());
     return ExitFailure;
 }
 
@@ -87,7 +88,7 @@ void RenderRun::takePictures(double seconds)
         screen->update();
         m_pictures.add(screen->surface().canvas().copy(), index++, seconds);
     }
-    if (m_pictures.failure()) end(ExitFailure);
+    if (!m_pictures.written()) end(ExitFailure);
 }
 
 void RenderRun::trace(const HostedSaver& saver)
@@ -95,8 +96,9 @@ void RenderRun::trace(const HostedSaver& saver)
     if (!m_trace || m_isOver) return;
     const auto screens = m_desktop.screens();
     const auto place = std::ranges::find(screens, &saver.screen()) - screens.begin();
-    if (m_trace->write(traceLine(saver, static_cast<int>(place), elapsed()))) return;
-    complain(m_trace->errorText());
+    const auto written = m_trace->write(traceLine(saver, static_cast<int>(place), elapsed()));
+    if (written) return;
+    complain(written.error());
     end(ExitFailure);
 }
 

@@ -21,15 +21,11 @@ TraceFile::TraceFile(std::unique_ptr<QFile> file)
 
 TraceFile::~TraceFile() = default;
 
-bool TraceFile::write(const QJsonObject& line)
+Result<void> TraceFile::write(const QJsonObject& line)
 {
     const QByteArray text = QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n';
-    return m_file->write(text) == text.size() && m_file->flush();
-}
-
-QString TraceFile::errorText() const
-{
-    return QStringLiteral("Cannot write %1: %2").arg(m_file->fileName(), m_file->errorString());
+    if (m_file->write(text) == text.size() && m_file->flush()) return {};
+    return Error{QStringLiteral("Cannot write %1: %2").arg(m_file->fileName(), m_file->errorString())};
 }
 
 } // namespace kestro

@@ -20,10 +20,8 @@ public:
     explicit TraceFile(std::unique_ptr<QFile> file);
     ~TraceFile();
 
-    /// Answers whether the line was written.
-    bool write(const QJsonObject& line);
-    /// Why the last write failed, in one line.
-    [[nodiscard]] QString errorText() const;
+    /// Writes one more line.
+    [[nodiscard]] Result<void> write(const QJsonObject& line);
 
 private:
     std::unique_ptr<QFile> m_file;

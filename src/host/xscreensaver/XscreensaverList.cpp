@@ -51,16 +51,16 @@ XscreensaverList XscreensaverList::ofUser()
 Result<bool> XscreensaverList::isListed() const
 {
     const auto text = read(m_path);
-    if (!text) return Error{text.error()};
+    if (!text) return text.failure();
     return XscreensaverFile(text.value()).isListed();
 }
 
 Result<XscreensaverList::Change> XscreensaverList::add() const
 {
     const auto before = read(m_path);
-    if (!before) return Error{before.error()};
+    if (!before) return before.failure();
     const auto own = command();
-    if (!own) return Error{own.error()};
+    if (!own) return own.failure();
     XscreensaverFile file(before.value());
     file.add(own.value() + " --root");
     return store(before.value(), file.text());
@@ -69,7 +69,7 @@ Result<XscreensaverList::Change> XscreensaverList::add() const
 Result<XscreensaverList::Change> XscreensaverList::remove() const
 {
     const auto before = read(m_path);
-    if (!before) return Error{before.error()};
+    if (!before) return before.failure();
     XscreensaverFile file(before.value());
     file.remove();
     return store(before.value(), file.text());

@@ -35,7 +35,7 @@ std::shared_ptr<ScreenSaverView> BuiltInSavers::makeHackHost(const Rect& frame, 
 {
     const Result<Hack> hack = Hack::fromInfo(m_info);
     const auto host = hack ? HackHost::create(frame, isPreview, hack.value(), m_bundle, desktop)
-                           : Result<std::shared_ptr<HackHost>>(Error{hack.error()});
+                           : Result<std::shared_ptr<HackHost>>(hack.failure());
     if (host) return host.value();
     logLine(QStringLiteral("no view of %1: %2").arg(m_bundle, host.error()));
     return nullptr;

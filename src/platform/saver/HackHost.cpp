@@ -22,8 +22,7 @@ Result<std::shared_ptr<HackHost>> HackHost::create(const Rect& frame, bool isPre
                                                    const QString& bundle, Desktop& desktop)
 {
     const std::shared_ptr<HackHost> host(new HackHost(frame, isPreview, hack, bundle, desktop));
-    const QString error = host->openWindow();
-    if (!error.isEmpty()) return Error{error};
+    if (const auto opened = host->openWindow(); !opened) return opened.failure();
     return host;
 }
 
@@ -42,14 +41,13 @@ HackHost::~HackHost()
     m_layer.setWindow(nullptr);
 }
 
-/// Answers the error.
-QString HackHost::openWindow()
+Result<void> HackHost::openWindow()
 {
     using Drawing = HiddenWindow::Drawing;
     auto window = HiddenWindow::create(
         pixelSize(), m_hack.drawsOpenGL ? Drawing::OpenGL : Drawing::Plain,
         {[this] { m_layer.drawn(); }, [this] { giveUp(QStringLiteral("the X server went away")); }});
-    if (!window) return window.error();
+    if (!window) return window.failure();
     m_layer.setWindow(nullptr);
     m_window = std::move(window.value());
     m_layer.setWindow(m_window.get());
@@ -80,9 +78,8 @@ void HackHost::launch()
         giveUp(QStringLiteral("there is no program %1").arg(m_hack.program));
         return;
     }
-    const QString error = m_isFresh ? QString() : openWindow();
-    if (!error.isEmpty()) {
-        giveUp(error);
+    if (const auto opened = m_isFresh ? Result<void>() : openWindow(); !opened) {
+        giveUp(opened.error());
         return;
     }
     fitWindow();

@@ -36,7 +36,7 @@ public:
 private:
     HackHost(const Rect& frame, bool isPreview, Hack hack, QString bundle, Desktop& desktop);
 
-    [[nodiscard]] QString openWindow();
+    [[nodiscard]] Result<void> openWindow();
     void launch();
     void hackEnded(HackGuardStatus status);
     void giveUp(const QString& reason);

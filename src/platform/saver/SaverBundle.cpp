@@ -29,7 +29,7 @@ Result<std::shared_ptr<SaverPlugin>> pluginOf(const QString& path, const QVarian
     if (!info.contains(executableKey) && BuiltInSavers::knows(textAt(info, principalKey)))
         return std::shared_ptr<SaverPlugin>(std::make_shared<BuiltInSavers>(path, info));
     const Result<SaverPlugin*> loaded = loadSaverLibrary(path, textAt(info, executableKey));
-    if (!loaded) return Error{loaded.error()};
+    if (!loaded) return loaded.failure();
     const auto leave = [](SaverPlugin*) {}; // the library's own, for the life of the process
     return std::shared_ptr<SaverPlugin>(loaded.value(), leave);
 }

@@ -33,17 +33,18 @@ QString versionOf(const QString& interface)
     return interface.section(u'/', 1);
 }
 
-// What the library says of itself, read from its file without running anything of it. Empty when it is for
-// this interface, or is no library at all, which loading tells better.
-QString whyUnfit(const QPluginLoader& loader)
+// By what the library says of itself, read from its file without running anything of it. Fine, too, where it
+// is no library at all, which loading tells better.
+Result<void> checkInterface(const QPluginLoader& loader)
 {
     const QString expected = QStringLiteral(KestroSaverPlugin_iid);
     const QString said = loader.metaData().value(QStringLiteral("IID")).toString();
     if (said.isEmpty() || said == expected) return {};
     if (said.section(u'/', 0, 0) != expected.section(u'/', 0, 0))
-        return QStringLiteral("its library holds no screen saver");
-    return QStringLiteral("its library is made for version %1 of the saver interface, this is version %2")
-        .arg(versionOf(said), versionOf(expected));
+        return Error{QStringLiteral("its library holds no screen saver")};
+    return Error{
+        QStringLiteral("its library is made for version %1 of the saver interface, this is version %2")
+            .arg(versionOf(said), versionOf(expected))};
 }
 
 // Whatever the library throws while it is loaded ends here.
@@ -70,10 +71,9 @@ Result<SaverPlugin*> loadSaverLibrary(const QString& bundle, const QString& exec
     QPluginLoader loader(library);
     // With every symbol resolved now, a library that lacks one fails here and not in the middle of a run.
     loader.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
-    const QString unfit = whyUnfit(loader);
-    if (!unfit.isEmpty()) return Error{unfit};
+    if (const auto fits = checkInterface(loader); !fits) return fits.failure();
     const Result<QObject*> instance = loadInstance(loader);
-    if (!instance) return Error{instance.error()};
+    if (!instance) return instance.failure();
     auto* plugin = qobject_cast<SaverPlugin*>(instance.value());
     if (plugin == nullptr) return Error{QStringLiteral("its library holds no screen saver")};
     return plugin;

@@ -42,18 +42,19 @@ HelperEngine::~HelperEngine()
 bool HelperEngine::isAvailable()
 {
     if (m_isGivenUp) return false;
-    const QString reason = obstacle();
-    if (!reason.isEmpty() && !std::exchange(m_isExplained, true))
-        logLine(QStringLiteral("No web content: ") + reason);
-    return reason.isEmpty();
+    const auto machine = checkMachine();
+    if (!machine && !std::exchange(m_isExplained, true))
+        logLine(QStringLiteral("No web content: ") + machine.error());
+    return machine.isOk();
 }
 
-QString HelperEngine::obstacle() const
+Result<void> HelperEngine::checkMachine() const
 {
     for (const QString& file : {m_settings.program, m_settings.needed})
-        if (!file.isEmpty() && !QFileInfo(file).isFile()) return file + QStringLiteral(" is not there");
+        if (!file.isEmpty() && !QFileInfo(file).isFile())
+            return Error{file + QStringLiteral(" is not there")};
     if (geteuid() == 0 && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
-        return QStringLiteral("the browser's sandbox does not work for root");
+        return Error{QStringLiteral("the browser's sandbox does not work for root")};
     return {};
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Result.h"
 #include "platform/web/HelperLoad.h"
 #include "platform/web/WebMessage.h"
 #include "platform/web/WebView.h"
@@ -59,7 +60,7 @@ public:
     [[nodiscard]] Descriptor share(const QByteArray& bytes);
 
 private:
-    [[nodiscard]] QString obstacle() const;
+    [[nodiscard]] Result<void> checkMachine() const;
     [[nodiscard]] bool start();
     void receive(const WebMessage& message);
     void hearPong(quint32 question);

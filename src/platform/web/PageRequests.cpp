@@ -39,8 +39,7 @@ PageRequests::~PageRequests()
 
 void PageRequests::ask(quint32 request, const QUrl& url)
 {
-    const QString reason = refusal(url);
-    if (!reason.isEmpty()) return m_onAnswer(request, Error{reason});
+    if (const auto admitted = admit(url); !admitted) return m_onAnswer(request, admitted.failure());
     {
         const std::lock_guard lock(m_guard);
         m_wishes.push_back({request, url});
@@ -63,11 +62,12 @@ void PageRequests::startWorker()
     }
 }
 
-QString PageRequests::refusal(const QUrl& url)
+Result<void> PageRequests::admit(const QUrl& url)
 {
-    if (!isSameSite(url, m_page)) return QStringLiteral("it is on another site");
+    if (!isSameSite(url, m_page)) return Error{QStringLiteral("it is on another site")};
     const std::lock_guard lock(m_guard);
-    return m_wishes.size() >= Bounds::webRequestsWaiting ? QStringLiteral("too many requests") : QString();
+    if (m_wishes.size() >= Bounds::webRequestsWaiting) return Error{QStringLiteral("too many requests")};
+    return {};
 }
 
 void PageRequests::work()

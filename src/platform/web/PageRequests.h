@@ -37,7 +37,7 @@ private:
         QUrl url;
     };
 
-    [[nodiscard]] QString refusal(const QUrl& url);
+    [[nodiscard]] Result<void> admit(const QUrl& url);
     void startWorker();
     void work();
     void tellLater(quint32 request, Answer answer);

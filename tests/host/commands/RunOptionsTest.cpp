@@ -9,7 +9,7 @@ namespace {
 Result<RunOptions> read(const QStringList& words, const QString& handedOver = {})
 {
     const auto arguments = Arguments::parse(RunOptions::syntax(), words);
-    if (!arguments) return Error{arguments.error()};
+    if (!arguments) return arguments.failure();
     return RunOptions::from(arguments.value(), handedOver);
 }
 

@@ -28,7 +28,7 @@ TEST_F(PictureQueueTest, finish_leavesEveryPictureWritten_whenMoreAreAddedThanWa
         queue.add(picture, 0, i);
     queue.finish();
     EXPECT_EQ(QDir(home.path()).entryList(QDir::Files).size(), 20);
-    EXPECT_FALSE(queue.failure().has_value());
+    EXPECT_TRUE(queue.written().isOk());
 }
 
 TEST_F(PictureQueueTest, destructor_waitsForWhatIsLeft_whenNotFinished)
@@ -47,8 +47,8 @@ TEST_F(PictureQueueTest, failure_isTheFirst_whenSeveralPicturesCannotBeWritten)
     queue.add(picture, 0, 1);
     queue.add(picture, 0, 2);
     queue.finish();
-    ASSERT_TRUE(queue.failure().has_value());
-    EXPECT_TRUE(queue.failure()->contains(PictureFolder::pictureName(0, 1)));
+    ASSERT_FALSE(queue.written().isOk());
+    EXPECT_TRUE(queue.written().error().contains(PictureFolder::pictureName(0, 1)));
 }
 
 } // namespace kestro

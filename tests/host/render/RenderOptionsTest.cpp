@@ -9,7 +9,7 @@ namespace {
 Result<RenderOptions> optionsFrom(const QStringList& words)
 {
     const auto arguments = Arguments::parse(RenderOptions::syntax(), words);
-    if (!arguments) return Error{arguments.error()};
+    if (!arguments) return arguments.failure();
     return RenderOptions::from(arguments.value());
 }
 

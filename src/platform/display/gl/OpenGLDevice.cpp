@@ -40,29 +40,29 @@ bool isSoftwareOpenGL(const QByteArray& rendererName)
 Result<std::shared_ptr<OpenGLDevice>> OpenGLDevice::create()
 {
     std::shared_ptr<OpenGLDevice> device(new OpenGLDevice);
-    QString fault;
-    if (!device->open(fault)) return Error{fault};
+    if (const auto opened = device->open(); !opened) return opened.failure();
     return device;
 }
 
-bool OpenGLDevice::open(QString& fault)
+Result<void> OpenGLDevice::open()
 {
+    const Error noContext{QStringLiteral("no context can be made")};
+    const Error tooPoor{QStringLiteral("it lacks what is needed")};
     m_context.setFormat(wantedFormat());
     m_offScreen.setFormat(wantedFormat());
-    fault = QStringLiteral("no context can be made");
-    if (!m_context.create()) return false;
+    if (!m_context.create()) return noContext;
     m_offScreen.setFormat(m_context.format());
     m_offScreen.create();
-    if (!m_offScreen.isValid() || !m_context.makeCurrent(&m_offScreen)) return false;
+    if (!m_offScreen.isValid() || !m_context.makeCurrent(&m_offScreen)) return noContext;
     QOpenGLFunctions& gl = functions();
     const auto* name = reinterpret_cast<const char*>(gl.glGetString(GL_RENDERER));
     m_isHardware = name && !isSoftwareOpenGL(name);
     gl.glGetIntegerv(GL_MAX_TEXTURE_SIZE, &m_mostTextureSide);
     m_canUploadParts = !m_context.isOpenGLES() || m_context.format().majorVersion() >= 3;
-    fault = QStringLiteral("it lacks what is needed");
-    if (!gl.hasOpenGLFeature(QOpenGLFunctions::Framebuffers)) return false;
+    if (!gl.hasOpenGLFeature(QOpenGLFunctions::Framebuffers)) return tooPoor;
     m_program = QuadProgram::create(gl);
-    return m_program != nullptr;
+    if (!m_program) return tooPoor;
+    return {};
 }
 
 OpenGLDevice::~OpenGLDevice()

@@ -48,7 +48,7 @@ public:
 
 private:
     OpenGLDevice() = default;
-    [[nodiscard]] bool open(QString& fault);
+    [[nodiscard]] Result<void> open();
 
     QOpenGLContext m_context;
     QOffscreenSurface m_offScreen;

@@ -24,7 +24,7 @@ OpenGLProbe systemProbe()
     return {[] { return hasGraphicsDevice(); },
             []() -> Result<std::shared_ptr<OpenGL>> {
                 const auto device = OpenGLDevice::create();
-                if (!device) return Error{device.error()};
+                if (!device) return device.failure();
                 return std::shared_ptr<OpenGL>(device.value());
             }};
 }
