@@ -1,11 +1,10 @@
 #include "publish/FilePlacing.h"
 
+#include "platform/base/FileReplacement.h"
 #include "platform/movie/StreamableMovie.h"
 
 #include <QFile>
 #include <QFileInfo>
-
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -45,12 +44,6 @@ bool holds(const QString& path, const QByteArray& content)
     QFile file(path);
     if (QFileInfo(path).isSymLink() || file.size() != content.size()) return false;
     return file.open(QIODevice::ReadOnly) && file.readAll() == content;
-}
-
-bool writeWhole(QFile& file, const QByteArray& content)
-{
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
-           fsync(file.handle()) == 0;
 }
 
 /// Whether `path` is `source` under another name, or leads to it.
@@ -140,12 +133,8 @@ Result<Placed> placeContent(const QString& path, const QByteArray& content)
 {
     if (holds(path, content)) return Placed::Unchanged;
     removeUnfinished(path);
-    QFile file(unfinishedPath(path));
-    if (writeWhole(file, content)) return putInPlace(path);
-    const QString reason = file.error() == QFileDevice::NoError ? qt_error_string() : file.errorString();
-    file.close();
-    removeUnfinished(path);
-    return cannotWrite(path, reason);
+    if (const auto error = makeFile(unfinishedPath(path), content)) return cannotWrite(path, error->message);
+    return putInPlace(path);
 }
 
 Result<Placed> placeMovie(const QString& path, const QString& source, MovieTransfer transfer)

@@ -1,21 +1,19 @@
 #include "trailers/CrawlLock.h"
 
+#include "platform/base/Reasons.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
-#include <unistd.h>
 #include <utility>
 
 namespace kestro {
 
 namespace {
-
-constexpr int noFile = -1;
 
 QString lockPath(const QString& listPath)
 {
@@ -25,7 +23,7 @@ QString lockPath(const QString& listPath)
 
 Error cannotLock(const QString& path, int reason)
 {
-    return {QStringLiteral("Cannot lock %1: %2").arg(path, QString::fromLocal8Bit(std::strerror(reason)))};
+    return {QStringLiteral("Cannot lock %1: %2").arg(path, systemReason(reason))};
 }
 
 } // namespace
@@ -34,29 +32,12 @@ Result<CrawlLock> CrawlLock::take(const QString& listPath)
 {
     const QString path = lockPath(listPath);
     QDir().mkpath(QFileInfo(path).path());
-    const int file =
-        open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600);
-    if (file < 0) return cannotLock(path, errno);
-    CrawlLock lock(file);
-    if (flock(file, LOCK_EX | LOCK_NB) == 0) return lock;
+    Descriptor file(
+        open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600));
+    if (!file.isOpen()) return cannotLock(path, errno);
+    if (flock(file.number(), LOCK_EX | LOCK_NB) == 0) return CrawlLock(std::move(file));
     if (errno == EWOULDBLOCK) return Error{QStringLiteral("Another crawl is running")};
     return cannotLock(path, errno);
-}
-
-CrawlLock::~CrawlLock()
-{
-    if (m_file != noFile) close(m_file);
-}
-
-CrawlLock::CrawlLock(CrawlLock&& other) noexcept
-    : m_file(std::exchange(other.m_file, noFile))
-{
-}
-
-CrawlLock& CrawlLock::operator=(CrawlLock&& other) noexcept
-{
-    std::swap(m_file, other.m_file);
-    return *this;
 }
 
 } // namespace kestro

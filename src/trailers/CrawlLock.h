@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/base/Descriptor.h"
 #include "platform/base/Result.h"
 
 #include <QString>
+
+#include <utility>
 
 namespace kestro {
 
@@ -14,19 +17,13 @@ public:
     /// waits.
     [[nodiscard]] static Result<CrawlLock> take(const QString& listPath);
 
-    ~CrawlLock();
-    CrawlLock(CrawlLock&& other) noexcept;
-    CrawlLock& operator=(CrawlLock&& other) noexcept;
-    CrawlLock(const CrawlLock&) = delete;
-    CrawlLock& operator=(const CrawlLock&) = delete;
-
 private:
-    explicit CrawlLock(int file)
-        : m_file(file)
+    explicit CrawlLock(Descriptor file)
+        : m_file(std::move(file))
     {
     }
 
-    int m_file;
+    Descriptor m_file;
 };
 
 } // namespace kestro

@@ -2,6 +2,7 @@
 
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
+#include "platform/base/RegularFile.h"
 #include "trailers/URLText.h"
 
 #include <QDir>
@@ -99,13 +100,11 @@ TrailerSite readTrailerSite(const QByteArray& text, const QString& path)
 TrailerSite configuredTrailerSite()
 {
     const QString path = configurationFile();
-    QFile file(path);
-    if (!file.exists()) return {};
-    if (file.size() > largestFile || !file.open(QIODevice::ReadOnly)) {
-        logLine(QStringLiteral("Cannot read %1.").arg(path));
-        return {};
-    }
-    return readTrailerSite(file.read(largestFile), path);
+    if (!QFile::exists(path)) return {};
+    const auto text = readRegularFile(path, largestFile);
+    if (text) return readTrailerSite(text.value(), path);
+    logLine(QStringLiteral("Cannot read %1.").arg(path));
+    return {};
 }
 
 } // namespace kestro

@@ -1,5 +1,7 @@
 #include "host/hacks/HackCatalog.h"
 
+#include "platform/base/RegularFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QMap>
@@ -40,8 +42,8 @@ void readElement(const QXmlStreamReader& xml, InstalledHack& found)
 /// The whole of a description's file; empty where it cannot be read.
 QByteArray descriptionIn(const QString& path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.read(mostBytes) : QByteArray();
+    const auto description = readRegularFile(path, mostBytes);
+    return description ? description.value() : QByteArray();
 }
 
 } // namespace

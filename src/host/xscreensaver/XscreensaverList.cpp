@@ -1,11 +1,12 @@
 #include "host/xscreensaver/XscreensaverList.h"
 
 #include "host/xscreensaver/XscreensaverFile.h"
+#include "platform/base/FileReplacement.h"
 #include "platform/base/Paths.h"
+#include "platform/base/RegularFile.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -16,23 +17,22 @@ namespace kestro {
 
 namespace {
 
+constexpr qint64 mostBytes = qint64(16) * 1024 * 1024;
+
 Result<QByteArray> read(const QString& path)
 {
-    QFile file(path);
-    if (!file.exists()) return QByteArray();
-    if (file.open(QIODevice::ReadOnly)) return file.readAll();
-    return Error{QStringLiteral("Cannot read %1: %2").arg(path, file.errorString())};
+    if (!QFile::exists(path)) return QByteArray();
+    auto text = readRegularFile(path, mostBytes);
+    if (text) return text;
+    return Error{QStringLiteral("Cannot read %1: %2").arg(path, text.error())};
 }
 
-/// Writes the whole file or nothing; a link stays a link and the mode what it is. Answers the error.
+/// Answers the error.
 std::optional<Error> write(const QString& path, const QByteArray& text)
 {
-    QSaveFile file(path);
-    // flush() because commit() does not notice when the last, still buffered bytes find no room.
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() && file.commit();
-    if (isWritten) return std::nullopt;
-    return Error{QStringLiteral("Cannot write %1: %2").arg(path, file.errorString())};
+    const auto error = replaceWritableFile(path, text);
+    if (!error) return {};
+    return Error{QStringLiteral("Cannot write %1: %2").arg(path, error->message)};
 }
 
 } // namespace

@@ -16,24 +16,26 @@ constexpr mode_t writableByOthers = S_IWGRP | S_IWOTH;
 
 // Checks and narrows through one descriptor: between two looks at a name, somebody could put another folder
 // there.
-bool isOursAndClosed(int folder)
+bool isOursAndClosed(const Descriptor& folder)
 {
     struct stat found = {};
-    if (fstat(folder, &found) != 0 || found.st_uid != geteuid()) return false;
-    return (found.st_mode & ALLPERMS) == ownerOnly || fchmod(folder, ownerOnly) == 0;
+    if (fstat(folder.number(), &found) != 0 || found.st_uid != geteuid()) return false;
+    return (found.st_mode & ALLPERMS) == ownerOnly || fchmod(folder.number(), ownerOnly) == 0;
 }
 
 } // namespace
 
 bool makePrivateFolder(const QString& path)
 {
-    const QByteArray name = QFile::encodeName(path);
-    mkdir(name.constData(), ownerOnly);
-    const int folder = open(name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (folder < 0) return false;
-    const bool isPrivate = isOursAndClosed(folder);
-    close(folder);
-    return isPrivate;
+    mkdir(QFile::encodeName(path).constData(), ownerOnly);
+    const Descriptor folder = openFolder(path);
+    return folder.isOpen() && isOursAndClosed(folder);
+}
+
+Descriptor openFolder(const QString& path)
+{
+    return Descriptor(
+        open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
 bool isOwnFolder(const QString& path)

@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,7 +15,6 @@ namespace kestro {
 namespace {
 
 const QString prefix = QStringLiteral("kestro-scratch-");
-constexpr int none = -1;
 constexpr int mostTries = 8;
 
 bool isOurs(const struct stat& folder)
@@ -31,18 +29,15 @@ bool isSame(const struct stat& one, const struct stat& other)
 
 /// Locks the folder `path`, which must be ours; answers the open file, or none where somebody uses it. The
 /// lock is of no use on a folder that a sweep has just taken away.
-int claim(const QString& path)
+Descriptor claim(const QString& path)
 {
-    const QByteArray name = QFile::encodeName(path);
-    const int folder = open(name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (folder < 0) return none;
+    Descriptor folder = openFolder(path);
     struct stat opened = {};
     struct stat named = {};
-    const bool isClaimed = flock(folder, LOCK_EX | LOCK_NB) == 0 && fstat(folder, &opened) == 0 &&
-                           isOurs(opened) && lstat(name.constData(), &named) == 0 && isSame(opened, named);
-    if (isClaimed) return folder;
-    close(folder);
-    return none;
+    const bool isClaimed = folder.isOpen() && flock(folder.number(), LOCK_EX | LOCK_NB) == 0 &&
+                           fstat(folder.number(), &opened) == 0 && isOurs(opened) &&
+                           lstat(QFile::encodeName(path).constData(), &named) == 0 && isSame(opened, named);
+    return isClaimed ? std::move(folder) : Descriptor();
 }
 
 } // namespace
@@ -55,8 +50,8 @@ std::unique_ptr<ScratchFolder> ScratchFolder::make(const QString& parent)
     for (int tries = 0; tries < mostTries; ++tries) {
         const QString path = newPrivateFolder(parent, prefix);
         if (path.isEmpty()) return nullptr;
-        if (const int folder = claim(path); folder != none)
-            return std::unique_ptr<ScratchFolder>(new ScratchFolder(path, folder));
+        if (Descriptor folder = claim(path); folder.isOpen())
+            return std::unique_ptr<ScratchFolder>(new ScratchFolder(path, std::move(folder)));
     }
     return nullptr;
 }
@@ -68,23 +63,19 @@ void ScratchFolder::sweep(const QString& parent)
         QDir(parent).entryList({prefix + u'*'}, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
     for (const QString& name : names) {
         const QString path = parent + u'/' + name;
-        const int folder = claim(path);
-        if (folder == none) continue;
-        QDir(path).removeRecursively();
-        close(folder);
+        if (const Descriptor folder = claim(path); folder.isOpen()) QDir(path).removeRecursively();
     }
 }
 
-ScratchFolder::ScratchFolder(QString path, int claim)
+ScratchFolder::ScratchFolder(QString path, Descriptor claim)
     : m_path(std::move(path))
-    , m_claim(claim)
+    , m_claim(std::move(claim))
 {
 }
 
 ScratchFolder::~ScratchFolder()
 {
     QDir(m_path).removeRecursively();
-    close(m_claim);
 }
 
 } // namespace kestro

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/base/Descriptor.h"
+
 #include <QString>
 
 #include <memory>
@@ -23,10 +25,10 @@ public:
     [[nodiscard]] const QString& path() const { return m_path; }
 
 private:
-    ScratchFolder(QString path, int claim);
+    ScratchFolder(QString path, Descriptor claim);
 
     QString m_path;
-    int m_claim; ///< an open file with a lock on the folder, which goes with the process however that ends
+    Descriptor m_claim; ///< with a lock on the folder, which goes with the process however that ends
 };
 
 } // namespace kestro

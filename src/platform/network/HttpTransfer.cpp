@@ -1,6 +1,6 @@
 #include "platform/network/HttpTransfer.h"
 
-#include "platform/network/FetchError.h"
+#include "platform/base/Reasons.h"
 
 #include <algorithm>
 
@@ -105,7 +105,7 @@ bool HttpTransfer::hasGoodStatus() const
 
 Result<QByteArray> HttpTransfer::result(CURLcode code)
 {
-    if (m_isTooLarge || code == CURLE_FILESIZE_EXCEEDED) return tooLarge(m_limits.bytes);
+    if (m_isTooLarge || code == CURLE_FILESIZE_EXCEEDED) return Error{tooLarge(m_limits.bytes)};
     if (code != CURLE_OK) {
         const char* words = m_words[0] != '\0' ? m_words.data() : curl_easy_strerror(code);
         return Error{QString::fromUtf8(words)};

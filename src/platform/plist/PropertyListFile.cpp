@@ -1,46 +1,57 @@
 #include "platform/plist/PropertyListFile.h"
 
 #include "platform/base/Bounds.h"
-#include "platform/plist/FileReplacement.h"
+#include "platform/base/FileReplacement.h"
+#include "platform/base/RegularFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace kestro {
 
 namespace {
 
-bool isRegularAndNotTooLarge(int file)
+constexpr std::time_t ageOfOldBeginnings = 3600; // seconds: nobody of an earlier release writes that long
+
+/// Whether the file is a beginning of what an earlier release wrote. What is whole, or anything else, may be
+/// a person's own copy.
+bool isTorn(const QString& path)
 {
-    struct stat found = {};
-    return fstat(file, &found) == 0 && S_ISREG(found.st_mode) && found.st_size <= Bounds::propertyListBytes;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    constexpr QByteArrayView start("<?xml");
+    if (!start.startsWith(file.read(start.size()))) return false;
+    constexpr qint64 tail = 64;
+    file.seek(std::max<qint64>(0, file.size() - tail));
+    return !file.readAll().trimmed().endsWith("</plist>");
 }
 
-// As many as the kernel follows.
-constexpr int mostLinks = 40;
-
-// The file that the links at `path` lead to, whether it exists or not; empty when they lead in a circle.
-QString pastLinks(QString path)
+/// They ended in six letters of chance while they were written.
+void removeBeginningsOfEarlierReleases(const QFileInfo& file)
 {
-    for (int followed = 0; followed <= mostLinks; ++followed) {
-        const QFileInfo file(path);
-        if (!file.isSymLink()) return path;
-        path = file.symLinkTarget();
+    const QDir folder = file.dir();
+    static const QRegularExpression sixLetters(QStringLiteral("^\\.[A-Za-z]{6}$"));
+    for (const QString& entry : folder.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
+        if (!entry.startsWith(file.fileName())) continue;
+        struct stat found = {};
+        const QString path = folder.filePath(entry);
+        const bool isOurs = sixLetters.match(entry.sliced(file.fileName().size())).hasMatch() &&
+                            lstat(QFile::encodeName(path).constData(), &found) == 0 &&
+                            S_ISREG(found.st_mode) && found.st_uid == geteuid() && found.st_nlink == 1;
+        if (isOurs && found.st_mtime < std::time(nullptr) - ageOfOldBeginnings && isTorn(path))
+            QFile::remove(path);
     }
-    return {};
-}
-
-bool isReplaceable(const QString& path)
-{
-    const QFileInfo file(path);
-    return !path.isEmpty() && (!file.exists() || file.isFile());
 }
 
 constexpr int mostCopies = 1000;
@@ -66,21 +77,9 @@ bool moveToNewName(const QByteArray& from, const QByteArray& to)
 
 std::optional<QByteArray> readPropertyListFile(const QString& path)
 {
-    const int descriptor =
-        open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0) return {};
-    if (!isRegularAndNotTooLarge(descriptor)) {
-        close(descriptor);
-        return {};
-    }
-    QFile file;
-    if (!file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
-        close(descriptor);
-        return {};
-    }
-    QByteArray bytes = file.read(file.size());
-    if (file.error() != QFileDevice::NoError) return {};
-    return bytes;
+    auto bytes = readRegularFile(path, Bounds::propertyListBytes);
+    if (!bytes) return {};
+    return std::move(bytes.value());
 }
 
 bool isPropertyListFileThere(const QString& path)
@@ -102,9 +101,10 @@ std::optional<QString> setAsidePropertyListFile(const QString& path)
 
 bool replacePropertyListFile(const QString& path, const QByteArray& bytes)
 {
-    const QString target = pastLinks(path);
-    if (!isReplaceable(target) || !QDir().mkpath(QFileInfo(target).path())) return false;
-    return replaceFile(target, bytes);
+    const QFileInfo target(pastLinks(path));
+    if (target.filePath().isEmpty() || !QDir().mkpath(target.path())) return false;
+    removeBeginningsOfEarlierReleases(target);
+    return !replaceFile(target.filePath(), bytes);
 }
 
 } // namespace kestro

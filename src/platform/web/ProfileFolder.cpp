@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QRegularExpression>
 
-#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <utility>
@@ -75,8 +74,7 @@ std::unique_ptr<ProfileFolder> ProfileFolder::make(const QString& parent)
 
 Descriptor ProfileFolder::claim(const QString& path, bool isAlone)
 {
-    Descriptor folder(
-        open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    Descriptor folder = openFolder(path);
     if (folder.isOpen() && flock(folder.number(), (isAlone ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0)
         return folder;
     return {};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/web/Descriptor.h"
+#include "platform/base/Descriptor.h"
 
 #include <QString>
 

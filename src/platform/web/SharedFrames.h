@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/Bounds.h"
-#include "platform/web/Descriptor.h"
+#include "platform/base/Descriptor.h"
 
 #include <QImage>
 #include <QSize>

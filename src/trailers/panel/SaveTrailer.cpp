@@ -1,17 +1,13 @@
 #include "trailers/panel/SaveTrailer.h"
 
+#include "platform/base/FileName.h"
 #include "platform/base/URLKind.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QMessageBox>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QUrl>
-
-#include <cerrno>
-#include <cstring>
-#include <unistd.h>
 
 namespace kestro {
 
@@ -20,11 +16,6 @@ namespace {
 QString translated(const char* text)
 {
     return QCoreApplication::translate("kestro::SaveTrailer", text);
-}
-
-QString extensionOf(const QUrl& url)
-{
-    return QFileInfo(lastPathComponent(url)).suffix();
 }
 
 QString firstFolder()
@@ -50,22 +41,11 @@ bool mayReplace(const QString& path, QWidget* parent)
                                  text.arg(QFileInfo(path).fileName())) == QMessageBox::Yes;
 }
 
-// A disk that fills up takes a part first; only at the rest it says why.
-bool writeAll(QSaveFile& file, QByteArrayView rest)
-{
-    while (!rest.isEmpty()) {
-        const qint64 count = file.write(rest.data(), rest.size());
-        if (count <= 0) return false;
-        rest = rest.sliced(count);
-    }
-    return true;
-}
-
 } // namespace
 
 QString askWhereToSave(const QUrl& url, QWidget* parent)
 {
-    const QString extension = extensionOf(url);
+    const QString extension = extensionOf(lastPathComponent(url));
     QFileDialog savePanel(parent, translated(QT_TRANSLATE_NOOP("kestro::SaveTrailer", "Save Trailer")),
                           lastFolder());
     savePanel.setAcceptMode(QFileDialog::AcceptSave);
@@ -84,17 +64,6 @@ QString withRequiredFileType(const QString& path, const QString& extension)
     if (extension.isEmpty()) return path;
     const QString ending = u'.' + extension;
     return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
-}
-
-std::optional<Error> writeAtomically(const QString& path, const QByteArray& contents)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeAll(file, contents)) {
-        // Some disks say only now that they are full.
-        if (fsync(file.handle()) != 0) return Error{QString::fromLocal8Bit(std::strerror(errno))};
-        if (file.commit()) return {};
-    }
-    return Error{file.errorString()};
 }
 
 } // namespace kestro

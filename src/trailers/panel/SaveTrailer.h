@@ -1,18 +1,13 @@
 #pragma once
 
-#include "platform/base/Result.h"
-
-#include <QByteArray>
 #include <QString>
-
-#include <optional>
 
 class QUrl;
 class QWidget;
 
 namespace kestro {
 
-// Where and how the movie file of a trailer is saved. Main thread.
+// Where the movie file of a trailer is saved. Main thread.
 
 /// Asks with a save panel where the file of `url` is to go: its name is proposed, its extension required.
 /// Folders can be made there. Empty when that was given up.
@@ -20,9 +15,5 @@ namespace kestro {
 
 /// `path` with ".extension" at its end; as it is where it has that, in whatever case, or none is required.
 [[nodiscard]] QString withRequiredFileType(const QString& path, const QString& extension);
-
-/// Writes the file whole, down to the disk, or not at all: then what was there stays. Answers why it could
-/// not.
-[[nodiscard]] std::optional<Error> writeAtomically(const QString& path, const QByteArray& contents);
 
 } // namespace kestro

@@ -1,5 +1,6 @@
 #include "trailers/panel/TrailerPanel.h"
 
+#include "platform/base/FileReplacement.h"
 #include "platform/base/Log.h"
 #include "platform/network/Fetch.h"
 #include "settings/URLListReceiver.h"
@@ -230,7 +231,7 @@ void TrailerPanel::saveURL()
     if (path.isEmpty()) return;
     const auto contents = TrailerDownload(m_makeFetch()).run(*url, m_panel.get());
     if (!contents) return;
-    const auto failure = writeAtomically(path, *contents);
+    const auto failure = replaceWritableFile(path, *contents);
     if (!failure) return;
     logLine(QStringLiteral("Cannot save %1: %2").arg(path, failure->message));
     alert(message(QT_TRANSLATE_NOOP("Kestro", "Failed to save the movie as %1.\n%2"))

@@ -1,6 +1,6 @@
 #include "platform/web/helper/Caller.h"
 
-#include "platform/web/Descriptor.h"
+#include "platform/base/Descriptor.h"
 
 #include <array>
 #include <fcntl.h>

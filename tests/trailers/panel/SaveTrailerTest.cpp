@@ -124,21 +124,4 @@ TEST_F(SaveTrailerTest, askWhereToSave_beginsInTheFolderOfTheLastTime)
     EXPECT_EQ(QFileInfo(m_proposed).path(), m_home.path());
 }
 
-TEST_F(SaveTrailerTest, writeAtomically_writesTheWholeFile)
-{
-    const QString path = m_home.filePath(QStringLiteral("a.mov"));
-    EXPECT_FALSE(writeAtomically(path, "old and long"));
-    EXPECT_FALSE(writeAtomically(path, "new"));
-    EXPECT_EQ(bytesOf(path), QByteArray("new"));
-    EXPECT_EQ(QDir(m_home.path()).entryList(QDir::Files), QStringList(QStringLiteral("a.mov")));
-}
-
-TEST_F(SaveTrailerTest, writeAtomically_answersWhyAndLeavesNothing_whenItCannot)
-{
-    const auto failure = writeAtomically(m_home.filePath(QStringLiteral("none/a.mov")), "new");
-    ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->message, QStringLiteral("No such file or directory"));
-    EXPECT_FALSE(QFileInfo::exists(m_home.filePath(QStringLiteral("none"))));
-}
-
 } // namespace kestro

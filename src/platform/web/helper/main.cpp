@@ -2,8 +2,8 @@
 
 #include "platform/web/HelperProcess.h"
 #include "platform/web/ProfileFolder.h"
+#include "platform/web/helper/BrowserConfinement.h"
 #include "platform/web/helper/Caller.h"
-#include "platform/web/helper/Confinement.h"
 #include "platform/web/helper/Guardian.h"
 #include "platform/web/helper/Pages.h"
 #include "platform/web/helper/RuffleScheme.h"
@@ -89,7 +89,7 @@ int main(int argc, char** argv)
     const kestro::Descriptor claim = kestro::ProfileFolder::claim(home, false);
     if (!claim.isOpen() || !kestro::ProfileFolder::isOne(home))
         return refuse("that folder is none of its own");
-    if (!kestro::confine()) return refuse("cannot be confined on this system");
+    if (!kestro::confineBrowser()) return refuse("cannot be confined on this system");
     kestro::guardAgainstLoneliness(channel.number(), home);
     return show(argv[0], std::move(channel), QFile::decodeName(argv[2]));
 }

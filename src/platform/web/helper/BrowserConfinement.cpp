@@ -1,7 +1,7 @@
-#include "platform/web/helper/Confinement.h"
+#include "platform/web/helper/BrowserConfinement.h"
 
 #include "platform/base/Bounds.h"
-#include "platform/web/Descriptor.h"
+#include "platform/base/Descriptor.h"
 #include "platform/web/helper/CallFilter.h"
 
 #include <cstdio>
@@ -79,7 +79,7 @@ bool leaveNetwork()
 
 } // namespace
 
-bool confine()
+bool confineBrowser()
 {
     // The first to go where memory runs out, before the person's own programs.
     writeTo("/proc/self/oom_score_adj", std::to_string(Bounds::oomScore));

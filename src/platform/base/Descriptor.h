@@ -30,10 +30,9 @@ public:
     [[nodiscard]] int number() const { return m_number; }
     /// Gives the descriptor away.
     int release() { return std::exchange(m_number, -1); }
-    void reset()
-    {
-        if (m_number >= 0) close(std::exchange(m_number, -1));
-    }
+    void reset() { static_cast<void>(close()); }
+    /// Closes it now; false where there is none, or where what was written does not reach its place.
+    [[nodiscard]] bool close() { return m_number >= 0 && ::close(std::exchange(m_number, -1)) == 0; }
 
 private:
     int m_number = -1;
