@@ -1,70 +1,68 @@
 #include "host/preferences/SaverRun.h"
 
-#include <csignal>
-#include <sys/prctl.h>
+#include <chrono>
+#include <sys/mman.h>
 #include <unistd.h>
+#include <utility>
 
 namespace kestro {
 
 namespace {
 
-constexpr int patience = 100; // milliseconds
+constexpr std::chrono::milliseconds patience{100};
+constexpr off_t longestComplaint = 4096; // bytes
 
 } // namespace
 
 SaverRun::SaverRun(QString program)
     : m_program(std::move(program))
 {
-    m_process.setStandardInputFile(QProcess::nullDevice());
-    m_process.setStandardOutputFile(QProcess::nullDevice());
-    const auto self = getpid();
-    m_process.setChildProcessModifier([self] {
-        prctl(PR_SET_PDEATHSIG, SIGTERM);
-        if (getppid() != self) _exit(1); // too late: the parent is gone already
-    });
-    connect(&m_process, &QProcess::finished, this, &SaverRun::finished);
-    connect(&m_process, &QProcess::errorOccurred, this, &SaverRun::failed);
 }
 
 SaverRun::~SaverRun()
 {
-    disconnect(&m_process, nullptr, this, nullptr);
     stop();
 }
 
 void SaverRun::start()
 {
-    if (!isRunning()) m_process.start(m_program, {});
+    if (isRunning()) return;
+    m_said = Descriptor(memfd_create("kestro-said", MFD_CLOEXEC));
+    auto process = ChildProcess::start({.file = m_program,
+                                        .descriptors = {{m_said.number(), STDERR_FILENO}},
+                                        .group = ChildProgram::Group::Ours,
+                                        .endsWithParent = true});
+    if (!process) {
+        Q_EMIT ended(tr("Cannot start %1: %2").arg(m_program, process.error()));
+        return;
+    }
+    m_process = std::move(process.value());
+    m_process->whenEnded([this](const ChildEnd& end) { finished(end); });
 }
 
 void SaverRun::stop()
 {
-    if (!isRunning()) return;
-    m_process.terminate();
-    if (m_process.waitForFinished(patience)) return;
-    m_process.kill();
-    m_process.waitForFinished(patience);
+    if (const auto process = std::move(m_process)) process->stop(patience);
 }
 
-void SaverRun::finished(int code, QProcess::ExitStatus status)
+void SaverRun::finished(const ChildEnd& end)
 {
-    if (status == QProcess::CrashExit)
+    const auto process = std::move(m_process);
+    if (end.signal != 0)
         Q_EMIT ended(tr("The saver ended unexpectedly."));
     else
-        Q_EMIT ended(code == 0 ? QString() : complaint());
-}
-
-void SaverRun::failed(QProcess::ProcessError error)
-{
-    if (error == QProcess::FailedToStart)
-        Q_EMIT ended(tr("Cannot start %1: %2").arg(m_program, m_process.errorString()));
+        Q_EMIT ended(end.status == 0 ? QString() : complaint());
 }
 
 /// The last line that it said, which tells why it failed.
-QString SaverRun::complaint()
+QString SaverRun::complaint() const
 {
-    const QString said = QString::fromLocal8Bit(m_process.readAllStandardError()).trimmed();
-    const QString last = said.section(u'\n', -1);
+    QByteArray said(longestComplaint, Qt::Uninitialized);
+    const off_t size = lseek(m_said.number(), 0, SEEK_END);
+    const ssize_t count = pread(m_said.number(), said.data(), std::size_t(longestComplaint),
+                                std::max<off_t>(0, size - longestComplaint));
+    said.truncate(std::max<ssize_t>(0, count));
+    const QString last = QString::fromLocal8Bit(said).trimmed().section(u'\n', -1);
     return last.isEmpty() ? tr("The saver could not run.") : last;
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/base/ChildProcess.h"
+
 #include <QObject>
-#include <QProcess>
 #include <QString>
+
+#include <memory>
 
 namespace kestro {
 
@@ -16,10 +19,11 @@ public:
     explicit SaverRun(QString program);
     ~SaverRun() override;
 
-    /// Runs it; nothing while it runs.
+    /// Runs it; nothing while it runs. Where it cannot be started it is over at once.
     void start();
-    [[nodiscard]] bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
-    /// Ends it and waits until it is gone: a tenth of a second for its own way out, then by force.
+    [[nodiscard]] bool isRunning() const { return m_process != nullptr; }
+    /// Ends it and waits until it is gone: a tenth of a second for its own way out, then by force. Its end is
+    /// not told.
     void stop();
 
 Q_SIGNALS:
@@ -27,11 +31,11 @@ Q_SIGNALS:
     void ended(const QString& error);
 
 private:
-    void finished(int code, QProcess::ExitStatus status);
-    void failed(QProcess::ProcessError error);
-    [[nodiscard]] QString complaint();
+    void finished(const ChildEnd& end);
+    [[nodiscard]] QString complaint() const;
 
-    QProcess m_process;
+    std::unique_ptr<ChildProcess> m_process;
+    Descriptor m_said; ///< memory that it writes to where it may complain
     QString m_program;
 };
 

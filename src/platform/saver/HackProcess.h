@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/base/Result.h"
+#include "platform/base/ChildProcess.h"
+#include "platform/base/Descriptor.h"
 #include "platform/saver/HackGuardStatus.h"
 
 #include <QStringList>
@@ -8,8 +9,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-
-class QSocketNotifier;
 
 namespace kestro {
 
@@ -31,15 +30,13 @@ public:
     HackProcess& operator=(const HackProcess&) = delete;
 
 private:
-    HackProcess(int guard, int guardEvents, int leash, EndHandler onEnd);
+    HackProcess(std::unique_ptr<ChildProcess> guard, Descriptor leash, EndHandler onEnd);
 
-    void ended();
+    void ended(const ChildEnd& end);
 
-    int m_guard;       ///< process identifier
-    int m_guardEvents; ///< descriptor of the guard's process; readable once it has ended
-    int m_leash;       ///< descriptor; the guard ends the hack when it is closed
+    std::unique_ptr<ChildProcess> m_guard;
+    Descriptor m_leash; ///< the guard ends the hack when it is closed
     EndHandler m_onEnd;
-    std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
 } // namespace kestro

@@ -3,6 +3,7 @@
 #include "platform/base/Bounds.h"
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
+#include "platform/web/HelperLoad.h"
 #include "platform/web/HelperProcess.h"
 #include "platform/web/HelperView.h"
 #include "platform/web/ProfileFolder.h"
@@ -90,9 +91,10 @@ bool HelperEngine::start()
 {
     auto line = WebChannel::makePair();
     m_home = ProfileFolder::make(temporaryFolder());
-    if (line && m_home)
-        m_process = HelperProcess::start(m_settings.program, m_home->path(), m_settings.arguments,
-                                         std::move(line->second));
+    if (line && m_home) {
+        auto process = startHelper(m_settings.program, m_home->path(), m_settings.arguments, line->second);
+        if (process) m_process = std::move(process.value());
+    }
     if (!m_process) {
         logLine(QStringLiteral("No web content: %1 cannot be started").arg(m_settings.program));
         m_isGivenUp = true;
@@ -139,7 +141,7 @@ void HelperEngine::ping()
     m_heard = 0;
     const int most = m_isReady ? m_settings.mostUnanswered : m_settings.mostUnansweredAtStart;
     if (m_unanswered++ >= most) return lose(QStringLiteral("does not answer"));
-    const HelperLoad load = m_process->load();
+    const HelperLoad load = loadOf(m_process->number());
     if (load.bytes > m_settings.most.bytes) return lose(QStringLiteral("takes too much memory"));
     if (load.processes > m_settings.most.processes) return lose(QStringLiteral("starts too many processes"));
     if (load.threads > m_settings.most.threads) return lose(QStringLiteral("starts too many threads"));

@@ -14,7 +14,7 @@
 
 namespace kestro {
 
-class HelperProcess;
+class ChildProcess;
 class HelperView;
 class ProfileFolder;
 class WebChannel;
@@ -72,7 +72,7 @@ private:
     std::map<quint32, HelperView*> m_views;
     quint32 m_lastNumber = 0;
     std::unique_ptr<ProfileFolder> m_home;
-    std::unique_ptr<HelperProcess> m_process;
+    std::unique_ptr<ChildProcess> m_process;
     std::unique_ptr<WebChannel> m_channel;
     QTimer m_pings;
     quint32 m_question = 0;   ///< of the ping that was sent last: nobody who has not read it can answer

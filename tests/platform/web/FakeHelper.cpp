@@ -32,7 +32,7 @@ class FakeHelper {
 public:
     FakeHelper()
         : m_channel(
-              Descriptor(HelperProcess::channelNumber), WebSpeaker::Saver,
+              Descriptor(helperChannelNumber), WebSpeaker::Saver,
               [this](WebMessage message) { receive(std::move(message)); }, [] { QCoreApplication::quit(); })
     {
         answer(WebMessage::Kind::Hello, 0, {});
@@ -74,7 +74,7 @@ private:
         if (address.startsWith(u"paint:")) paint(number, address.mid(6), 0);
         if (address == u"kind:") paint(number, m_pages[number].isMovie ? "ff0000" : "0000ff", 0);
         if (address.startsWith(u"http:")) answer(WebMessage::Kind::Fetch, number, wished(address));
-        if (beHostile(address, HelperProcess::channelNumber, number)) paint(number, "00ff00", 0);
+        if (beHostile(address, helperChannelNumber, number)) paint(number, "00ff00", 0);
         if (address == u"sound:") paint(number, m_pages[number].isMuted ? "ff0000" : "0000ff", 0);
         if (address != u"pair:") return;
         paint(number, "ff0000", 0);

@@ -75,7 +75,7 @@ int show(char* name, kestro::Descriptor channel, const QString& ruffle)
 
 int main(int argc, char** argv)
 {
-    constexpr int line = kestro::HelperProcess::channelNumber;
+    constexpr int line = kestro::helperChannelNumber;
     const QString home = argc == 3 ? QFile::decodeName(argv[1]) : QString();
     if (argc != 3 || !kestro::isLineToParent(line)) {
         // The saver may be gone by now, and cannot take its folder away.
