@@ -1,6 +1,7 @@
 #include "config_ui/ConfigModel.h"
 
 #include "config_ui/ConfigPanels.h"
+#include "platform/base/FileName.h"
 #include "platform/base/StoredValue.h"
 #include "settings/BackSaverMenu.h"
 #include "settings/ConfigurableSaver.h"
@@ -168,7 +169,7 @@ QString ConfigModel::chosenBackSaver() const
 
 void ConfigModel::alertOfSlideSaver()
 {
-    if (QFileInfo(chosenBackSaver()).suffix() != slideShowExtension) return;
+    if (extensionOf(chosenBackSaver()) != slideShowExtension) return;
     m_sources.panels.runAlert(QCoreApplication::translate(
         "Kestro",
         "You selected '.slideSaver'. \nYou may need to restart 'System Preferences.app' to take effect "

@@ -1,6 +1,7 @@
 #include "config_ui/EntryText.h"
 
 #include "config_ui/EntryFacts.h"
+#include "platform/base/DurationText.h"
 #include "platform/base/FileURL.h"
 #include "platform/base/StoredValue.h"
 #include "platform/base/URLKind.h"
@@ -70,13 +71,7 @@ bool EntryText::isFault(const PlaylistEntry& entry, const EntryFacts* facts)
 QString EntryText::duration(const EntryFacts* facts)
 {
     if (facts == nullptr || !(facts->seconds > 0)) return {};
-    const auto seconds = std::llround(std::max(facts->seconds, 1.0));
-    const auto two = [](long long number) {
-        return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
-    };
-    const QString minutesAndSeconds = two(seconds / 60 % 60) + u':' + two(seconds % 60);
-    if (seconds < 3600) return QString::number(seconds / 60) + u':' + two(seconds % 60);
-    return QString::number(seconds / 3600) + u':' + minutesAndSeconds;
+    return durationText(std::llround(std::max(facts->seconds, 1.0)));
 }
 
 QString EntryText::toolTip(const PlaylistEntry& entry, const EntryFacts* facts)

@@ -1,5 +1,6 @@
 #include "config_ui/ThemeBrowser.h"
 
+#include "platform/base/FileName.h"
 #include "platform/base/Paths.h"
 #include "settings/MovieURL.h"
 #include "settings/URLListReceiver.h"
@@ -20,13 +21,6 @@ const QString dvdProgram = QStringLiteral("/Applications/iDVD.app");
 QString themeMovie(const char* path)
 {
     return dvdProgram + QStringLiteral("/Contents/Resources/") + QLatin1String(path);
-}
-
-/// The extension as it is written; a point at the start hides a file.
-bool isMovieName(const QString& name)
-{
-    const qsizetype point = name.lastIndexOf(u'.');
-    return point > 0 && name.sliced(point + 1) == QLatin1String("mov");
 }
 
 } // namespace
@@ -91,7 +85,7 @@ void ThemeBrowser::scanFolder(const QString& folder, Scan& scan)
         const QString path = folder + u'/' + name;
         if (QFileInfo(path).isDir())
             scanFolder(path, scan);
-        else if (isMovieName(name))
+        else if (extensionOf(name) == u"mov")
             m_themeList.append({path, scan.recommended.contains(path)});
     }
     scan.openFolders.removeLast();

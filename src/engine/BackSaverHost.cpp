@@ -1,5 +1,6 @@
 #include "engine/BackSaverHost.h"
 
+#include "platform/base/FileName.h"
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
 #include "platform/saver/SaverBundle.h"
@@ -19,14 +20,6 @@ const QString slideShowExtension = QStringLiteral("slideSaver");
 /// The saver that shows a folder of pictures.
 const QString picFolderPath = QStringLiteral("/System/Library/Frameworks/ScreenSaver.framework/Versions/A/"
                                              "Resources/Pictures Folder.saver");
-
-/// What follows the last dot of the path's last part; empty where nothing or nothing precedes it.
-QString extensionOf(const QString& path)
-{
-    const QString name = QDir::cleanPath(path).section(u'/', -1);
-    const auto dot = name.lastIndexOf(u'.');
-    return dot > 0 ? name.mid(dot + 1) : QString();
-}
 
 bool isOffered(const QString& name)
 {

@@ -1,6 +1,6 @@
 #include "publish/MovieKinds.h"
 
-#include <QFileInfo>
+#include "platform/base/FileName.h"
 
 #include <algorithm>
 #include <array>
@@ -35,7 +35,7 @@ constexpr std::array kinds = {
 
 const MovieKind* kindOf(const QString& path)
 {
-    const std::string extension = extensionOf(path).toStdString();
+    const std::string extension = lowerCaseExtension(path).toStdString();
     const auto* found = std::ranges::find(kinds, extension, &MovieKind::extension);
     return found == kinds.end() ? nullptr : found;
 }
@@ -52,9 +52,9 @@ bool isMovieName(const QString& path)
     return kindOf(path) != nullptr;
 }
 
-QString extensionOf(const QString& path)
+QString lowerCaseExtension(const QString& path)
 {
-    return QFileInfo(path).suffix().toLower();
+    return extensionOf(path).toLower();
 }
 
 QString mimeTypeOf(const QString& path)

@@ -13,7 +13,7 @@ namespace kestro {
 [[nodiscard]] bool isMovieName(const QString& path);
 
 /// The extension in lower case; of a movie's name it is ASCII letters and digits.
-[[nodiscard]] QString extensionOf(const QString& path);
+[[nodiscard]] QString lowerCaseExtension(const QString& path);
 
 /// The type under which browsers try the movie; empty where its kind is not one of theirs.
 [[nodiscard]] QString mimeTypeOf(const QString& path);

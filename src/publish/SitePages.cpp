@@ -80,7 +80,7 @@ PageTemplate::Values rowValues(const PublishedMovie& movie)
             {QStringLiteral("width"), number(movie.source.width)},
             {QStringLiteral("duration"), durationText(movie.source.seconds)},
             {QStringLiteral("bytes"), bytesText(movie.source.bytes)},
-            {QStringLiteral("kind"), extensionOf(movie.source.path).toUpper()},
+            {QStringLiteral("kind"), lowerCaseExtension(movie.source.path).toUpper()},
             {QStringLiteral("file"), file}};
 }
 

@@ -110,7 +110,7 @@ bool isBefore(const SourceMovie& a, const SourceMovie& b)
 
 PublishedMovie published(const SourceMovie& movie, const QString& slug)
 {
-    const QString extension = extensionOf(movie.path);
+    const QString extension = lowerCaseExtension(movie.path);
     const QString stem = QStringLiteral("%1_%2.").arg(slug).arg(movie.width);
     PublishedMovie result{movie, stem + movieExtension(), {}, mimeTypeOf(movie.path)};
     if (extension != movieExtension()) result.originalName = stem + extension;

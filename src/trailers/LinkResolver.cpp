@@ -1,6 +1,7 @@
 #include "trailers/LinkResolver.h"
 
 #include "platform/base/Bounds.h"
+#include "platform/base/FileName.h"
 #include "trailers/PageBase.h"
 #include "trailers/URLText.h"
 
@@ -103,7 +104,7 @@ std::optional<std::string> mergedStringFromToURL(std::string_view link, const Pa
     else
         GatheredPath(text, base.path()).walk(link);
     const auto path = std::string_view(text).substr(start);
-    if (!path.ends_with('/') && pathExtension(path).empty()) text += '/';
+    if (!path.ends_with('/') && extensionIn(path).empty()) text += '/';
     if (isTooLong(text)) return {};
     return text;
 }

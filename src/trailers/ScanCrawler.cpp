@@ -1,5 +1,6 @@
 #include "trailers/ScanCrawler.h"
 
+#include "platform/base/FileName.h"
 #include "platform/base/Log.h"
 #include "platform/base/ShownURL.h"
 #include "platform/network/Fetch.h"
@@ -38,7 +39,7 @@ std::string_view viewOf(const QByteArray& bytes)
 std::string folderOf(std::string_view path)
 {
     if (path.empty()) return "/";
-    if (!path.ends_with('/') && !pathExtension(path).empty()) path = path.substr(0, path.rfind('/') + 1);
+    if (!path.ends_with('/') && !extensionIn(path).empty()) path = path.substr(0, path.rfind('/') + 1);
     return std::string(path) + (path.ends_with('/') ? "" : "/");
 }
 

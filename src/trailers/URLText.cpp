@@ -1,5 +1,7 @@
 #include "trailers/URLText.h"
 
+#include "platform/base/FileName.h"
+
 #include <algorithm>
 #include <array>
 
@@ -142,17 +144,9 @@ std::string_view URLText::port(std::string_view knownScheme) const
     return knownScheme == "https" ? "443" : "";
 }
 
-std::string_view pathExtension(std::string_view path)
-{
-    path = withoutSlashes(path, 0);
-    const auto name = path.substr(path.rfind('/') + 1);
-    const auto dot = name.rfind('.');
-    return dot == std::string_view::npos || dot == 0 ? std::string_view() : name.substr(dot + 1);
-}
-
 bool hasExtension(std::string_view path, std::string_view lowerCaseExtension)
 {
-    return std::ranges::equal(pathExtension(path), lowerCaseExtension, [](char c, char lower) {
+    return std::ranges::equal(extensionIn(path), lowerCaseExtension, [](char c, char lower) {
         return (c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c) == lower;
     });
 }

@@ -30,10 +30,7 @@ struct URLText {
     [[nodiscard]] std::string_view port(std::string_view knownScheme) const;
 };
 
-/// What stands after the last "." of a path's last component; empty where nothing does, or nothing stands
-/// before.
-[[nodiscard]] std::string_view pathExtension(std::string_view path);
-/// Whether the extension is `lowerCaseExtension`, in whatever case.
+/// Whether the extension of the path's last part is `lowerCaseExtension`, in whatever case.
 [[nodiscard]] bool hasExtension(std::string_view path, std::string_view lowerCaseExtension);
 
 } // namespace kestro

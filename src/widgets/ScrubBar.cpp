@@ -1,5 +1,6 @@
 #include "widgets/ScrubBar.h"
 
+#include "platform/base/DurationText.h"
 #include "platform/movie/MovieTime.h"
 
 #include <QMouseEvent>
@@ -11,17 +12,9 @@ namespace kestro {
 
 namespace {
 
-/// "1:02:03", without hours where there are none.
 QString clockText(int units)
 {
-    const int seconds = units / movieTimeScale;
-    const QString rest =
-        QStringLiteral("%1:%2").arg(seconds / 60 % 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
-    if (seconds < 3600) return rest;
-    return QStringLiteral("%1:%2:%3")
-        .arg(seconds / 3600)
-        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
+    return durationText(units / movieTimeScale);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "Target.h"
+#include "platform/base/FileName.h"
 #include "trailers/CallArguments.h"
 #include "trailers/LinkResolver.h"
 #include "trailers/PageBase.h"
@@ -16,7 +17,8 @@ void checkResolved(std::string_view link, const PageBase& base)
     expect(URLText::parse(*merged).has_value(), "what a link is merged into is a URL");
     expect(merged->starts_with(std::string(base.parts().scheme) + "://"), "a link stays in its scheme");
     expect(merged->find(base.parts().hostAndPort()) != std::string::npos, "a link stays on its host");
-    expect(merged->ends_with('/') || !pathExtension(*merged).empty(), "a link without extension is a folder");
+    expect(merged->ends_with('/') || !extensionIn(std::string_view(*merged)).empty(),
+           "a link without extension is a folder");
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "trailers/URLText.h"
 
+#include "platform/base/FileName.h"
+
 #include <gtest/gtest.h>
 #include <string>
 
@@ -89,7 +91,7 @@ TEST(URLText, port_isTheSchemesOwn_whenNoneIsWritten)
     EXPECT_EQ(url->port("ftp"), "");
 }
 
-TEST(URLText, pathExtension_isWhatStandsAfterTheLastDot_ofTheLastComponent)
+TEST(URLText, extensionIn_isWhatStandsAfterTheLastDot_ofTheLastComponent)
 {
     const std::pair<const char*, const char*> rows[] = {
         {"a.mov", "mov"},
@@ -106,7 +108,7 @@ TEST(URLText, pathExtension_isWhatStandsAfterTheLastDot_ofTheLastComponent)
         {"/", ""},
     };
     for (const auto& [path, extension] : rows)
-        EXPECT_EQ(pathExtension(path), extension) << path;
+        EXPECT_EQ(extensionIn(std::string_view(path)), extension) << path;
 }
 
 TEST(URLText, hasExtension_ignoresCase_always)

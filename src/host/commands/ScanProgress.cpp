@@ -1,37 +1,13 @@
 #include "host/commands/ScanProgress.h"
 
+#include "host/start/ProgressLine.h"
 #include "platform/base/Log.h"
 
 #include <QString>
 
 #include <algorithm>
-#include <cstdio>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace kestro {
-
-namespace {
-
-constexpr int usualColumns = 80;
-
-int terminalColumns()
-{
-    winsize size{};
-    const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return isKnown ? size.ws_col : usualColumns;
-}
-
-void writeOut(const std::string& text)
-{
-    std::fputs(text.c_str(), stderr);
-    std::fflush(stderr);
-}
-
-// Back to the start of the line, and nothing after it.
-const std::string eraseLine = "\r\x1b[K";
-
-} // namespace
 
 std::string progressLine(const CrawlCounts& counts, const std::string& url, int columns)
 {
@@ -42,7 +18,7 @@ std::string progressLine(const CrawlCounts& counts, const std::string& url, int 
 
 ScanProgress::ScanProgress(bool isVerbose)
     : m_isVerbose(isVerbose)
-    , m_isDrawn(!isVerbose && isatty(STDERR_FILENO) == 1)
+    , m_isDrawn(!isVerbose && hasProgressLine())
 {
 }
 
@@ -58,22 +34,21 @@ void ScanProgress::pageEnds(const std::string& url, const QString& outcome)
     if (m_isVerbose) logLine(QString::fromStdString(url) + QStringLiteral(": ") + outcome);
 }
 
-// One column is left free: a full line would make some terminals begin the next one.
 void ScanProgress::draw()
 {
     if (!m_isDrawn) return;
     const std::lock_guard guard(m_mutex);
-    writeOut(eraseLine + progressLine(m_counts, m_url, terminalColumns() - 1));
+    drawProgress(progressLine(m_counts, m_url, progressColumns()));
 }
 
 void ScanProgress::erase() const
 {
-    if (m_isDrawn) writeOut(eraseLine);
+    if (m_isDrawn) eraseProgress();
 }
 
 void ScanProgress::writeAbove(const QString& line) const
 {
-    writeOut(eraseLine + line.toStdString() + '\n');
+    drawProgress(line.toStdString() + '\n');
 }
 
 } // namespace kestro

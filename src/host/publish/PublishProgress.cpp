@@ -1,25 +1,12 @@
 #include "host/publish/PublishProgress.h"
 
+#include "host/start/ProgressLine.h"
+
 #include <algorithm>
-#include <cstdio>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace kestro {
 
 namespace {
-
-constexpr int usualColumns = 80;
-
-int terminalColumns()
-{
-    winsize size{};
-    const bool isKnown = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return isKnown ? size.ws_col : usualColumns;
-}
-
-// Back to the start of the line, and nothing after it.
-constexpr const char* eraseLine = "\r\x1b[K";
 
 QString step(const QString& doing, const QString& name, std::size_t number, std::size_t count)
 {
@@ -30,7 +17,7 @@ QString step(const QString& doing, const QString& name, std::size_t number, std:
 } // namespace
 
 PublishProgress::PublishProgress()
-    : m_isDrawn(isatty(STDERR_FILENO) == 1)
+    : m_isDrawn(hasProgressLine())
 {
 }
 
@@ -46,16 +33,13 @@ void PublishProgress::writing(const QString& name, std::size_t number, std::size
 
 void PublishProgress::erase() const
 {
-    draw({});
+    if (m_isDrawn) eraseProgress();
 }
 
-// One column is left free: a full line would make some terminals begin the next one.
 void PublishProgress::draw(const QString& line) const
 {
     if (!m_isDrawn) return;
-    const QString shown = line.simplified().left(std::max(terminalColumns() - 1, 0));
-    std::fputs((eraseLine + shown.toStdString()).c_str(), stderr);
-    std::fflush(stderr);
+    drawProgress(line.simplified().left(std::max(progressColumns(), 0)).toStdString());
 }
 
 } // namespace kestro

@@ -1,5 +1,7 @@
 #include "platform/base/URLKind.h"
 
+#include "platform/base/FileName.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -13,19 +15,12 @@ bool isWebURL(const QUrl& url)
 
 QString lastPathComponent(const QUrl& url)
 {
-    const QString decoded = url.path(QUrl::FullyDecoded);
-    QStringView path = decoded;
-    while (path.endsWith(u'/'))
-        path.chop(1);
-    return path.sliced(path.lastIndexOf(u'/') + 1).toString();
+    return nameOf(url.path(QUrl::FullyDecoded));
 }
 
 QString upperCasePathExtension(const QUrl& url)
 {
-    const QString name = lastPathComponent(url);
-    const qsizetype point = name.lastIndexOf(u'.');
-    // A point at the start hides a file; what follows it is the name.
-    return point <= 0 ? QString() : name.sliced(point + 1).toUpper();
+    return extensionOf(url.path(QUrl::FullyDecoded)).toUpper();
 }
 
 bool namesWebContent(const QUrl& url)
