@@ -5,9 +5,9 @@
 #include "platform/base/ShownURL.h"
 #include "platform/base/URLKind.h"
 #include "platform/plist/PropertyList.h"
+#include "platform/plist/PropertyListFile.h"
 #include "trailers/TrailerRecordMap.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QUrl>
@@ -23,9 +23,6 @@ const QString versionKey = QStringLiteral("Ver");
 const QString version = QStringLiteral("010901");
 const QString trailersKey = QStringLiteral("Trailers");
 const QString sitesKey = QStringLiteral("Sites");
-
-const QString extension = QStringLiteral(".lst");
-constexpr int mostBackups = 1000;
 
 /// Takes what a file holds, and says what it had to leave out.
 class ListReader final {
@@ -169,26 +166,24 @@ TrailerListContents TrailerListFile::contentsOf(const QVariantMap& stored) const
     return std::move(reader.contents());
 }
 
-// A copy that fails, because a file is there or because none can be written, leaves things as they are.
+// One that cannot be written leaves things as they are.
 void TrailerListFile::installSeed() const
 {
-    if (!QFileInfo::exists(m_seed) || !QDir().mkpath(QFileInfo(m_path).path())) return;
-    if (!QFile::copy(m_seed, m_path)) return;
-    QFile::setPermissions(m_path, QFile::permissions(m_path) | QFileDevice::WriteOwner);
+    const auto seed = readPropertyListFile(m_seed);
+    if (seed && !isThere(m_path)) static_cast<void>(replacePropertyListFile(m_path, *seed));
 }
 
 // A file that can be read is used as it is where there is a backup already. One that cannot would be lost at
 // the next saving.
 void TrailerListFile::retire(bool isReadable) const
 {
-    QString kept = m_backup;
-    for (int number = 1; !isReadable && isThere(kept) && number < mostBackups; ++number)
-        kept = m_backup.chopped(extension.size()) + QString::number(number) + extension;
-    const bool isMoved = !isThere(kept) && QFile::rename(m_path, kept);
-    if (isMoved && !isReadable)
-        logLine(QStringLiteral("Cannot read %1: kept as %2.").arg(m_path, kept));
-    else if (!isReadable)
-        logLine(QStringLiteral("Cannot read %1.").arg(m_path));
+    if (isReadable) {
+        if (!isThere(m_backup)) QFile::rename(m_path, m_backup);
+        return;
+    }
+    const auto kept = setAsidePropertyListFile(m_path);
+    logLine(kept ? QStringLiteral("Cannot read %1: kept as %2.").arg(m_path, *kept)
+                 : QStringLiteral("Cannot read %1.").arg(m_path));
 }
 
 bool TrailerListFile::save(const TrailerListContents& contents) const

@@ -107,9 +107,14 @@ class Home:
         return kept
 
 
-def without_session(environment, scratch):
-    """The environment of a user who runs without a session, with that folder in the place of /tmp."""
-    return {name: value for name, value in environment.items() if not name.startswith("XDG_")} | {"TMPDIR": str(scratch)}
+def leave_session(home):
+    """Programs run as those of a user without a session from now on; answers the folder in the place of their /tmp."""
+    scratch = home.path / "tmp"
+    scratch.mkdir()
+    real = home.environment
+    home.environment = lambda **more: {
+        name: value for name, value in real(**more).items() if not name.startswith("XDG_")} | {"TMPDIR": str(scratch)}
+    return scratch
 
 
 class ProgramTest(unittest.TestCase):

@@ -7,7 +7,7 @@ import re
 import signal
 import unittest
 
-from harness import BOUND, ProgramTest, movie, wait_until, without_session
+from harness import BOUND, ProgramTest, leave_session, movie, wait_until
 from trailersite import Hanging, TrailerSite, link, movie as trailer, page
 from xserver import XServer
 
@@ -71,10 +71,7 @@ class Running(ProgramTest):
         self.assertEqual(self.home.resume_point().get("LastMovie"), "red-long.mp4")
 
     def test_no_scratch_folder_is_left_where_there_is_no_session(self):
-        scratch = self.home.path / "tmp"
-        scratch.mkdir()
-        real = self.home.environment
-        self.home.environment = lambda **more: without_session(real(**more), scratch)
+        scratch = leave_session(self.home)
         for number in (signal.SIGTERM, signal.SIGKILL):
             with self.subTest(signal=number.name):
                 process = self.start_saver()

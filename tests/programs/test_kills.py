@@ -52,8 +52,7 @@ class Kills(unittest.TestCase):
         self.assertEqual(save.leftovers(), set())
 
     def test_the_next_save_removes_what_a_killed_one_left(self):
-        # The list of xscreensaver is written in the user's home, where nobody but it looks for what is left.
-        for kind in (Settings, Resume, Trailers, Site):
+        for kind in (Settings, Resume, Trailers, Xscreensaver, Site):
             with self.subTest(kind=kind.__name__):
                 self.kill_at_each_call(kind, self.check_next_save_cleans_up)
 

@@ -1,26 +1,11 @@
 #include "settings/MovieURL.h"
 
-#include <QString>
-#include <QUrl>
+#include "support/URLCase.h"
 
 #include <gtest/gtest.h>
 #include <vector>
 
 namespace kestro {
-
-namespace {
-
-struct Case {
-    const char* url;
-    const char* expected;
-};
-
-QUrl urlOf(const char* text)
-{
-    return QUrl(QString::fromUtf8(text));
-}
-
-} // namespace
 
 TEST(MovieURL, isValidURL_isFalse_forWebPagesAndPrograms)
 {
@@ -56,21 +41,22 @@ TEST(MovieURL, isAutomaticEntry_isTold_byTheSchemeAlone)
 
 TEST(MovieURL, absoluteString_isFullyEncoded)
 {
-    for (const Case& c :
-         std::vector<Case>{{"file:///Films/My Film ü.mov", "file:///Films/My%20Film%20%C3%BC.mov"},
-                           {"file:///Films/a%20b.mov", "file:///Films/a%20b.mov"},
-                           {"http://example.com/a.mov?b=c&d#e", "http://example.com/a.mov?b=c&d#e"},
-                           {"http://u:p@example.com:81/a", "http://u:p@example.com:81/a"}})
+    for (const URLCase& c :
+         std::vector<URLCase>{{"file:///Films/My Film ü.mov", "file:///Films/My%20Film%20%C3%BC.mov"},
+                              {"file:///Films/a%20b.mov", "file:///Films/a%20b.mov"},
+                              {"http://example.com/a.mov?b=c&d#e", "http://example.com/a.mov?b=c&d#e"},
+                              {"http://u:p@example.com:81/a", "http://u:p@example.com:81/a"}})
         EXPECT_EQ(absoluteString(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
 }
 
 TEST(MovieURL, absoluteString_keepsTheNameOfAutomaticEntries)
 {
-    for (const Case& c : std::vector<Case>{{"auto://LatestTrailers/6/480", "auto://LatestTrailers/6/480"},
-                                           {"auto://latesttrailers/480", "auto://LatestTrailers/480"},
-                                           {"auto://LatestTrailers", "auto://LatestTrailers"},
-                                           {"auto://LatestTrailersX/1/2", "auto://latesttrailersx/1/2"},
-                                           {"http://LatestTrailers/a", "http://latesttrailers/a"}})
+    for (const URLCase& c :
+         std::vector<URLCase>{{"auto://LatestTrailers/6/480", "auto://LatestTrailers/6/480"},
+                              {"auto://latesttrailers/480", "auto://LatestTrailers/480"},
+                              {"auto://LatestTrailers", "auto://LatestTrailers"},
+                              {"auto://LatestTrailersX/1/2", "auto://latesttrailersx/1/2"},
+                              {"http://LatestTrailers/a", "http://latesttrailers/a"}})
         EXPECT_EQ(absoluteString(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
 }
 

@@ -3,6 +3,7 @@
 #include "host/commands/Program.h"
 #include "platform/base/Bounds.h"
 #include "platform/base/Clock.h"
+#include "platform/base/Reasons.h"
 #include "platform/network/CurlFetch.h"
 #include "trailers/PageBase.h"
 #include "trailers/TrailerList.h"
@@ -24,7 +25,7 @@ Result<QByteArray> pageIn(const QString& path)
     constexpr qint64 most = Bounds::unpackedPageBytes;
     QByteArray page = file.read(most + 1);
     if (file.error() != QFileDevice::NoError) return Error{file.errorString()};
-    if (page.size() > most) return Error{QStringLiteral("larger than %1 bytes").arg(most)};
+    if (page.size() > most) return Error{tooLarge(most)};
     return page;
 }
 

@@ -1,11 +1,11 @@
 #include "host/commands/Commands.h"
 #include "host/commands/Program.h"
 #include "platform/base/Paths.h"
+#include "platform/base/Reasons.h"
 
 #include <QFile>
 
 #include <cerrno>
-#include <cstring>
 #include <unistd.h>
 
 namespace kestro {
@@ -16,8 +16,7 @@ int showSettingsWindow(const Arguments&)
 {
     const QByteArray program = QFile::encodeName(packageLibraries() + QStringLiteral("/kestro-settings"));
     execl(program.constData(), program.constData(), static_cast<char*>(nullptr));
-    complain(QStringLiteral("Cannot start %1: %2")
-                 .arg(QFile::decodeName(program), QString::fromLocal8Bit(std::strerror(errno))));
+    complain(QStringLiteral("Cannot start %1: %2").arg(QFile::decodeName(program), systemReason(errno)));
     return ExitFailure;
 }
 

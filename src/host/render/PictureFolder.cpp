@@ -1,11 +1,12 @@
 #include "host/render/PictureFolder.h"
 
+#include "platform/base/Reasons.h"
+
 #include <QDir>
 #include <QImageWriter>
 #include <QSaveFile>
 
 #include <cerrno>
-#include <cstring>
 
 namespace kestro {
 
@@ -13,8 +14,7 @@ Result<PictureFolder> PictureFolder::open(const QString& path)
 {
     errno = 0;
     if (QDir().mkpath(path)) return PictureFolder(path);
-    const QString reason =
-        errno != 0 ? QString::fromLocal8Bit(std::strerror(errno)) : QStringLiteral("not a folder");
+    const QString reason = errno != 0 ? systemReason(errno) : QStringLiteral("not a folder");
     return Error{QStringLiteral("Cannot make folder %1: %2").arg(path, reason)};
 }
 

@@ -1,10 +1,10 @@
 #include "host/start/Console.h"
 
 #include "platform/base/Log.h"
+#include "platform/base/Reasons.h"
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 namespace kestro {
 
@@ -18,8 +18,7 @@ ExitCode print(const QByteArray& text)
     const auto size = static_cast<std::size_t>(text.size());
     const bool written = std::fwrite(text.constData(), 1, size, stdout) == size;
     if (written && std::fflush(stdout) == 0) return ExitSuccess;
-    complain(QStringLiteral("Cannot write to standard output: ") +
-             QString::fromLocal8Bit(std::strerror(errno)));
+    complain(QStringLiteral("Cannot write to standard output: ") + systemReason(errno));
     return ExitFailure;
 }
 

@@ -1,53 +1,38 @@
 #include "platform/base/URLKind.h"
 
-#include <QString>
-#include <QUrl>
+#include "support/URLCase.h"
 
 #include <gtest/gtest.h>
 #include <vector>
 
 namespace kestro {
 
-namespace {
-
-struct Case {
-    const char* url;
-    const char* expected;
-};
-
-QUrl urlOf(const char* text)
-{
-    return QUrl(QString::fromUtf8(text));
-}
-
-} // namespace
-
 TEST(URLKind, upperCasePathExtension_isWhatFollowsTheLastPointOfTheName)
 {
-    for (const Case& c : std::vector<Case>{{"http://h/a.swf", "SWF"},
-                                           {"http://h/a.tar.Gz", "GZ"},
-                                           {"http://h/a", ""},
-                                           {"http://h/a.", ""},
-                                           {"http://h/.hidden", ""},
-                                           {"http://h/a.b/c", ""},
-                                           {"http://h/a.b/", "B"},
-                                           {"http://h", ""},
-                                           {"http://h/a.swf?b=c.mov", "SWF"},
-                                           {"http://h/a.m%6fv", "MOV"}})
+    for (const URLCase& c : std::vector<URLCase>{{"http://h/a.swf", "SWF"},
+                                                 {"http://h/a.tar.Gz", "GZ"},
+                                                 {"http://h/a", ""},
+                                                 {"http://h/a.", ""},
+                                                 {"http://h/.hidden", ""},
+                                                 {"http://h/a.b/c", ""},
+                                                 {"http://h/a.b/", "B"},
+                                                 {"http://h", ""},
+                                                 {"http://h/a.swf?b=c.mov", "SWF"},
+                                                 {"http://h/a.m%6fv", "MOV"}})
         EXPECT_EQ(upperCasePathExtension(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
 }
 
 TEST(URLKind, lastPathComponent_isDecoded)
 {
-    for (const Case& c : std::vector<Case>{{"http://h/a/b.mov", "b.mov"},
-                                           {"http://h/a/My%20Film%20%C3%BC.mov", "My Film ü.mov"},
-                                           {"http://h/a/100%25.mov", "100%.mov"},
-                                           {"http://h/a/b/", "b"},
-                                           {"http://h/", ""},
-                                           {"http://h", ""},
-                                           {"", ""},
-                                           {"http://h/a.mov?x=/y#/z", "a.mov"},
-                                           {"file:///Films/a.mov", "a.mov"}})
+    for (const URLCase& c : std::vector<URLCase>{{"http://h/a/b.mov", "b.mov"},
+                                                 {"http://h/a/My%20Film%20%C3%BC.mov", "My Film ü.mov"},
+                                                 {"http://h/a/100%25.mov", "100%.mov"},
+                                                 {"http://h/a/b/", "b"},
+                                                 {"http://h/", ""},
+                                                 {"http://h", ""},
+                                                 {"", ""},
+                                                 {"http://h/a.mov?x=/y#/z", "a.mov"},
+                                                 {"file:///Films/a.mov", "a.mov"}})
         EXPECT_EQ(lastPathComponent(urlOf(c.url)), QString::fromUtf8(c.expected)) << c.url;
 }
 
