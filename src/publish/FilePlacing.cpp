@@ -133,7 +133,8 @@ Result<Placed> placeContent(const QString& path, const QByteArray& content)
 {
     if (holds(path, content)) return Placed::Unchanged;
     removeUnfinished(path);
-    if (const auto error = makeFile(unfinishedPath(path), content)) return cannotWrite(path, error->message);
+    if (const auto made = makeFile(unfinishedPath(path), content); !made)
+        return cannotWrite(path, made.error());
     return putInPlace(path);
 }
 

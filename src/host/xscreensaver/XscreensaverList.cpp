@@ -27,12 +27,11 @@ Result<QByteArray> read(const QString& path)
     return Error{QStringLiteral("Cannot read %1: %2").arg(path, text.error())};
 }
 
-/// Answers the error.
-std::optional<Error> write(const QString& path, const QByteArray& text)
+Result<void> write(const QString& path, const QByteArray& text)
 {
-    const auto error = replaceWritableFile(path, text);
-    if (!error) return {};
-    return Error{QStringLiteral("Cannot write %1: %2").arg(path, error->message)};
+    const auto written = replaceWritableFile(path, text);
+    if (written) return {};
+    return Error{QStringLiteral("Cannot write %1: %2").arg(path, written.error())};
 }
 
 } // namespace
@@ -99,8 +98,8 @@ Result<XscreensaverList::Change> XscreensaverList::store(const QByteArray& befor
     const bool isNew = !QFile::exists(m_path);
     const QString backup = isNew ? QString() : m_path + QStringLiteral(".kestro-backup");
     const bool isKept = isNew || QFile::exists(backup); // as it was before the first change of ours
-    if (const auto error = isKept ? std::nullopt : write(backup, before)) return *error;
-    if (const auto error = write(m_path, after)) return *error;
+    if (const auto kept = isKept ? Result<void>() : write(backup, before); !kept) return kept.failure();
+    if (const auto stored = write(m_path, after); !stored) return stored.failure();
     return Change{true, backup};
 }
 

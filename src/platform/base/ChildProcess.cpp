@@ -41,7 +41,7 @@ bool isInApplication()
 Result<std::unique_ptr<ChildProcess>> ChildProcess::start(const ChildProgram& program)
 {
     const auto process = startProgram(program);
-    if (!process) return Error{process.error()};
+    if (!process) return process.failure();
     Descriptor events = eventsOf(process.value());
     const int reason = errno;
     const bool isWatched = events.isOpen();

@@ -127,7 +127,7 @@ QString pastLinks(QString path)
     return {};
 }
 
-std::optional<Error> replaceFile(const QString& path, const QByteArray& bytes)
+Result<void> replaceFile(const QString& path, const QByteArray& bytes)
 {
     const QString target = pastLinks(path);
     if (target.isEmpty()) return Error{systemReason(ELOOP)};
@@ -141,17 +141,18 @@ std::optional<Error> replaceFile(const QString& path, const QByteArray& bytes)
     return {};
 }
 
-std::optional<Error> replaceWritableFile(const QString& path, const QByteArray& bytes)
+Result<void> replaceWritableFile(const QString& path, const QByteArray& bytes)
 {
     const QFileInfo file(path);
     if (file.exists() && !file.isWritable()) return Error{systemReason(EACCES)};
     return replaceFile(path, bytes);
 }
 
-std::optional<Error> makeFile(const QString& path, const QByteArray& bytes)
+Result<void> makeFile(const QString& path, const QByteArray& bytes)
 {
     const int reason = makeFile(QFile::encodeName(path), bytes, {});
-    return reason == 0 ? std::nullopt : std::optional(Error{systemReason(reason)});
+    if (reason != 0) return Error{systemReason(reason)};
+    return {};
 }
 
 } // namespace kestro

@@ -4,8 +4,6 @@
 
 #include <QByteArray>
 
-#include <optional>
-
 namespace kestro {
 
 // How a file is written: whole or not at all, and on the disk once nothing is answered; an error is the
@@ -14,13 +12,13 @@ namespace kestro {
 /// Puts `bytes` in the place of the regular file at `path`, or makes it. A link stays, the file it points at
 /// is replaced; the mode stays. What was begun beside it by writers that were killed is removed first, unless
 /// another writer is at work in the folder.
-[[nodiscard]] std::optional<Error> replaceFile(const QString& path, const QByteArray& bytes);
+[[nodiscard]] Result<void> replaceFile(const QString& path, const QByteArray& bytes);
 
 /// The same, but a file that may not be written is left as it is.
-[[nodiscard]] std::optional<Error> replaceWritableFile(const QString& path, const QByteArray& bytes);
+[[nodiscard]] Result<void> replaceWritableFile(const QString& path, const QByteArray& bytes);
 
 /// Makes a file at `path`, where nothing is.
-[[nodiscard]] std::optional<Error> makeFile(const QString& path, const QByteArray& bytes);
+[[nodiscard]] Result<void> makeFile(const QString& path, const QByteArray& bytes);
 
 /// The file that the links at `path` lead to, whether it exists or not; empty when they lead in a circle.
 [[nodiscard]] QString pastLinks(QString path);

@@ -104,7 +104,7 @@ bool replacePropertyListFile(const QString& path, const QByteArray& bytes)
     const QFileInfo target(pastLinks(path));
     if (target.filePath().isEmpty() || !QDir().mkpath(target.path())) return false;
     removeBeginningsOfEarlierReleases(target);
-    return !replaceFile(target.filePath(), bytes);
+    return replaceFile(target.filePath(), bytes).isOk();
 }
 
 } // namespace kestro

@@ -231,11 +231,11 @@ void TrailerPanel::saveURL()
     if (path.isEmpty()) return;
     const auto contents = TrailerDownload(m_makeFetch()).run(*url, m_panel.get());
     if (!contents) return;
-    const auto failure = replaceWritableFile(path, *contents);
-    if (!failure) return;
-    logLine(QStringLiteral("Cannot save %1: %2").arg(path, failure->message));
+    const auto saved = replaceWritableFile(path, *contents);
+    if (saved) return;
+    logLine(QStringLiteral("Cannot save %1: %2").arg(path, saved.error()));
     alert(message(QT_TRANSLATE_NOOP("Kestro", "Failed to save the movie as %1.\n%2"))
-              .arg(QFileInfo(path).fileName(), failure->message));
+              .arg(QFileInfo(path).fileName(), saved.error()));
 }
 
 void TrailerPanel::addURL()

@@ -37,8 +37,8 @@ protected:
 
 TEST_F(FileReplacement, replace_writesTheWholeFileAndNothingElse)
 {
-    EXPECT_FALSE(replaceFile(in("a.mov"), "old and long"));
-    EXPECT_FALSE(replaceFile(in("a.mov"), "new"));
+    EXPECT_TRUE(replaceFile(in("a.mov"), "old and long").isOk());
+    EXPECT_TRUE(replaceFile(in("a.mov"), "new").isOk());
     EXPECT_EQ(bytesOf(in("a.mov")), "new");
     EXPECT_EQ(files(), QStringList(QStringLiteral("a.mov")));
 }
@@ -46,14 +46,14 @@ TEST_F(FileReplacement, replace_writesTheWholeFileAndNothingElse)
 TEST_F(FileReplacement, replace_answersWhyAndLeavesNothing_whenThereIsNoFolder)
 {
     const auto failure = replaceFile(in("none/a.mov"), "new");
-    ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->message, QStringLiteral("No such file or directory"));
+    ASSERT_FALSE(failure.isOk());
+    EXPECT_EQ(failure.error(), QStringLiteral("No such file or directory"));
     EXPECT_FALSE(QFile::exists(in("none")));
 }
 
 TEST_F(FileReplacement, replace_answersWhyAndKeepsTheFile_whenTheDiskIsFull)
 {
-    ASSERT_FALSE(replaceFile(in("a"), "old"));
+    ASSERT_TRUE(replaceFile(in("a"), "old").isOk());
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
@@ -61,7 +61,7 @@ TEST_F(FileReplacement, replace_answersWhyAndKeepsTheFile_whenTheDiskIsFull)
         const rlimit small{100, 100};
         setrlimit(RLIMIT_FSIZE, &small);
         const auto failure = replaceFile(in("a"), QByteArray(1000, 'x'));
-        _exit(failure && failure->message == QString::fromLocal8Bit(strerror(EFBIG)) ? 0 : 1);
+        _exit(!failure && failure.error() == QString::fromLocal8Bit(strerror(EFBIG)) ? 0 : 1);
     }
     int status = -1;
     ASSERT_EQ(waitpid(child, &status, 0), child);
@@ -72,9 +72,9 @@ TEST_F(FileReplacement, replace_answersWhyAndKeepsTheFile_whenTheDiskIsFull)
 
 TEST_F(FileReplacement, replace_leavesALink_andReplacesWhatItPointsAt)
 {
-    ASSERT_FALSE(replaceFile(in("a"), "old"));
+    ASSERT_TRUE(replaceFile(in("a"), "old").isOk());
     ASSERT_EQ(symlink("a", QFile::encodeName(in("link")).constData()), 0);
-    EXPECT_FALSE(replaceFile(in("link"), "new"));
+    EXPECT_TRUE(replaceFile(in("link"), "new").isOk());
     EXPECT_EQ(QFile::symLinkTarget(in("link")), in("a"));
     EXPECT_EQ(bytesOf(in("a")), "new");
 }
@@ -83,21 +83,21 @@ TEST_F(FileReplacement, replace_isAnError_whereAFolderOrAPipeIs)
 {
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
     ASSERT_EQ(mkfifo(QFile::encodeName(in("pipe")).constData(), 0600), 0);
-    EXPECT_TRUE(replaceFile(in("folder"), "new"));
-    EXPECT_TRUE(replaceFile(in("pipe"), "new"));
+    EXPECT_FALSE(replaceFile(in("folder"), "new").isOk());
+    EXPECT_FALSE(replaceFile(in("pipe"), "new").isOk());
     EXPECT_EQ(files(), QStringList(QStringLiteral("pipe")));
 }
 
 TEST_F(FileReplacement, replaceWritable_leavesAFile_thatMayNotBeWritten)
 {
-    ASSERT_FALSE(replaceFile(in("a"), "old"));
+    ASSERT_TRUE(replaceFile(in("a"), "old").isOk());
     ASSERT_EQ(chmod(QFile::encodeName(in("a")).constData(), 0444), 0);
     ASSERT_EQ(chmod(QFile::encodeName(m_folder.path()).constData(), 0777), 0);
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
         if (geteuid() == 0 && setuid(65534) != 0) _exit(2);
-        _exit(replaceWritableFile(in("a"), "new") && !replaceWritableFile(in("b"), "new") ? 0 : 1);
+        _exit(!replaceWritableFile(in("a"), "new") && replaceWritableFile(in("b"), "new") ? 0 : 1);
     }
     int status = -1;
     ASSERT_EQ(waitpid(child, &status, 0), child);
@@ -108,8 +108,8 @@ TEST_F(FileReplacement, replaceWritable_leavesAFile_thatMayNotBeWritten)
 
 TEST_F(FileReplacement, make_makesAFile_onlyWhereThereIsNone)
 {
-    EXPECT_FALSE(makeFile(in("a"), "one"));
-    EXPECT_TRUE(makeFile(in("a"), "another"));
+    EXPECT_TRUE(makeFile(in("a"), "one").isOk());
+    EXPECT_FALSE(makeFile(in("a"), "another").isOk());
     EXPECT_EQ(bytesOf(in("a")), "one");
 }
 
