@@ -45,6 +45,16 @@ INSTANTIATE_TEST_SUITE_P(Files, MovieProbeBad,
                                          "still.gif", "truncated.mp4", "text.mov", "empty.mov", "random.mov",
                                          "list.m3u", "list.mov", "edl.mov", "concat.mov", "hls.m3u8", "."));
 
+TEST(MovieProbe, tellsOneFaultFromAnother)
+{
+    using Kind = MovieFault::Kind;
+    for (const auto& [name, kind] :
+         {std::pair{"none.mov", Kind::NoFile}, std::pair{".", Kind::NoRegularFile},
+          std::pair{"empty.mov", Kind::EmptyFile}, std::pair{"hls.m3u8", Kind::NoMovieFormat},
+          std::pair{"audio.mp4", Kind::NoMovingPicture}, std::pair{"text.mov", Kind::Damaged}})
+        EXPECT_EQ(probe(name).failure(), MovieFault{kind}) << name;
+}
+
 class MovieProbeHuge : public testing::TestWithParam<const char*> {};
 
 TEST_P(MovieProbeHuge, refusesWhatIsTooLarge_andSaysSo)

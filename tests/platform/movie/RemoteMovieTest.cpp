@@ -128,6 +128,13 @@ TEST_F(RemoteMovie, isProbed)
     EXPECT_NEAR(facts.value().seconds, 2, 0.04);
 }
 
+TEST_F(RemoteMovie, isNotProbed_whenTheServerDoesNotHaveIt)
+{
+    const auto facts = probeRemoteMovie(addressOf("missing"), std::chrono::seconds(10));
+    ASSERT_FALSE(facts);
+    EXPECT_EQ(facts.failure(), MovieFault{MovieFault::Kind::NotOnServer});
+}
+
 TEST_F(RemoteMovie, isNotProbed_whenItSaysNothing)
 {
     const auto facts = probeRemoteMovie(addressOf("stalled/longgop.mp4"), std::chrono::milliseconds(200));
