@@ -277,12 +277,16 @@ TEST(ChildProcess, stop_killsAProgramThatDoesNotListen)
     const auto process = waiting.start();
     ASSERT_TRUE(process);
     process->stop(std::chrono::milliseconds(1));
-    EXPECT_EQ(process->waitForEnd().signal, SIGKILL);
+    const auto end = process->waitForEnd(bound);
+    ASSERT_TRUE(end);
+    EXPECT_EQ(end->signal, SIGKILL);
 }
 
 TEST(ChildProcess, end_takesTheWholeGroup_whenItHasOne)
 {
-    Waiting waiting(ChildProgram::Group::Own, QStringLiteral("{ cat <&0 & }"));
+    Waiting waiting(ChildProgram::Group::Own, QStringLiteral("{ cat <&7 & }"));
+    waiting.program.descriptors.push_back(
+        {waiting.never.reader.number(), 7}); // a shell takes standard input away
     auto process = waiting.start();
     ASSERT_TRUE(process);
     process.reset();
