@@ -6,6 +6,7 @@
 #include "config_ui/ThemePanel.h"
 #include "config_ui/URLPanel.h"
 #include "platform/base/ScopedEnvironment.h"
+#include "support/WaitUntil.h"
 
 #include <QDir>
 #include <QDropEvent>
@@ -367,8 +368,7 @@ TEST_F(ConfigSheetPlaylistTest, themeMovies_areSelectedOnceTheyAreAdded)
 TEST_F(ConfigSheetPlaylistTest, entriesWithoutAMovie_areNotLookedInto)
 {
     open({movie("page.html"), movie("a.swf"), "auto://LatestTrailers/6/480", movie("z.mov")});
-    while (looked().isEmpty())
-        QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+    ASSERT_TRUE(waitUntil([this] { return !looked().isEmpty(); }));
     EXPECT_EQ(looked(), QList<QUrl>{QUrl(movie("z.mov"))});
 }
 
@@ -379,14 +379,10 @@ TEST_F(ConfigSheetPlaylistTest, movies_areLookedIntoWhereTheyAreInSightOnly)
         many.append(movie(QString::number(i)));
     open(many);
     const auto lookedAt = [this](int row) { return looked().contains(QUrl(movie(QString::number(row)))); };
-    const auto waitFor = [&](int row) {
-        while (!lookedAt(row))
-            QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
-    };
-    waitFor(table().rowAt(table().viewport()->height() - 1));
+    ASSERT_TRUE(waitUntil([&] { return lookedAt(table().rowAt(table().viewport()->height() - 1)); }));
     EXPECT_LT(looked().size(), 100);
     table().scrollToBottom();
-    waitFor(9999);
+    ASSERT_TRUE(waitUntil([&] { return lookedAt(9999); }));
     EXPECT_LT(looked().size(), 200);
     EXPECT_FALSE(lookedAt(5000));
 }

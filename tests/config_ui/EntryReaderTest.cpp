@@ -1,8 +1,8 @@
 #include "config_ui/EntryReader.h"
 
 #include "platform/movie/StillDecoder.h"
+#include "support/WaitUntil.h"
 
-#include <QCoreApplication>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -19,12 +19,6 @@ const QUrl remote(QStringLiteral("http://m/a.mov"));
 
 class EntryReaderTest : public testing::Test {
 protected:
-    /// Lets events through until that many movies were learned.
-    static void waitFor(const std::vector<QUrl>& learned, std::size_t count)
-    {
-        while (learned.size() < count)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
     static std::vector<QUrl>& noting(EntryReader& reader, std::vector<QUrl>& learned)
     {
         QObject::connect(&reader, &EntryReader::learned, &reader,
@@ -51,7 +45,7 @@ TEST_F(EntryReaderTest, want_learnsInTheBackground)
     noting(reader, learned);
     EXPECT_EQ(reader.facts(file), nullptr);
     reader.want({file});
-    waitFor(learned, 1);
+    ASSERT_TRUE(waitUntil([&] { return learned.size() == 1; }));
     ASSERT_NE(reader.facts(file), nullptr);
     EXPECT_EQ(reader.facts(file)->seconds, 5);
     EXPECT_NE(readOn, QThread::currentThread());
@@ -67,9 +61,9 @@ TEST_F(EntryReaderTest, want_readsNothingTwice)
     });
     noting(reader, learned);
     reader.want({file, file});
-    waitFor(learned, 1);
+    ASSERT_TRUE(waitUntil([&] { return learned.size() == 1; }));
     reader.want({file, other});
-    waitFor(learned, 2);
+    ASSERT_TRUE(waitUntil([&] { return learned.size() == 2; }));
     EXPECT_EQ(learned, (std::vector<QUrl>{file, other}));
     EXPECT_EQ(reads, 2);
 }
@@ -84,10 +78,10 @@ TEST_F(EntryReaderTest, want_readsFilesWhileAServerDoesNotAnswer)
     });
     noting(reader, learned);
     reader.want({remote, file});
-    waitFor(learned, 1);
+    ASSERT_TRUE(waitUntil([&] { return learned.size() == 1; }));
     EXPECT_EQ(learned, std::vector<QUrl>{file});
     answer.count_down();
-    waitFor(learned, 2);
+    ASSERT_TRUE(waitUntil([&] { return learned.size() == 2; }));
 }
 
 TEST_F(EntryReaderTest, reader_forgetsWhatWasLearnedFirst_whenThereAreManyPictures)
@@ -99,10 +93,10 @@ TEST_F(EntryReaderTest, reader_forgetsWhatWasLearnedFirst_whenThereAreManyPictur
     });
     noting(reader, learned);
     reader.want({file, other});
-    waitFor(learned, 2);
+    ASSERT_TRUE(waitUntil([&] { return learned.size() == 2; }));
     EXPECT_NE(reader.facts(other), nullptr);
     reader.want({remote});
-    waitFor(learned, 3);
+    ASSERT_TRUE(waitUntil([&] { return learned.size() == 3; }));
     EXPECT_EQ(reader.facts(file), nullptr);
     EXPECT_NE(reader.facts(remote), nullptr);
 }

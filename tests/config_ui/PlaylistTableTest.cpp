@@ -2,8 +2,8 @@
 
 #include "config_ui/ConfigFixture.h"
 #include "config_ui/EntryReader.h"
+#include "support/WaitUntil.h"
 
-#include <QCoreApplication>
 #include <QSignalSpy>
 
 namespace kestro {
@@ -30,8 +30,7 @@ protected:
     {
         QSignalSpy learned(&reader, &EntryReader::learned);
         reader.want({QUrl(movie(name))});
-        while (learned.isEmpty())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        EXPECT_TRUE(waitUntil([&] { return !learned.isEmpty(); }));
     }
 
     EntryFacts facts{.seconds = 62, .picture = QImage(4, 2, QImage::Format_RGB32), .fault = {}};

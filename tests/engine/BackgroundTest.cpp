@@ -59,8 +59,7 @@ void BackgroundTest::runSettled(const MySaver& saver, int ticks)
 {
     for (int i = 0; i < ticks; ++i) {
         run(0.05);
-        while (saver.isCapturing())
-            QCoreApplication::processEvents();
+        EXPECT_TRUE(waitUntil([&] { return !saver.isCapturing(); }));
         QCoreApplication::processEvents();
     }
 }

@@ -33,8 +33,7 @@ protected:
     void tickAndSettle(MySaver& saver)
     {
         tick(saver);
-        while (saver.isCapturing())
-            QCoreApplication::processEvents();
+        EXPECT_TRUE(waitUntil([&] { return !saver.isCapturing(); }));
         QCoreApplication::processEvents();
     }
     void settledFor(MySaver& saver, double seconds)

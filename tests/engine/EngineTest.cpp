@@ -5,7 +5,6 @@
 #include "presentation/MovieFrame.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 
 #include <algorithm>
 
@@ -82,14 +81,6 @@ QString EngineTest::playing(const MySaver& saver)
 {
     const auto shot = saver.snapshot();
     return shot.movie ? shot.movie->url.section(u'/', -1) : QString();
-}
-
-bool EngineTest::comesTrue(const std::function<bool()>& done)
-{
-    const QDeadlineTimer bound(180000);
-    while (!done() && !bound.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
-    return done();
 }
 
 int EngineTest::logged(const QString& line) const

@@ -11,10 +11,10 @@
 #include "platform/display/view/Window.h"
 #include "platform/movie/MemoryMovie.h"
 #include "settings/SettingsStore.h"
+#include "support/WaitUntil.h"
 
 #include <QTemporaryDir>
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <vector>
@@ -71,8 +71,6 @@ protected:
     void tickFor(MySaver& saver, double seconds);
     /// The name of the movie that the saver shows; empty for none.
     static QString playing(const MySaver& saver);
-    /// Turns the event loop until `done`, while other threads look at files; answers whether it came to be.
-    static bool comesTrue(const std::function<bool()>& done);
     /// How often a line was logged.
     [[nodiscard]] int logged(const QString& line) const;
     /// The pixel of the first screen's picture, counted from its lower left corner.

@@ -122,7 +122,7 @@ TEST_F(MySaverFailuresTest, sign_movesWhileAFirstFileTakesLong_andGivesWayToIt)
     movies.describe(url, {.loadsAfter = 5});
     setPlaylist({url});
     auto& saver = started();
-    EXPECT_TRUE(comesTrue([this] { return movies.tried().size() == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return movies.tried().size() == 1; }));
     tickFor(saver, 0.9);
     EXPECT_FALSE(saver.snapshot().sign);
     tickFor(saver, 0.3);
@@ -174,7 +174,7 @@ TEST_F(MySaverFailuresTest, fileThatOpensAndBreaksOffAtOnce_givesWayToTheSign_an
     movies.describe(url, {.seconds = 0, .breaksOffAfter = 0});
     setPlaylist({url});
     auto& saver = started();
-    EXPECT_TRUE(comesTrue([&] { return saver.snapshot().sign.has_value(); }));
+    EXPECT_TRUE(waitUntil([&] { return saver.snapshot().sign.has_value(); }));
     tickFor(saver, 70);
     EXPECT_TRUE(saver.snapshot().sign);
     const auto tries = movies.tried().size();

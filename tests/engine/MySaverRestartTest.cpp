@@ -38,14 +38,14 @@ TEST_F(MySaverRestartTest, resetMovie_putsAMovieInPlaceOfTheSign)
     setPlaylist({url.toString(QUrl::FullyEncoded)});
     auto& saver = makeSaver();
     saver.startAnimation();
-    ASSERT_TRUE(comesTrue([&] { return saver.snapshot().sign.has_value(); }));
+    ASSERT_TRUE(waitUntil([&] { return saver.snapshot().sign.has_value(); }));
     (void)pixelAt(0, 0);
 
     QFile file(url.toLocalFile());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     movies.describe(url.toString(QUrl::FullyEncoded), {});
     saver.resetMovie();
-    EXPECT_TRUE(comesTrue([&] { return playing(saver) == "later.mov"; }));
+    EXPECT_TRUE(waitUntil([&] { return playing(saver) == "later.mov"; }));
     EXPECT_FALSE(saver.snapshot().sign);
     EXPECT_EQ(saver.animationTimeInterval(), 0.05);
     EXPECT_TRUE(saver.movieView()->movie()->attribute(MovieAttribute::Loops));

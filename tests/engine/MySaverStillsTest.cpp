@@ -138,8 +138,7 @@ TEST_F(MySaverStillsTest, bounce_skipsAStill_whileAnotherIsBeingTaken)
     stills.hold();
     tick(saver, 30); // two more were due
     stills.letGo();
-    while (saver.isCapturing())
-        QCoreApplication::processEvents();
+    ASSERT_TRUE(waitUntil([&] { return !saver.isCapturing(); }));
     EXPECT_EQ(saver.snapshot().trail, 2);
     EXPECT_EQ(stills.asked().size(), 2U);
     settledFor(saver, 0.2);

@@ -1,18 +1,15 @@
 #include "trailers/TrailerCont.h"
 
+#include "support/WaitUntil.h"
 #include "trailers/CrawlLock.h"
 #include "trailers/MemoryFetch.h"
 #include "trailers/TrailerListFixture.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QEventLoop>
 
 namespace kestro {
 
 namespace {
-
-constexpr int bound = 180000; // milliseconds
 
 const QString startUrl = QStringLiteral("http://h/trailers/");
 const QString innerUrl = QStringLiteral("http://h/trailers/a/");
@@ -64,15 +61,6 @@ protected:
         m_controller->setObserver(&m_observer);
     }
 
-    // Turns the event loop until `condition` holds.
-    template <typename Condition>
-    [[nodiscard]] static bool waitUntil(Condition condition)
-    {
-        const QDeadlineTimer deadline(bound);
-        while (!condition() && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-        return condition();
-    }
     [[nodiscard]] bool waitForEnd()
     {
         return waitUntil([this] { return !m_controller->onThreading() && !m_controller->inThreading(); });

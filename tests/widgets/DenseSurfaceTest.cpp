@@ -90,10 +90,10 @@ TEST_F(DenseSurfaceTest, widget_paintsAllPointsThatAChangedPixelTouches)
     window.orderFront();
     widget.show();
     PaintWatch watch(widget);
-    ASSERT_TRUE(comesTrue([&] { return watch.painted.boundingRect() == widget.rect(); }));
+    ASSERT_TRUE(waitUntil([&] { return watch.painted.boundingRect() == widget.rect(); }));
     watch.painted = {};
     spot.setColour(Qt::green);
-    ASSERT_TRUE(comesTrue([&] { return !watch.painted.isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !watch.painted.isEmpty(); }));
     EXPECT_TRUE(watch.painted.contains(QRect(21, 68, 1, 1)));
     EXPECT_LT(watch.painted.boundingRect().width(), 5);
     EXPECT_LT(watch.painted.boundingRect().height(), 5);

@@ -88,10 +88,10 @@ TEST_F(SurfaceWidgetTest, widget_paintsOnlyWhatChanged)
     window.orderFront();
     widget.show();
     PaintWatch watch(widget);
-    ASSERT_TRUE(comesTrue([&] { return watch.painted.boundingRect() == widget.rect(); }));
+    ASSERT_TRUE(waitUntil([&] { return watch.painted.boundingRect() == widget.rect(); }));
     watch.painted = {};
     spot.setColour(Qt::green);
-    ASSERT_TRUE(comesTrue([&] { return !watch.painted.isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !watch.painted.isEmpty(); }));
     EXPECT_EQ(watch.painted, QRegion(20, 62, 16, 8));
     EXPECT_EQ(at(widget, 25, 65), QColor(Qt::green));
 }
@@ -101,7 +101,7 @@ TEST_F(SurfaceWidgetTest, widget_paintsNothing_whenNothingChanges)
     const Filled filled(widget, Qt::blue);
     widget.show();
     PaintWatch watch(widget);
-    ASSERT_TRUE(comesTrue([&] { return !watch.painted.isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !watch.painted.isEmpty(); }));
     QCoreApplication::processEvents();
     watch.painted = {};
     for (int turn = 0; turn < 20; ++turn) {

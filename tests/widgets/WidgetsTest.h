@@ -8,13 +8,12 @@
 #include "platform/display/view/Painter.h"
 #include "platform/display/view/View.h"
 #include "platform/display/view/Window.h"
+#include "support/WaitUntil.h"
 #include "widgets/SurfaceWidget.h"
 
-#include <QCoreApplication>
 #include <QImage>
 #include <QPaintEvent>
 
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace kestro {
@@ -52,14 +51,6 @@ public:
 
     QRegion painted;
 };
-
-/// Lets events through until `isSo`; answers whether it came to be.
-[[nodiscard]] inline bool comesTrue(const std::function<bool()>& isSo)
-{
-    for (int turns = 0; turns < 1000 && !isSo(); ++turns)
-        QCoreApplication::processEvents();
-    return isSo();
-}
 
 /// Services with a clock turned by hand.
 class WidgetsTest : public testing::Test {

@@ -1,14 +1,12 @@
 #pragma once
 
+#include "support/WaitUntil.h"
+
 #include <QTemporaryDir>
 
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace kestro {
-
-/// Lets events through, children's ends included, until `isSo`; answers whether it came to be.
-[[nodiscard]] bool comesTrue(const std::function<bool()>& isSo);
 
 /// A folder, and programs in it.
 class PreferencesTest : public testing::Test {

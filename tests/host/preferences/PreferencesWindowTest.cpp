@@ -12,6 +12,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <csignal>
+
 namespace kestro {
 
 namespace {
@@ -85,7 +87,7 @@ protected:
     {
         auto window = makeWindow(previews(), trial);
         window->show();
-        EXPECT_TRUE(comesTrue([&] { return isRunning(*window); }));
+        EXPECT_TRUE(waitUntil([&] { return isRunning(*window); }));
         return window;
     }
     [[nodiscard]] static QPushButton& button(QWidget& window, const QString& text)
@@ -116,6 +118,13 @@ public:
     bool wasPainted = false;
 };
 
+/// The number that a program has written to a file; 0 as long as it has not.
+int numberIn(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toInt() : 0;
+}
+
 const QString options = QStringLiteral("&Options…");
 const QString tryIt = QStringLiteral("&Try it");
 
@@ -133,7 +142,7 @@ TEST_F(PreferencesWindowTest, preview_isMade_onceTheWindowWasPainted)
     });
     watch = std::make_unique<PaintWatch>(button(*window, options));
     window->show();
-    ASSERT_TRUE(comesTrue([&] { return isRunning(*window); }));
+    ASSERT_TRUE(waitUntil([&] { return isRunning(*window); }));
     EXPECT_TRUE(wasPainted);
     window->repaint();
     QCoreApplication::processEvents();
@@ -162,7 +171,7 @@ TEST_F(PreferencesWindowTest, options_openWhileTheSaverStillLooksForAMovie)
     asked.whileStarting = [&] { QTest::mouseClick(&button(*window, options), Qt::LeftButton); };
     window = makeWindow(previews());
     window->show();
-    ASSERT_TRUE(comesTrue([&] { return isRunning(*window); }));
+    ASSERT_TRUE(waitUntil([&] { return isRunning(*window); }));
     EXPECT_EQ(asked.journal, QStringList{QStringLiteral("options over Kestro Settings")});
 }
 
@@ -173,7 +182,7 @@ TEST_F(PreferencesWindowTest, options_openOnceTheyCan_whenTheyAreAskedForBefore)
     QTest::mouseClick(&button(*window, options), Qt::LeftButton);
     EXPECT_EQ(asked.journal, QStringList());
     window->show();
-    ASSERT_TRUE(comesTrue([&] { return !asked.journal.isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !asked.journal.isEmpty(); }));
     QCoreApplication::processEvents();
     EXPECT_EQ(asked.journal, QStringList{QStringLiteral("options over Kestro Settings")});
 }
@@ -182,7 +191,7 @@ TEST_F(PreferencesWindowTest, options_haveTheKeysFirst)
 {
     const auto window = shownWindow();
     window->activateWindow();
-    ASSERT_TRUE(comesTrue([&] { return window->isActiveWindow(); }));
+    ASSERT_TRUE(waitUntil([&] { return window->isActiveWindow(); }));
     EXPECT_EQ(window->focusWidget(), &button(*window, options));
 }
 
@@ -197,7 +206,7 @@ TEST_F(PreferencesWindowTest, alert_says_whenWhatPlaysMoviesCannotBeLoaded)
 {
     const auto window = makeWindow([] { return nullptr; });
     window->show();
-    ASSERT_TRUE(comesTrue([&] { return !alertOf(*window).isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !alertOf(*window).isEmpty(); }));
     EXPECT_EQ(alertOf(*window), QStringLiteral("The screen saver cannot be loaded."));
     EXPECT_FALSE(button(*window, options).isEnabled());
 }
@@ -207,7 +216,7 @@ TEST_F(PreferencesWindowTest, alert_says_whenTheSaverCannotBeMade)
     asked.isThere = false;
     const auto window = makeWindow(previews());
     window->show();
-    ASSERT_TRUE(comesTrue([&] { return !alertOf(*window).isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !alertOf(*window).isEmpty(); }));
     EXPECT_EQ(alertOf(*window), QStringLiteral("The screen saver cannot be loaded."));
     EXPECT_FALSE(button(*window, options).isEnabled());
 }
@@ -217,7 +226,7 @@ TEST_F(PreferencesWindowTest, preview_standsStillFromTheStart_whenTheSaverIsTrie
     const auto window = makeWindow(previews(), program("while :; do :; done"));
     window->tryIt();
     window->show();
-    ASSERT_TRUE(comesTrue([&] { return window->preview() != nullptr; }));
+    ASSERT_TRUE(waitUntil([&] { return window->preview() != nullptr; }));
     EXPECT_FALSE(window->preview()->isRunning());
 }
 
@@ -229,7 +238,7 @@ TEST_F(PreferencesWindowTest, preview_standsStill_whileTheSaverIsTried)
     EXPECT_FALSE(isRunning(*window));
     EXPECT_FALSE(button(*window, tryIt).isEnabled());
     QFile(go).open(QIODevice::WriteOnly);
-    ASSERT_TRUE(comesTrue([&] { return isRunning(*window); }));
+    ASSERT_TRUE(waitUntil([&] { return isRunning(*window); }));
     EXPECT_TRUE(button(*window, tryIt).isEnabled());
     EXPECT_EQ(alertOf(*window), QString());
 }
@@ -238,7 +247,7 @@ TEST_F(PreferencesWindowTest, alert_says_whenTheTrialFails)
 {
     const auto window = shownWindow(program("echo 'kestro: broken' >&2; exit 1"));
     QTest::mouseClick(&button(*window, tryIt), Qt::LeftButton);
-    ASSERT_TRUE(comesTrue([&] { return !alertOf(*window).isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !alertOf(*window).isEmpty(); }));
     EXPECT_EQ(alertOf(*window), QStringLiteral("kestro: broken"));
     EXPECT_TRUE(isRunning(*window));
 }
@@ -247,20 +256,24 @@ TEST_F(PreferencesWindowTest, preview_standsStill_whileTheWindowIsMinimized)
 {
     const auto window = shownWindow();
     window->setWindowState(Qt::WindowMinimized);
-    ASSERT_TRUE(comesTrue([&] { return !isRunning(*window); }));
+    ASSERT_TRUE(waitUntil([&] { return !isRunning(*window); }));
     window->setWindowState(Qt::WindowNoState);
-    EXPECT_TRUE(comesTrue([&] { return isRunning(*window); }));
+    EXPECT_TRUE(waitUntil([&] { return isRunning(*window); }));
 }
 
 TEST_F(PreferencesWindowTest, close_endsThePreviewAndTheTrial)
 {
-    const auto window = shownWindow(program("while :; do :; done"));
+    const QString told = folder.filePath(QStringLiteral("number"));
+    const auto window =
+        shownWindow(program("echo $$ >'" + QFile::encodeName(told) + "'; while :; do :; done"));
     QTest::mouseClick(&button(*window, tryIt), Qt::LeftButton);
+    pid_t trial = 0;
+    ASSERT_TRUE(waitUntil([&] { return (trial = numberIn(told)) > 0; }));
     QSignalSpy closed(window.get(), &PreferencesWindow::closed);
     QTest::mouseClick(&button(*window, QStringLiteral("&Close")), Qt::LeftButton);
     EXPECT_EQ(closed.count(), 1);
     EXPECT_FALSE(isRunning(*window));
-    EXPECT_EQ(window->findChildren<QProcess*>().size(), 0);
+    EXPECT_TRUE(waitUntil([trial] { return kill(trial, 0) != 0; }));
     EXPECT_EQ(asked.journal, QStringList{QStringLiteral("end")});
 }
 
@@ -269,7 +282,7 @@ TEST_F(PreferencesWindowTest, escape_closesTheWindow)
     const auto window = shownWindow();
     QSignalSpy closed(window.get(), &PreferencesWindow::closed);
     window->activateWindow();
-    ASSERT_TRUE(comesTrue([&] { return window->isActiveWindow(); }));
+    ASSERT_TRUE(waitUntil([&] { return window->isActiveWindow(); }));
     QTest::keyClick(window.get(), Qt::Key_Escape);
     EXPECT_EQ(closed.count(), 1);
 }

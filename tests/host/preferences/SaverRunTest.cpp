@@ -17,7 +17,7 @@ protected:
     {
         QSignalSpy ended(&run, &SaverRun::ended);
         run.start();
-        if (!comesTrue([&] { return ended.count() > 0; })) return QStringLiteral("did not end");
+        if (!waitUntil([&] { return ended.count() > 0; })) return QStringLiteral("did not end");
         return ended.front().front().toString();
     }
     [[nodiscard]] bool isThere(const QString& name) const { return QFile::exists(folder.filePath(name)); }
@@ -79,7 +79,7 @@ TEST_F(SaverRunTest, stop_letsTheProgramEndByItself)
     SaverRun run(program("trap 'touch " + place + "/left; exit 0' TERM; touch " + place +
                          "/up; while :; do read x < /dev/zero; done"));
     run.start();
-    ASSERT_TRUE(comesTrue([&] { return isThere(QStringLiteral("up")); }));
+    ASSERT_TRUE(waitUntil([&] { return isThere(QStringLiteral("up")); }));
     run.stop();
     EXPECT_FALSE(run.isRunning());
 }
@@ -89,7 +89,7 @@ TEST_F(SaverRunTest, stop_endsAProgramThatDoesNotListen)
     const QByteArray place = QFile::encodeName(folder.path());
     SaverRun run(program("trap '' TERM; touch " + place + "/up; while :; do :; done"));
     run.start();
-    ASSERT_TRUE(comesTrue([&] { return isThere(QStringLiteral("up")); }));
+    ASSERT_TRUE(waitUntil([&] { return isThere(QStringLiteral("up")); }));
     run.stop();
     EXPECT_FALSE(run.isRunning());
 }

@@ -1,8 +1,8 @@
 #include "platform/base/DetachedTask.h"
 
+#include "support/WaitUntil.h"
+
 #include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QThread>
 
 #include <array>
@@ -17,15 +17,6 @@ using namespace kestro;
 using std::chrono::milliseconds;
 
 static const milliseconds plenty = std::chrono::minutes(3);
-
-/// Turns the event loop until `done`, with a bound; answers whether it came to be.
-static bool waitUntil(const std::function<bool()>& done)
-{
-    const QDeadlineTimer bound(plenty);
-    while (!done() && !bound.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    return done();
-}
 
 namespace {
 

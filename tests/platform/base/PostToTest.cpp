@@ -1,5 +1,7 @@
 #include "platform/base/PostTo.h"
 
+#include "support/WaitUntil.h"
+
 #include <QCoreApplication>
 #include <QThread>
 #include <QThreadPool>
@@ -16,12 +18,6 @@ namespace {
 
 class PostTo : public testing::Test {
 protected:
-    static void turnUntil(const bool& isDone)
-    {
-        while (!isDone)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 1000);
-    }
-
     int m_count = 0;
     char m_name[5] = "test";
     char* m_words[2] = {m_name, nullptr};
@@ -42,7 +38,7 @@ TEST_F(PostTo, postTo_runsOnTheReceiversThread_whenAnotherPosts)
         });
     }).join();
     EXPECT_FALSE(isDone);
-    turnUntil(isDone);
+    ASSERT_TRUE(waitUntil([&] { return isDone; }));
     EXPECT_EQ(where, receiver.thread());
 }
 
@@ -56,7 +52,7 @@ TEST_F(PostTo, postTo_keepsTheOrder)
             postTo(receiver, [&seen, i] { seen.push_back(i); });
         postTo(receiver, [&isDone] { isDone = true; });
     }).join();
-    turnUntil(isDone);
+    ASSERT_TRUE(waitUntil([&] { return isDone; }));
     ASSERT_EQ(seen.size(), 100U);
     EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
 }

@@ -1,8 +1,6 @@
 #include "platform/display/XvfbServer.h"
 
-#include <QEventLoop>
 #include <QRandomGenerator>
-#include <QTimer>
 #include <QtEndian>
 
 namespace kestro {
@@ -16,25 +14,6 @@ quint32 headerNumber(const uchar* header, int place)
 }
 
 } // namespace
-
-bool waitUntil(const std::function<bool()>& holds)
-{
-    bool held = holds();
-    if (held) return true;
-    QEventLoop loop;
-    QTimer look;
-    QTimer bound;
-    bound.setSingleShot(true);
-    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
-        held = holds();
-        if (held) loop.quit();
-    });
-    QObject::connect(&bound, &QTimer::timeout, &loop, &QEventLoop::quit);
-    look.start(2);
-    bound.start(180000);
-    loop.exec();
-    return held;
-}
 
 XvfbServer::XvfbServer(const QString& screen, const QStringList& options)
     : m_frame(m_folder.filePath(QStringLiteral("Xvfb_screen0")))

@@ -1,16 +1,13 @@
 #pragma once
 
+#include "support/WaitUntil.h"
+
 #include <QColor>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <functional>
-
 namespace kestro {
-
-/// Lets events through until `holds` does; answers whether it did within half a minute.
-[[nodiscard]] bool waitUntil(const std::function<bool()>& holds);
 
 /// An X server of a test's own, without a window manager, whose pixels can be read. Ends with the test.
 class XvfbServer final {

@@ -7,31 +7,11 @@
 #include "platform/movie/QTMovie.h"
 
 #include <QDir>
-#include <QEventLoop>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 #include <vector>
 
 namespace kestro {
-
-bool waitUntil(const std::function<bool()>& done, int milliseconds)
-{
-    QEventLoop loop;
-    bool isOver = false;
-    QTimer bound;
-    bound.setSingleShot(true);
-    bound.callOnTimeout([&isOver] { isOver = true; });
-    bound.start(milliseconds);
-    QTimer turn; // so that what no event tells of is seen as well
-    turn.callOnTimeout([&loop] { loop.wakeUp(); });
-    turn.start(5);
-    while (!done()) {
-        if (isOver) return false;
-        loop.processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
-}
 
 QUrl testMovie(const char* name)
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/WaitUntil.h"
+
 #include <QColor>
 #include <QImage>
 #include <QString>
@@ -12,9 +14,6 @@ namespace kestro {
 
 class OpenGL;
 class QTMovie;
-
-/// Turns the event loop until `done`, ten seconds at most; answers whether it came to be.
-[[nodiscard]] bool waitUntil(const std::function<bool()>& done, int milliseconds = 180000);
 
 /// The test movie of that name, as a URL.
 [[nodiscard]] QUrl testMovie(const char* name);

@@ -122,11 +122,9 @@ TEST(MpvMovie, isDrawnUpright)
     const auto upright = [](const char* name, int width, int height, int back) {
         const auto movie = openMovie(testMovie(name));
         movie->setCurrentTime({5 * 20, 600});
-        return waitUntil(
-            [&] {
-                return numberIn(drawn(*movie, width, height).transformed(QTransform().rotate(back))) == 5;
-            },
-            3000);
+        return waitUntil([&] {
+            return numberIn(drawn(*movie, width, height).transformed(QTransform().rotate(back))) == 5;
+        });
     };
     EXPECT_TRUE(upright("rotated90.mp4", 180, 320, -90));
     EXPECT_TRUE(upright("rotated180.mp4", 320, 180, 180));

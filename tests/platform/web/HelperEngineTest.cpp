@@ -54,7 +54,7 @@ TEST_F(HelperEngineTest, view_isPaintedAtItsNewSize_afterAResize)
     const auto view = show(engine, "paint:0000ff");
     ASSERT_TRUE(becomes(blue));
     view->setFrame({{0, 0}, {40, 30}});
-    EXPECT_TRUE(turnUntil([&] { return colourAt(79, 59) == blue; }));
+    EXPECT_TRUE(waitUntil([&] { return colourAt(79, 59) == blue; }));
 }
 
 TEST_F(HelperEngineTest, view_givesASlotBack_onceItShowsTheNextPicture)
@@ -101,21 +101,21 @@ TEST_F(HelperEngineTest, views_shareOneHelper)
     const auto one = show(engine, "paint:ff0000");
     const auto other = show(engine, "paint:0000ff");
     other->setFrame({{20, 0}, {20, 30}});
-    EXPECT_TRUE(turnUntil([&] { return colourAt(10, 10) == red && colourAt(50, 10) == blue; }));
+    EXPECT_TRUE(waitUntil([&] { return colourAt(10, 10) == red && colourAt(50, 10) == blue; }));
 }
 
 TEST_F(HelperEngineTest, note_isLoggedWithTheAddress)
 {
     HelperEngine engine(settings);
     const auto view = show(engine, "note:bad");
-    EXPECT_TRUE(turnUntil([&] { return logged("Web content: note:bad: bad") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("Web content: note:bad: bad") == 1; }));
 }
 
 TEST_F(HelperEngineTest, crash_isLogged_andTheHelperStartedThreeTimesMore)
 {
     HelperEngine engine(settings);
     const auto view = show(engine, "crash:");
-    EXPECT_TRUE(turnUntil([&] { return logged("all stays black") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("all stays black") == 1; }));
     EXPECT_EQ(logged("the helper ended; it is started again"), 3);
     EXPECT_FALSE(engine.isRunning());
     EXPECT_FALSE(engine.isAvailable());
@@ -129,7 +129,7 @@ TEST_F(HelperEngineTest, otherPages_comeBack_afterACrash)
     ASSERT_TRUE(becomes(red));
     auto crashing = engine.makeWebView({{0, 0}, {1, 1}});
     crashing->loadRequest(QUrl(QStringLiteral("crash:")));
-    ASSERT_TRUE(turnUntil([&] { return logged("it is started again") == 1; }));
+    ASSERT_TRUE(waitUntil([&] { return logged("it is started again") == 1; }));
     crashing.reset();
     EXPECT_TRUE(becomes(red));
 }
@@ -139,7 +139,7 @@ TEST_F(HelperEngineTest, helperThatDoesNotAnswer_isEnded_andItsPagesBlack)
     settings.mostRestarts = 0;
     HelperEngine engine(settings);
     const auto view = show(engine, "hang:");
-    EXPECT_TRUE(turnUntil([&] { return logged("the helper does not answer; all stays black") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("the helper does not answer; all stays black") == 1; }));
     EXPECT_TRUE(becomes(black));
     EXPECT_FALSE(engine.isRunning());
 }
@@ -149,7 +149,7 @@ TEST_F(HelperEngineTest, helperThatNeverStarts_leavesTheViewBlack)
     settings.arguments = {QStringLiteral("crash")};
     HelperEngine engine(settings);
     const auto view = show(engine, "paint:ff0000");
-    EXPECT_TRUE(turnUntil([&] { return logged("all stays black") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("all stays black") == 1; }));
     EXPECT_TRUE(becomes(black));
 }
 
@@ -158,7 +158,7 @@ TEST_F(HelperEngineTest, addressTooLongToTell_isLogged_andBlack)
     HelperEngine engine(settings);
     const QByteArray address = "paint:" + QByteArray(20000, 'f');
     const auto view = show(engine, address.constData());
-    EXPECT_TRUE(turnUntil([&] { return logged("cannot be shown") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("cannot be shown") == 1; }));
     EXPECT_TRUE(becomes(black));
 }
 

@@ -8,8 +8,8 @@
 #include "platform/display/desktop/Screen.h"
 #include "platform/display/surface/Surface.h"
 #include "platform/display/view/Window.h"
-#include "platform/web/EventLoop.h"
 #include "platform/web/HelperEngine.h"
+#include "support/WaitUntil.h"
 
 #include <QUrl>
 
@@ -52,7 +52,7 @@ protected:
 
     bool becomes(const QColor& colour)
     {
-        return turnUntil([&] { return colourAt(10, 10) == colour; });
+        return waitUntil([&] { return colourAt(10, 10) == colour; });
     }
 
     int logged(const char* fragment)

@@ -1,6 +1,6 @@
 #include "platform/web/HelperLoad.h"
 
-#include "platform/web/EventLoop.h"
+#include "support/WaitUntil.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -29,7 +29,7 @@ TEST(HelperLoad, loadOf_countsWhatAProcessHasStarted_andWhatThatHasStarted)
         if (fork() == 0) fork();
         waitForEver();
     }
-    EXPECT_TRUE(turnUntil([&] { return loadOf(child).processes == 3; }));
+    EXPECT_TRUE(waitUntil([&] { return loadOf(child).processes == 3; }));
     kill(-child, SIGKILL);
     waitpid(child, nullptr, 0);
 }

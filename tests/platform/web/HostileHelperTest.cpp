@@ -27,7 +27,7 @@ TEST_F(HostileHelperTest, flood_isEnded_withOneLineOfEachHelper)
 {
     HelperEngine engine(settings);
     const auto view = show(engine, "flood:");
-    EXPECT_TRUE(turnUntil([&] { return logged("the helper says too much; all stays black") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("the helper says too much; all stays black") == 1; }));
     EXPECT_TRUE(becomes(black));
     EXPECT_EQ(logged("Web content: flood:"), 4); // one of each of four helpers
     EXPECT_EQ(logged("\x1b"), 0);
@@ -54,7 +54,7 @@ TEST_F(HostileHelperTest, rubbleWithoutEnd_endsIt)
     settings.mostRestarts = 0;
     HelperEngine engine(settings);
     const auto view = show(engine, "endless:");
-    EXPECT_TRUE(turnUntil([&] { return logged("the helper ended; all stays black") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("the helper ended; all stays black") == 1; }));
     EXPECT_TRUE(becomes(black));
 }
 
@@ -75,7 +75,7 @@ TEST_F(HostileHelperTest, memoryBeyondTheBound_endsIt)
     settings.most.bytes = 128LL * 1024 * 1024;
     HelperEngine engine(settings);
     const auto view = show(engine, "eat:");
-    EXPECT_TRUE(turnUntil([&] { return logged("takes too much memory; all stays black") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("takes too much memory; all stays black") == 1; }));
     EXPECT_TRUE(becomes(black));
 }
 
@@ -85,7 +85,7 @@ TEST_F(HostileHelperTest, memoryThatItHoldsOpenAlone_endsItToo)
     settings.most.bytes = 128LL * 1024 * 1024;
     HelperEngine engine(settings);
     const auto view = show(engine, "hoard:");
-    EXPECT_TRUE(turnUntil([&] { return logged("takes too much memory; all stays black") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("takes too much memory; all stays black") == 1; }));
 }
 
 TEST_F(HostileHelperTest, threadsBeyondTheBound_endIt)
@@ -94,7 +94,7 @@ TEST_F(HostileHelperTest, threadsBeyondTheBound_endIt)
     settings.most.threads = 0;
     HelperEngine engine(settings);
     const auto view = show(engine, "paint:ff0000");
-    EXPECT_TRUE(turnUntil([&] { return logged("starts too many threads; all stays black") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("starts too many threads; all stays black") == 1; }));
 }
 
 TEST_F(HostileHelperTest, processesBeyondTheBound_endIt)
@@ -103,7 +103,7 @@ TEST_F(HostileHelperTest, processesBeyondTheBound_endIt)
     settings.most.processes = 8;
     HelperEngine engine(settings);
     const auto view = show(engine, "breed:");
-    EXPECT_TRUE(turnUntil([&] { return logged("starts too many processes; all stays black") == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return logged("starts too many processes; all stays black") == 1; }));
 }
 
 TEST_F(HostileHelperTest, page_getsWhatIsOnItsOwnSite)

@@ -1,8 +1,8 @@
 #include "platform/web/PageRequests.h"
 
 #include "platform/base/Bounds.h"
-#include "platform/web/EventLoop.h"
 #include "support/LoopbackServer.h"
+#include "support/WaitUntil.h"
 
 #include <QCoreApplication>
 
@@ -38,7 +38,7 @@ TEST_F(PageRequestsTest, ask_tellsEachAnswerUnderItsNumber)
     begin(url(site.url("/a.swf")));
     requests->ask(7, url(site.url("/one")));
     requests->ask(3, url(site.url("/other")));
-    ASSERT_TRUE(turnUntil([this] { return told.size() == 2; }));
+    ASSERT_TRUE(waitUntil([this] { return told.size() == 2; }));
     EXPECT_EQ(told[7], "/one");
     EXPECT_EQ(told[3], "/other");
 }
@@ -53,7 +53,7 @@ TEST_F(PageRequestsTest, ask_refusesWhatIsNotOnThePagesSite)
         for (const std::string& wish :
              {other.url("/b"), std::string("file:///etc/passwd"), std::string("data:,a")})
             requests->ask(++number, url(wish));
-        EXPECT_TRUE(turnUntil([this] { return told.size() == 3; }));
+        EXPECT_TRUE(waitUntil([this] { return told.size() == 3; }));
         for (const auto& [request, answer] : told)
             EXPECT_TRUE(answer.startsWith("failed: ")) << answer.toStdString();
     }

@@ -1,8 +1,8 @@
 #include "platform/web/WebChannel.h"
 
 #include "platform/base/Bounds.h"
-#include "platform/web/EventLoop.h"
 #include "platform/web/SharedFrames.h"
+#include "support/WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -64,7 +64,7 @@ TEST_F(WebChannelTest, send_bringsEveryPartOfAMessage)
     sent.flag = true;
     sent.text = "words";
     ASSERT_TRUE(near->send(sent));
-    ASSERT_TRUE(turnUntil([&] { return !heard.empty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !heard.empty(); }));
     const WebMessage& got = heard.front();
     EXPECT_EQ(got.kind, sent.kind);
     EXPECT_EQ(got.view, sent.view);
@@ -87,7 +87,7 @@ TEST_F(WebChannelTest, send_handsMemoryOver)
     sent.kind = WebMessage::Kind::Resize;
     sent.memory = frames->share();
     ASSERT_TRUE(far->send(sent));
-    ASSERT_TRUE(turnUntil([&] { return !heardNear.empty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !heardNear.empty(); }));
     auto adopted = SharedFrames::adopt(std::move(heardNear.front().memory), {4, 2});
     ASSERT_TRUE(adopted);
     adopted->writable(1).fill(Qt::red);
@@ -102,7 +102,7 @@ TEST_F(WebChannelTest, memory_isClosed_whereItBelongsToNoWord)
     sent.memory = frames->share();
     ASSERT_TRUE(near->send(sent));
     sent.memory.reset();
-    ASSERT_TRUE(turnUntil([&] { return !heard.empty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !heard.empty(); }));
     EXPECT_FALSE(heard.front().memory.isOpen());
     EXPECT_EQ(openFiles(), before);
 }
@@ -113,7 +113,7 @@ TEST_F(WebChannelTest, aFlood_letsTheEventLoopGoOn)
         ASSERT_TRUE(near->send(pong()));
     QCoreApplication::processEvents();
     EXPECT_LE(heard.size(), static_cast<size_t>(Bounds::webMessagesATurn));
-    EXPECT_TRUE(turnUntil([&] { return heard.size() == 3U * Bounds::webMessagesATurn; }));
+    EXPECT_TRUE(waitUntil([&] { return heard.size() == 3U * Bounds::webMessagesATurn; }));
 }
 
 TEST_F(WebChannelTest, send_refusesATextThatIsTooLong)
@@ -137,7 +137,7 @@ TEST_F(WebChannelTest, whatIsNoMessage_isDropped)
 {
     ASSERT_EQ(::send(raw, "xyz", 3, 0), 3);
     ASSERT_TRUE(near->send(pong()));
-    ASSERT_TRUE(turnUntil([&] { return !heard.empty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !heard.empty(); }));
     EXPECT_EQ(heard.size(), 1U);
     EXPECT_FALSE(isClosed);
 }
@@ -145,7 +145,7 @@ TEST_F(WebChannelTest, whatIsNoMessage_isDropped)
 TEST_F(WebChannelTest, theOtherEnd_isTold_whenOneIsGone)
 {
     near.reset();
-    EXPECT_TRUE(turnUntil([&] { return isClosed; }));
+    EXPECT_TRUE(waitUntil([&] { return isClosed; }));
 }
 
 } // namespace

@@ -16,7 +16,7 @@ protected:
     {
         m_panel = std::make_unique<TrailerPanel>(*m_controller, m_movies, m_services);
         m_panel->showPanel(m_receiver);
-        ASSERT_TRUE(comesTrue([this] { return m_panel->panel().isActiveWindow(); }));
+        ASSERT_TRUE(waitUntil([this] { return m_panel->panel().isActiveWindow(); }));
     }
     void openWith(int trailers)
     {
@@ -38,7 +38,7 @@ protected:
     {
         window.show();
         window.activateWindow();
-        ASSERT_TRUE(comesTrue([&] { return window.isActiveWindow(); }));
+        ASSERT_TRUE(waitUntil([&] { return window.isActiveWindow(); }));
     }
     void clickHeader(int column)
     {

@@ -59,7 +59,7 @@ TEST_F(PanelScanTest, scan_fillsTheTableAndSaysHowItEnded)
     controls().scanBtn->click();
     EXPECT_TRUE(reads("Stop"));
     EXPECT_TRUE(controls().progress->isVisible());
-    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
     EXPECT_FALSE(controls().progress->isVisible());
     EXPECT_EQ(rows(), 2);
     EXPECT_EQ(controls().stateField->text(), QStringLiteral("0/2"));
@@ -71,7 +71,7 @@ TEST_F(PanelScanTest, scan_showsEachPageAsItIsDone)
 {
     m_fetch->put(startUrl, "<html><a href=\"a/\"><a href=\"b/\">");
     scanUntilItHangsAt(lastUrl);
-    EXPECT_TRUE(comesTrue([this] { return rows() == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return rows() == 1; }));
     EXPECT_TRUE(reads("Stop"));
 }
 
@@ -88,14 +88,14 @@ TEST_F(PanelScanTest, scan_showsTheWholeList_whenItEndsInAPauseBetweenReloads)
         EXPECT_TRUE(url != lastUrl || yieldsUntil([&] { return isReloaded.load(); }));
     });
     controls().scanBtn->click();
-    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
     EXPECT_EQ(rows(), 2);
 }
 
 TEST_F(PanelScanTest, scan_forgetsHowTheLastOneEnded_whenItBegins)
 {
     controls().scanBtn->click();
-    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
     scanUntilItHangsAt(startUrl);
     EXPECT_TRUE(controls().scanEnd->text().isEmpty());
 }
@@ -107,7 +107,7 @@ TEST_F(PanelScanTest, scan_stopsTheCrawl_whenItIsPressedAgain)
     scanUntilItHangsAt(innerUrl);
     controls().scanBtn->click();
     EXPECT_FALSE(m_controller->inThreading());
-    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
     EXPECT_EQ(rows(), 0);
     EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("Scan stopped. Pages read: 1"));
 }
@@ -119,7 +119,7 @@ TEST_F(PanelScanTest, scan_leavesTheWindowAlive_whenTheServerHangs)
     EXPECT_EQ(controls().findField->text(), QStringLiteral("ada"));
     EXPECT_TRUE(m_controller->inThreading());
     m_panel->scan();
-    EXPECT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    EXPECT_TRUE(waitUntil([this] { return reads("Scan"); }));
 }
 
 TEST_F(PanelScanTest, scan_beginsAtTheAddressInTheField)
@@ -127,7 +127,7 @@ TEST_F(PanelScanTest, scan_beginsAtTheAddressInTheField)
     m_fetch->put(otherUrl, "<html>AC.Quicktime.packageMovie('m','o.mov',{width:480})");
     controls().urlField->setText(otherUrl);
     QTest::keyClick(controls().urlField, Qt::Key_Return);
-    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
     EXPECT_EQ(m_fetch->asked(), QStringList(otherUrl));
     EXPECT_EQ(rows(), 1);
 }
@@ -156,7 +156,7 @@ TEST_F(PanelScanTest, scan_saysWhy_whenNothingCanBeScanned)
     const auto endOf = [this](const QString& start) {
         controls().urlField->setText(start);
         controls().scanBtn->click();
-        EXPECT_TRUE(comesTrue([this] { return reads("Scan"); }));
+        EXPECT_TRUE(waitUntil([this] { return reads("Scan"); }));
         return controls().scanEnd->text();
     };
     EXPECT_EQ(endOf(QString()), QStringLiteral("This is not the address of a page."));
@@ -171,7 +171,7 @@ TEST_F(PanelScanTest, scan_saysThatAnotherScans_whenAnotherProcessDoes)
     const auto other = CrawlLock::take(path());
     ASSERT_TRUE(other.isOk());
     controls().scanBtn->click();
-    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
     EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("The site is being scanned already."));
 }
 
@@ -194,7 +194,7 @@ TEST_F(PanelScanTest, close_savesAlsoWhatComesBeforeTheCrawlHasEnded)
         list().store({record(qPrintable(late))});
     });
     controls().scanBtn->click();
-    ASSERT_TRUE(comesTrue([this] { return m_controller->inThreading(); }));
+    ASSERT_TRUE(waitUntil([this] { return m_controller->inThreading(); }));
     m_panel->close();
     TrailerList saved(m_home.path(), seed());
     saved.load();
@@ -232,7 +232,7 @@ protected:
 TEST_F(BoundedPanelScanTest, scan_saysSoAndShowsWhatItHas_whenItComesToABound)
 {
     controls().scanBtn->click();
-    ASSERT_TRUE(comesTrue([this] { return reads("Scan"); }));
+    ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
     EXPECT_EQ(rows(), 1);
     EXPECT_EQ(controls().scanEnd->text(),
               QStringLiteral("Scan ended: the site has more than fits. Pages read: 1"));

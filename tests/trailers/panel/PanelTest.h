@@ -5,12 +5,12 @@
 #include "platform/display/desktop/ManualTimerSource.h"
 #include "platform/movie/MemoryMovie.h"
 #include "settings/URLListReceiver.h"
+#include "support/WaitUntil.h"
 #include "trailers/MemoryFetch.h"
 #include "trailers/TrailerListFixture.h"
 #include "trailers/panel/TrailerPanel.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QTimer>
 
 namespace kestro {
@@ -22,16 +22,6 @@ public:
 
     QList<QList<QUrl>> given;
 };
-
-/// Lets events through until `isSo`; answers whether it came to be.
-template <typename Condition>
-[[nodiscard]] bool comesTrue(Condition isSo)
-{
-    const QDeadlineTimer deadline(30000);
-    while (!isSo() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    return isSo();
-}
 
 /// Calls `answer` with the next window that is run modally, once that waits for a person.
 inline void answerModal(std::function<void(QWidget&)> answer)

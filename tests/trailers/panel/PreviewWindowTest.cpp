@@ -105,7 +105,7 @@ TEST_F(PreviewWindowTest, movie_fillsTheRoomAboveTheBar_whenItIsEnlarged)
 {
     ASSERT_TRUE(preview(other));
     m_window.resize(400, 232); // twice the movie with its bar, which itself stays as high as it is
-    EXPECT_TRUE(comesTrue([&] { return viewer().movieView().frame() == Rect{{0, 0}, {400, 216}}; }));
+    EXPECT_TRUE(waitUntil([&] { return viewer().movieView().frame() == Rect{{0, 0}, {400, 216}}; }));
 }
 
 TEST_F(PreviewWindowTest, viewer_hasTheFocus_whenTheNextMoviePlays)
@@ -159,7 +159,7 @@ TEST_F(PreviewWindowTest, movieFailed_isTold_whenALoadingMovieTurnsOutToBeNone)
     QSignalSpy failures(&m_window, &PreviewWindow::movieFailed);
     ASSERT_TRUE(preview(slow));
     m_timers.advance(2);
-    EXPECT_TRUE(comesTrue([&] { return failures.size() == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return failures.size() == 1; }));
     EXPECT_EQ(viewer().movie(), nullptr);
 }
 
@@ -182,7 +182,7 @@ TEST_F(PreviewWindowTest, movieFailed_isNotTold_whenTheWindowWasClosedMeanwhile)
     ASSERT_TRUE(preview(slow));
     m_window.close();
     m_timers.advance(2);
-    ASSERT_TRUE(comesTrue([&] { return !viewer().movie(); }));
+    ASSERT_TRUE(waitUntil([&] { return !viewer().movie(); }));
     EXPECT_EQ(failures.size(), 0);
 }
 

@@ -28,7 +28,7 @@ TEST_F(TrailerPanelTest, showPanel_makesItTheKeyWindow_whenItIsShownAlready)
     open();
     activate(m_panel->previewWin());
     m_panel->showPanel(m_receiver);
-    EXPECT_TRUE(comesTrue([this] { return m_panel->panel().isActiveWindow(); }));
+    EXPECT_TRUE(waitUntil([this] { return m_panel->panel().isActiveWindow(); }));
 }
 
 TEST_F(TrailerPanelTest, stateField_countsWhatIsSelected_whenTheSelectionChanges)
@@ -144,7 +144,7 @@ TEST_F(TrailerPanelTest, preview_bringsItsWindowToTheFront_whenItIsShownAlready)
     m_panel->preview();
     activate(m_panel->panel());
     m_panel->preview();
-    EXPECT_TRUE(comesTrue([this] { return m_panel->previewWin().isActiveWindow(); }));
+    EXPECT_TRUE(waitUntil([this] { return m_panel->previewWin().isActiveWindow(); }));
 }
 
 TEST_F(TrailerPanelTest, preview_doesNothing_whenNoRowIsSelected)
