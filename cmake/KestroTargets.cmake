@@ -64,12 +64,14 @@ endfunction()
 # All test programs of readers of foreign bytes: .ci/run builds and runs these with sanitizers too.
 add_custom_target(foreign_tests)
 
-# kestro_test(NAME [GUI|WIDGETS] [FOREIGN] SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE])
-# One test program per folder of tests/; each of its tests is one ctest entry. With GUI the tests run inside a Qt
-# application without a display (tests/support/GuiMain.cpp), with WIDGETS in one that has widgets (WidgetMain.cpp).
-# FOREIGN is for those whose subjects read what others wrote: their tests have the label "foreign".
+# kestro_test(NAME [GUI|WIDGETS] [FOREIGN] [WAITS] SOURCES a.cpp … [LINK lib …] [ENVIRONMENT VAR=VALUE …])
+# One test program per folder of tests/; each of its suites is one ctest entry, so that a process is started for each suite
+# and not for each test. With GUI the tests run inside a Qt application without a display (tests/support/GuiMain.cpp), with
+# WIDGETS in one that has widgets (WidgetMain.cpp). FOREIGN is for those whose subjects read what others wrote: their tests
+# have the label "foreign". WAITS is for those that wait for the most part, for movies to play: they count as half a core,
+# others as a whole one (tests/run).
 function(kestro_test name)
-    cmake_parse_arguments(ARG "GUI;WIDGETS;FOREIGN" "ENVIRONMENT" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "GUI;WIDGETS;FOREIGN;WAITS" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     if(ARG_GUI)
         target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/GuiMain.cpp)
@@ -83,17 +85,26 @@ function(kestro_test name)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest)
-    # A list of variables does not survive the way through gtest_discover_tests: one goes by each of two properties.
-    set(more)
-    if(ARG_ENVIRONMENT)
-        string(REPLACE "=" "=set:" more "${ARG_ENVIRONMENT}")
-        set(more ENVIRONMENT_MODIFICATION ${more})
+    list(PREPEND ARG_ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+    set(properties "TIMEOUT 1200 ENVIRONMENT [=[${ARG_ENVIRONMENT}]=]")
+    if(NOT ARG_WAITS)
+        string(APPEND properties " PROCESSORS 2")
     endif()
-    set(labels)
     if(ARG_FOREIGN)
         add_dependencies(foreign_tests ${name})
-        set(labels LABELS foreign)
+        string(APPEND properties " LABELS foreign")
     endif()
-    gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 400 ENVIRONMENT QT_QPA_PLATFORM=offscreen ${labels} ${more})
+    kestro_list_suites(${name} "${properties}")
+endfunction()
+
+# Has ctest know the suites of a test program, with those properties; one that is not built counts as a test that fails.
+function(kestro_list_suites name properties)
+    set(suites ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
+    add_custom_command(TARGET ${name} POST_BUILD VERBATIM
+        COMMAND ${CMAKE_COMMAND} -D PROGRAM=$<TARGET_FILE:${name}> -D PREFIX=${name}. -D "PROPERTIES=${properties}"
+            -D OUTPUT=${suites} -P ${PROJECT_SOURCE_DIR}/cmake/ListSuites.cmake)
+    set(included ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake)
+    file(WRITE ${included} "if(EXISTS [=[${suites}]=])\n    include([=[${suites}]=])\nelse()\n"
+        "    add_test(${name}_NOT_BUILT ${name}_NOT_BUILT)\nendif()\n")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${included})
 endfunction()

@@ -181,8 +181,9 @@ TEST_F(RemoteMovie, isUpright_fromItsFirstPicture)
 TEST_F(RemoteMovie, isShown_whenItIsLargerThanAStreamMayGrowTo)
 {
     const auto movie = open("good/wide.mp4", 10);
-    EXPECT_TRUE(waitUntil([&] { return numberIn(drawn(*movie)) == 0; }));
+    ASSERT_TRUE(loads(*movie));
     EXPECT_EQ(movie->naturalSize(), (Size{4800, 2700}));
+    EXPECT_TRUE(waitUntil([&] { return numberIn(drawn(*movie)) == 0; }));
 }
 
 TEST_F(RemoteMovie, turnsAtBothEnds)
