@@ -11,6 +11,7 @@ SLEEPS = [
     r"\bqWait\s*\(|\bqSleep\s*\(",
     r"(?<![.\w])sleep\s*\(",
     r"\b(time|asyncio)\.sleep\b",
+    r"\bselect\.select\(\[\], \[\], \[\]",
 ]
 SHELL_SLEEPS = [r"(?<![-.\w/])sleep\s+[\d.$\"'{]"]
 TIMINGS = [
@@ -100,6 +101,8 @@ SAMPLES = [
     ("tests/a.cpp", "// never sleep_for(1)\nauto s = \"sleep_for\";", 0),
     ("tests/a.cpp", 'system("kestro & sleep 2");', 1),
     ("tests/a.py", "import time\ntime.sleep(1)\n", 1),
+    ("tests/a.py", "select.select([], [], [], 0.1)\n", 1),
+    ("tests/a.py", "select.select([stream], [], [], 0.1)\n", 0),
     ("tests/a.py", "@unittest.skip('later')\n", 1),
     ("tests/a.py", "subprocess.run(command, timeout=20)\n", 0),
     ("tests/a.sh", "kestro &\nsleep 2\n", 1),

@@ -6,7 +6,7 @@ import os
 import pathlib
 import plistlib
 import re
-import select
+import selectors
 import signal
 import subprocess
 import tempfile
@@ -20,17 +20,29 @@ RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 128, 0), (0, 0, 255), (0, 0, 0)
 IS_HALF = bytes(value >= 128 for value in range(256))  # tells bright bytes from dark ones
 COLOURS = {"red": RED, "green": GREEN, "blue": BLUE}
 
+_ends = selectors.DefaultSelector()  # of the processes that were started
+
 
 def wait_until(condition, what, bound=BOUND):
-    """What `condition` answers once it is true; fails when that takes longer than the bound."""
+    """Turns the event loop until `condition` is true, and answers what it answers; fails when that takes longer than the
+    bound."""
     deadline = time.monotonic() + bound
-    while True:
-        answer = condition()
-        if answer:
-            return answer
+    while not (answer := condition()):
         if time.monotonic() > deadline:
             raise AssertionError(f"waited {bound} s in vain for {what}")
-        select.select([], [], [], 0.02)
+        turn_event_loop()
+    return answer
+
+
+def turn_event_loop(longest=0.02):
+    """Until a process has ended, or nothing is heard for so long."""
+    for ended, _ in _ends.select(longest):
+        _ends.unregister(ended.fileobj)
+        os.close(ended.fd)
+
+
+def hear_end_of(process):
+    _ends.register(os.pidfd_open(process.pid), selectors.EVENT_READ)
 
 
 @functools.cache
@@ -101,20 +113,11 @@ class Home:
         kept.pop("QT_QPA_PLATFORM", None)
         kept.update(KESTRO_HOME=str(self.path), HOME=str(self.path), KESTRO_ROOT=str(self.root),
                     XDG_RUNTIME_DIR=str(self.runtime))
+        kept["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"  # else a bus is started, where it can be, and outlives the test
         kept.setdefault("KESTRO_RENDERER", "software")
         kept.setdefault("KESTRO_PATIENCE", "5000")  # tests run side by side, on machines of any speed
         kept.update(more)
         return kept
-
-
-def leave_session(home):
-    """Programs run as those of a user without a session from now on; answers the folder in the place of their /tmp."""
-    scratch = home.path / "tmp"
-    scratch.mkdir()
-    real = home.environment
-    home.environment = lambda **more: {
-        name: value for name, value in real(**more).items() if not name.startswith("XDG_")} | {"TMPDIR": str(scratch)}
-    return scratch
 
 
 class ProgramTest(unittest.TestCase):
@@ -123,6 +126,19 @@ class ProgramTest(unittest.TestCase):
     def setUp(self):
         self.home = Home()
         self.addCleanup(self.home.close)
+
+    def leave_session(self):
+        """Runs are those of a user without a session from now on. Answers the folder in the place of /tmp."""
+        scratch = self.home.path / "tmp"
+        scratch.mkdir()
+        real = self.home.environment
+
+        def environment(**more):
+            kept = {name: value for name, value in real(**more).items() if not name.startswith("XDG_")}
+            return kept | {"TMPDIR": str(scratch)}
+
+        self.home.environment = environment
+        return scratch
 
     def run_kestro(self, *words, status=0, environment=None):
         """Runs kestro to its end, which must have the status; answers the finished process, its output as text."""
@@ -137,6 +153,7 @@ class ProgramTest(unittest.TestCase):
                                    stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=stderr,
                                    start_new_session=True)
         self.addCleanup(end_process, process)
+        hear_end_of(process)
         return process
 
     def ended(self, process):

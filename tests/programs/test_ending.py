@@ -7,7 +7,7 @@ import re
 import signal
 import unittest
 
-from harness import BOUND, ProgramTest, leave_session, movie, wait_until
+from harness import BOUND, ProgramTest, movie, wait_until
 from trailersite import Hanging, TrailerSite, link, movie as trailer, page
 from xserver import XServer
 
@@ -71,7 +71,7 @@ class Running(ProgramTest):
         self.assertEqual(self.home.resume_point().get("LastMovie"), "red-long.mp4")
 
     def test_no_scratch_folder_is_left_where_there_is_no_session(self):
-        scratch = leave_session(self.home)
+        scratch = self.leave_session()
         for number in (signal.SIGTERM, signal.SIGKILL):
             with self.subTest(signal=number.name):
                 process = self.start_saver()

@@ -190,27 +190,6 @@ class Interrupted(ScanTest):
         os.close(terminal)
 
 
-class SavedWhole(ScanTest):
-    def test_a_kill_while_saving_leaves_a_whole_list(self):
-        parts = [movie(f"t{i}/m_480.mov") for i in range(20000)]
-        self.pages["/trailers/"] = page(*parts)
-        self.scan()
-        sizes = {len(self.urls())}
-        for attempt in range(12):
-            process = self.start_kestro("scan", "--start", self.site.url())
-            before = self.list_path().stat().st_mtime_ns
-            names = set(os.listdir(self.home.preferences))
-            is_saving = lambda: (set(os.listdir(self.home.preferences)) - names
-                                 or self.list_path().stat().st_mtime_ns != before or process.poll() is not None)
-            while not is_saving():
-                select.select([], [], [], 0)
-            select.select([], [], [], attempt * 0.002)
-            process.kill()
-            process.communicate(timeout=BOUND)
-            sizes.add(len(self.urls()))
-        self.assertEqual(sizes, {20000})
-
-
 class Played(ScanTest):
     """The saver with an automatic entry: it plays what is on record, and one crawl looks for more meanwhile."""
 

@@ -8,7 +8,7 @@ import subprocess
 import unittest
 
 import swf
-from harness import BLACK, BLUE, BOUND, GREEN, KESTRO, RED, Pixels, leave_session, movie, seconds_of, url, wait_until
+from harness import BLACK, BLUE, BOUND, GREEN, KESTRO, RED, Pixels, movie, seconds_of, url, wait_until
 from webtest import LiveRendering, PageRun, WebTest, helpers_of, members_of, redirecting
 from xserver import XServer
 
@@ -214,7 +214,7 @@ class OnAScreen(WebTest):
 
     def test_no_scratch_folder_is_left_where_there_is_no_session(self):
         """Among the user's caches at most, and never where all users write."""
-        scratch = leave_session(self.home)
+        scratch = self.leave_session()
         for number in (signal.SIGTERM, signal.SIGKILL):
             with self.subTest(signal=number.name):
                 process = self.start(self.file("a.swf", swf.still((255, 0, 0))))
