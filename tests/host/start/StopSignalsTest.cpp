@@ -74,11 +74,11 @@ void awaitTaken(int signal)
     while (sigismember(&waiting, signal) == 1);
 }
 
-/// Turns the event loop for longer than a signal leaves a process.
-void outlastPatience()
+/// Turns the event loop for longer than a signal leaves a process that has so much time.
+void outlast(std::chrono::milliseconds patience)
 {
     QEventLoop loop;
-    QTimer::singleShot(2 * patienceWithSignal, &loop, &QEventLoop::quit);
+    QTimer::singleShot(2 * patience, &loop, &QEventLoop::quit);
     loop.exec();
 }
 
@@ -204,10 +204,26 @@ TEST(StopSignals, process_hasTheTimeThatASaveTakes_whenOneIsUnderWay)
         const TimeToSave time;
         signalSelf(SIGTERM);
         awaitNote(told);
-        outlastPatience();
+        outlast(patienceWithSignal);
         return EXIT_SUCCESS;
     };
     EXPECT_EXIT(run(work), testing::ExitedWithCode(EXIT_SUCCESS), "");
+}
+
+TEST(StopSignals, patience_isNoLongerThanASave_whateverIsWished)
+{
+    const auto work = [] {
+        const int told = listenToStopSignals();
+        signalSelf(SIGTERM);
+        awaitNote(told);
+        outlast(longestSave);
+        return EXIT_SUCCESS;
+    };
+    const auto start = [&] {
+        setenv("KESTRO_PATIENCE", "3600000", 1);
+        run(work);
+    };
+    EXPECT_EXIT(start(), testing::KilledBySignal(SIGTERM), "");
 }
 
 TEST(StopSignals, process_endsByTheSignal_whenItHangsAfterASave)
