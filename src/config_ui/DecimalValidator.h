@@ -5,7 +5,7 @@
 namespace kestro {
 
 /// Lets a decimal number be typed as it is stored, with a point; a comma becomes one. Owned by its field.
-/// Main thread.
+/// Main thread. Tested by ConfigSheetControlsTest.
 class DecimalValidator final : public QDoubleValidator {
     Q_OBJECT
 

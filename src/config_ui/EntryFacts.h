@@ -12,7 +12,7 @@ class QUrl;
 
 namespace kestro {
 
-/// What is known of the movie of an entry. A value.
+/// What is known of the movie of an entry. A value. Tested by EntryReaderTest.
 struct EntryFacts {
     double seconds = 0;              ///< duration; 0 when unknown
     QImage picture;                  ///< null where there is none

@@ -13,7 +13,7 @@ class RQTableViewRowMove;
 
 /// Makes a table the playlist's: shows it, edits it in place, moves its rows with Alt, deletes with the
 /// Delete key, goes to its ends with Home and End, and has the movies of the rows in sight, and of no others,
-/// looked into. Owned by the sheet, which owns the table too. Main thread.
+/// looked into. Owned by the sheet, which owns the table too. Main thread. Tested by ConfigSheetPlaylistTest.
 class PlaylistPane final : public QObject {
     Q_OBJECT
 

@@ -7,6 +7,7 @@ class QWidget;
 namespace kestro {
 
 /// The panels of the real sheet, each modal over the window in front. Owned by the sheet; main thread.
+/// Tested by ConfigSheetPlaylistTest.
 class SheetPanels final : public ConfigPanels {
 public:
     explicit SheetPanels(QWidget& sheet)

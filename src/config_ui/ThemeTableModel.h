@@ -8,7 +8,7 @@ namespace kestro {
 class ThemeBrowser;
 
 /// The theme movies as the rows of a table: the theme each belongs to, its path, and whether it is
-/// recommended. Owned by the panel. Main thread.
+/// recommended. Owned by the panel. Main thread. Tested by ThemePanelTest.
 class ThemeTableModel final : public QAbstractTableModel {
     Q_OBJECT
 

@@ -13,6 +13,7 @@ namespace kestro {
 
 /// The panel that takes a typed URL ("urlPanel"), modal over the sheet. It asks whether it may close at each
 /// OK, and stays open with its text where not. Owned by the sheet. Main thread.
+/// Tested by ConfigSheetPlaylistTest.
 class URLPanel final : public QDialog {
     Q_OBJECT
 

@@ -12,7 +12,7 @@ class Playlist;
 class Random;
 
 /// The order in which one pick tries the entries of the playlist, and when every one was tried. It goes on
-/// with the list that it took at its start. Owned by a pick. Main thread.
+/// with the list that it took at its start. Owned by a pick. Main thread. Tested by MoviePickTest.
 class EntryOrder {
 public:
     virtual ~EntryOrder() = default;

@@ -10,6 +10,7 @@ namespace kestro {
 
 /// One search for something to play and what it is for: at a start first for an entry that seems playable,
 /// then, from there, for one that opens. Owned by the saver; destroying it gives the search up. Main thread.
+/// Tested by MySaverFailuresTest.
 class MovieSearch final {
 public:
     enum class Purpose {

@@ -15,7 +15,7 @@ class Window;
 /// a window, a transparent window of its own is laid over it for the saver, which is then driven from here,
 /// at the interval that it asks for, until the view's window closes or the application ends. Owned by the
 /// saver that it runs, which it keeps alive meanwhile; does nothing for one that the host runs directly. Main
-/// thread.
+/// thread. Tested by MySaverBackgroundTest.
 class PiggyBack final {
 public:
     explicit PiggyBack(Desktop& desktop);

@@ -1,5 +1,6 @@
 // The program `kestro` as the shell finds it. It becomes the program that does what is asked for, so that the
 // window with the settings does not wait until all that a saver needs is loaded. It needs no library of ours.
+// Tested by test_usage.
 
 #include <cerrno>
 #include <cstdio>

@@ -7,7 +7,7 @@
 namespace kestro {
 
 /// What the bundle's shared library exports: makes MySaver views that play real movies by the user's
-/// settings. One per process. Main thread.
+/// settings. One per process. Main thread. Tested by test_display.
 class KestroPlugin final : public QObject, public SaverPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID KestroSaverPlugin_iid)

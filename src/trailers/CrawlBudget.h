@@ -18,6 +18,7 @@ struct CrawlLimits {
 };
 
 /// What a crawl has cost, and the first bound that it came to. Owned by the crawler; on the crawl's thread.
+/// Tested by CrawlBoundsTest.
 class CrawlBudget final {
 public:
     /// `clock` outlives the budget.

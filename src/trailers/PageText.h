@@ -5,6 +5,7 @@
 namespace kestro {
 
 /// How the bytes of a page are read as text. Either way a byte is a character, so text stays bytes here.
+/// Tested by ScanCrawlerTest.
 enum class PageEncoding {
     Ascii = 1, ///< the numbers are those of the platform
     IsoLatin1 = 5,

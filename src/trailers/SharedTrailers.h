@@ -6,6 +6,7 @@ namespace kestro {
 
 /// The shared controller as savers know it: it is made when a saver first needs it, so that one without
 /// automatic entries costs no list and no network. Owned by who makes savers. Main thread.
+/// Tested by test_playlist.
 class SharedTrailers final : public LatestTrailers {
 public:
     [[nodiscard]] QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) override;

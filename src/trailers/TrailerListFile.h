@@ -26,7 +26,7 @@ struct TrailerListContents {
 };
 
 /// The file that the scanned trailers are kept in, in the user's "Library/Preferences". A stateless name of a
-/// place; owned by the list. Any one thread at a time.
+/// place; owned by the list. Any one thread at a time. Tested by TrailerListLoadTest.
 class TrailerListFile final {
 public:
     /// `seed` is the list that a user starts with, installed where there is none or only an outdated one.

@@ -10,7 +10,7 @@
 namespace kestro {
 
 // The orders of the list. Dates compare as text, which their fixed form allows; a record without one comes
-// before all others. Any thread.
+// before all others. Any thread. Tested by TrailerListTest.
 
 /// The key and the direction of an order.
 struct TrailerOrder {

@@ -9,6 +9,7 @@ class ScrubBar;
 
 /// The bar below a movie: a button that plays and pauses, and the position. It knows no movie: it shows what
 /// it is told and tells what a person wants. Sixteen points high. Owned as any widget is. Main thread.
+/// Tested by MoviePreviewTest.
 class ControllerBar final : public QWidget {
     Q_OBJECT
 

@@ -6,7 +6,7 @@ namespace kestro {
 
 /// The button of a controller bar that starts and stops: a triangle while what it rules stands, two bars
 /// while it plays, in the colours of the desktop. Says so to assistive programs too. Owned as any widget is.
-/// Main thread.
+/// Main thread. Tested by MoviePreviewTest.
 class PlayButton final : public QToolButton {
     Q_OBJECT
 

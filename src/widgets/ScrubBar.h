@@ -6,7 +6,7 @@ namespace kestro {
 
 /// A slider over the time of a movie: a press anywhere goes there at once and drags on from there; arrow keys
 /// go by a second, page keys by ten. Its values are movie time units (600 a second). Owned as any widget is.
-/// Main thread.
+/// Main thread. Tested by MoviePreviewTest.
 class ScrubBar final : public QSlider {
     Q_OBJECT
 

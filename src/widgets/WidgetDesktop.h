@@ -22,7 +22,7 @@ struct SurfaceServices {
 
 /// The desktop that a kestro view sees which is shown in a widget: one screen, the widget, its lower left
 /// corner at (0, 0), drawn in software, as small as it is a part of its real monitor. Owned by that widget.
-/// Main thread; points.
+/// Main thread; points. Tested by SurfaceWidgetTest.
 class WidgetDesktop final : public Desktop {
 public:
     WidgetDesktop(QWidget& widget, const SurfaceServices& services);

@@ -9,7 +9,7 @@ namespace kestro {
 
 /// A screen that is a widget: what is composed is kept in an image of the widget's device pixels, and the
 /// widget paints from it. Input stays with the widget: no handler here hears of it. Owned by its screen; the
-/// widget must outlive every call but the destructor. Main thread; pixels.
+/// widget must outlive every call but the destructor. Main thread; pixels. Tested by SurfaceWidgetTest.
 class WidgetSurface final : public Surface {
 public:
     explicit WidgetSurface(QWidget& widget);

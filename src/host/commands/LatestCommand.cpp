@@ -1,3 +1,5 @@
+// Tested by test_scan.
+
 #include "host/commands/Commands.h"
 #include "host/commands/Program.h"
 #include "settings/MovieURL.h"

@@ -6,7 +6,7 @@
 
 namespace kestro {
 
-/// The links and movies of one page as `kestro inspect-page` prints them.
+/// The links and movies of one page as `kestro inspect-page` prints them. Tested by test_inspect_page.
 [[nodiscard]] QJsonObject pageReport(const PageParser::Links& links,
                                      const std::vector<TrailerRecord>& movies);
 

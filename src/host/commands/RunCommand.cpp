@@ -1,3 +1,5 @@
+// Tested by test_display and test_session.
+
 #include "host/commands/Commands.h"
 #include "host/commands/Program.h"
 #include "host/commands/RunOptions.h"

@@ -9,7 +9,7 @@
 namespace kestro {
 
 /// One run of `kestro scan`: starts the crawl, shows how far it is, and saves the list at its end. Owned by
-/// the command; main thread.
+/// the command; main thread. Tested by test_scan.
 class ScanRun final : public TrailerObserver {
 public:
     ScanRun(TrailerCont& controller, bool isVerbose);

@@ -5,7 +5,7 @@
 namespace kestro {
 
 /// What `kestro publish` shows while it works: one line that changes, on a terminal only. Owned by the
-/// command; its thread.
+/// command; its thread. Tested by test_publish.
 class PublishProgress final : public PublishWatcher {
 public:
     PublishProgress();

@@ -12,7 +12,7 @@ class QJsonObject;
 namespace kestro {
 
 /// A file of JSON lines, each of them written out at once so that it can be followed while it grows. Main
-/// thread.
+/// thread. Tested by RenderRunTest.
 class TraceFile final {
 public:
     /// Makes the file, or empties it; the error says why it cannot.

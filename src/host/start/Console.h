@@ -5,7 +5,7 @@
 
 namespace kestro {
 
-// What the commands say and answer to the shell. Main thread.
+// What the commands say and answer to the shell. Main thread. Tested by test_usage.
 
 enum ExitCode : int { ExitSuccess = 0, ExitFailure = 1, ExitWrongUsage = 2 };
 

@@ -10,6 +10,7 @@ namespace kestro {
 /// Makes the application object on the display that the environment names, ready for movies and windows of
 /// our own. Where no display can be reached the process says so in one line on standard error and ends with a
 /// failure: Qt would abort it, and gives no other way out. Never null; once a process; main thread.
+/// Tested by test_display.
 [[nodiscard]] std::unique_ptr<QGuiApplication> startGui();
 
 /// Makes an application object of a kind of its own of what it is given, which lives as long as the process.

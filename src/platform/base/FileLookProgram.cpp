@@ -4,7 +4,7 @@
 //
 // A file of the usual kind is opened and read as well, so that whoever does that next need not wait for a
 // disk that answers some questions and others not. A program of its own, because a disk that never answers
-// holds whoever asked.
+// holds whoever asked. Tested by FileLookTest.
 
 #include <cstdlib>
 #include <fcntl.h>

@@ -34,7 +34,7 @@ private:
 
 /// A movie file or address opened with libavformat, its streams known. Only ever one with a moving picture:
 /// sound alone, cover art, pictures and playlists are refused, and what is too large (checkSize()), with a
-/// line in the log. One thread at a time.
+/// line in the log. One thread at a time. Tested by MovieProbeTest.
 class AvInput final {
 public:
     /// Opens `url` (file, http or https). Nothing outside that scheme is followed. `interrupt` must outlive

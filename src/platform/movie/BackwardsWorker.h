@@ -11,7 +11,7 @@ namespace kestro {
 
 /// Decodes a movie backwards, ahead of a BackwardsPlayer that takes the pictures one by one. Shared by the
 /// player and the thread that runs it, which may outlive the player. Seconds; all but run() on the main
-/// thread.
+/// thread. Tested by BackwardsPlayerTest.
 class BackwardsWorker final {
 public:
     /// `changed` is called on the worker's thread each time there may be something to take where there was

@@ -6,6 +6,7 @@ struct SwsContext;
 namespace kestro {
 
 // The colours of decoded frames, for those who convert them. Any thread, a scaler on one at a time.
+// Tested by FrameShrinkerTest.
 
 /// The colour space of a frame as libswscale names it; one that does not say is taken for what players take
 /// it for.

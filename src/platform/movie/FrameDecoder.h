@@ -23,6 +23,7 @@ using Frame = std::unique_ptr<AVFrame, FreeAv>;
 
 /// The moving picture of one movie, frame after frame in the order of their times, from wherever it is sent.
 /// Owned by one who wants frames; one thread at a time. Times are stamps of the moving picture.
+/// Tested by ReverseDecoderTest.
 class FrameDecoder final {
 public:
     /// What frames are for: pictures now and then, which need not be smooth to the last, or to be shown as

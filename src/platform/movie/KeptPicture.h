@@ -32,7 +32,7 @@ private:
 };
 
 /// A decoded picture that is kept until it is due, and counted as long. Owned by whoever holds it; one thread
-/// at a time.
+/// at a time. Tested by ReverseDecoderTest.
 class KeptPicture final {
 public:
     /// `frame` of `seconds` into the movie, to be turned by `rotation` degrees clockwise.

@@ -6,7 +6,7 @@ namespace kestro {
 
 class AvInput;
 
-/// What is known of a movie without playing it. A value; any thread.
+/// What is known of a movie without playing it. A value; any thread. Tested by MovieProbeTest.
 struct MovieFacts {
     int codedWidth = 0; ///< pixels, as stored
     int codedHeight = 0;

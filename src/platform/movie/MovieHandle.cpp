@@ -1,3 +1,5 @@
+// Tested by HandleFunctionsTest.
+
 #include "platform/movie/QTMovie.h"
 #include "platform/movie/StillMovie.h"
 

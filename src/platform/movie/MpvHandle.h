@@ -20,7 +20,7 @@ class ShownPicture;
 
 /// One libmpv player with its renderer: with OpenGL, or in software. Nothing here waits for mpv's playing
 /// thread: what is asked is answered by events. Owned by MpvPlayer; main thread. Destroying it frees mpv on
-/// another thread.
+/// another thread. Tested by MpvMovieTest.
 class MpvHandle final {
 public:
     using Options = std::vector<std::pair<const char*, QByteArray>>;

@@ -7,6 +7,7 @@ namespace kestro {
 
 /// Opens real movies. Why a local file was refused is not told here: MovieProbe answers it. Movies may be let
 /// go of on any thread; they end on the main one. Main thread; a QCoreApplication must be there.
+/// Tested by LocalMovieTest.
 class MpvMovieLibrary final : public MovieLibrary {
 public:
     explicit MpvMovieLibrary(const MpvMovieOptions& options = {});

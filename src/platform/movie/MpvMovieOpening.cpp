@@ -1,4 +1,5 @@
 // How a local movie is opened, and how it is told that a movie is no longer loading.
+// Tested by LocalMovieTest.
 
 #include "platform/base/FileURL.h"
 #include "platform/movie/MpvMovie.h"

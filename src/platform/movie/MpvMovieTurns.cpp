@@ -1,4 +1,4 @@
-// What a movie does at its two ends.
+// What a movie does at its two ends. Tested by MpvTurnsTest.
 
 #include "platform/base/Log.h"
 #include "platform/base/ShownURL.h"

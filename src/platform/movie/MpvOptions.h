@@ -9,6 +9,7 @@ namespace kestro {
 struct MpvPlayerSetup;
 
 /// The options that make mpv a player of one movie with nothing around it.
+/// Tested by DecoderMemoryTest and DecoderThreadsTest.
 [[nodiscard]] MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup);
 
 /// mpv's video filter that turns a picture by `rotation` degrees clockwise; empty for none.

@@ -52,7 +52,7 @@ protected:
 
 /// Plays one movie with libmpv: starts standing, at the place it is given. Its questions are answered from
 /// what mpv told last, never by asking. A remote movie that makes no progress while it should fails. Owned by
-/// MpvMovie; main thread; seconds.
+/// MpvMovie; main thread; seconds. Tested by MpvMovieTest.
 class MpvPlayer final : public QObject {
 public:
     /// Null when mpv cannot be had.

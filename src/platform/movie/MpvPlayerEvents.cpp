@@ -1,4 +1,4 @@
-// What a player hears from mpv.
+// What a player hears from mpv. Tested by MpvMovieTest.
 
 #include "platform/base/Log.h"
 #include "platform/base/PostTo.h"

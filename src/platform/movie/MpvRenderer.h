@@ -11,6 +11,7 @@ struct FramebufferTarget;
 class OpenGL;
 
 // What is done with mpv's renderers. Main thread, but for skipPictureOf with one that draws in software.
+// Tested by MpvMovieTest.
 
 /// A renderer that draws with OpenGL, whose context is current; null when mpv does not take that context.
 [[nodiscard]] mpv_render_context* makeOpenGLRenderer(mpv_handle* handle, OpenGL& openGL);

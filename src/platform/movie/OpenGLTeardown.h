@@ -16,6 +16,7 @@ class OpenGL;
 /// Ends a player that draws with OpenGL. Its renderer can only be freed where the context is, and would hold
 /// that thread up while a picture waits to be drawn: so the movie is stopped first, and the pictures that
 /// come till then are dropped. The rest is left to a thread. Owns itself; main thread.
+/// Tested by OpenGLMovieTest.
 class OpenGLTeardown final : public QObject {
 public:
     /// Takes the player over. Nobody else may call it any more.

@@ -20,7 +20,7 @@ struct FetchLimits {
 
 /// Reads what a URL holds, whole, on the thread that asks. http, https and file only; a redirect leads to
 /// http or https only. Content is taken as it is sent, packed or not. Owned by who crawls; one fetch at a
-/// time.
+/// time. Tested by CurlFetchHttpTest.
 class Fetch {
 public:
     Fetch() = default;

@@ -13,7 +13,7 @@ namespace kestro {
 class HttpTransfer;
 
 /// Reads http and https URLs with libcurl, over connections that stay open while it lives. Owned by
-/// CurlFetch or SiteFetch; read() on one thread at a time, wake() on any.
+/// CurlFetch or SiteFetch; read() on one thread at a time, wake() on any. Tested by CurlFetchHttpTest.
 class HttpReader final {
 public:
     /// How far it goes: wherever redirects and names lead, or to the URL alone, without a proxy, and to a

@@ -11,7 +11,7 @@
 namespace kestro {
 
 /// One transfer: what libcurl calls back while it runs, and what comes of it. Lives on the stack of
-/// HttpReader::read, on its thread.
+/// HttpReader::read, on its thread. Tested by CurlFetchHttpTest.
 class HttpTransfer final {
 public:
     /// Has `easy` report here, until this one's end.

@@ -10,7 +10,7 @@ class QUrl;
 namespace kestro {
 
 /// The bytes of the plain file that a file URL names, `limit` at most. A folder, a pipe or a device is an
-/// error, never a wait. Any thread.
+/// error, never a wait. Any thread. Tested by CurlFetchFileTest.
 [[nodiscard]] Result<QByteArray> readLocalFile(const QUrl& url, qint64 limit,
                                                const Cancellation::Watch& watch);
 

@@ -13,6 +13,7 @@ inline const QString pictureFolderName = QStringLiteral("PictureFolderView");
 
 /// The savers that come without a library, as if from one: one object for each loaded bundle, which has the
 /// bundle's Info.plist. Shared by the principal classes that were taken from it. Main thread.
+/// Tested by SaverBundleTest.
 class BuiltInSavers final : public SaverPlugin {
 public:
     /// `bundle` is the path, for the log.

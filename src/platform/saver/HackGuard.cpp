@@ -6,7 +6,7 @@
 // the saver wants the hack gone, or is itself gone, however that came. The hack runs in a process group of
 // its own; the group gets a TERM then, and what is left of it, or fled into another group, a KILL soon after.
 // The exit status tells how the hack ended. A program of its own, because it must go on when the saver does
-// not.
+// not. Tested by HackHostTest.
 
 #include "platform/saver/HackGuardStatus.h"
 

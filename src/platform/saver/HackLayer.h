@@ -14,7 +14,7 @@ class TimerSource;
 
 /// The pixels of a hidden window as moving content. However often is drawn in there, a new picture is told of
 /// thirty times a second at most, and nothing happens while nothing is drawn. Owned by the view that shows
-/// it. Main thread.
+/// it. Main thread. Tested by HackHostTest.
 class HackLayer final : public Layer {
 public:
     HackLayer(const Clock& clock, TimerSource& timers);

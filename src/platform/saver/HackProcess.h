@@ -14,7 +14,7 @@ namespace kestro {
 
 /// A running hack: a program that draws in the X11 window that it is handed, in a process group of its own
 /// and at low priority, guarded by a helper program that ends it with us. Owned by the view that shows it.
-/// Main thread.
+/// Main thread. Tested by HackHostTest.
 class HackProcess final {
 public:
     using EndHandler = std::function<void(HackGuardStatus)>;

@@ -12,7 +12,7 @@
 namespace kestro {
 
 /// Finds and reads pictures aside, on a thread of Qt's pool, and hands them over on the main thread, inside
-/// the event loop. Owned by who shows them. Main thread.
+/// the event loop. Owned by who shows them. Main thread. Tested by PictureReadingTest.
 class PictureLoader final {
 public:
     PictureLoader() = default;

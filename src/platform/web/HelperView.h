@@ -19,7 +19,7 @@ class SharedFrames;
 /// A page that the web helper draws. It tells the helper its address and size, fetches what the page needs
 /// of its own site, and shows the pictures that come back; black while there is no helper. Changes are told
 /// one turn of the event loop later, the last of several alone. Made by HelperEngine, which must outlive it.
-/// Main thread.
+/// Main thread. Tested by HelperEngineTest.
 class HelperView final : public WebView {
 public:
     HelperView(const Rect& frame, HelperEngine& engine, quint32 number);

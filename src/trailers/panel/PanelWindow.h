@@ -14,7 +14,7 @@ class TrailerTableModel;
 struct SortDescriptor;
 
 /// The browser's window: its controls and what they show, without any of what they do. Owned by the panel;
-/// the model must outlive it. Main thread.
+/// the model must outlive it. Main thread. Tested by PanelSaveTest.
 class PanelWindow final : public QWidget {
     Q_OBJECT
 

@@ -18,6 +18,7 @@ class Fetch;
 
 /// Brings the contents of one URL while a person waits in front of a progress window, which can be cancelled.
 /// Lives on the stack of who saves a trailer. Main thread; the fetch works on one of its own.
+/// Tested by PanelSaveTest.
 class TrailerDownload final {
     Q_DECLARE_TR_FUNCTIONS(kestro::TrailerDownload)
 

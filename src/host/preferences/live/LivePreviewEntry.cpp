@@ -1,3 +1,5 @@
+// Tested by test_settings.
+
 #include "config_ui/ConfigSheet.h"
 #include "host/preferences/live/LivePreview.h"
 #include "host/session/KestroBundle.h"

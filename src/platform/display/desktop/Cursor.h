@@ -3,6 +3,7 @@
 namespace kestro {
 
 /// The mouse pointer. Hiding counts: it shows again when each hide was undone. Main thread.
+/// Tested by MySaverLifeTest.
 class Cursor {
 public:
     virtual ~Cursor() = default;

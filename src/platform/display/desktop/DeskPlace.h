@@ -7,7 +7,7 @@
 namespace kestro {
 
 // Places on the desk that all monitors make up together. The first monitor is the primary one: its lower left
-// corner is (0, 0). Main thread; points.
+// corner is (0, 0). Main thread; points. Tested by QtDesktopTest.
 
 /// A place as the window system tells it, rows counted downwards, in global coordinates, y upwards.
 [[nodiscard]] Rect deskFrame(const QRect& place);

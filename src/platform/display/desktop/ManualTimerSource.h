@@ -10,7 +10,7 @@ namespace kestro {
 class ManualClock;
 
 /// Timers that run when their clock is turned by hand. For tests and for pictures drawn off screen. Outlives
-/// its timers. Main thread; seconds.
+/// its timers. Main thread; seconds. Tested by TimerTest.
 class ManualTimerSource final : public TimerSource {
 public:
     explicit ManualTimerSource(ManualClock& clock);

@@ -5,6 +5,7 @@
 namespace kestro {
 
 /// Timers of the running event loop. Owned by its desktop; needs a QCoreApplication. Main thread.
+/// Tested by TimerTest.
 class QtTimerSource final : public TimerSource {
 public:
     [[nodiscard]] std::unique_ptr<Timer> repeating(double seconds, std::function<void()> action) override;

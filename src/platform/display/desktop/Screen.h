@@ -17,6 +17,7 @@ class Window;
 
 /// One monitor (or the window or image that stands for one): its place on the desk, the windows on it from
 /// bottom to top, and the surface they are composited into. Owned by its desktop. Main thread.
+/// Tested by DisplayTest.
 class Screen final {
 public:
     Screen(Desktop& desktop, const Rect& frame, std::unique_ptr<Surface> surface);

@@ -7,6 +7,7 @@ namespace kestro {
 class Desktop;
 
 /// The pointer over all the surfaces of a desktop. Owned by that desktop. Main thread.
+/// Tested by ImageDesktopTest.
 class ScreensCursor final : public Cursor {
 public:
     explicit ScreensCursor(const Desktop& desktop)

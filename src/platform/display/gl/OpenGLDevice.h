@@ -13,7 +13,7 @@ namespace kestro {
 class QuadProgram;
 
 /// OpenGL through Qt's context, which is made current on each screen's window in turn. Shared as OpenGL says;
-/// all of its owners go before the application does. Main thread.
+/// all of its owners go before the application does. Main thread. Tested by OpenGLRendererTest.
 class OpenGLDevice final : public OpenGL, public std::enable_shared_from_this<OpenGLDevice> {
 public:
     /// The error says in a few words what could not be had.

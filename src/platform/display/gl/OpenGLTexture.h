@@ -11,6 +11,7 @@ class OpenGLDevice;
 
 /// A picture on the graphics card: pixels that were put there, or a target that is drawn into. Its first row
 /// is the top one. Owned by who draws with it; the device outlives it. Main thread; pixels.
+/// Tested by OpenGLRendererTest.
 class OpenGLTexture final {
 public:
     explicit OpenGLTexture(OpenGLDevice& device)

@@ -14,7 +14,7 @@ class OpenGLTexture;
 
 /// Draws textures as rectangles: all that composing takes. Between begin and end OpenGL's state is its own;
 /// after end it is that of a new context, but for what Layer lets a layer change. Owned by the device; its
-/// context is current. Main thread; pixels from the top left.
+/// context is current. Main thread; pixels from the top left. Tested by OpenGLRendererTest.
 class QuadProgram final {
 public:
     /// Null when the driver does not take the program.

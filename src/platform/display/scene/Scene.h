@@ -35,6 +35,7 @@ struct SceneItem {
 };
 
 /// What a screen shows, bottom to top, and how that differs from what it showed before.
+/// Tested by CompositorTest.
 struct Scene {
     std::vector<SceneItem> items;
     QRegion ground; ///< the part of the canvas that nothing hides: black

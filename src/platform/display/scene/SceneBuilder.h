@@ -6,6 +6,7 @@
 namespace kestro {
 
 /// Puts together the items of one scene, window by window. Lives for one picture. Main thread.
+/// Tested by CompositorTest.
 class SceneBuilder final {
 public:
     SceneBuilder(const ScreenMapping& mapping, const Scene& before)

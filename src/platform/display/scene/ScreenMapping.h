@@ -10,7 +10,7 @@ namespace kestro {
 class Screen;
 
 /// Turns global points into pixels of one screen's canvas, and with that y upwards into rows downwards. This
-/// is the one place where the flip happens for the screen. A value; any thread.
+/// is the one place where the flip happens for the screen. A value; any thread. Tested by DenseScreenTest.
 struct ScreenMapping {
     Rect frame;       ///< the screen's, global points
     QSize pixels;     ///< of the canvas

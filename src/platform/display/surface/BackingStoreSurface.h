@@ -7,6 +7,7 @@
 namespace kestro {
 
 /// A monitor's surface through Qt's own means, for desktops other than X11. Owned by its screen. Main thread.
+/// Tested by QtDesktopTest.
 class BackingStoreSurface final : public MonitorSurface {
 public:
     explicit BackingStoreSurface(OpenGL* openGL);

@@ -12,6 +12,7 @@ namespace kestro {
 class OpenGL;
 
 /// A surface over one whole monitor, in a native window of its own. Owned by its screen. Main thread.
+/// Tested by QtDesktopTest.
 class MonitorSurface : public Surface {
 public:
     /// Covers the monitor as it is now: after it was made, and again when the monitor moved or changed.

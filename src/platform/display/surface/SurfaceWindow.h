@@ -11,7 +11,7 @@ namespace kestro {
 /// The native window of one surface: empty, frameless, over a whole monitor or
 /// over a window that was handed over. It turns what a person does to
 /// it into input, and tells when it must be shown again. Owned by its surface. Main thread; positions in
-/// points.
+/// points. Tested by X11DesktopTest.
 class SurfaceWindow final : public QWindow {
 public:
     explicit SurfaceWindow(Qt::WindowFlags flags);

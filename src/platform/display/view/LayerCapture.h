@@ -12,6 +12,7 @@ class Layer;
 
 /// The layer's newest picture at that size in pixels: RGB32, rows aligned. Null when it has none.
 /// `reuse`, where it has the right size and nobody else holds it, gives its memory.
+/// Tested by HeldPictureTest.
 [[nodiscard]] QImage renderLayer(Layer& layer, QSize size, QImage reuse = {});
 
 /// What the layers in `view` show on the screen now, to be held at its place. Nothing when none shows

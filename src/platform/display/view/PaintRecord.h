@@ -7,6 +7,7 @@ namespace kestro {
 /// Knows which pixels of a backing store hold anything, which hide what is below them, and which were painted
 /// since that was last asked. So what is empty or hidden need not be composed. Errs towards "holds something"
 /// and "hides nothing". Part of a backing store; pixels from its top left. Main thread.
+/// Tested by PainterTest.
 class PaintRecord final {
 public:
     /// Everything noted is cut to `clip`.

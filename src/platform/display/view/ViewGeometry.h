@@ -7,7 +7,7 @@ namespace kestro {
 class View;
 
 /// Where the view's bounds lie, in global coordinates; in its topmost superview's coordinates when in no
-/// window.
+/// window. Tested by ViewTest.
 [[nodiscard]] Rect globalRect(const View& view);
 
 /// The part of it that the window and every superview leave to be seen; empty where none is.

@@ -23,7 +23,7 @@ namespace kestro {
 /// One page of the saver: loads its address, in the Flash player where that is an SWF by its first bytes, and
 /// sends its pictures. What is on the net the saver fetches for it. A page that fails, crashes or hangs is
 /// black from then on, and the saver is told once. It has a browser profile of its own, in memory alone, that
-/// ends with it. Owned by Pages; main thread.
+/// ends with it. Owned by Pages; main thread. Tested by test_web_confinement.
 class Page final : public QObject {
     Q_OBJECT
 

@@ -14,7 +14,7 @@ class QQuickWindow;
 namespace kestro {
 
 /// Draws one Qt Quick item into an image, without a window on any screen. Black where there is no item. Owned
-/// by its page; main thread; pixels.
+/// by its page; main thread; pixels. Tested by test_web.
 class PagePicture final {
 public:
     /// `onChange` is told that the picture is no longer what render() made.

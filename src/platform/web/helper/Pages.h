@@ -12,7 +12,7 @@
 namespace kestro {
 
 /// All pages of the saver: makes and ends them, hands each what the saver says to it, and answers the saver's
-/// question whether anybody is there. Owned by the program; main thread.
+/// question whether anybody is there. Owned by the program; main thread. Tested by test_web.
 class Pages final {
 public:
     /// `channel` is the line to the saver, `ruffleFolder` where the Flash player lies.

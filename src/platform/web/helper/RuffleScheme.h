@@ -9,7 +9,7 @@ class QIODevice;
 namespace kestro {
 
 /// Serves one page the Flash player, Ruffle, and the one local movie that it plays, and nothing else. Owned
-/// by its page; main thread.
+/// by its page; main thread. Tested by test_web_confinement.
 class RuffleScheme final : public QWebEngineUrlSchemeHandler {
 public:
     static const QString name;

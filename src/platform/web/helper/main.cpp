@@ -1,4 +1,5 @@
 // kestro-web: draws the web pages of one saver process. Started by it, never by hand.
+// Tested by test_web_helper.
 
 #include "platform/web/HelperProcess.h"
 #include "platform/web/ProfileFolder.h"

@@ -15,6 +15,7 @@ namespace kestro {
 /// Holds the input focus of an X11 display with a window of its own that has no picture, without grabbing
 /// anything: it notes who had the focus, takes it back when it goes to another window, leaves it to a screen
 /// locker, and gives it back. When the process ends otherwise the keyboard follows the pointer. Main thread.
+/// Tested by test_session.
 class FocusHold final : public QAbstractNativeEventFilter {
 public:
     /// What comes to the window.

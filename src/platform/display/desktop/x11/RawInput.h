@@ -12,6 +12,7 @@ namespace kestro {
 
 /// What a person does at the devices of an X11 display, wherever the input goes: heard beside those who get
 /// it, nothing is taken from them. A key that was down before does not repeat here. Main thread.
+/// Tested by test_session.
 class RawInput final : public QAbstractNativeEventFilter {
 public:
     struct Event {

@@ -18,7 +18,7 @@ namespace kestro {
 /// What a person does anywhere in an X11 session while our surfaces cover it. Nothing is grabbed, so a screen
 /// locker gets the keyboard and the pointer whenever it wants them: what is pressed comes here because the
 /// input focus does, and is heard besides where a window manager gave that away. Owned by the desktop. Main
-/// thread.
+/// thread. Tested by test_session.
 class SessionInput final {
 public:
     using Handler = std::function<void(InputEvent::Kind)>;

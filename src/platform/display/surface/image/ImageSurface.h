@@ -5,7 +5,7 @@
 namespace kestro {
 
 /// A screen that is an image in memory. Owned by its screen; for tests and for pictures drawn off screen.
-/// Main thread; pixels.
+/// Main thread; pixels. Tested by ImageDesktopTest.
 class ImageSurface final : public Surface {
 public:
     ImageSurface(QSize pixels, double pixelRatio);

@@ -16,7 +16,7 @@ namespace kestro {
 /// The surface over an X11 window that another program hands over: a child window that covers it and leaves
 /// all input, the focus and the pointer's looks to the giver. The root window is drawn in itself, because
 /// children of it would be top-level windows. Owned by its screen. Main thread; pixels, which are points
-/// here.
+/// here. Tested by WindowDesktopTest.
 class ForeignWindowSurface final : public Surface {
 public:
     /// Placed but not shown. Null where there is no such window, or its pixels are not ours.

@@ -8,7 +8,7 @@
 namespace kestro {
 
 /// Tells what happens to an X11 window of another program. Asks for no input, grabs nothing and changes
-/// nothing about the window. Owned by whoever draws there. Main thread.
+/// nothing about the window. Owned by whoever draws there. Main thread. Tested by test_given_window.
 class GivenWindowWatch final : public QAbstractNativeEventFilter {
 public:
     struct Handlers {

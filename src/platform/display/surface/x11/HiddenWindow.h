@@ -21,7 +21,7 @@ class PixmapPixels;
 /// An X11 window that another program draws in and nobody sees: it lies off screen, the X server keeps its
 /// pixels, and no input reaches it. It works on whatever this program itself is shown, as long as there is an
 /// X server; on a connection of its own, with which the server takes all of it away, however this process
-/// ends. Owned by who shows its pixels. Main thread; pixels.
+/// ends. Owned by who shows its pixels. Main thread; pixels. Tested by HackHostTest.
 class HiddenWindow final {
 public:
     /// What programs are to draw in it with.

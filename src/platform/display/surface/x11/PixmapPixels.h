@@ -15,7 +15,7 @@ class SharedPixels;
 
 /// A copy in memory of a pixmap that another program draws in, brought up to date part by part: the X server
 /// writes it there itself where it can, else sends it. Owned by the window of that pixmap; goes before the
-/// connection does. Main thread; pixels.
+/// connection does. Main thread; pixels. Tested by HackHostTest.
 class PixmapPixels final {
 public:
     /// Null where memory is short.

@@ -12,6 +12,7 @@ namespace kestro {
 /// The windows on the root of an X11 display as they lay at one moment, seen from our own windows among them.
 /// It tells a screen locker's window, which may lie above ours, from all others: it covers a whole window of
 /// ours, and no window manager looks after it. Another saver's does so too. A plain value; pixels.
+/// Tested by test_session.
 class RootStack final {
 public:
     /// Two round trips to the X server, more where something may be a locker's. Empty where it does not

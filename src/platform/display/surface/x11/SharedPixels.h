@@ -9,7 +9,7 @@ struct xcb_connection_t;
 namespace kestro {
 
 /// Memory that this process and the X server have in common. Freed by the system even if this process is
-/// killed. Owned by who reads or writes it. Main thread.
+/// killed. Owned by who reads or writes it. Main thread. Tested by X11DesktopTest.
 class SharedPixels final {
 public:
     /// What the server may do there.

@@ -12,7 +12,7 @@ namespace kestro {
 
 /// Keeps an X11 window that no window manager looks after above windows that appear or rise later, but below
 /// a screen locker's. It raises at most twice a second, whoever insists. Owned by the window's surface. Main
-/// thread.
+/// thread. Tested by test_session.
 class StayOnTop final : public QAbstractNativeEventFilter {
 public:
     StayOnTop(xcb_connection_t* connection, std::uint32_t window);

@@ -15,7 +15,7 @@ class SharedPixels;
 
 /// Pixels that are put into an X11 window: from memory that the X server reads itself where it can, else sent
 /// through the connection. Owned by the surface of that window; goes before the window does. Main thread;
-/// pixels.
+/// pixels. Tested by X11DesktopTest.
 class X11Canvas final {
 public:
     /// Null where the window's pixels are none of ours (32 bits, blue first, no alpha), or memory is short.

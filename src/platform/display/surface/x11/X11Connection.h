@@ -8,7 +8,7 @@
 
 namespace kestro {
 
-// What surfaces under X11 have in common. Main thread.
+// What surfaces under X11 have in common. Main thread. Tested by X11DesktopTest.
 
 /// An answer of the X server; null where it could not give one.
 template <typename Reply>

@@ -7,7 +7,7 @@
 namespace kestro {
 
 /// A monitor's surface under X11. Its window is not the window manager's: so it covers the monitor, panels
-/// too, with any window manager and with none. Owned by its screen. Main thread.
+/// too, with any window manager and with none. Owned by its screen. Main thread. Tested by X11DesktopTest.
 class X11Surface final : public MonitorSurface {
 public:
     /// Placed but not shown. Null where the desktop is not X11, or its pixels are not ours.

@@ -1,4 +1,4 @@
-#include "config_ui/RowMoveFixture.h"
+#include "config_ui/RQTableViewRowMoveFixture.h"
 #include "platform/base/Log.h"
 
 #include <QDropEvent>
