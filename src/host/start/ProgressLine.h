@@ -5,7 +5,7 @@
 namespace kestro {
 
 // One line of a terminal that changes while a command works. It is where errors are told, apart from what a
-// command answers.
+// command answers. Tested by ScanProgressTest.
 
 /// Whether there is a terminal to draw it on.
 [[nodiscard]] bool hasProgressLine();

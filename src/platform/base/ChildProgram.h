@@ -12,7 +12,7 @@ namespace kestro {
 
 /// A program, and what a process that runs it has of ours: the descriptors that are named, at the numbers
 /// that are named, and nothing else. A standard stream that is not named is /dev/null there. No signal is
-/// blocked or ignored in it. A plain value.
+/// blocked or ignored in it. A plain value. Tested by ChildProcessTest.
 struct ChildProgram {
     enum class Group {
         Ours,

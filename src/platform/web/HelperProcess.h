@@ -16,6 +16,7 @@ inline constexpr int helperChannelNumber = 3;
 
 /// Starts `program` as a web helper, in a session of its own, with the folder `home`, which it keeps what it
 /// writes in, as its first argument, and those that are given. Main thread.
+/// Tested by HelperEngineTest.
 [[nodiscard]] Result<std::unique_ptr<ChildProcess>> startHelper(const QString& program, const QString& home,
                                                                 const QStringList& arguments,
                                                                 const Descriptor& channel);

@@ -19,7 +19,7 @@ class View;
 /// The pixels that a window's views drew into; they stay until drawn over. Nothing is cleared before a view
 /// draws, and views below it do not draw again: a view that wants a clear ground fills it itself. Memory is
 /// taken when something is drawn. Owned by its window. Main thread; sizes in points, pixels from the top
-/// left. Tested by ViewTest.
+/// left.
 class BackingStore final {
 public:
     /// Starts anew, filled with `background`, at `pixelRatio` pixels a point.
