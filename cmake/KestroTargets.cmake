@@ -18,7 +18,7 @@ set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 option(BUILD_TESTING "Build the tests" ON)
 set(KESTRO_SANITIZE "" CACHE STRING "Sanitizers for every target, as -fsanitize= takes them")
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
 # A library calls its own functions directly: the loader has fewer names to look up, and a call no table to go through.
 add_link_options(LINKER:--exclude-libs,ALL LINKER:-Bsymbolic-functions)
