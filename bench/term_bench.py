@@ -34,14 +34,14 @@ QUIET = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
 
 def window_of(screen):
     """A window of another program, and its number."""
-    giver = subprocess.Popen(["xev", "-geometry", "1920x1080+0+0", "-bw", "0", "-name", "giver"],
+    parent = subprocess.Popen(["xev", "-geometry", "1920x1080+0+0", "-bw", "0", "-name", "parent"],
                              env=screen.environment(), **QUIET)
-    search = ["xdotool", "search", "--onlyvisible", "--name", "^giver$"]
+    search = ["xdotool", "search", "--onlyvisible", "--name", "^parent$"]
     found = ""
     while not found:
         found = subprocess.run(search, env=screen.environment(), capture_output=True, text=True).stdout
         time.sleep(0.05)
-    return giver, found.split()[0]
+    return parent, found.split()[0]
 
 
 def milliseconds_to_end(kestro, screen, window, home, is_ready, settle=0.3):
@@ -63,7 +63,7 @@ def report(name, values):
 
 
 def shows_movie(screen):
-    """The giver is white, a saver without a picture black."""
+    """The parent window is white, a saver without a picture black."""
     return screen.pixel(960, 540) not in (0, 0xFFFFFF)
 
 
@@ -202,7 +202,7 @@ def make_short(folder):
 def main():
     kestro = os.path.abspath(sys.argv[1])
     screen = desk.Screen()
-    giver, window = window_of(screen)
+    parent, window = window_of(screen)
     with tempfile.TemporaryDirectory() as folder:
         movie = make_movie(folder)
         report("TERM while playing full screen", playing(kestro, screen, window, folder, "full", movie))
@@ -214,7 +214,7 @@ def main():
         report("TERM while a page of 36 million names of feeds is read", parsing(kestro, screen, window, folder, movie))
         report("TERM while the helper for web content starts", helper_starting(kestro, screen, window, folder))
         dead_disks(kestro, screen, window, folder, movie)
-    desk.end(giver)
+    desk.end(parent)
     screen.close()
 
 

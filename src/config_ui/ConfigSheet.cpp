@@ -39,7 +39,7 @@ constexpr int playlistCharacters = 76;
 /// Digits that a number field has room for.
 constexpr int fieldDigits = 6;
 
-ReadingLane::Read readerOfPictures(const QFontMetrics& font)
+ProbeWorker::Read readerOfPictures(const QFontMetrics& font)
 {
     const QSize pixels = PlaylistDelegate::pictureSize(font) * qApp->devicePixelRatio();
     return [pixels](const QUrl& url, const std::stop_token& stop) { return readEntry(url, pixels, stop); };
@@ -93,7 +93,7 @@ ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWi
 {
 }
 
-ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, const ReadingLane::Read& read,
+ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, const ProbeWorker::Read& read,
                          QWidget* parent, QSettings* defaults)
     : QDialog(parent)
     , m_movies(saver.movies())

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "config_ui/ConfigModel.h"
-#include "config_ui/ReadingLane.h"
+#include "config_ui/ProbeWorker.h"
 
 #include <QDialog>
 #include <QSettings>
@@ -34,7 +34,7 @@ public:
     ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, QWidget* parent = nullptr,
                 QSettings* defaults = nullptr);
     /// The same with a way of its own to look into movies.
-    ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, const ReadingLane::Read& read,
+    ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, const ProbeWorker::Read& read,
                 QWidget* parent, QSettings* defaults = nullptr);
     ~ConfigSheet() override;
 

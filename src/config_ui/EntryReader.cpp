@@ -12,7 +12,7 @@ constexpr qsizetype mostKibibytes = 48 * 1024; ///< of pictures that are kept
 
 } // namespace
 
-EntryReader::EntryReader(const ReadingLane::Read& read)
+EntryReader::EntryReader(const ProbeWorker::Read& read)
     : m_known(mostKibibytes)
     , m_files(read, deliverHere())
     , m_servers(read, deliverHere())
@@ -22,7 +22,7 @@ EntryReader::EntryReader(const ReadingLane::Read& read)
 EntryReader::~EntryReader() = default;
 
 // Events that are on their way when the reader goes away are dropped with it.
-ReadingLane::Deliver EntryReader::deliverHere()
+ProbeWorker::Deliver EntryReader::deliverHere()
 {
     return [this](const QUrl& url, const EntryFacts& facts) {
         postTo(*this, [this, url, facts] { keep(url, facts); });

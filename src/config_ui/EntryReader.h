@@ -1,7 +1,7 @@
 #pragma once
 
 #include "config_ui/EntryFacts.h"
-#include "config_ui/ReadingLane.h"
+#include "config_ui/ProbeWorker.h"
 
 #include <QCache>
 #include <QList>
@@ -18,7 +18,7 @@ class EntryReader final : public QObject {
 
 public:
     /// `read` looks into one movie, on a thread of the reader's.
-    explicit EntryReader(const ReadingLane::Read& read);
+    explicit EntryReader(const ProbeWorker::Read& read);
     ~EntryReader() override;
 
     /// Reads what is not known yet of these, in this order, and nothing else any more.
@@ -32,11 +32,11 @@ Q_SIGNALS:
 
 private:
     void keep(const QUrl& url, const EntryFacts& facts);
-    [[nodiscard]] ReadingLane::Deliver deliverHere();
+    [[nodiscard]] ProbeWorker::Deliver deliverHere();
 
     QCache<QUrl, EntryFacts> m_known;
-    ReadingLane m_files;
-    ReadingLane m_servers;
+    ProbeWorker m_files;
+    ProbeWorker m_servers;
 };
 
 } // namespace kestro

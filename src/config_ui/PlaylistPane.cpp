@@ -14,7 +14,7 @@
 
 namespace kestro {
 
-PlaylistPane::PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const ReadingLane::Read& read)
+PlaylistPane::PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const ProbeWorker::Read& read)
     : m_view(table)
     , m_model(model)
     , m_reader(read)

@@ -19,7 +19,7 @@ class PlaylistPane final : public QObject {
 
 public:
     /// `read` looks into the movie of an entry.
-    PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const ReadingLane::Read& read);
+    PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const ProbeWorker::Read& read);
 
     /// The selected rows, from the first.
     [[nodiscard]] QList<int> selectedRows() const;

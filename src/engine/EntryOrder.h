@@ -47,7 +47,7 @@ private:
 };
 
 /// Draws from a bag that is filled with the whole list whenever it is empty. The entry that played last is
-/// refused once, so that it only comes again where chance insists.
+/// refused once, so that it only comes again where the random numbers insist.
 class RandomOrder final : public EntryOrder {
 public:
     /// `bag` is kept from pick to pick, and outlives this. Movies of the name `resumed` are drawn first.

@@ -111,7 +111,7 @@ void MySaver::retry()
 bool MySaver::replaceBrokenMovie()
 {
     const auto movie = m_movieView->movie();
-    if (!movie || movie->layer().hasPicture()) m_retries.end();
+    if (!movie || movie->layer().hasFrame()) m_retries.end();
     if (!movie || movie->state() == QTMovie::State::Loading) return false;
     if (movie->state() == QTMovie::State::Loaded) {
         m_played.reset();

@@ -10,7 +10,7 @@ namespace kestro {
 
 class WidgetSurface;
 
-/// What goes on in a widget's desktop by the clock and by chance. All of it outlives the widget.
+/// What goes on in a widget's desktop by the clock and by random numbers. All of it outlives the widget.
 struct SurfaceServices {
     TimerSource& timers;
     const Clock& clock;

@@ -19,11 +19,11 @@ namespace kestro {
 /// of its own. Any thread.
 class HeldStills final {
 public:
-    /// One that is held up is only given up when told to stop where it `heedsStop`.
-    explicit HeldStills(bool heedsStop = true, QSize size = {64, 36})
+    /// One that is held up is only given up when told to stop where it `obeysStop`.
+    explicit HeldStills(bool obeysStop = true, QSize size = {64, 36})
         : m_state(std::make_shared<State>())
     {
-        m_state->heedsStop = heedsStop;
+        m_state->obeysStop = obeysStop;
         m_state->size = size;
     }
 
@@ -46,11 +46,11 @@ public:
         state->asked.push_back(time);
         state->threads.push_back(std::this_thread::get_id());
         const auto isLetGo = [&state] { return !state->holds; };
-        if (state->heedsStop)
+        if (state->obeysStop)
             state->change.wait(lock, stop, isLetGo);
         else
             state->change.wait(lock, isLetGo);
-        if (state->heedsStop && stop.stop_requested()) return {};
+        if (state->obeysStop && stop.stop_requested()) return {};
         QImage image(state->size, QImage::Format_RGB32);
         image.fill(Qt::white);
         return {image, {static_cast<float>(state->size.width()), static_cast<float>(state->size.height())}};
@@ -70,7 +70,7 @@ public:
 
 private:
     struct State {
-        bool heedsStop = true;
+        bool obeysStop = true;
         QSize size;
         std::mutex mutex;
         std::condition_variable_any change;

@@ -8,7 +8,7 @@ namespace {
 /// A view whose every pixel tells its place.
 class PlaceLayer final : public Layer {
 public:
-    [[nodiscard]] bool hasPicture() const override { return true; }
+    [[nodiscard]] bool hasFrame() const override { return true; }
     bool render(const PixelTarget& target) override
     {
         for (int y = 0; y < target.height; ++y)

@@ -14,7 +14,7 @@ const QString allOption = QStringLiteral("all");
 
 int fail(const QString& message)
 {
-    complain(message);
+    printError(message);
     return ExitFailure;
 }
 

@@ -34,14 +34,14 @@ int inspectPage(const Arguments& arguments)
     const QByteArray baseText = arguments.text(baseOption).value_or(QString()).toUtf8();
     const auto base = PageBase::from(baseText.toStdString());
     if (!base || !QUrl::fromEncoded(baseText).isValid()) {
-        complain(
+        printError(
             QStringLiteral("--base needs a URL with a scheme and a host (see kestro inspect-page --help)"));
         return ExitWrongUsage;
     }
     const QString path = arguments.operands().front();
     const auto page = pageIn(path);
     if (!page) {
-        complain(QStringLiteral("Cannot read %1: %2").arg(path, page.error()));
+        printError(QStringLiteral("Cannot read %1: %2").arg(path, page.error()));
         return ExitFailure;
     }
     CurlFetch fetch;

@@ -13,7 +13,7 @@ int install(const Arguments& arguments)
     const XscreensaverList list = XscreensaverList::ofUser();
     const auto change = arguments.has(removeOption) ? list.remove() : list.add();
     if (!change) {
-        complain(change.error());
+        printError(change.error());
         return ExitFailure;
     }
     if (!change.value().isChanged)

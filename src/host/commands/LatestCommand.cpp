@@ -16,7 +16,7 @@ int showLatest(const Arguments& arguments)
     const int count = arguments.operands()[0].toInt(&isCount);
     const int width = arguments.operands()[1].toInt(&isWidth);
     if (!isCount || !isWidth) {
-        complain(QStringLiteral("N and W are whole numbers (see kestro latest --help)"));
+        printError(QStringLiteral("N and W are whole numbers (see kestro latest --help)"));
         return ExitWrongUsage;
     }
     QByteArray lines;

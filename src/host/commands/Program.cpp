@@ -12,7 +12,7 @@ int wrongUsage(const QString& message, const QString& commandName)
 {
     const QString help =
         commandName.isEmpty() ? QStringLiteral("kestro") : QStringLiteral("kestro ") + commandName;
-    complain(QStringLiteral("%1 (see %2 --help)").arg(message, help));
+    printError(QStringLiteral("%1 (see %2 --help)").arg(message, help));
     return ExitWrongUsage;
 }
 

@@ -65,19 +65,19 @@ int render(const Arguments& arguments)
 {
     const auto options = RenderOptions::from(arguments);
     if (!options) {
-        complain(options.error() + QStringLiteral(" (see kestro render --help)"));
+        printError(options.error() + QStringLiteral(" (see kestro render --help)"));
         return ExitWrongUsage;
     }
     const auto pictures = PictureFolder::open(options.value().folder);
     if (!pictures) {
-        complain(pictures.error());
+        printError(pictures.error());
         return ExitFailure;
     }
     std::unique_ptr<TraceFile> trace;
     if (!options.value().traceFile.isEmpty()) {
         auto made = TraceFile::create(options.value().traceFile);
         if (!made) {
-            complain(made.error());
+            printError(made.error());
             return ExitFailure;
         }
         trace = std::move(made.value());

@@ -109,7 +109,7 @@ int runFullScreen(const RunOptions& options)
     play(session, [&] { desktop.showSurfaces(); });
 }
 
-// No wake handler: what a person does is the giver's business, and so is the end.
+// No wake handler: what a person does is its parent's business, and so is the end.
 int runInWindow(const RunOptions& options)
 {
     const auto application = startGuiInGivenWindow();
@@ -122,7 +122,7 @@ int runInWindow(const RunOptions& options)
     SystemRandom random;
     const auto desktop = WindowDesktop::create(options.window, clock, random);
     if (!desktop) {
-        complain(desktop.error());
+        printError(desktop.error());
         return ExitFailure;
     }
     SaverSession session(*desktop.value(), viewsOf(*principal, options.isPreview, *desktop.value()));
@@ -138,7 +138,7 @@ int run(const Arguments& arguments)
     beFirstToGo();
     if (options)
         return options.value().isInWindow ? runInWindow(options.value()) : runFullScreen(options.value());
-    complain(QStringLiteral("%1 (see kestro --help)").arg(options.error()));
+    printError(QStringLiteral("%1 (see kestro --help)").arg(options.error()));
     return ExitWrongUsage;
 }
 

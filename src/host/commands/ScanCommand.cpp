@@ -34,7 +34,8 @@ int scan(const Arguments& arguments)
     TrailerCont& controller = TrailerCont::sharedController();
     controller.setSite(siteFor(arguments, controller.site()));
     if (controller.site().start.isEmpty()) {
-        complain(QStringLiteral("No trailer site: give --start URL, or name one in ") + configurationFile());
+        printError(QStringLiteral("No trailer site: give --start URL, or name one in ") +
+                   configurationFile());
         return ExitFailure;
     }
     if (arguments.has(forgetOption)) controller.clear();

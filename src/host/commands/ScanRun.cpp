@@ -79,7 +79,7 @@ void ScanRun::stopProgress()
 ExitCode ScanRun::finish()
 {
     const ScanEnd& end = m_controller.lastEnd();
-    if (end.pages == 0 && !end.reason.isEmpty()) complain(end.reason);
+    if (end.pages == 0 && !end.reason.isEmpty()) printError(end.reason);
     if (end.pages > 0 && !saveList()) return ExitFailure;
     const bool isNotDone = end.kind == ScanEnd::Kind::NoPage || end.kind == ScanEnd::Kind::NotStarted;
     return isNotDone ? ExitFailure : ExitSuccess;

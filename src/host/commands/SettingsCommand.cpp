@@ -16,7 +16,7 @@ int showSettingsWindow(const Arguments&)
 {
     const QByteArray program = QFile::encodeName(packageLibraries() + QStringLiteral("/kestro-settings"));
     execl(program.constData(), program.constData(), static_cast<char*>(nullptr));
-    complain(QStringLiteral("Cannot start %1: %2").arg(QFile::decodeName(program), systemReason(errno)));
+    printError(QStringLiteral("Cannot start %1: %2").arg(QFile::decodeName(program), systemReason(errno)));
     return ExitFailure;
 }
 

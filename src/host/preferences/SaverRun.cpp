@@ -51,11 +51,11 @@ void SaverRun::finished(const ChildEnd& end)
     if (end.signal != 0)
         Q_EMIT ended(tr("The saver ended unexpectedly."));
     else
-        Q_EMIT ended(end.status == 0 ? QString() : complaint());
+        Q_EMIT ended(end.status == 0 ? QString() : lastErrorLine());
 }
 
 /// The last line that it said, which tells why it failed.
-QString SaverRun::complaint() const
+QString SaverRun::lastErrorLine() const
 {
     QByteArray said(longestComplaint, Qt::Uninitialized);
     const off_t size = lseek(m_said.number(), 0, SEEK_END);

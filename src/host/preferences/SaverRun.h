@@ -32,10 +32,10 @@ Q_SIGNALS:
 
 private:
     void finished(const ChildEnd& end);
-    [[nodiscard]] QString complaint() const;
+    [[nodiscard]] QString lastErrorLine() const;
 
     std::unique_ptr<ChildProcess> m_process;
-    Descriptor m_said; ///< memory that it writes to where it may complain
+    Descriptor m_said; ///< memory that it writes its errors to
     QString m_program;
 };
 

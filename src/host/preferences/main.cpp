@@ -68,6 +68,6 @@ int main(int argc, char**)
 {
     kestro::prepareProcess();
     if (argc == 1) return kestro::showSettings();
-    kestro::complain(QStringLiteral("kestro-settings takes no arguments (see kestro settings --help)"));
+    kestro::printError(QStringLiteral("kestro-settings takes no arguments (see kestro settings --help)"));
     return kestro::ExitWrongUsage;
 }

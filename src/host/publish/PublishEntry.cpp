@@ -16,9 +16,9 @@ namespace {
 void complainAbout(const PublishReport& report)
 {
     for (const LeftOut& movie : report.leftOut)
-        complain(QStringLiteral("Left out %1: %2").arg(movie.path, movie.reason));
+        printError(QStringLiteral("Left out %1: %2").arg(movie.path, movie.reason));
     for (const LeftOut& movie : report.withoutPoster)
-        complain(QStringLiteral("No poster of %1: %2").arg(movie.path, movie.reason));
+        printError(QStringLiteral("No poster of %1: %2").arg(movie.path, movie.reason));
 }
 
 int runPublisher(const PublishOrder& order, const std::optional<BaseAddress>& base)
@@ -28,7 +28,7 @@ int runPublisher(const PublishOrder& order, const std::optional<BaseAddress>& ba
     const auto report = Publisher(order, reader, progress).publish();
     progress.erase();
     if (!report) {
-        complain(report.error());
+        printError(report.error());
         return ExitFailure;
     }
     complainAbout(report.value());
@@ -55,13 +55,13 @@ extern "C" Q_DECL_EXPORT int kestroPublish(const Arguments& arguments)
     if (const auto text = arguments.text(baseUrlOption)) {
         auto parsed = BaseAddress::parse(*text);
         if (!parsed) {
-            complain(QStringLiteral("--base-url: %1 (see kestro publish --help)").arg(parsed.error()));
+            printError(QStringLiteral("--base-url: %1 (see kestro publish --help)").arg(parsed.error()));
             return ExitWrongUsage;
         }
         base = std::move(parsed.value());
     }
     if (arguments.operands().contains(QString())) {
-        complain(QStringLiteral("The name of a folder is empty (see kestro publish --help)"));
+        printError(QStringLiteral("The name of a folder is empty (see kestro publish --help)"));
         return ExitWrongUsage;
     }
     PublishOrder order{

@@ -39,7 +39,7 @@ int RenderRun::exec()
     m_pictures.finish();
     const auto written = m_pictures.written();
     if (written) return status;
-    complain(written.error());
+    printError(written.error());
     return ExitFailure;
 }
 
@@ -98,7 +98,7 @@ void RenderRun::trace(const HostedSaver& saver)
     const auto place = std::ranges::find(screens, &saver.screen()) - screens.begin();
     const auto written = m_trace->write(traceLine(saver, static_cast<int>(place), elapsed()));
     if (written) return;
-    complain(written.error());
+    printError(written.error());
     end(ExitFailure);
 }
 

@@ -10,12 +10,12 @@ std::optional<PrincipalClass> kestroSaver()
     const QString path = packageLibraries() + QStringLiteral("/Kestro.saver");
     const auto bundle = SaverBundle::load(path);
     if (!bundle) {
-        complain(bundle.error());
+        printError(bundle.error());
         return std::nullopt;
     }
     const auto principal = bundle.value().principalClass();
     if (principal && principal->isScreenSaverView()) return principal;
-    complain(QStringLiteral("No screen saver in ") + path);
+    printError(QStringLiteral("No screen saver in ") + path);
     return std::nullopt;
 }
 

@@ -8,7 +8,7 @@
 
 namespace kestro {
 
-void complain(const QString& message)
+void printError(const QString& message)
 {
     logLine(QStringLiteral("kestro: ") + message);
 }
@@ -18,7 +18,7 @@ ExitCode print(const QByteArray& text)
     const auto size = static_cast<std::size_t>(text.size());
     const bool written = std::fwrite(text.constData(), 1, size, stdout) == size;
     if (written && std::fflush(stdout) == 0) return ExitSuccess;
-    complain(QStringLiteral("Cannot write to standard output: ") + systemReason(errno));
+    printError(QStringLiteral("Cannot write to standard output: ") + systemReason(errno));
     return ExitFailure;
 }
 

@@ -22,8 +22,8 @@ QString named(const char* variable)
 
 [[noreturn]] void leaveWithoutDisplay()
 {
-    complain(QStringLiteral("No display can be reached (%1 %2 %3)")
-                 .arg(named("DISPLAY"), named("WAYLAND_DISPLAY"), named("QT_QPA_PLATFORM")));
+    printError(QStringLiteral("No display can be reached (%1 %2 %3)")
+                   .arg(named("DISPLAY"), named("WAYLAND_DISPLAY"), named("QT_QPA_PLATFORM")));
     std::fflush(nullptr);
     // Nothing but the half-made application object exists yet, and that cannot be destroyed.
     std::_Exit(ExitFailure);
@@ -31,7 +31,8 @@ QString named(const char* variable)
 
 [[noreturn]] void leaveWithoutX11()
 {
-    complain(QStringLiteral("A window can be handed over under X11 alone, and DISPLAY names no X11 display"));
+    printError(
+        QStringLiteral("A window can be handed over under X11 alone, and DISPLAY names no X11 display"));
     std::exit(ExitFailure);
 }
 

@@ -11,7 +11,7 @@ QFunctionPointer functionOf(const QString& library, const char* name)
 {
     QLibrary file(packageLibraries() + QStringLiteral("/libkestro-%1.so").arg(library));
     const QFunctionPointer function = file.resolve(name);
-    if (!function) complain(file.errorString());
+    if (!function) printError(file.errorString());
     return function;
 }
 

@@ -4,7 +4,8 @@
 
 namespace kestro {
 
-/// The source of chance. Passed in wherever chance matters, so that tests can seed or script it. Main thread.
+/// The source of random numbers. Passed in wherever they matter, so that tests can seed or script it. Main
+/// thread.
 class Random {
 public:
     virtual ~Random() = default;

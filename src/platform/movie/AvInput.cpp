@@ -18,7 +18,7 @@ namespace kestro {
 
 using std::chrono::steady_clock;
 
-// What may hold a movie. Playlists, picture files, text and what reads other files by name are not among
+// What may hold a movie. Playlists, frame files, text and what reads other files by name are not among
 // them.
 static constexpr const char* containers =
     "mov,mp4,m4a,3gp,3g2,mj2,matroska,webm,avi,mpeg,mpegts,mpegvideo,asf,flv,ogg,gif,nut,mxf,rm,dv,wtv,ivf,"
@@ -139,7 +139,7 @@ static Result<void, MovieFault> checkSizesInHeader(const AVFormatContext& contex
     return {};
 }
 
-/// Finding out may take decoding a few pictures of each stream.
+/// Finding out may take decoding a few frames of each stream.
 static int findStreamInfo(AVFormatContext& context)
 {
     const qint64 mostPixels = qint64{Bounds::movieSide} * Bounds::movieSide;
@@ -179,7 +179,7 @@ Result<void, MovieFault> AvInput::openContainer(const QUrl& url, AvInterrupt& in
     return {};
 }
 
-static bool isMovingPicture(const AVFormatContext& context, const AVStream& stream)
+static bool isVideo(const AVFormatContext& context, const AVStream& stream)
 {
     if (stream.codecpar->codec_type != AVMEDIA_TYPE_VIDEO) return false;
     if (stream.disposition & (AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_STILL_IMAGE)) return false;
@@ -192,10 +192,10 @@ Result<void, MovieFault> AvInput::chooseVideo()
 {
     for (unsigned i = 0; i < m_context->nb_streams; ++i) {
         AVStream* const stream = m_context->streams[i];
-        const bool wanted = !m_video && isMovingPicture(*m_context, *stream);
+        const bool wanted = !m_video && isVideo(*m_context, *stream);
         if (wanted) m_video = stream;
     }
-    if (!m_video) return MovieFault{MovieFault::Kind::NoMovingPicture};
+    if (!m_video) return MovieFault{MovieFault::Kind::NoVideo};
     const AVCodecID codec = m_video->codecpar->codec_id;
     if (avcodec_find_decoder(codec)) return {};
     return MovieFault{MovieFault::Kind::NoDecoder, QString::fromLatin1(avcodec_get_name(codec))};

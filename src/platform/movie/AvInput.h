@@ -32,9 +32,9 @@ private:
     std::stop_token m_stop;
 };
 
-/// A movie file or address opened with libavformat, its streams known. Only ever one with a moving picture:
-/// sound alone, cover art, pictures and playlists are refused, and what is too large (checkSize()), with a
-/// line in the log. One thread at a time. Tested by MovieProbeTest.
+/// A movie file or address opened with libavformat, its streams known. Only ever one with a video:
+/// sound alone, cover art, still images and playlists are refused, and what is too large (checkSize()), with
+/// a line in the log. One thread at a time. Tested by MovieProbeTest.
 class AvInput final {
 public:
     /// Opens `url` (file, http or https). Nothing outside that scheme is followed. `interrupt` must outlive
@@ -46,9 +46,9 @@ public:
     AvInput& operator=(const AvInput&) = delete;
 
     [[nodiscard]] AVFormatContext* context() const { return m_context; }
-    /// The moving picture.
+    /// The video.
     [[nodiscard]] AVStream* video() const { return m_video; }
-    /// Seconds that `pts` of the moving picture lies after the movie's start.
+    /// Seconds that `pts` of the video lies after the movie's start.
     [[nodiscard]] double secondsOf(std::int64_t pts) const;
     /// The same backwards: the time stamp that lies `seconds` after the start.
     [[nodiscard]] std::int64_t ptsAt(double seconds) const;

@@ -14,9 +14,9 @@
 
 namespace kestro {
 
-// Timers count in milliseconds: a picture is due when that little is left of the one before.
+// Timers count in milliseconds: a frame is due when that little is left of the one before.
 static constexpr double timerSlack = 0.001;
-// Pictures that are later than this are passed over; it takes a main thread that was held up.
+// Frames that are later than this are passed over; it takes a main thread that was held up.
 static constexpr double latest = 0.1;
 
 BackwardsPlayer::BackwardsPlayer(const BackwardsSetup& setup, BackwardsListener& listener, const Clock& clock,
@@ -24,7 +24,7 @@ BackwardsPlayer::BackwardsPlayer(const BackwardsSetup& setup, BackwardsListener&
     : m_listener(listener)
     , m_clock(clock)
     , m_timers(timers)
-    , m_memory(std::make_shared<PictureMemory>(setup.mostBytes))
+    , m_memory(std::make_shared<FrameMemory>(setup.mostBytes))
     , m_scaler(std::make_unique<StillScaler>())
     , m_longestWait(3 * std::chrono::duration<double>(setup.longestRead).count())
 {
@@ -99,7 +99,7 @@ double BackwardsPlayer::here() const
     return m_plays && !m_isLate ? m_since - (m_clock.now() - m_start) : m_since;
 }
 
-/// Where the picture that shows is over.
+/// Where the frame that shows is over.
 double BackwardsPlayer::nextStep() const
 {
     return m_isFirst ? 0 : std::max(0.0, m_current->seconds());
@@ -135,7 +135,7 @@ void BackwardsPlayer::step()
     if (std::holds_alternative<BackwardsWorker::NotYet>(taken)) return wait();
     if (std::exchange(m_isLate, false)) m_start = m_clock.now();
     if (auto* const error = std::get_if<Error>(&taken)) return fail(error->message);
-    if (auto* const picture = std::get_if<KeptPicture>(&taken)) return show(std::move(*picture));
+    if (auto* const picture = std::get_if<KeptFrame>(&taken)) return show(std::move(*picture));
     m_isFirst = true;
     if (m_plays) schedule();
 }
@@ -150,13 +150,13 @@ void BackwardsPlayer::wait()
                                  [this] { fail(QStringLiteral("its pictures do not come any more")); });
 }
 
-void BackwardsPlayer::show(KeptPicture picture)
+void BackwardsPlayer::show(KeptFrame picture)
 {
     if (m_current) m_position = picture.seconds();
-    m_current = std::make_unique<KeptPicture>(std::move(picture));
+    m_current = std::make_unique<KeptFrame>(std::move(picture));
     if (isOverdue()) return step();
     if (m_plays) schedule();
-    m_listener.backwardsHasPicture();
+    m_listener.backwardsHasFrame();
 }
 
 void BackwardsPlayer::comeToBeginning()

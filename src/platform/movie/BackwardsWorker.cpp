@@ -13,8 +13,8 @@ static constexpr double farEnough = 4;
 // The next stretch may take so many times as long to decode as the longest of those before.
 static constexpr double inTime = 1.5;
 
-BackwardsWorker::BackwardsWorker(std::unique_ptr<ReverseDecoder> decoder,
-                                 std::shared_ptr<PictureMemory> memory, std::function<void()> changed)
+BackwardsWorker::BackwardsWorker(std::unique_ptr<ReverseDecoder> decoder, std::shared_ptr<FrameMemory> memory,
+                                 std::function<void()> changed)
     : m_decoder(std::move(decoder))
     , m_memory(std::move(memory))
     , m_changed(std::move(changed))
@@ -42,8 +42,8 @@ bool BackwardsWorker::mayDecode() const
 /// time; what it keeps moves on while it is decoded, so beginning early makes it hardly shorter.
 bool BackwardsWorker::isEnough() const
 {
-    if (m_pictures.empty()) return false;
-    const double left = m_pictures.back().seconds() - m_pictures.front().seconds();
+    if (m_frames.empty()) return false;
+    const double left = m_frames.back().seconds() - m_frames.front().seconds();
     const bool lasts = left > inTime * m_longestDecoding;
     return lasts && (left > farEnough || m_memory->used() > m_memory->most() / 2);
 }
@@ -55,25 +55,25 @@ void BackwardsWorker::decode(std::unique_lock<std::mutex>& lock)
     m_decoder->setDrawnSize(m_drawn);
     lock.unlock();
     const auto before = steady_clock::now();
-    auto pictures = m_decoder->next(stop);
+    auto frames = m_decoder->next(stop);
     const std::chrono::duration<double> taken = steady_clock::now() - before;
     lock.lock();
     m_longestDecoding = std::max(m_longestDecoding, taken.count());
     if (stop.stop_requested()) return; // of an order that was taken back
-    store(std::move(pictures));
+    store(std::move(frames));
     if (m_changed) m_changed();
 }
 
-void BackwardsWorker::store(Result<ReverseDecoder::Pictures> pictures)
+void BackwardsWorker::store(Result<ReverseDecoder::Frames> frames)
 {
-    if (!pictures) {
-        m_behind = pictures.failure();
+    if (!frames) {
+        m_behind = frames.failure();
         return;
     }
-    if (pictures.value().empty()) m_behind = Beginning{};
-    auto& earlier = pictures.value();
+    if (frames.value().empty()) m_behind = Beginning{};
+    auto& earlier = frames.value();
     while (!earlier.empty()) {
-        m_pictures.push_front(std::move(earlier.back()));
+        m_frames.push_front(std::move(earlier.back()));
         earlier.pop_back();
     }
 }
@@ -99,7 +99,7 @@ void BackwardsWorker::give(Order order)
     const std::lock_guard lock(m_mutex);
     m_order.stop.request_stop();
     m_order = std::move(order);
-    m_pictures.clear();
+    m_frames.clear();
     m_behind = NotYet{};
     m_wakeUp.notify_all();
 }
@@ -116,9 +116,9 @@ void BackwardsWorker::quit()
 BackwardsWorker::Taken BackwardsWorker::take()
 {
     const std::lock_guard lock(m_mutex);
-    if (m_pictures.empty()) return std::visit([](const auto& behind) -> Taken { return behind; }, m_behind);
-    KeptPicture picture = std::move(m_pictures.back());
-    m_pictures.pop_back();
+    if (m_frames.empty()) return std::visit([](const auto& behind) -> Taken { return behind; }, m_behind);
+    KeptFrame picture = std::move(m_frames.back());
+    m_frames.pop_back();
     m_wakeUp.notify_all();
     return picture;
 }
@@ -126,7 +126,7 @@ BackwardsWorker::Taken BackwardsWorker::take()
 bool BackwardsWorker::hasAnswer()
 {
     const std::lock_guard lock(m_mutex);
-    return !m_pictures.empty() || !std::holds_alternative<NotYet>(m_behind);
+    return !m_frames.empty() || !std::holds_alternative<NotYet>(m_behind);
 }
 
 } // namespace kestro

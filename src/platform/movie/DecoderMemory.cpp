@@ -10,7 +10,7 @@ namespace kestro {
 // Decoders work in blocks and with edges.
 static constexpr int block = 128;
 static constexpr qint64 bitsOfByte = 8;
-// The room for kept pictures of the levels of H.264 that its sizes need (its table A-1), in pixels.
+// The room for kept frames of the levels of H.264 that its sizes need (its table A-1), in pixels.
 static constexpr qint64 pixelsOfLevel51 = 36864LL * 256;
 static constexpr qint64 roomOfLevel51 = 184320LL * 256;
 static constexpr qint64 roomOfLevel62 = 696320LL * 256;
@@ -30,7 +30,7 @@ static qint64 pixelsOf(const MovieFacts& facts)
     return isKnown ? inBlocks(facts.codedWidth) * inBlocks(facts.codedHeight) : 0;
 }
 
-int keptPictures(int codec, qint64 pixels)
+int keptFrames(int codec, qint64 pixels)
 {
     const AVCodecDescriptor* const kind = avcodec_descriptor_get(static_cast<AVCodecID>(codec));
     if (kind && kind->props & AV_CODEC_PROP_INTRA_ONLY) return 0;
@@ -53,7 +53,7 @@ int keptPictures(int codec, qint64 pixels)
 qint64 decoderBytes(const MovieFacts& facts, int threads)
 {
     const qint64 bytesOfOne = pixelsOf(facts) * facts.bitsPerPixel / bitsOfByte;
-    return bytesOfOne * (facts.keptPictures + threads + 1);
+    return bytesOfOne * (facts.keptFrames + threads + 1);
 }
 
 int threadsThatFit(const MovieFacts& facts, int wished)
@@ -72,7 +72,7 @@ Result<void, MovieFault> checkSize(const MovieFacts& facts)
                       QStringLiteral("%1x%2").arg(facts.codedWidth).arg(facts.codedHeight)};
 }
 
-qint64 mostPicturePixels(const MovieFacts& facts)
+qint64 mostFramePixels(const MovieFacts& facts)
 {
     return std::max(pixelsOf(facts), Bounds::pixelsOfAnyStream);
 }

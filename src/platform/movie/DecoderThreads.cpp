@@ -15,7 +15,7 @@ static constexpr int threadsOfUnknown = 4;
 
 int decoderThreads(const MovieFacts& facts, int cores)
 {
-    const double pixels = static_cast<double>(facts.codedWidth) * facts.codedHeight * facts.picturesPerSecond;
+    const double pixels = static_cast<double>(facts.codedWidth) * facts.codedHeight * facts.framesPerSecond;
     const double work = pixels / pixelsOfOneThread * (facts.hasNewerCodec ? newerCodecWork : 1);
     const int most = std::clamp(cores, 1, mostThreads);
     const double wished = std::clamp(std::ceil(work), 1.0, static_cast<double>(most));

@@ -12,7 +12,7 @@ namespace kestro {
 /// it for.
 [[nodiscard]] int coloursOf(const AVFrame& frame);
 
-/// Whether the frame uses all of its numbers, as pictures of cameras do.
+/// Whether the frame uses all of its numbers, as frames of cameras do.
 [[nodiscard]] bool hasFullRange(const AVFrame& frame);
 
 /// Tells `scaler` the colours of `frame`. What it makes of it has the same where it `keeps` them, else those

@@ -10,7 +10,7 @@
 
 namespace kestro {
 
-// Backwards, a group of pictures that does not fit into memory is decoded for each stretch of it.
+// Backwards, a group of frames that does not fit into memory is decoded for each stretch of it.
 static constexpr double timesDecoded = 3;
 
 void FreeAv::operator()(AVCodecContext* codec) const
@@ -49,7 +49,7 @@ Result<void, MovieFault> FrameDecoder::openCodec(Use use)
     }
     m_facts = movieFacts(*m_input);
     MovieFacts asFast = m_facts;
-    if (use == Use::Backwards) asFast.picturesPerSecond *= timesDecoded;
+    if (use == Use::Backwards) asFast.framesPerSecond *= timesDecoded;
     const AVCodec* const codec = avcodec_find_decoder(video->codecpar->codec_id);
     m_codec.reset(avcodec_alloc_context3(codec));
     m_packet.reset(av_packet_alloc());
@@ -58,7 +58,7 @@ Result<void, MovieFault> FrameDecoder::openCodec(Use use)
         return MovieFault{Kind::Other, QStringLiteral("its decoder cannot be set up")};
     m_codec->pkt_timebase = video->time_base;
     if (use == Use::Stills) m_codec->skip_loop_filter = AVDISCARD_NONREF; // no other frame is made of those
-    m_codec->max_pixels = mostPicturePixels(m_facts);
+    m_codec->max_pixels = mostFramePixels(m_facts);
     m_codec->thread_count = decoderThreads(asFast, QThread::idealThreadCount());
     if (avcodec_open2(m_codec.get(), codec, nullptr) >= 0) return {};
     return MovieFault{Kind::Other, QStringLiteral("its decoder cannot be opened")};

@@ -18,15 +18,15 @@ struct FreeAv {
     void operator()(AVPacket* packet) const;
 };
 
-/// A decoded picture as libavcodec gives it.
+/// A decoded frame as libavcodec gives it.
 using Frame = std::unique_ptr<AVFrame, FreeAv>;
 
-/// The moving picture of one movie, frame after frame in the order of their times, from wherever it is sent.
-/// Owned by one who wants frames; one thread at a time. Times are stamps of the moving picture.
+/// The video of one movie, frame after frame in the order of their times, from wherever it is sent.
+/// Owned by one who wants frames; one thread at a time. Times are stamps of the video.
 /// Tested by ReverseDecoderTest.
 class FrameDecoder final {
 public:
-    /// What frames are for: pictures now and then, which need not be smooth to the last, or to be shown as
+    /// What frames are for: frames now and then, which need not be smooth to the last, or to be shown as
     /// they would be forwards, from groups that may have to be decoded several times.
     enum class Use { Stills, Backwards };
     /// Opens `url`. `interrupt` must outlive the decoder.
@@ -40,7 +40,7 @@ public:
     /// Goes to the last keyframe that the container knows at or before `stamp`, or else the first one behind
     /// it. False when that cannot be done.
     [[nodiscard]] bool seek(std::int64_t stamp);
-    /// Reads the next packet of the moving picture; it is decoded next, unless another is read before. Null
+    /// Reads the next packet of the video; it is decoded next, unless another is read before. Null
     /// when there is none.
     [[nodiscard]] const AVPacket* read();
     /// Whether reading ended at something else than the end.

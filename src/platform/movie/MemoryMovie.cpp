@@ -17,11 +17,11 @@ public:
     {
     }
 
-    [[nodiscard]] bool hasPicture() const override { return m_movie.state() == State::Loaded; }
+    [[nodiscard]] bool hasFrame() const override { return m_movie.state() == State::Loaded; }
 
     bool render(const PixelTarget& target) override
     {
-        if (!hasPicture()) return false;
+        if (!hasFrame()) return false;
         QImage image(target.pixels, target.width, target.height, target.stride, QImage::Format_RGB32);
         image.fill(m_movie.m_description.colour);
         return true;
@@ -31,7 +31,7 @@ public:
     {
         if (m_announced) return;
         m_announced = true;
-        announcePicture();
+        announceFrame();
     }
 
 private:

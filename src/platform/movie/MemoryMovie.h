@@ -22,9 +22,9 @@ class Clock;
 struct MemoryMovieDescription {
     Size naturalSize{640, 360};
     double seconds = 10;
-    QColor colour = Qt::red;     ///< every picture of it
+    QColor colour = Qt::red;     ///< every frame of it
     bool opens = true;           ///< false: refused when opened
-    double loadsAfter = 0;       ///< seconds until size, duration and picture are there; 0 for a local file
+    double loadsAfter = 0;       ///< seconds until size, duration and frame are there; 0 for a local file
     bool failsLoading = false;   ///< ends in State::Failed instead, after that span
     double breaksOffAfter = 1e9; ///< seconds after it was opened until it ends in State::Failed
     /// Takes its stills, on whatever thread asks for them; empty: they come at once.

@@ -43,7 +43,7 @@ static double durationOf(const AVFormatContext& context, const AVStream& stream)
 }
 
 /// Only where what the container promises and what the stream does agree.
-static double pictureSecondsOf(const AVStream& stream)
+static double frameSecondsOf(const AVStream& stream)
 {
     const double average = av_q2d(stream.avg_frame_rate);
     const double base = av_q2d(stream.r_frame_rate);
@@ -51,10 +51,10 @@ static double pictureSecondsOf(const AVStream& stream)
     return isConstant ? 1 / average : 0;
 }
 
-static double picturesPerSecondOf(const AVStream& stream)
+static double framesPerSecondOf(const AVStream& stream)
 {
     const double average = av_q2d(stream.avg_frame_rate);
-    return average > 0 && std::isfinite(average) ? average : MovieFacts{}.picturesPerSecond;
+    return average > 0 && std::isfinite(average) ? average : MovieFacts{}.framesPerSecond;
 }
 
 static bool isNewerCodec(AVCodecID codec)
@@ -87,13 +87,13 @@ MovieFacts movieFacts(const AvInput& input)
         .pixelAspect = aspectOf(context, stream),
         .rotation = clockwiseRotation(*stream),
         .seconds = durationOf(*context, *stream),
-        .pictureSeconds = pictureSecondsOf(*stream),
-        .picturesPerSecond = picturesPerSecondOf(*stream),
+        .frameSeconds = frameSecondsOf(*stream),
+        .framesPerSecond = framesPerSecondOf(*stream),
         .hasNewerCodec = isNewerCodec(stream->codecpar->codec_id),
         .hasSound = sound >= 0,
         .bitsPerPixel = bitsPerPixelOf(*stream),
-        .keptPictures = keptPictures(stream->codecpar->codec_id,
-                                     qint64{stream->codecpar->width} * stream->codecpar->height),
+        .keptFrames = keptFrames(stream->codecpar->codec_id,
+                                 qint64{stream->codecpar->width} * stream->codecpar->height),
     };
 }
 

@@ -13,7 +13,7 @@ struct MovieFault {
         NotReadable,
         EmptyFile,
         NoMovieFormat,
-        NoMovingPicture,
+        NoVideo,
         NoDecoder, ///< detail: the codec's name
         TooLarge,  ///< detail: its size
         Damaged,

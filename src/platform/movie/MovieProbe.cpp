@@ -17,7 +17,7 @@ using std::chrono::milliseconds;
 
 // Good files need a few milliseconds; this bounds hostile ones.
 static constexpr milliseconds longestLook{2000};
-// A recording cut off or streamed to disk names no duration; so long is looked for its end.
+// A recording broken off or streamed to disk names no duration; so long is looked for its end.
 static constexpr milliseconds longestSearchForEnd{250};
 
 static Result<void, MovieFault> checkFile(const QString& path)
@@ -31,7 +31,7 @@ static Result<void, MovieFault> checkFile(const QString& path)
     return {};
 }
 
-/// The end of the last picture that can be read within the time allowed.
+/// The end of the last frame that can be read within the time allowed.
 static double searchForEnd(const AvInput& input, AvInterrupt& interrupt, std::stop_token stop)
 {
     interrupt.allow(longestSearchForEnd, std::move(stop));

@@ -7,7 +7,7 @@
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MpvRenderer.h"
 #include "platform/movie/OpenGLTeardown.h"
-#include "platform/movie/ShownPicture.h"
+#include "platform/movie/ShownFrame.h"
 
 #include <clocale>
 #include <mpv/render.h>
@@ -15,7 +15,7 @@
 namespace kestro {
 
 std::unique_ptr<MpvHandle> MpvHandle::create(const Options& options, std::shared_ptr<OpenGL> openGL,
-                                             std::shared_ptr<ShownPicture> shown)
+                                             std::shared_ptr<ShownFrame> shown)
 {
     auto handle = std::unique_ptr<MpvHandle>(new MpvHandle);
     handle->m_shown = std::move(shown);
@@ -103,12 +103,12 @@ void MpvHandle::makeCurrent() const
     if (m_openGL) static_cast<void>(m_openGL->makeCurrent());
 }
 
-bool MpvHandle::isCutOff() const
+bool MpvHandle::isContextLost() const
 {
     return m_openGL && m_openGL->isLost();
 }
 
-bool MpvHandle::takeNewPicture()
+bool MpvHandle::takeNewFrame()
 {
     if (!m_openGL) return m_shown->takeNew();
     makeCurrent();
@@ -140,7 +140,7 @@ void MpvHandle::ask(std::uint64_t id, const char* property, mpv_format format)
 
 bool MpvHandle::renderWithOpenGL(const FramebufferTarget& target)
 {
-    return m_openGL && !m_openGL->isLost() && renderPicture(m_renderer, target);
+    return m_openGL && !m_openGL->isLost() && renderFrame(m_renderer, target);
 }
 
 bool MpvHandle::render(const PixelTarget& target)
@@ -150,11 +150,11 @@ bool MpvHandle::render(const PixelTarget& target)
     return m_shown->draw(target);
 }
 
-void MpvHandle::skipPicture()
+void MpvHandle::skipFrame()
 {
     if (!m_openGL) return m_shown->skip();
     makeCurrent();
-    skipPictureOf(m_renderer);
+    skipFrameOf(m_renderer);
 }
 
 } // namespace kestro

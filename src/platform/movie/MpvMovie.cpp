@@ -4,7 +4,7 @@
 #include "platform/movie/DecoderThreads.h"
 #include "platform/movie/MpvMovieLayer.h"
 #include "platform/movie/MpvStills.h"
-#include "platform/movie/ShownPicture.h"
+#include "platform/movie/ShownFrame.h"
 
 #include <QThread>
 
@@ -13,14 +13,14 @@
 
 namespace kestro {
 
-// The last picture of a movie begins this much before its end, at most.
+// The last frame of a movie begins this much before its end, at most.
 static constexpr double longestPicture = 0.5;
 
 MpvMovie::MpvMovie(const QUrl& url, const MpvMovieOptions& options)
     : m_url(url)
     , m_options(options)
     , m_layer(std::make_unique<PlayerLayer>(*this))
-    , m_shown(std::make_shared<ShownPicture>())
+    , m_shown(std::make_shared<ShownFrame>())
 {
     if (m_url.isLocalFile())
         open();
@@ -42,10 +42,10 @@ bool MpvMovie::start(double at)
     auto player = MpvPlayer::start({.url = m_url,
                                     .options = m_options,
                                     .start = at,
-                                    .pictureSeconds = m_facts ? m_facts->pictureSeconds : 0,
+                                    .frameSeconds = m_facts ? m_facts->frameSeconds : 0,
                                     .rotation = m_facts ? m_facts->rotation : 0,
                                     .decoderThreads = threadsFor(m_facts),
-                                    .mostPicturePixels = mostPicturePixels(m_facts.value_or(MovieFacts())),
+                                    .mostFramePixels = mostFramePixels(m_facts.value_or(MovieFacts())),
                                     .muted = m_muted,
                                     .volume = m_volume,
                                     .openGL = m_options.openGL.lock(),
@@ -93,8 +93,8 @@ void MpvMovie::become()
 void MpvMovie::beShown()
 {
     if (auto* const opening = std::get_if<Opening>(&m_state)) opening->isShown = true;
-    const bool isCutOff = started() && player()->isCutOff();
-    if (!isCutOff && !std::holds_alternative<Lying>(m_state)) return;
+    const bool isContextLost = started() && player()->isContextLost();
+    if (!isContextLost && !std::holds_alternative<Lying>(m_state)) return;
     QMetaObject::invokeMethod(
         &m_context, [this] { takePlayerForShow(); }, Qt::QueuedConnection);
 }
@@ -102,7 +102,7 @@ void MpvMovie::beShown()
 void MpvMovie::takePlayerForShow()
 {
     if (const auto* const lying = std::get_if<Lying>(&m_state)) static_cast<void>(start(lying->at));
-    if (started() && player()->isCutOff()) replacePlayer();
+    if (started() && player()->isContextLost()) replacePlayer();
 }
 
 /// One that draws in software goes on from where the other was.
@@ -225,7 +225,7 @@ void MpvMovie::playerFailed()
     const double at = position();
     auto last = std::move(started()->player);
     m_back.reset();
-    if (!last->hasPicture()) last.reset();
+    if (!last->hasFrame()) last.reset();
     m_state = Broken{at, std::move(last)};
     tellSettled();
 }

@@ -21,7 +21,7 @@
 
 namespace kestro {
 
-class ShownPicture;
+class ShownFrame;
 
 /// A real movie, played by libmpv, backwards by a BackwardsPlayer, its stills decoded by libavcodec. The file
 /// of a local one is looked into first, on another thread; it starts its player when it is first played or
@@ -75,14 +75,14 @@ private:
     struct Ended : Started {};
     struct Broken {
         double at = 0;                          ///< seconds
-        std::unique_ptr<MpvPlayer> player = {}; ///< shows the last picture; null where there was none
+        std::unique_ptr<MpvPlayer> player = {}; ///< shows the last frame; null where there was none
     };
 
-    void playerHasPicture() override;
+    void playerHasFrame() override;
     void playerIsLoaded() override;
     void playerReachedEnd() override;
     void playerFailed() override;
-    void backwardsHasPicture() override;
+    void backwardsHasFrame() override;
     void backwardsReachedBeginning() override;
     void backwardsFailed(const QString& reason) override;
 
@@ -117,7 +117,7 @@ private:
     const MpvMovieOptions m_options;
     std::optional<MovieFacts> m_facts; ///< of a local movie, once it was looked into
     std::unique_ptr<PlayerLayer> m_layer;
-    const std::shared_ptr<ShownPicture> m_shown; ///< what copies for stills look at first
+    const std::shared_ptr<ShownFrame> m_shown; ///< what copies for stills look at first
     std::variant<Opening, Lying, Standing, Playing, Ended, Broken> m_state = Opening{};
     bool m_loops = false;
     bool m_backAndForth = false;

@@ -15,23 +15,23 @@ public:
     {
     }
 
-    /// Pixels that the last picture was drawn with.
+    /// Pixels that the last frame was drawn with.
     [[nodiscard]] QSize drawnSize() const { return m_drawn; }
-    void announce() const { announcePicture(); }
+    void announce() const { announceFrame(); }
 
     void willShow() override { m_movie.beShown(); }
 
-    [[nodiscard]] bool hasPicture() const override
+    [[nodiscard]] bool hasFrame() const override
     {
         const MpvPlayer* const player = m_movie.player();
-        return m_movie.showsBackwards() || (player && !player->isCutOff() && player->hasPicture());
+        return m_movie.showsBackwards() || (player && !player->isContextLost() && player->hasFrame());
     }
 
     bool render(const PixelTarget& target) override
     {
         m_drawn = {target.width, target.height};
         if (m_movie.showsBackwards()) return m_movie.m_back->render(target);
-        return hasPicture() && m_movie.player()->render(target);
+        return hasFrame() && m_movie.player()->render(target);
     }
 
     [[nodiscard]] bool drawsWithOpenGL() const override
@@ -43,7 +43,7 @@ public:
     bool renderWithOpenGL(const FramebufferTarget& target) override
     {
         m_drawn = {target.width, target.height};
-        return drawsWithOpenGL() && hasPicture() && m_movie.player()->renderWithOpenGL(target);
+        return drawsWithOpenGL() && hasFrame() && m_movie.player()->renderWithOpenGL(target);
     }
 
 private:

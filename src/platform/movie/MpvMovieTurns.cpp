@@ -9,7 +9,7 @@
 
 namespace kestro {
 
-// Before a turn the last pictures are decoded; a server, a disk and a decoder may take some time for that.
+// Before a turn the last frames are decoded; a server, a disk and a decoder may take some time for that.
 static constexpr double ahead = 4;
 
 void MpvMovie::setAttribute(MovieAttribute attribute, bool on)
@@ -42,10 +42,10 @@ bool MpvMovie::isBackwards() const
         m_state);
 }
 
-/// Until the first picture backwards is there, the last one forwards stands.
+/// Until the first frame backwards is there, the last one forwards stands.
 bool MpvMovie::showsBackwards() const
 {
-    return isBackwards() && m_back->hasPicture();
+    return isBackwards() && m_back->hasFrame();
 }
 
 /// Gets ready for the turn at its end, so that it goes on at once there.
@@ -77,7 +77,7 @@ void MpvMovie::turnBack()
     if (!m_isNearTurn) prepareBackwards(end);
     m_isNearTurn = false;
     started()->backwards = true;
-    if (m_back->hasPicture()) backwardsHasPicture();
+    if (m_back->hasFrame()) backwardsHasFrame();
 }
 
 /// Stands there, to go forwards.
@@ -132,14 +132,14 @@ void MpvMovie::playerReachedEnd()
     player()->setPaused(true);
 }
 
-void MpvMovie::playerHasPicture()
+void MpvMovie::playerHasFrame()
 {
     approachTurn();
     if (!showsBackwards()) m_layer->announce();
 }
 
 /// The player stands at the beginning meanwhile, to go on there at once.
-void MpvMovie::backwardsHasPicture()
+void MpvMovie::backwardsHasFrame()
 {
     if (!isBackwards()) return;
     if (player()->position() > 0) player()->seek(0);

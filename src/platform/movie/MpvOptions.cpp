@@ -66,14 +66,14 @@ static MpvHandle::Options plainOptions()
     };
 }
 
-/// The picture upright, stretched over the target, by the cheapest way.
+/// The frame upright, stretched over the target, by the cheapest way.
 static MpvHandle::Options pictureOptions()
 {
     return {
         {"video-rotate", "no"}, // turning by mpv itself aborts in software
         {"keepaspect", "no"},         {"sws-allow-zimg", "no"},
         {"sws-fast", "yes"},          {"sws-scaler", "fast-bilinear"},
-        {"video-timing-offset", "0"}, // pictures come when they are due: drawing them does not wait
+        {"video-timing-offset", "0"}, // frames come when they are due: drawing them does not wait
     };
 }
 
@@ -114,7 +114,7 @@ MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
          {pictureOptions(), decoderOptions(setup), sourceOptions(setup.url.isLocalFile(), setup.options)})
         options.insert(options.end(), group.begin(), group.end());
     options.emplace_back("vd-lavc-threads", QByteArray::number(setup.decoderThreads));
-    options.emplace_back("vd-lavc-o", decoderBound(setup.mostPicturePixels));
+    options.emplace_back("vd-lavc-o", decoderBound(setup.mostFramePixels));
     options.emplace_back("vf", rotationFilter(setup.rotation));
     options.emplace_back("aid", setup.muted ? "no" : "auto");
     options.emplace_back("volume", mpvVolume(setup.volume));

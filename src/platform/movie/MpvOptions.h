@@ -12,10 +12,10 @@ struct MpvPlayerSetup;
 /// Tested by DecoderMemoryTest and DecoderThreadsTest.
 [[nodiscard]] MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup);
 
-/// mpv's video filter that turns a picture by `rotation` degrees clockwise; empty for none.
+/// mpv's video filter that turns a frame by `rotation` degrees clockwise; empty for none.
 [[nodiscard]] QByteArray rotationFilter(int rotation);
 
-/// The option of libavcodec's decoders that has them refuse pictures of more than so many pixels.
+/// The option of libavcodec's decoders that has them refuse frames of more than so many pixels.
 [[nodiscard]] QByteArray decoderBound(qint64 pixels);
 
 /// mpv's volume for a share of the recorded loudness, 0 … 1.

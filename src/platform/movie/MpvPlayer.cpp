@@ -3,7 +3,7 @@
 #include "platform/display/view/Layer.h"
 #include "platform/movie/AvInput.h"
 #include "platform/movie/MpvOptions.h"
-#include "platform/movie/ShownPicture.h"
+#include "platform/movie/ShownFrame.h"
 
 #include <algorithm>
 #include <chrono>
@@ -15,11 +15,11 @@ using std::chrono::milliseconds;
 
 // A server that sends a little now and then is given up after so many time limits.
 static constexpr int loadLimits = 3;
-// A picture that nobody drew by then is dropped, so that the movie goes on while it is not shown.
+// A frame that nobody drew by then is dropped, so that the movie goes on while it is not shown.
 static constexpr milliseconds drawnWithin{30};
 // A seek takes tens of milliseconds; where there can be none (a stream), mpv may not say so.
 static constexpr milliseconds longestMove{3000};
-// mpv seeks to the first picture that begins no earlier than this before the target.
+// mpv seeks to the first frame that begins no earlier than this before the target.
 static constexpr double mpvSlack = 0.005;
 
 std::unique_ptr<MpvPlayer> MpvPlayer::start(const MpvPlayerSetup& setup, MpvPlayerListener& listener)
@@ -67,10 +67,10 @@ void MpvPlayer::load(double start)
     m_handle->command(ofThisMove(Move), {"loadfile", mediaSource(m_setup.url).constData()});
 }
 
-/// The picture that is on at a time begins up to one picture before it.
+/// The frame that is on at a time begins up to one frame before it.
 QByteArray MpvPlayer::mpvTarget(double seconds) const
 {
-    const double before = std::max(0.0, m_setup.pictureSeconds - mpvSlack - 0.001);
+    const double before = std::max(0.0, m_setup.frameSeconds - mpvSlack - 0.001);
     return QByteArray::number(std::max(0.0, seconds - before), 'f', 6);
 }
 
@@ -121,46 +121,46 @@ Size MpvPlayer::naturalSize() const
     return {static_cast<float>(m_numbers->width), static_cast<float>(m_numbers->height)};
 }
 
-void MpvPlayer::takePicture()
+void MpvPlayer::takeFrame()
 {
     if (m_state.hasFailed()) return;
-    if (m_state.isUnderway() && !hasPicture()) {
+    if (m_state.isUnderway() && !hasFrame()) {
         m_picture = Showing::Waiting;
-        return m_handle->skipPicture();
+        return m_handle->skipFrame();
     }
     if (m_picture == Showing::Unwatched) {
-        m_handle->skipPicture();
+        m_handle->skipFrame();
     } else {
-        m_picture = Showing::Picture;
+        m_picture = Showing::Frame;
         m_unwatchedTimer.start();
     }
-    m_listener.playerHasPicture();
+    m_listener.playerHasFrame();
 }
 
 /// Whatever waits to be drawn would hold up the movie.
 void MpvPlayer::dropUnwatched()
 {
-    if (hasPicture()) m_picture = Showing::Unwatched;
-    m_handle->skipPicture();
+    if (hasFrame()) m_picture = Showing::Unwatched;
+    m_handle->skipFrame();
 }
 
 bool MpvPlayer::render(const PixelTarget& target)
 {
-    if (!hasPicture()) return false;
+    if (!hasFrame()) return false;
     noteDrawing();
     return m_handle->render(target);
 }
 
 bool MpvPlayer::renderWithOpenGL(const FramebufferTarget& target)
 {
-    if (!hasPicture()) return false;
+    if (!hasFrame()) return false;
     noteDrawing();
     return m_handle->renderWithOpenGL(target);
 }
 
 void MpvPlayer::noteDrawing()
 {
-    m_picture = Showing::Picture;
+    m_picture = Showing::Frame;
     m_unwatchedTimer.stop();
 }
 

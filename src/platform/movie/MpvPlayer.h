@@ -18,32 +18,32 @@
 
 namespace kestro {
 
-class ShownPicture;
+class ShownFrame;
 
 /// What a player is started with.
 struct MpvPlayerSetup {
     QUrl url;
     MpvMovieOptions options;
-    double start = 0;          ///< seconds
-    double pictureSeconds = 0; ///< from one picture to the next, 0 when it varies
-    int rotation = 0;          ///< degrees clockwise that turn it upright; a remote movie's is found out
+    double start = 0;        ///< seconds
+    double frameSeconds = 0; ///< from one frame to the next, 0 when it varies
+    int rotation = 0;        ///< degrees clockwise that turn it upright; a remote movie's is found out
     int decoderThreads = 1;
-    qint64 mostPicturePixels = Bounds::pixelsOfAnyStream; ///< a remote movie's is found out
-    bool muted = false;                                   ///< sound is not even decoded until unmuted
+    qint64 mostFramePixels = Bounds::pixelsOfAnyStream; ///< a remote movie's is found out
+    bool muted = false;                                 ///< sound is not even decoded until unmuted
     double volume = 1;
     std::shared_ptr<OpenGL> openGL = {}; ///< to draw with; null for software
-    std::shared_ptr<ShownPicture> shown; ///< is told what shows; never null
+    std::shared_ptr<ShownFrame> shown;   ///< is told what shows; never null
 };
 
 /// Hears from a player, on the main thread. May destroy it in any of these.
 class MpvPlayerListener {
 public:
-    virtual void playerHasPicture() = 0;
+    virtual void playerHasFrame() = 0;
     /// Its numbers are known.
     virtual void playerIsLoaded() = 0;
     /// Came to its end. It stands there.
     virtual void playerReachedEnd() = 0;
-    /// Broke off; final. A picture that there was stays.
+    /// Broke off; final. A frame that there was stays.
     virtual void playerFailed() = 0;
 
 protected:
@@ -73,12 +73,12 @@ public:
     [[nodiscard]] double duration() const { return m_numbers ? m_numbers->duration : 0; }
     [[nodiscard]] Size naturalSize() const;
 
-    [[nodiscard]] bool hasPicture() const { return m_picture >= Showing::Picture; }
+    [[nodiscard]] bool hasFrame() const { return m_picture >= Showing::Frame; }
     bool render(const PixelTarget& target);
     [[nodiscard]] bool drawsWithOpenGL() const { return m_handle->drawsWithOpenGL(); }
     bool renderWithOpenGL(const FramebufferTarget& target);
     /// Whether it cannot draw any more and is to be replaced: the OpenGL that it drew with was lost.
-    [[nodiscard]] bool isCutOff() const { return m_handle->isCutOff(); }
+    [[nodiscard]] bool isContextLost() const { return m_handle->isContextLost(); }
 
 private:
     /// What an event answers.
@@ -107,8 +107,8 @@ private:
     };
     enum class Showing {
         Nothing,
-        Waiting,  ///< there is a picture that may be of before the place it was sent to
-        Picture,  ///< there is one, and somebody draws
+        Waiting,  ///< there is a frame that may be of before the place it was sent to
+        Frame,    ///< there is one, and somebody draws
         Unwatched ///< there is one, and nobody drew it in time: mpv goes on without
     };
 
@@ -133,7 +133,7 @@ private:
     void handleLog(const mpv_event_log_message& message);
     void askWhetherEnded();
     void reachEnd();
-    void takePicture();
+    void takeFrame();
     void noteDrawing();
     void dropUnwatched();
     void orderSeek();
@@ -151,7 +151,7 @@ private:
 
     MpvPlayerSetup m_setup;
     MpvPlayerListener& m_listener;
-    QTimer m_unwatchedTimer; ///< runs while a picture waits to be drawn
+    QTimer m_unwatchedTimer; ///< runs while a frame waits to be drawn
     QTimer m_loadTimer;      ///< bounds the loading of a remote movie
     QTimer m_moveTimer;      ///< bounds a move that mpv never ends
     QTimer m_stallTimer;     ///< runs while a movie should play on, but waits for its server or disk
@@ -162,7 +162,7 @@ private:
     Numbers m_asked;                  ///< answered so far
     std::optional<Numbers> m_numbers; ///< once all are
     StreamBytes m_source;
-    bool m_isIdle = true;        ///< mpv shows no pictures: paused, seeking or waiting for data
+    bool m_isIdle = true;        ///< mpv shows no frames: paused, seeking or waiting for data
     bool m_decodesSound = false; ///< as mpv was told last
     QElapsedTimer m_round;       ///< since it began anew by itself last
     int m_roundsInVain = 0;      ///< so often it began anew, one after the other, and played nothing

@@ -7,7 +7,7 @@
 #include "platform/movie/MpvOptions.h"
 #include "platform/movie/MpvPlayer.h"
 #include "platform/movie/MpvTracks.h"
-#include "platform/movie/ShownPicture.h"
+#include "platform/movie/ShownFrame.h"
 #include "platform/movie/StreamEnd.h"
 
 #include <QPointer>
@@ -49,7 +49,7 @@ void MpvPlayer::drain()
         if (event.event_id == MPV_EVENT_NONE) break;
         handle(event);
     }
-    if (self && m_handle->takeNewPicture()) takePicture();
+    if (self && m_handle->takeNewFrame()) takeFrame();
 }
 
 void MpvPlayer::handle(const mpv_event& event)
@@ -110,9 +110,9 @@ void MpvPlayer::handleTime(double time)
 {
     if (time < 0) return;
     const double before = m_state.position();
-    m_state.timeIs(time, m_setup.pictureSeconds);
-    const bool isShowing = hasPicture() && std::holds_alternative<PlayerState::Playing>(m_state.current());
-    if (isShowing) m_setup.shown->began(time, m_setup.pictureSeconds);
+    m_state.timeIs(time, m_setup.frameSeconds);
+    const bool isShowing = hasFrame() && std::holds_alternative<PlayerState::Playing>(m_state.current());
+    if (isShowing) m_setup.shown->began(time, m_setup.frameSeconds);
     if (m_state.position() == before) return;
     m_roundsInVain = 0;
     if (!isRemote()) noteProgress();
@@ -201,8 +201,8 @@ void MpvPlayer::arrive()
     watchProgress();
     askWhetherEnded();
     if (m_picture != Showing::Waiting) return;
-    m_picture = Showing::Picture;
-    m_listener.playerHasPicture();
+    m_picture = Showing::Frame;
+    m_listener.playerHasFrame();
 }
 
 /// A looping movie whose server went away begins anew again and again, as fast as it can.
@@ -220,14 +220,14 @@ bool MpvPlayer::isStalling() const
     return m_state.isGoing() && (m_isIdle || !isRemote());
 }
 
-/// A picture may stand for long; only where mpv still waits for the disk meanwhile it has stalled.
+/// A frame may stand for long; only where mpv still waits for the disk meanwhile it has stalled.
 void MpvPlayer::handleReadAhead(bool isDone)
 {
     if (isDone) return noteProgress();
     if (isStalling()) fail();
 }
 
-/// Of a file mpv does not tell that it waits for its disk; but it tells of no new picture then.
+/// Of a file mpv does not tell that it waits for its disk; but it tells of no new frame then.
 void MpvPlayer::noteProgress()
 {
     m_stallTimer.stop();
@@ -252,7 +252,7 @@ void MpvPlayer::endStall()
     m_handle->ask(ReadAhead, "demuxer-cache-idle", MPV_FORMAT_FLAG);
 }
 
-/// A remote movie that comes to its end without a picture (its index at the end of the file, say, on a server
+/// A remote movie that comes to its end without a frame (its index at the end of the file, say, on a server
 /// that sends files only whole), or before its time, has failed.
 void MpvPlayer::reachEnd()
 {
@@ -264,20 +264,20 @@ void MpvPlayer::reachEnd()
 void MpvPlayer::handleEnd(const mpv_event_end_file& end)
 {
     const bool isFault = end.reason == MPV_END_FILE_REASON_ERROR;
-    if (isFault && (isRemote() || !hasPicture())) return fail();
+    if (isFault && (isRemote() || !hasFrame())) return fail();
     if (!isFault && end.reason != MPV_END_FILE_REASON_EOF) return;
     m_picture = Showing::Nothing; // mpv let go of it
     m_listener.playerReachedEnd();
 }
 
-/// The last picture stands until the movie is let go of.
+/// The last frame stands until the movie is let go of.
 void MpvPlayer::fail()
 {
     if (m_state.hasFailed()) return;
     m_state.fail();
     for (QTimer* const timer : {&m_loadTimer, &m_moveTimer, &m_stallTimer})
         timer->stop();
-    if (hasPicture())
+    if (hasFrame())
         m_handle->set("pause", "yes");
     else
         m_handle->command(Ignored, {"stop"});
@@ -288,7 +288,7 @@ void MpvPlayer::fail()
 /// upright.
 void MpvPlayer::handleHook(const mpv_event_hook& hook)
 {
-    const auto facts = factsOfMovingPicture(m_handle->raw());
+    const auto facts = factsOfVideo(m_handle->raw());
     const auto fits = facts ? checkSize(*facts) : Result<void, MovieFault>();
     if (!fits) logLine(QStringLiteral("%1: %2").arg(shownURL(m_setup.url), plainWords(fits.failure())));
     const bool isRefused = !facts || !fits;
@@ -303,11 +303,11 @@ void MpvPlayer::handleHook(const mpv_event_hook& hook)
 void MpvPlayer::prepareFor(const MovieFacts& facts)
 {
     if (facts.rotation > 0) {
-        m_handle->set("hwdec", "no"); // the filter turns pictures in memory
+        m_handle->set("hwdec", "no"); // the filter turns frames in memory
         m_handle->set("vf", rotationFilter(facts.rotation));
     }
     m_handle->set("vd-lavc-threads", QByteArray::number(threadsThatFit(facts, m_setup.decoderThreads)));
-    m_handle->set("vd-lavc-o", decoderBound(mostPicturePixels(facts)));
+    m_handle->set("vd-lavc-o", decoderBound(mostFramePixels(facts)));
 }
 
 void MpvPlayer::handleLog(const mpv_event_log_message& message)

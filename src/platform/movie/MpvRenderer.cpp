@@ -57,7 +57,7 @@ mpv_render_context* makeOpenGLRenderer(mpv_handle* handle, OpenGL& openGL)
     return mpv_render_context_create(&renderer, handle, params) >= 0 ? renderer : nullptr;
 }
 
-bool renderPicture(mpv_render_context* renderer, const FramebufferTarget& target)
+bool renderFrame(mpv_render_context* renderer, const FramebufferTarget& target)
 {
     mpv_opengl_fbo card{static_cast<int>(target.framebuffer), target.width, target.height, 0};
     int off = 0;
@@ -70,7 +70,7 @@ bool renderPicture(mpv_render_context* renderer, const FramebufferTarget& target
     return mpv_render_context_render(renderer, params) >= 0;
 }
 
-void skipPictureOf(mpv_render_context* renderer)
+void skipFrameOf(mpv_render_context* renderer)
 {
     int on = 1;
     int off = 0;
@@ -87,7 +87,7 @@ void freePlayer(mpv_handle* handle, mpv_render_context* renderer)
     if (renderer) {
         mpv_command_string(handle, "stop");
         for (int round = 0; round < 5; ++round) {
-            skipPictureOf(renderer);
+            skipFrameOf(renderer);
             std::this_thread::sleep_for(std::chrono::milliseconds(4));
         }
         mpv_render_context_free(renderer);

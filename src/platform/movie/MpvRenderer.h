@@ -10,23 +10,23 @@ namespace kestro {
 struct FramebufferTarget;
 class OpenGL;
 
-// What is done with mpv's renderers. Main thread, but for skipPictureOf with one that draws in software.
+// What is done with mpv's renderers. Main thread, but for skipFrameOf with one that draws in software.
 // Tested by MpvMovieTest.
 
 /// A renderer that draws with OpenGL, whose context is current; null when mpv does not take that context.
 [[nodiscard]] mpv_render_context* makeOpenGLRenderer(mpv_handle* handle, OpenGL& openGL);
 
-/// Draws the newest picture, stretched, with the OpenGL that is current. False when it could not.
-[[nodiscard]] bool renderPicture(mpv_render_context* renderer, const FramebufferTarget& target);
+/// Draws the newest frame, stretched, with the OpenGL that is current. False when it could not.
+[[nodiscard]] bool renderFrame(mpv_render_context* renderer, const FramebufferTarget& target);
 
-/// Lets mpv go on without drawing the picture that waits.
-void skipPictureOf(mpv_render_context* renderer);
+/// Lets mpv go on without drawing the frame that waits.
+void skipFrameOf(mpv_render_context* renderer);
 
-/// Frees both. The renderer must go first. Freeing it while a picture waits to be drawn would block a fifth
+/// Frees both. The renderer must go first. Freeing it while a frame waits to be drawn would block a fifth
 /// of a second, so those that are still on their way are taken and dropped.
 void freePlayer(mpv_handle* handle, mpv_render_context* renderer);
 
-/// Whether that version, as the property "mpv-version" names it, forgets to free a fence for each picture.
+/// Whether that version, as the property "mpv-version" names it, forgets to free a fence for each frame.
 [[nodiscard]] bool leaksFences(const QByteArray& version);
 
 } // namespace kestro

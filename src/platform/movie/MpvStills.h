@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/movie/ShownPicture.h"
+#include "platform/movie/ShownFrame.h"
 #include "platform/movie/StillDecoder.h"
 #include "platform/movie/StillMovie.h"
 
@@ -13,12 +13,12 @@
 
 namespace kestro {
 
-/// Stills of a real movie. The picture that it shows is drawn once more, where the size of stills was set;
+/// Stills of a real movie. The frame that it shows is drawn once more, where the size of stills was set;
 /// any other is decoded, by a decoder of their own that is opened for the first of them. As StillMovie says.
 class MpvStills final : public StillMovie {
 public:
     /// Each still may take `longest`.
-    MpvStills(std::shared_ptr<ShownPicture> shown, const QUrl& url, std::chrono::milliseconds longest)
+    MpvStills(std::shared_ptr<ShownFrame> shown, const QUrl& url, std::chrono::milliseconds longest)
         : m_shown(std::move(shown))
         , m_decoder(url)
         , m_longest(longest)
@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    const std::shared_ptr<ShownPicture> m_shown;
+    const std::shared_ptr<ShownFrame> m_shown;
     std::atomic<QSize> m_size{QSize()};
     StillDecoder m_decoder;
     const std::chrono::milliseconds m_longest;

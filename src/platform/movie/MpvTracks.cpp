@@ -22,7 +22,7 @@ public:
     {
     }
 
-    [[nodiscard]] bool isMovingPicture() const { return text("type") == "video" && !isSet("image"); }
+    [[nodiscard]] bool isVideo() const { return text("type") == "video" && !isSet("image"); }
 
     [[nodiscard]] MovieFacts facts() const
     {
@@ -31,8 +31,8 @@ public:
         facts.codedHeight = sideOf("demux-h");
         facts.rotation = static_cast<int>(number("demux-rotation"));
         const AVCodecDescriptor* const codec = avcodec_descriptor_get_by_name(text("codec").constData());
-        facts.keptPictures =
-            keptPictures(codec ? codec->id : AV_CODEC_ID_NONE, qint64{facts.codedWidth} * facts.codedHeight);
+        facts.keptFrames =
+            keptFrames(codec ? codec->id : AV_CODEC_ID_NONE, qint64{facts.codedWidth} * facts.codedHeight);
         return facts;
     }
 
@@ -70,20 +70,20 @@ private:
 
 } // namespace
 
-std::optional<MovieFacts> factsOfMovingPicture(mpv_handle* mpv)
+std::optional<MovieFacts> factsOfVideo(mpv_handle* mpv)
 {
     std::int64_t count = 0;
     mpv_get_property(mpv, "track-list/count", MPV_FORMAT_INT64, &count);
     std::optional<MovieFacts> first;
     for (std::int64_t i = 0; i < count; ++i) {
         const Track track(mpv, i);
-        if (!track.isMovingPicture()) continue;
+        if (!track.isVideo()) continue;
         const MovieFacts facts = track.facts();
         if (!first) first = facts;
         if (decoderBytes(facts, 1) <= decoderBytes(*first, 1)) continue;
         first->codedWidth = facts.codedWidth;
         first->codedHeight = facts.codedHeight;
-        first->keptPictures = facts.keptPictures;
+        first->keptFrames = facts.keptFrames;
     }
     return first;
 }

@@ -68,7 +68,7 @@ void OpenGLTeardown::look()
     m_woken = false;
     if (isStopped()) return finish();
     static_cast<void>(m_openGL->makeCurrent());
-    skipPictureOf(m_renderer);
+    skipFrameOf(m_renderer);
 }
 
 bool OpenGLTeardown::isStopped()
@@ -76,7 +76,7 @@ bool OpenGLTeardown::isStopped()
     while (true) {
         const mpv_event& event = *mpv_wait_event(m_handle, 0);
         if (event.event_id == MPV_EVENT_NONE) return false;
-        if (event.event_id == MPV_EVENT_IDLE) return true; // nothing is loaded, and no picture is left
+        if (event.event_id == MPV_EVENT_IDLE) return true; // nothing is loaded, and no frame is left
     }
 }
 
@@ -86,7 +86,7 @@ void OpenGLTeardown::finish()
     mpv_set_wakeup_callback(m_handle, nullptr, nullptr);
     mpv_render_context_set_update_callback(m_renderer, nullptr, nullptr);
     static_cast<void>(m_openGL->makeCurrent());
-    skipPictureOf(m_renderer);
+    skipFrameOf(m_renderer);
     mpv_render_context_free(m_renderer);
     tearDownLater([handle = m_handle] { freePlayer(handle, nullptr); });
     delete this;

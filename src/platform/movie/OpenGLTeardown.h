@@ -14,7 +14,7 @@ namespace kestro {
 class OpenGL;
 
 /// Ends a player that draws with OpenGL. Its renderer can only be freed where the context is, and would hold
-/// that thread up while a picture waits to be drawn: so the movie is stopped first, and the pictures that
+/// that thread up while a frame waits to be drawn: so the movie is stopped first, and the frames that
 /// come till then are dropped. The rest is left to a thread. Owns itself; main thread.
 /// Tested by OpenGLMovieTest.
 class OpenGLTeardown final : public QObject {

@@ -136,17 +136,17 @@ void PlayerState::arrive(const Moving& moving)
         m_state = Placed{at};
 }
 
-/// The picture at the place that it was sent to may have begun before it.
-static double placeOf(double time, double sentTo, double pictureSeconds)
+/// The frame at the place that it was sent to may have begun before it.
+static double placeOf(double time, double sentTo, double frameSeconds)
 {
-    const bool isThePictureThere = time < sentTo && time > sentTo - pictureSeconds;
+    const bool isThePictureThere = time < sentTo && time > sentTo - frameSeconds;
     return isThePictureThere ? sentTo : time;
 }
 
-void PlayerState::timeIs(double time, double pictureSeconds)
+void PlayerState::timeIs(double time, double frameSeconds)
 {
-    std::visit(Match{[&](Stopped& stopped) { stopped.at = placeOf(time, stopped.sentTo, pictureSeconds); },
-                     [&](Playing& playing) { playing.at = placeOf(time, playing.sentTo, pictureSeconds); },
+    std::visit(Match{[&](Stopped& stopped) { stopped.at = placeOf(time, stopped.sentTo, frameSeconds); },
+                     [&](Playing& playing) { playing.at = placeOf(time, playing.sentTo, frameSeconds); },
                      [](const auto&) {}},
                m_state);
 }

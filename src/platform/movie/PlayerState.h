@@ -26,7 +26,7 @@ public:
         bool plays = false;
         Step step = Step::Ordered;
     };
-    /// Stands where it was sent, exactly, whatever mpv says of the picture there.
+    /// Stands where it was sent, exactly, whatever mpv says of the frame there.
     struct Placed {
         double at = 0;
     };
@@ -59,12 +59,12 @@ public:
     [[nodiscard]] bool refused(std::uint32_t move);
     /// mpv begins to carry an order out.
     void seekBegan();
-    /// mpv shows pictures again. Answers whether it is where it was sent.
+    /// mpv shows frames again. Answers whether it is where it was sent.
     [[nodiscard]] bool restarted();
     /// A move that never ends is taken as ended. Answers whether there was one.
     [[nodiscard]] bool tookTooLong();
-    /// mpv tells the time of the picture, which shows for `pictureSeconds` (0: unknown).
-    void timeIs(double time, double pictureSeconds);
+    /// mpv tells the time of the frame, which shows for `frameSeconds` (0: unknown).
+    void timeIs(double time, double frameSeconds);
     void fail();
 
     /// Where it is, or was sent.

@@ -62,7 +62,7 @@ public:
     virtual void setVolume(float volume) = 0;
     [[nodiscard]] virtual float volume() const = 0;
 
-    /// The moving picture; never null, lives as long as the movie.
+    /// The video; never null, lives as long as the movie.
     [[nodiscard]] virtual Layer& layer() = 0;
 
     /// A copy for stills alone, which knows of the movie what this one knows now; taking them never disturbs

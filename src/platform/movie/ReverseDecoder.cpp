@@ -8,16 +8,16 @@
 
 namespace kestro {
 
-// Past the last picture, whatever its time.
+// Past the last frame, whatever its time.
 static constexpr std::int64_t end = std::numeric_limits<std::int64_t>::max();
-// Half a millisecond, so that a time that was rounded to whole units still meets its picture.
+// Half a millisecond, so that a time that was rounded to whole units still meets its frame.
 static constexpr double timeSlack = 0.0005;
-// Where a container seeks by other times than those of the pictures, earlier places are tried.
+// Where a container seeks by other times than those of the frames, earlier places are tried.
 static constexpr double firstStepBack = 0.25;
 // Farther than any movie lasts, where its duration is not known.
 static constexpr double farAway = 1e6;
 
-ReverseDecoder::ReverseDecoder(QUrl url, std::shared_ptr<PictureMemory> memory,
+ReverseDecoder::ReverseDecoder(QUrl url, std::shared_ptr<FrameMemory> memory,
                                std::chrono::milliseconds longestRead)
     : m_url(std::move(url))
     , m_memory(std::move(memory))
@@ -33,17 +33,17 @@ void ReverseDecoder::startAt(double seconds)
     m_begun = false;
 }
 
-Result<ReverseDecoder::Pictures> ReverseDecoder::next(const std::stop_token& stop)
+Result<ReverseDecoder::Frames> ReverseDecoder::next(const std::stop_token& stop)
 {
     m_stop = stop;
     extendTime();
     if (const auto opened = m_decoder ? Result<void>() : open(); !opened) return opened.failure();
     if (!std::exchange(m_begun, true)) begin();
     while (m_cursor > m_first.stamp) {
-        auto pictures = decodeStretch();
-        if (!pictures || !pictures.value().empty()) return pictures;
+        auto frames = decodeStretch();
+        if (!frames || !frames.value().empty()) return frames;
     }
-    return Pictures{};
+    return Frames{};
 }
 
 static Error cannotBeSought()
@@ -64,7 +64,7 @@ Result<void> ReverseDecoder::open()
     if (!isSeekable(*decoder.value()->input().context())) return cannotBeSought();
     m_decoder = std::move(decoder.value());
     const MovieFacts& facts = m_decoder->facts();
-    m_pictureBytes = static_cast<std::size_t>(facts.codedWidth) * facts.codedHeight * 3 / 2;
+    m_frameBytes = static_cast<std::size_t>(facts.codedWidth) * facts.codedHeight * 3 / 2;
     const auto first = readKeyframe();
     if (const auto ended = checkEnd(); !first && !ended) return ended;
     if (!first) return Error{QStringLiteral("no keyframe in it")};
@@ -94,25 +94,25 @@ std::optional<ReverseDecoder::Group> ReverseDecoder::readKeyframe()
     return std::nullopt;
 }
 
-/// Decodes what comes before the cursor, all that there is room for. Pictures that there would be none for
+/// Decodes what comes before the cursor, all that there is room for. Frames that there would be none for
 /// are left out where possible, but where none is left at all that was a mistake.
-Result<ReverseDecoder::Pictures> ReverseDecoder::decodeStretch()
+Result<ReverseDecoder::Frames> ReverseDecoder::decodeStretch()
 {
     for (const bool leavesOut : {true, false}) {
         if (const auto gone = goToGroup(); !gone) return gone.failure();
         if (!m_group) break;
         const std::int64_t from = leavesOut ? std::max(worthwhileFrom(), m_group->stamp) : m_group->stamp;
-        auto pictures = decodeGroup(from);
-        if (!pictures) return pictures;
-        if (pictures.value().empty() && m_dropped) continue;
-        moveCursor(pictures.value());
-        return pictures;
+        auto frames = decodeGroup(from);
+        if (!frames) return frames;
+        if (frames.value().empty() && m_dropped) continue;
+        moveCursor(frames.value());
+        return frames;
     }
     m_cursor = m_first.stamp;
-    return Pictures{};
+    return Frames{};
 }
 
-/// Seeks to the group of pictures in which the cursor lies, or that ends at it.
+/// Seeks to the group of frames in which the cursor lies, or that ends at it.
 Result<void> ReverseDecoder::goToGroup()
 {
     const std::int64_t stepBack = m_decoder->input().ptsAt(firstStepBack) - m_decoder->input().ptsAt(0);
@@ -140,7 +140,7 @@ std::int64_t ReverseDecoder::firstTry() const
     return m_decoder->input().ptsAt(seconds > 0 ? seconds : farAway);
 }
 
-/// Earlier pictures would find no room, when they last as long as all do on average.
+/// Earlier frames would find no room, when they last as long as all do on average.
 std::int64_t ReverseDecoder::worthwhileFrom() const
 {
     const MovieFacts& facts = m_decoder->facts();
@@ -149,45 +149,45 @@ std::int64_t ReverseDecoder::worthwhileFrom() const
     const double before = m_cursor == end ? facts.seconds : input.secondsOf(m_cursor);
     // What is kept now goes while this is decoded: half of it, say.
     const std::size_t room = m_memory->most() - std::min(m_memory->most(), m_memory->used() / 2);
-    const double pictures = static_cast<double>(room) / static_cast<double>(m_pictureBytes);
-    return input.ptsAt(before - pictures / facts.picturesPerSecond);
+    const double frames = static_cast<double>(room) / static_cast<double>(m_frameBytes);
+    return input.ptsAt(before - frames / facts.framesPerSecond);
 }
 
-/// Pictures of before the group's keyframe need those of the group before it, and come with that.
-Result<ReverseDecoder::Pictures> ReverseDecoder::decodeGroup(std::int64_t from)
+/// Frames of before the group's keyframe need those of the group before it, and come with that.
+Result<ReverseDecoder::Frames> ReverseDecoder::decodeGroup(std::int64_t from)
 {
     m_dropped = from > m_group->stamp;
-    Pictures pictures;
+    Frames frames;
     const auto mayLeaveOut = [this, from](const AVPacket& packet) {
         extendTime();
         return packet.pts != AV_NOPTS_VALUE && packet.pts < from;
     };
     while (Frame frame = m_decoder->next(mayLeaveOut)) {
         const std::int64_t stamp = frame->best_effort_timestamp;
-        if (stamp >= m_cursor) return pictures;
-        const std::int64_t last = pictures.empty() ? from - 1 : pictures.back().frame().best_effort_timestamp;
-        if (stamp > last) keep(pictures, std::move(frame));
+        if (stamp >= m_cursor) return frames;
+        const std::int64_t last = frames.empty() ? from - 1 : frames.back().frame().best_effort_timestamp;
+        if (stamp > last) keep(frames, std::move(frame));
     }
     if (const auto ended = checkEnd(); !ended) return ended.failure();
-    return pictures;
+    return frames;
 }
 
-void ReverseDecoder::keep(Pictures& pictures, Frame frame)
+void ReverseDecoder::keep(Frames& frames, Frame frame)
 {
     const double seconds = m_decoder->secondsOf(*frame);
     const int rotation = m_decoder->facts().rotation;
     frame = m_shrinker.shrunk(std::move(frame), rotation % 180 != 0 ? m_drawn.transposed() : m_drawn);
-    m_pictureBytes = bytesOf(*frame);
-    while (!pictures.empty() && m_memory->used() + m_pictureBytes > m_memory->most()) {
-        pictures.pop_front();
+    m_frameBytes = bytesOf(*frame);
+    while (!frames.empty() && m_memory->used() + m_frameBytes > m_memory->most()) {
+        frames.pop_front();
         m_dropped = true;
     }
-    pictures.emplace_back(std::move(frame), seconds, rotation, m_memory);
+    frames.emplace_back(std::move(frame), seconds, rotation, m_memory);
 }
 
-void ReverseDecoder::moveCursor(const Pictures& pictures)
+void ReverseDecoder::moveCursor(const Frames& frames)
 {
-    m_cursor = m_dropped ? pictures.front().frame().best_effort_timestamp : m_group->stamp;
+    m_cursor = m_dropped ? frames.front().frame().best_effort_timestamp : m_group->stamp;
 }
 
 /// Whether there was no more to read or to decode because that was the end of the movie. Where a movie breaks

@@ -127,7 +127,7 @@ bool StillDecoder::isEarly(const AVPacket& packet, double seconds) const
     const MovieFacts& facts = m_decoder->facts();
     const bool mayBeTheLast = facts.seconds <= 0; // where the end is unknown
     if (mayBeTheLast || packet.pts == AV_NOPTS_VALUE || packet.duration <= 0) return false;
-    const double margin = facts.pictureSeconds > 0 ? skipMarginFrames * facts.pictureSeconds : skipMargin;
+    const double margin = facts.frameSeconds > 0 ? skipMarginFrames * facts.frameSeconds : skipMargin;
     return m_decoder->input().secondsOf(packet.pts + packet.duration) < seconds - margin;
 }
 

@@ -14,7 +14,7 @@
 
 namespace kestro {
 
-/// Pictures of one movie at any time of it, with a decoder of its own that is opened for the first of them.
+/// Frames of one movie at any time of it, with a decoder of its own that is opened for the first of them.
 /// Frames are exact: the one that is showing at that time. Any thread, one at a time (others wait).
 /// Destroying it ends what is being decoded.
 class StillDecoder final {
@@ -24,10 +24,10 @@ public:
     StillDecoder(const StillDecoder&) = delete;
     StillDecoder& operator=(const StillDecoder&) = delete;
 
-    /// Pixels of the pictures; an empty size stands for the natural one.
+    /// Pixels of the frames; an empty size stands for the natural one.
     void setSize(QSize size);
 
-    /// The picture `seconds` into the movie, the last one when past its end. Null when it cannot be had, not
+    /// The frame `seconds` into the movie, the last one when past its end. Null when it cannot be had, not
     /// within `longest` (a server that does not answer would keep its thread for good), or when told to stop.
     [[nodiscard]] Picture picture(double seconds,
                                   std::chrono::milliseconds longest = std::chrono::seconds(10),

@@ -14,10 +14,10 @@ class StillMovie {
 public:
     virtual ~StillMovie() = default;
 
-    /// Pixels of the pictures that still() answers; the natural size until set. Main thread, also while
+    /// Pixels of the frames that still() answers; the natural size until set. Main thread, also while
     /// another takes a still.
     virtual void setStillSize(int width, int height) = 0;
-    /// The picture at `time` (the last one when past the end), scaled to the still size. A null picture when
+    /// The frame at `time` (the last one when past the end), scaled to the still size. A null picture when
     /// it cannot be had. It may wait for a disk or a server, until the network's time limit or until `stop`,
     /// so it is not for the main thread.
     [[nodiscard]] virtual Picture still(MovieTime time, std::stop_token stop = {}) = 0;

@@ -10,7 +10,7 @@ namespace kestro {
 
 struct PixelTarget;
 
-/// Makes pictures of decoded frames: scaled, turned upright, opaque, in the colours that playing them gives.
+/// Makes frames of decoded frames: scaled, turned upright, opaque, in the colours that playing them gives.
 /// One thread at a time. Tested by StillDecoderTest.
 class StillScaler final {
 public:

@@ -2,7 +2,7 @@
 
 namespace kestro {
 
-// The last picture of a movie begins this much before its end, at most.
+// The last frame of a movie begins this much before its end, at most.
 static constexpr double longestPicture = 0.5;
 // Bytes are not spread evenly over the time.
 static constexpr double leastShareOfBytes = 0.5;

@@ -10,7 +10,7 @@ struct StreamBytes {
 
 /// Whether a movie of `duration` seconds that came to its end at `position` broke off there: much of its time
 /// is missing, and as much of its bytes. (Its time alone does not tell: sound may last longer than the
-/// pictures, and its bytes alone do not either, as indexes may lie behind them.) False where not known. Any
+/// frames, and its bytes alone do not either, as indexes may lie behind them.) False where not known. Any
 /// thread.
 [[nodiscard]] bool brokeOff(double position, double duration, StreamBytes bytes);
 

@@ -54,7 +54,7 @@ Error failure(int code)
     return Error{QString::fromUtf8(av_make_error_string(text, sizeof text, code))};
 }
 
-/// The moving picture's turn lies beside its stream.
+/// The video's turn lies beside its stream.
 int copySideData(AVStream& to, const AVStream& from)
 {
     for (int i = 0; i < from.nb_side_data; ++i) {

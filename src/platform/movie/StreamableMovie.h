@@ -9,7 +9,7 @@ namespace kestro {
 // Movies that can be played while they arrive from their beginning. Any thread.
 
 /// Whether the file can be: not when it is an MP4 or QuickTime file whose index ("moov") lies behind its
-/// pictures ("mdat").
+/// frames ("mdat").
 [[nodiscard]] bool isStreamable(const QString& path);
 
 /// Writes the movie file `source` to `target`, a QuickTime or MP4 file by the source's kind, with its index

@@ -37,7 +37,7 @@ bool isTorn(const QString& path)
     return !file.readAll().trimmed().endsWith("</plist>");
 }
 
-/// They ended in six letters of chance while they were written.
+/// They ended in six random letters while they were written.
 void removeBeginningsOfEarlierReleases(const QFileInfo& file)
 {
     const QDir folder = file.dir();

@@ -60,12 +60,12 @@ void HackLayer::announce()
 {
     m_announced = m_clock.now();
     m_timer.reset();
-    announcePicture();
+    announceFrame();
 }
 
 bool HackLayer::render(const PixelTarget& target)
 {
-    if (!hasPicture()) return false;
+    if (!hasFrame()) return false;
     const QImage& image = m_window->pixels();
     if (image.isNull()) return false;
     if (image.size() == QSize(target.width, target.height))

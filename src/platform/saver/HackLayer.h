@@ -25,7 +25,7 @@ public:
     /// Something was drawn in the window.
     void drawn();
 
-    [[nodiscard]] bool hasPicture() const override { return m_window && m_isDrawn; }
+    [[nodiscard]] bool hasFrame() const override { return m_window && m_isDrawn; }
     bool render(const PixelTarget& target) override;
 
 private:

@@ -8,7 +8,7 @@ namespace kestro {
 
 class Random;
 
-/// The order that pictures come in: by chance, in rounds in each of which every picture comes once, and never
+/// The order that pictures come in: random, in rounds in each of which every picture comes once, and never
 /// the same picture twice in a row where there is another one. Main thread.
 class PictureOrder final {
 public:

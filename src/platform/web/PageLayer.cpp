@@ -44,19 +44,19 @@ void PageLayer::showFrame(std::shared_ptr<SharedFrames> frames, int slot)
     m_frames = std::move(frames);
     m_slot = slot;
     m_isBlack = false;
-    announcePicture();
+    announceFrame();
 }
 
 void PageLayer::showBlack()
 {
     m_frames.reset();
     m_isBlack = true;
-    announcePicture();
+    announceFrame();
 }
 
 bool PageLayer::render(const PixelTarget& target)
 {
-    if (!hasPicture()) return false;
+    if (!hasFrame()) return false;
     QImage whole = imageOf(target);
     if (m_isBlack) {
         whole.fill(Qt::black);

@@ -23,7 +23,7 @@ public:
     /// Shows black from now on.
     void showBlack();
 
-    [[nodiscard]] bool hasPicture() const override { return m_isBlack || m_frames; }
+    [[nodiscard]] bool hasFrame() const override { return m_isBlack || m_frames; }
     bool render(const PixelTarget& target) override;
 
 private:

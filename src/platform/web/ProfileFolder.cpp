@@ -17,7 +17,7 @@ namespace {
 
 const QString prefix = QStringLiteral("web-");
 
-/// web-NUMBER-BEGIN-LETTERS: the mark of the process that made it, and letters of chance.
+/// web-NUMBER-BEGIN-LETTERS: the mark of the process that made it, and random letters.
 const QString form = QStringLiteral("web-(\\d+)-(\\d+)-[A-Za-z0-9]{6}");
 
 QString newPrefix()

@@ -50,7 +50,7 @@ public:
     {
     }
 
-    [[nodiscard]] bool hasPicture() const override { return m_hasPicture; }
+    [[nodiscard]] bool hasFrame() const override { return m_hasPicture; }
     bool render(const PixelTarget& target) override;
 
     void setHasPicture(bool has) { m_hasPicture = has; }
@@ -60,9 +60,9 @@ public:
     {
         m_colour = colour;
         m_hasPicture = true;
-        announcePicture();
+        announceFrame();
     }
-    void announce() const { announcePicture(); }
+    void announce() const { announceFrame(); }
     [[nodiscard]] QRgb pixelAt(int x, int y) const;
 
     std::vector<PixelTarget> targets; ///< of each rendering

@@ -60,7 +60,7 @@ protected:
     bool m_over = false;
 
 private:
-    void backwardsHasPicture() override { m_onPicture(); }
+    void backwardsHasFrame() override { m_onPicture(); }
     void backwardsReachedBeginning() override
     {
         m_over = true;
@@ -75,10 +75,10 @@ TEST_F(BackwardsPlayerTest, standsAtTheLastPicture_oncePrepared)
 {
     open("plain.mp4");
     m_player->prepare(2);
-    EXPECT_FALSE(m_player->hasPicture());
+    EXPECT_FALSE(m_player->hasFrame());
     EXPECT_EQ(shown(), -1);
     ASSERT_TRUE(waitForPicture());
-    EXPECT_TRUE(m_player->hasPicture());
+    EXPECT_TRUE(m_player->hasFrame());
     m_timers.advance(10);
     EXPECT_EQ(m_numbers, std::vector{59});
     EXPECT_EQ(m_player->position(), 2);
@@ -189,7 +189,7 @@ TEST_F(BackwardsPlayerTest, keepsNothing_whileItRests)
     m_player->prepare(2);
     ASSERT_TRUE(waitForPicture());
     m_player->rest();
-    EXPECT_FALSE(m_player->hasPicture());
+    EXPECT_FALSE(m_player->hasFrame());
     m_player->prepare(1);
     ASSERT_TRUE(waitForPicture());
     EXPECT_EQ(m_numbers.back(), 30);

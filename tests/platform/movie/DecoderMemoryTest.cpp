@@ -19,7 +19,7 @@ MovieFacts movieOf(int width, int height, AVCodecID codec = AV_CODEC_ID_H264, in
     facts.codedWidth = width;
     facts.codedHeight = height;
     facts.bitsPerPixel = bitsPerPixel;
-    facts.keptPictures = keptPictures(codec, qint64{width} * height);
+    facts.keptFrames = keptFrames(codec, qint64{width} * height);
     return facts;
 }
 
@@ -69,22 +69,22 @@ TEST(DecoderMemory, threadsThatFit_areFewer_whenEachTakesMuch)
 
 TEST(DecoderMemory, keptPictures_areNone_whenACodecMakesNoneOfOthers)
 {
-    EXPECT_EQ(keptPictures(AV_CODEC_ID_MJPEG, 1000), 0);
-    EXPECT_EQ(keptPictures(AV_CODEC_ID_H264, 320 * 180), 16);
-    EXPECT_EQ(keptPictures(AV_CODEC_ID_NONE, 1000), 2);
+    EXPECT_EQ(keptFrames(AV_CODEC_ID_MJPEG, 1000), 0);
+    EXPECT_EQ(keptFrames(AV_CODEC_ID_H264, 320 * 180), 16);
+    EXPECT_EQ(keptFrames(AV_CODEC_ID_NONE, 1000), 2);
 }
 
 TEST(DecoderMemory, mostPicturePixels_areThoseOfALargeMovie_andOfAnyStreamElse)
 {
-    EXPECT_EQ(mostPicturePixels(movieOf(320, 180)), Bounds::pixelsOfAnyStream);
-    EXPECT_EQ(mostPicturePixels(movieOf(0, 0)), Bounds::pixelsOfAnyStream);
-    EXPECT_GE(mostPicturePixels(movieOf(7680, 4320)), 7680LL * 4320);
+    EXPECT_EQ(mostFramePixels(movieOf(320, 180)), Bounds::pixelsOfAnyStream);
+    EXPECT_EQ(mostFramePixels(movieOf(0, 0)), Bounds::pixelsOfAnyStream);
+    EXPECT_GE(mostFramePixels(movieOf(7680, 4320)), 7680LL * 4320);
 }
 
 TEST(DecoderMemory, player_isMadeWithTheBounds)
 {
     MpvPlayerSetup setup;
-    setup.mostPicturePixels = 1234;
+    setup.mostFramePixels = 1234;
     const MpvHandle::Options options = mpvOptions(setup);
     const auto valueOf = [&options](QByteArrayView name) {
         const auto found = std::find_if(options.begin(), options.end(), [name](const auto& option) {

@@ -13,7 +13,7 @@ namespace {
 
 struct Case {
     int width, height;
-    double picturesPerSecond;
+    double framesPerSecond;
     bool hasNewerCodec;
     int cores;
     int threads;
@@ -29,7 +29,7 @@ TEST_P(DecoderThreads, growWithTheWork_upToTheCores)
     MovieFacts facts;
     facts.codedWidth = c.width;
     facts.codedHeight = c.height;
-    facts.picturesPerSecond = c.picturesPerSecond;
+    facts.framesPerSecond = c.framesPerSecond;
     facts.hasNewerCodec = c.hasNewerCodec;
     EXPECT_EQ(decoderThreads(facts, c.cores), c.threads);
 }

@@ -70,7 +70,7 @@ TEST_P(LocalMovieBad, fails)
     EXPECT_EQ(movie->naturalSize(), Size{});
     movie->play();
     EXPECT_EQ(movie->rate(), 0);
-    EXPECT_FALSE(movie->layer().hasPicture());
+    EXPECT_FALSE(movie->layer().hasFrame());
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, LocalMovieBad,
@@ -86,7 +86,7 @@ TEST(LocalMovie, knowsNothing_untilItsFileWasLookedInto)
     EXPECT_EQ(movie->rate(), 0);
     EXPECT_EQ(movie->naturalSize(), Size{});
     EXPECT_EQ(movie->duration().timeValue, 0);
-    EXPECT_FALSE(movie->layer().hasPicture());
+    EXPECT_FALSE(movie->layer().hasFrame());
 }
 
 TEST(LocalMovie, tellsOnce_whenItIsLoaded)
@@ -139,7 +139,7 @@ TEST(LocalMovie, showsItsPicture_whenItWasPutOnShowWhileItsFileWasLookedInto)
     const auto movie = MpvMovieLibrary(disk.options(plenty)).movieWithURL(ownName("plain.mp4"));
     movie->layer().willShow();
     disk.release();
-    EXPECT_TRUE(waitUntil([&] { return movie->layer().hasPicture(); }));
+    EXPECT_TRUE(waitUntil([&] { return movie->layer().hasFrame(); }));
     EXPECT_EQ(movie->rate(), 0);
 }
 
@@ -161,7 +161,7 @@ TEST(LocalMovie, isNotPlayed_byAQuestion)
 {
     const auto movie = openMovie(testMovie("plain.mp4"));
     const int before = threadCount();
-    EXPECT_FALSE(movie->layer().hasPicture());
+    EXPECT_FALSE(movie->layer().hasFrame());
     bool turned = false;
     QMetaObject::invokeMethod(
         QCoreApplication::instance(), [&turned] { turned = true; }, Qt::QueuedConnection);

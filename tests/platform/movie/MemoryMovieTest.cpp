@@ -20,7 +20,7 @@ TEST(MemoryMovie, knowsNothing_whileLoading)
     EXPECT_EQ(movie.naturalSize(), Size{});
     EXPECT_EQ(movie.duration().timeValue, 0);
     EXPECT_EQ(movie.rate(), 0);
-    EXPECT_FALSE(movie.layer().hasPicture());
+    EXPECT_FALSE(movie.layer().hasFrame());
 }
 
 TEST(MemoryMovie, playsFromWhenItIsLoaded_whenPlayWasAskedBefore)

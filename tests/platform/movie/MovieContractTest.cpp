@@ -334,7 +334,7 @@ TEST_P(MovieContract, showsItsPicture_whenItIsLookedAt)
 {
     Layer& layer = m_movie->layer();
     layer.willShow();
-    EXPECT_TRUE(wait([&layer] { return layer.hasPicture(); }));
+    EXPECT_TRUE(wait([&layer] { return layer.hasFrame(); }));
     EXPECT_FALSE(drawn(*m_movie).isNull());
     EXPECT_EQ(m_movie->rate(), 0);
 }
@@ -342,7 +342,7 @@ TEST_P(MovieContract, showsItsPicture_whenItIsLookedAt)
 TEST_P(MovieContract, keepsItsPicture_atItsEnd)
 {
     ASSERT_TRUE(playToEnd(*m_short));
-    EXPECT_TRUE(m_short->layer().hasPicture());
+    EXPECT_TRUE(m_short->layer().hasFrame());
     EXPECT_FALSE(drawn(*m_short).isNull());
 }
 

@@ -51,7 +51,7 @@ TEST(MovieProbe, tellsOneFaultFromAnother)
     for (const auto& [name, kind] :
          {std::pair{"none.mov", Kind::NoFile}, std::pair{".", Kind::NoRegularFile},
           std::pair{"empty.mov", Kind::EmptyFile}, std::pair{"hls.m3u8", Kind::NoMovieFormat},
-          std::pair{"audio.mp4", Kind::NoMovingPicture}, std::pair{"text.mov", Kind::Damaged}})
+          std::pair{"audio.mp4", Kind::NoVideo}, std::pair{"text.mov", Kind::Damaged}})
         EXPECT_EQ(probe(name).failure(), MovieFault{kind}) << name;
 }
 
@@ -77,7 +77,7 @@ TEST(MovieProbe, tellsSound)
 
 TEST(MovieProbe, tellsHowHardItIsToDecode)
 {
-    EXPECT_NEAR(probe("plain.mp4").value().picturesPerSecond, 30, 0.1);
+    EXPECT_NEAR(probe("plain.mp4").value().framesPerSecond, 30, 0.1);
     EXPECT_FALSE(probe("plain.mp4").value().hasNewerCodec); // H.264
     EXPECT_TRUE(probe("plain.webm").value().hasNewerCodec); // VP9
 }

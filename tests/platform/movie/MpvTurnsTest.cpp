@@ -150,7 +150,7 @@ TEST(MpvTurning, endsAtTheBeginning_whenSentThereWhileItStandsBackwards)
 TEST(MpvTurning, isDrawnInSoftware_onlyWhileItGoesBackwards)
 {
     const auto movie = turning("short.mp4", 0);
-    ASSERT_TRUE(waitUntil([&] { return movie->layer().hasPicture(); }));
+    ASSERT_TRUE(waitUntil([&] { return movie->layer().hasFrame(); }));
     const bool drawsWithOpenGL = movie->layer().drawsWithOpenGL();
     EXPECT_EQ(drawsWithOpenGL, testOpenGL() != nullptr);
     ASSERT_TRUE(waitUntil([&] { return movie->rate() < 0 && numberIn(drawn(*movie)) < 9; }));

@@ -173,7 +173,7 @@ TEST(OpenGLMovie, staysStopped_whenTheContextIsLost)
     ASSERT_TRUE(waitUntil([&] { return show.number() == 33; }));
     made.value()->lose();
     show.window().setAlphaValue(0.99F);
-    ASSERT_TRUE(waitUntil([&] { return !movie->layer().drawsWithOpenGL() && movie->layer().hasPicture(); }));
+    ASSERT_TRUE(waitUntil([&] { return !movie->layer().drawsWithOpenGL() && movie->layer().hasFrame(); }));
     show.window().setAlphaValue(1);
     EXPECT_TRUE(waitUntil([&] { return show.number() == 33; }));
     EXPECT_EQ(movie->rate(), 0);
@@ -188,7 +188,7 @@ TEST(OpenGLMovie, isDrawnInSoftware_whenTheContextWasLostBefore)
     const auto movie = openWith(made.value(), "plain.mp4");
     movie->play();
     EXPECT_FALSE(movie->layer().drawsWithOpenGL());
-    EXPECT_TRUE(waitUntil([&] { return movie->layer().hasPicture(); }));
+    EXPECT_TRUE(waitUntil([&] { return movie->layer().hasFrame(); }));
     EXPECT_GE(numberIn(drawn(*movie)), 0);
 }
 
@@ -202,7 +202,7 @@ TEST(OpenGLMovie, freesThePlayer_onceItIsLetGoOf)
         watched = std::shared_ptr<OpenGL>(made.value());
         const auto movie = openWith(made.value(), "sound.mp4");
         movie->play();
-        ASSERT_TRUE(waitUntil([&] { return movie->layer().hasPicture(); }));
+        ASSERT_TRUE(waitUntil([&] { return movie->layer().hasFrame(); }));
     }
     EXPECT_FALSE(watched.expired()); // the renderer still has to be freed with it
     EXPECT_TRUE(waitUntil([&] { return watched.expired(); }));

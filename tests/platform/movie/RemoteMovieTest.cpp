@@ -88,7 +88,7 @@ TEST_F(RemoteMovie, knowsNothing_whileLoading)
     EXPECT_EQ(movie->duration().timeValue, 0);
     movie->play();
     EXPECT_EQ(movie->rate(), 0);
-    EXPECT_FALSE(movie->layer().hasPicture());
+    EXPECT_FALSE(movie->layer().hasFrame());
 }
 
 TEST_F(RemoteMovie, learnsSizeAndDuration)
@@ -231,7 +231,7 @@ TEST_P(RemoteMovieBad, fails)
     movie->play();
     EXPECT_TRUE(fails(*movie));
     EXPECT_EQ(movie->rate(), 0);
-    EXPECT_FALSE(movie->layer().hasPicture());
+    EXPECT_FALSE(movie->layer().hasFrame());
     movie->play();
     EXPECT_EQ(movie->rate(), 0);
     EXPECT_TRUE(movie->copyForStills()->still({0, 600}).isNull());
@@ -279,7 +279,7 @@ TEST_P(RemoteMovieCut, playsWhatThereIs_andHasBrokenOff)
     EXPECT_GT(movie->currentTime().timeValue, 100);
     EXPECT_LT(movie->currentTime().timeValue, 1100);
     EXPECT_EQ(movie->state(), State::Failed);
-    EXPECT_TRUE(movie->layer().hasPicture()); // the last one stands
+    EXPECT_TRUE(movie->layer().hasFrame()); // the last one stands
     EXPECT_GE(numberIn(drawn(*movie)), 3);
 }
 
@@ -305,7 +305,7 @@ TEST_F(RemoteMovie, breaksOff_whenItsServerOnlyTrickles)
     EXPECT_LT(movie->currentTime().timeValue, 1100);
     movie->play();
     EXPECT_EQ(movie->rate(), 0);
-    EXPECT_TRUE(movie->layer().hasPicture()); // the last one stands
+    EXPECT_TRUE(movie->layer().hasFrame()); // the last one stands
 }
 
 TEST_F(RemoteMovie, doesNotBreakOff_whileItStands)

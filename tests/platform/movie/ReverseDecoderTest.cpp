@@ -21,7 +21,7 @@ struct Backwards {
     std::size_t peakBytes = 0;
 };
 
-void append(Backwards& all, ReverseDecoder::Pictures pictures, StillScaler& scaler)
+void append(Backwards& all, ReverseDecoder::Frames pictures, StillScaler& scaler)
 {
     ++all.stretches;
     for (auto picture = pictures.rbegin(); picture != pictures.rend(); ++picture) {
@@ -32,7 +32,7 @@ void append(Backwards& all, ReverseDecoder::Pictures pictures, StillScaler& scal
 
 Backwards allOf(const char* name, double from = 1e9, std::size_t mostBytes = most)
 {
-    const auto memory = std::make_shared<PictureMemory>(mostBytes);
+    const auto memory = std::make_shared<FrameMemory>(mostBytes);
     ReverseDecoder decoder(testMovie(name), memory, std::chrono::seconds(60));
     decoder.startAt(from);
     StillScaler scaler;
@@ -61,7 +61,7 @@ std::vector<int> countdown(int last)
 struct Reversed {
     const char* name;
     int last;
-    double pictureSeconds;
+    double frameSeconds;
     double first = 0; ///< seconds at which the first picture comes
 };
 
@@ -79,7 +79,7 @@ TEST_P(ReverseDecoderOf, givesEveryPicture_inReversedOrder_atItsTime)
     EXPECT_EQ(all.reason, QString());
     EXPECT_EQ(all.numbers, countdown(of.last));
     for (std::size_t i = 0; i < all.numbers.size(); ++i)
-        EXPECT_NEAR(all.seconds[i], of.first + all.numbers[i] * of.pictureSeconds, 0.002);
+        EXPECT_NEAR(all.seconds[i], of.first + all.numbers[i] * of.frameSeconds, 0.002);
     EXPECT_LE(all.peakBytes, most);
 }
 
@@ -131,7 +131,7 @@ TEST(ReverseDecoder, beginsWithThePictureThatShowsThere)
 
 TEST(ReverseDecoder, beginsElsewhere_whenSentThere)
 {
-    const auto memory = std::make_shared<PictureMemory>(most);
+    const auto memory = std::make_shared<FrameMemory>(most);
     ReverseDecoder decoder(testMovie("plain.mp4"), memory, std::chrono::seconds(60));
     StillScaler scaler;
     for (const int number : {50, 3, 59, 20}) {
@@ -144,7 +144,7 @@ TEST(ReverseDecoder, beginsElsewhere_whenSentThere)
 
 TEST(ReverseDecoder, countsWhatIsKept_asLongAsItIs)
 {
-    const auto memory = std::make_shared<PictureMemory>(most);
+    const auto memory = std::make_shared<FrameMemory>(most);
     ReverseDecoder decoder(testMovie("plain.mp4"), memory, std::chrono::seconds(60));
     decoder.startAt(1e9);
     {
@@ -158,7 +158,7 @@ TEST(ReverseDecoder, countsWhatIsKept_asLongAsItIs)
 TEST(ReverseDecoder, keepsPicturesNoLargerThanTheyAreDrawn)
 {
     for (const char* name : {"far2160.mp4", "opengop.mkv"}) {
-        const auto memory = std::make_shared<PictureMemory>(most);
+        const auto memory = std::make_shared<FrameMemory>(most);
         ReverseDecoder decoder(testMovie(name), memory, std::chrono::seconds(60));
         decoder.setDrawnSize({159, 90});
         decoder.startAt(1e9);
@@ -167,14 +167,14 @@ TEST(ReverseDecoder, keepsPicturesNoLargerThanTheyAreDrawn)
         EXPECT_LT(memory->peak(), pictures.value().size() * 160 * 90 * 3);
         StillScaler scaler;
         int number = numberIn(scaler.picture(pictures.value().front().frame(), {320, 180}, 0));
-        for (const KeptPicture& picture : pictures.value())
+        for (const KeptFrame& picture : pictures.value())
             EXPECT_EQ(numberIn(scaler.picture(picture.frame(), {320, 180}, 0)), number++);
     }
 }
 
 TEST(ReverseDecoder, turnsNothing_butTellsHow)
 {
-    const auto memory = std::make_shared<PictureMemory>(most);
+    const auto memory = std::make_shared<FrameMemory>(most);
     ReverseDecoder decoder(testMovie("rotated270.mp4"), memory, std::chrono::seconds(60));
     decoder.startAt(1e9);
     const auto pictures = decoder.next({});
@@ -190,7 +190,7 @@ TEST(ReverseDecoder, saysWhy_whenThereIsNoMovie)
 
 TEST(ReverseDecoder, ends_whenToldToStop)
 {
-    const auto memory = std::make_shared<PictureMemory>(most);
+    const auto memory = std::make_shared<FrameMemory>(most);
     ReverseDecoder decoder(testMovie("far30.mp4"), memory, std::chrono::seconds(60));
     decoder.startAt(1e9);
     std::stop_source stop;

@@ -35,7 +35,7 @@ protected:
 
 TEST_F(PageLayerTest, render_answersFalse_beforeThereIsAPicture)
 {
-    EXPECT_FALSE(layer.hasPicture());
+    EXPECT_FALSE(layer.hasFrame());
     EXPECT_TRUE(rendered(layer, {4, 2}).isNull());
 }
 
@@ -62,7 +62,7 @@ TEST_F(PageLayerTest, showBlack_isAPictureOfItsOwn_andIsAnnounced)
     int announced = 0;
     layer.setPictureHandler([&] { ++announced; });
     layer.showBlack();
-    EXPECT_TRUE(layer.hasPicture());
+    EXPECT_TRUE(layer.hasFrame());
     EXPECT_EQ(announced, 1);
     EXPECT_EQ(rendered(layer, {4, 2}).pixelColor(1, 1), QColor(Qt::black));
 }

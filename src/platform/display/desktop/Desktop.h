@@ -14,10 +14,10 @@ class Random;
 class Screen;
 class TimerSource;
 
-/// What one process sees of its desktop: the screens, the pointer, timers, notices, time and chance. The real
-/// ones are QtDesktop (a surface per monitor), WindowDesktop (one that another program hands over) and
-/// ImageDesktop (screens that are images in memory, for tests and pictures). Owned by the program; outlives
-/// every view and window. Main thread.
+/// What one process sees of its desktop: the screens, the pointer, timers, notices, time and random numbers.
+/// The real ones are QtDesktop (a surface per monitor), WindowDesktop (one that another program hands over)
+/// and ImageDesktop (screens that are images in memory, for tests and pictures). Owned by the program;
+/// outlives every view and window. Main thread.
 class Desktop {
 public:
     virtual ~Desktop() = default;

@@ -28,7 +28,7 @@ WindowDesktop::WindowDesktop(std::unique_ptr<ForeignWindowSurface> surface, cons
     , m_surface(*surface)
     , m_screen(std::make_unique<Screen>(*this, deskFrame(surface->place()), std::move(surface)))
 {
-    heedRendererWishInGivenWindow();
+    warnOfOpenGLInGivenWindow();
     m_screen->setMonitorSize(monitorSizeAt(m_surface.place()));
     m_surface.setChangeHandler([this] { follow(); });
     QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &m_listener, [this] { follow(); });

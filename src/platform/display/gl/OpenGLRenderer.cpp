@@ -109,13 +109,13 @@ bool OpenGLRenderer::renderLayer(const SceneItem& item, Content& content)
     const QSize size = item.rect.size();
     if (content.revision == item.revision && content.size == size) return true;
     content.revision = 0;
-    if (isAbsurd(size) || !renderPicture(*item.view->layer(), size, content)) return false;
+    if (isAbsurd(size) || !renderFrame(*item.view->layer(), size, content)) return false;
     content.revision = item.revision;
     content.size = size;
     return true;
 }
 
-bool OpenGLRenderer::renderPicture(Layer& layer, QSize size, Content& content)
+bool OpenGLRenderer::renderFrame(Layer& layer, QSize size, Content& content)
 {
     if (layer.drawsWithOpenGL())
         return content.texture.makeTarget(size) && layer.renderWithOpenGL(content.texture.target());

@@ -44,7 +44,7 @@ private:
     [[nodiscard]] bool prepare(Scene& scene, QRegion& damage);
     [[nodiscard]] bool prepareItem(const SceneItem& item);
     [[nodiscard]] bool renderLayer(const SceneItem& item, Content& content);
-    [[nodiscard]] static bool renderPicture(Layer& layer, QSize size, Content& content);
+    [[nodiscard]] static bool renderFrame(Layer& layer, QSize size, Content& content);
     void paint(const Scene& scene, const QRegion& damage);
     void paintItem(const SceneItem& item, const QRegion& region);
     void paintBacking(const SceneItem& item, const QRegion& region);

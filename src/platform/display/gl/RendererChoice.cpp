@@ -56,7 +56,7 @@ std::shared_ptr<OpenGL> chooseOpenGLOffScreen()
     return wish == RendererWish::OpenGL ? chooseOpenGL(wish) : nullptr;
 }
 
-void heedRendererWishInGivenWindow()
+void warnOfOpenGLInGivenWindow()
 {
     if (rendererWish() == RendererWish::OpenGL)
         logLine(

@@ -36,7 +36,7 @@ struct OpenGLProbe {
 
 /// For windows that other programs hand over: they are drawn in in software always, because OpenGL wants a
 /// say in how a window is made. One log line where something else is wished for.
-void heedRendererWishInGivenWindow();
+void warnOfOpenGLInGivenWindow();
 
 /// Whether a device of a graphics card is in that folder.
 [[nodiscard]] bool hasGraphicsDevice(const QString& devices = QStringLiteral("/dev"));

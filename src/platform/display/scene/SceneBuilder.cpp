@@ -108,7 +108,7 @@ void SceneBuilder::addViews(Window& window, View& view)
     }
     if (view.layer()) {
         view.layer()->willShow();
-        if (view.layer()->hasPicture()) addLayer(window, view);
+        if (view.layer()->hasFrame()) addLayer(window, view);
     }
     for (View* inside : view.subviews())
         addViews(window, *inside);

@@ -35,7 +35,7 @@ public:
     virtual void willShow() {}
 
     /// Whether there is a picture to draw. Until then what stood there before keeps standing.
-    [[nodiscard]] virtual bool hasPicture() const = 0;
+    [[nodiscard]] virtual bool hasFrame() const = 0;
 
     /// Draws the newest picture, stretched over the whole target, opaque. Answers false, with the target
     /// untouched, when there is none. Calling it again without a new picture draws the same one.
@@ -54,7 +54,7 @@ public:
 
 protected:
     /// For the content: tells that there is a new picture. Main thread.
-    void announcePicture() const
+    void announceFrame() const
     {
         if (m_onPicture) m_onPicture();
     }

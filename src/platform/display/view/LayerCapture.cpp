@@ -23,7 +23,7 @@ struct Shown {
 void collectShown(const View& view, const ScreenMapping& mapping, std::vector<Shown>& shown)
 {
     const Rect clip = visibleGlobalRect(view);
-    if (view.layer() && view.layer()->hasPicture() && !clip.isEmpty()) {
+    if (view.layer() && view.layer()->hasFrame() && !clip.isEmpty()) {
         const Rect rect = globalRect(view);
         QImage image = renderLayer(*view.layer(), mapping.pixelRect(rect).size());
         if (!image.isNull()) shown.push_back({std::move(image), rect, clip});

@@ -151,7 +151,7 @@ void View::layerHasNewPicture()
 
 bool View::isLayerReady() const
 {
-    if (m_layer && m_layer->hasPicture()) return true;
+    if (m_layer && m_layer->hasFrame()) return true;
     return std::any_of(m_subviews.begin(), m_subviews.end(),
                        [](const View* view) { return view->isLayerReady(); });
 }

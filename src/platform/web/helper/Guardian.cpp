@@ -30,7 +30,7 @@ void removeForGood(const QString& folder)
 
 } // namespace
 
-void guardAgainstLoneliness(int channel, const QString& home)
+void endWithParent(int channel, const QString& home)
 {
     std::thread([channel, home] {
         waitForHangUp(channel);

@@ -91,6 +91,6 @@ int main(int argc, char** argv)
     if (!claim.isOpen() || !kestro::ProfileFolder::isOne(home))
         return refuse("that folder is none of its own");
     if (!kestro::confineBrowser()) return refuse("cannot be confined on this system");
-    kestro::guardAgainstLoneliness(channel.number(), home);
+    kestro::endWithParent(channel.number(), home);
     return show(argv[0], std::move(channel), QFile::decodeName(argv[2]));
 }

@@ -19,7 +19,7 @@ public:
         : m_device(device)
     {
     }
-    [[nodiscard]] bool hasPicture() const override { return true; }
+    [[nodiscard]] bool hasFrame() const override { return true; }
     bool render(const PixelTarget& target) override
     {
         return m_device.renderToMemory(target, [this](const auto& card) { return renderWithOpenGL(card); });
@@ -37,7 +37,7 @@ public:
         gl.glDisable(GL_SCISSOR_TEST);
         return true;
     }
-    void announce() const { announcePicture(); }
+    void announce() const { announceFrame(); }
 
     QColor upper = Qt::red;
     QColor lower = Qt::blue;

@@ -119,10 +119,10 @@ TEST(RendererChoice, rendererWish_namesTheTwoValues_whenItIsNeither)
         EXPECT_TRUE(lines.front().contains(QLatin1String(part))) << part;
 }
 
-TEST(RendererChoice, heedRendererWishInGivenWindow_saysThatItDrawsInSoftware_whenOpenglIsWanted)
+TEST(RendererChoice, warnOfOpenGLInGivenWindow_saysThatItDrawsInSoftware_whenOpenglIsWanted)
 {
     const ScopedEnvironment environment("KESTRO_RENDERER", "opengl");
-    const QStringList lines = linesWhile([] { heedRendererWishInGivenWindow(); });
+    const QStringList lines = linesWhile([] { warnOfOpenGLInGivenWindow(); });
     ASSERT_EQ(lines.size(), 1);
     EXPECT_TRUE(lines.front().contains(QStringLiteral("in software")));
 }

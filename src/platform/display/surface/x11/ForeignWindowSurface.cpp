@@ -48,12 +48,12 @@ bool ForeignWindowSurface::readPlace()
 
 std::uint32_t ForeignWindowSurface::makeCover()
 {
-    m_giver.reset(QWindow::fromWinId(m_window));
-    // Not the giver's to manage either, where it manages its children.
+    m_parent.reset(QWindow::fromWinId(m_window));
+    // Not the parent's to manage either, where it manages its children.
     m_cover = std::make_unique<SurfaceWindow>(Qt::BypassWindowManagerHint | Qt::WindowTransparentForInput |
                                               Qt::WindowDoesNotAcceptFocus);
     m_cover->setExposeHandler([this] { presentAll(); });
-    m_cover->setParent(m_giver.get());
+    m_cover->setParent(m_parent.get());
     m_cover->setGeometry(QRect({0, 0}, m_place.size()));
     m_cover->create();
     const auto id = static_cast<std::uint32_t>(m_cover->winId());

@@ -14,7 +14,7 @@
 namespace kestro {
 
 /// The surface over an X11 window that another program hands over: a child window that covers it and leaves
-/// all input, the focus and the pointer's looks to the giver. The root window is drawn in itself, because
+/// all input, the focus and the pointer's looks to its parent. The root window is drawn in itself, because
 /// children of it would be top-level windows. Owned by its screen. Main thread; pixels, which are points
 /// here. Tested by WindowDesktopTest.
 class ForeignWindowSurface final : public Surface {
@@ -23,13 +23,13 @@ public:
     [[nodiscard]] static std::unique_ptr<ForeignWindowSurface> create(std::uint32_t window);
     ~ForeignWindowSurface() override;
 
-    /// The giver's window was moved or has another size, and the surface has followed.
+    /// The parent window was moved or has another size, and the surface has followed.
     void setChangeHandler(std::function<void()> handler) { m_onChange = std::move(handler); }
-    /// The giver's window is no more.
+    /// The parent window is no more.
     void setGoneHandler(std::function<void()> handler) { m_onGone = std::move(handler); }
 
     void show();
-    /// The giver's window on the desk, rows counted downwards.
+    /// The parent window on the desk, rows counted downwards.
     [[nodiscard]] QRect place() const { return m_place; }
 
     [[nodiscard]] QImage& canvas() override { return m_canvas->image(); }
@@ -52,7 +52,7 @@ private:
     QRect m_place;
     std::function<void()> m_onChange;
     std::function<void()> m_onGone;
-    std::unique_ptr<QWindow> m_giver;       ///< Qt's handle of their window; null for the root
+    std::unique_ptr<QWindow> m_parent;      ///< Qt's handle of their window; null for the root
     std::unique_ptr<SurfaceWindow> m_cover; ///< its child; null for the root
     std::unique_ptr<X11Canvas> m_canvas;    ///< of the cover, or of the root
     bool m_isShown = false;

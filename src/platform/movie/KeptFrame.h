@@ -8,11 +8,11 @@
 
 namespace kestro {
 
-/// Counts the bytes of one movie's decoded pictures that are kept, and how many there may be. Shared by those
+/// Counts the bytes of one movie's decoded frames that are kept, and how many there may be. Shared by those
 /// who decode them and those who show them; any thread.
-class PictureMemory final {
+class FrameMemory final {
 public:
-    explicit PictureMemory(std::size_t most)
+    explicit FrameMemory(std::size_t most)
         : m_most(most)
     {
     }
@@ -31,15 +31,15 @@ private:
     std::atomic<std::size_t> m_peak{0};
 };
 
-/// A decoded picture that is kept until it is due, and counted as long. Owned by whoever holds it; one thread
+/// A decoded frame that is kept until it is due, and counted as long. Owned by whoever holds it; one thread
 /// at a time. Tested by ReverseDecoderTest.
-class KeptPicture final {
+class KeptFrame final {
 public:
     /// `frame` of `seconds` into the movie, to be turned by `rotation` degrees clockwise.
-    KeptPicture(Frame frame, double seconds, int rotation, std::shared_ptr<PictureMemory> memory);
-    ~KeptPicture();
-    KeptPicture(KeptPicture&&) = default;
-    KeptPicture& operator=(KeptPicture&& other) noexcept;
+    KeptFrame(Frame frame, double seconds, int rotation, std::shared_ptr<FrameMemory> memory);
+    ~KeptFrame();
+    KeptFrame(KeptFrame&&) = default;
+    KeptFrame& operator=(KeptFrame&& other) noexcept;
 
     [[nodiscard]] const AVFrame& frame() const { return *m_frame; }
     [[nodiscard]] double seconds() const { return m_seconds; }
@@ -50,7 +50,7 @@ private:
     double m_seconds = 0;
     int m_rotation = 0;
     std::size_t m_bytes = 0;
-    std::shared_ptr<PictureMemory> m_memory;
+    std::shared_ptr<FrameMemory> m_memory;
 };
 
 /// Bytes that keeping `frame` takes.

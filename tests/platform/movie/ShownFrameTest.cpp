@@ -16,9 +16,9 @@ using namespace kestro;
 namespace {
 
 /// A movie that plays and whose file is gone: nothing but its player has any more pictures of it.
-class ShownPicture : public testing::Test {
+class ShownFrame : public testing::Test {
 protected:
-    ShownPicture()
+    ShownFrame()
     {
         const QString path = folder.filePath(QStringLiteral("plain.mp4"));
         EXPECT_TRUE(QFile::copy(testMovie("plain.mp4").toLocalFile(), path));
@@ -37,7 +37,7 @@ protected:
 
 } // namespace
 
-TEST_F(ShownPicture, isDrawnOnceMore_inTheSizeOfStills)
+TEST_F(ShownFrame, isDrawnOnceMore_inTheSizeOfStills)
 {
     copy->setStillSize(320, 180);
     Picture still;
@@ -54,7 +54,7 @@ TEST_F(ShownPicture, isDrawnOnceMore_inTheSizeOfStills)
     EXPECT_LE(std::abs(numberIn(still.image) - shown), 1);
 }
 
-TEST_F(ShownPicture, isNoStillOfAnotherTime)
+TEST_F(ShownFrame, isNoStillOfAnotherTime)
 {
     copy->setStillSize(320, 180);
     movie->stop();
@@ -63,12 +63,12 @@ TEST_F(ShownPicture, isNoStillOfAnotherTime)
     EXPECT_TRUE(copy->still({here > 300 ? here - 300 : here + 600, 600}).isNull());
 }
 
-TEST_F(ShownPicture, isNoStill_whereTheSizeIsNotSet)
+TEST_F(ShownFrame, isNoStill_whereTheSizeIsNotSet)
 {
     EXPECT_TRUE(copy->still(movie->currentTime()).isNull());
 }
 
-TEST_F(ShownPicture, isGone_withItsMovie)
+TEST_F(ShownFrame, isGone_withItsMovie)
 {
     copy->setStillSize(320, 180);
     const MovieTime time = movie->currentTime();

@@ -1,4 +1,4 @@
-#include "config_ui/ReadingLane.h"
+#include "config_ui/ProbeWorker.h"
 
 #include <atomic>
 #include <gtest/gtest.h>
@@ -14,9 +14,9 @@ QUrl movie(int number)
 }
 
 /// A lane whose movies are read one at a time, each once the test lets it.
-class ReadingLaneTest : public testing::Test {
+class ProbeWorkerTest : public testing::Test {
 protected:
-    ~ReadingLaneTest() override { letAll(); }
+    ~ProbeWorkerTest() override { letAll(); }
 
     void letAll()
     {
@@ -68,13 +68,13 @@ private:
     std::atomic<int> m_count{0};
 
 protected:
-    ReadingLane lane{[this](const QUrl& url, const std::stop_token& stop) { return read(url, stop); },
+    ProbeWorker lane{[this](const QUrl& url, const std::stop_token& stop) { return read(url, stop); },
                      [this](const QUrl& url, const EntryFacts&) { deliver(url); }};
 };
 
 } // namespace
 
-TEST_F(ReadingLaneTest, want_readsInOrder)
+TEST_F(ProbeWorkerTest, want_readsInOrder)
 {
     letAll();
     lane.want({movie(2), movie(1), movie(3)});
@@ -82,7 +82,7 @@ TEST_F(ReadingLaneTest, want_readsInOrder)
     EXPECT_EQ(delivered, (std::vector<QUrl>{movie(2), movie(1), movie(3)}));
 }
 
-TEST_F(ReadingLaneTest, want_dropsWhatWasWantedBefore_butForTheOneBeingRead)
+TEST_F(ProbeWorkerTest, want_dropsWhatWasWantedBefore_butForTheOneBeingRead)
 {
     lane.want({movie(1), movie(2), movie(3)});
     waitForReads(1);
@@ -93,7 +93,7 @@ TEST_F(ReadingLaneTest, want_dropsWhatWasWantedBefore_butForTheOneBeingRead)
     EXPECT_EQ(reads.size(), 2U);
 }
 
-TEST_F(ReadingLaneTest, want_stopsTheOneBeingRead_whenItIsWantedNoMore)
+TEST_F(ProbeWorkerTest, want_stopsTheOneBeingRead_whenItIsWantedNoMore)
 {
     stops = true;
     lane.want({movie(1)});
@@ -105,7 +105,7 @@ TEST_F(ReadingLaneTest, want_stopsTheOneBeingRead_whenItIsWantedNoMore)
     EXPECT_EQ(delivered, std::vector<QUrl>{movie(2)});
 }
 
-TEST_F(ReadingLaneTest, want_readsAgain_whatWasStoppedAndIsWantedAgain)
+TEST_F(ProbeWorkerTest, want_readsAgain_whatWasStoppedAndIsWantedAgain)
 {
     stops = true;
     lane.want({movie(1)});

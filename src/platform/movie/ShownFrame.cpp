@@ -1,4 +1,4 @@
-#include "platform/movie/ShownPicture.h"
+#include "platform/movie/ShownFrame.h"
 
 #include "platform/display/view/AlignedImage.h"
 #include "platform/display/view/Layer.h"
@@ -11,21 +11,21 @@ namespace kestro {
 
 namespace {
 
-/// The time asked for was read a moment ago: the movie may have gone on to its next picture since.
+/// The time asked for was read a moment ago: the movie may have gone on to its next frame since.
 constexpr double latest = 0.05;
 /// What rounding a time to whole units may add to it.
 constexpr double rounding = 0.002;
 
 } // namespace
 
-void ShownPicture::setRenderer(mpv_render_context* renderer)
+void ShownFrame::setRenderer(mpv_render_context* renderer)
 {
     const std::lock_guard lock(m_mutex);
     m_renderer = renderer;
     m_hasBegun = false;
 }
 
-void ShownPicture::takeBack(mpv_render_context* renderer)
+void ShownFrame::takeBack(mpv_render_context* renderer)
 {
     const std::lock_guard lock(m_mutex);
     if (m_renderer != renderer) return;
@@ -33,7 +33,7 @@ void ShownPicture::takeBack(mpv_render_context* renderer)
     m_hasBegun = false;
 }
 
-void ShownPicture::began(double seconds, double lasts)
+void ShownFrame::began(double seconds, double lasts)
 {
     const std::lock_guard lock(m_mutex);
     m_hasBegun = true;
@@ -41,38 +41,38 @@ void ShownPicture::began(double seconds, double lasts)
     m_lasts = lasts;
 }
 
-void ShownPicture::left()
+void ShownFrame::left()
 {
     const std::lock_guard lock(m_mutex);
     m_hasBegun = false;
 }
 
-bool ShownPicture::isOn(double seconds) const
+bool ShownFrame::isOn(double seconds) const
 {
     return m_renderer && m_hasBegun && m_seconds - latest <= seconds &&
            seconds <= m_seconds + m_lasts + rounding;
 }
 
-bool ShownPicture::draw(const PixelTarget& target)
+bool ShownFrame::draw(const PixelTarget& target)
 {
     const std::lock_guard lock(m_mutex);
     return m_renderer && drawLocked(target);
 }
 
-bool ShownPicture::takeNew()
+bool ShownFrame::takeNew()
 {
     const std::lock_guard lock(m_mutex);
     const bool wasTaken = std::exchange(m_wasTaken, false);
     return m_renderer && ((mpv_render_context_update(m_renderer) & MPV_RENDER_UPDATE_FRAME) || wasTaken);
 }
 
-void ShownPicture::skip()
+void ShownFrame::skip()
 {
     const std::lock_guard lock(m_mutex);
-    if (m_renderer) skipPictureOf(m_renderer);
+    if (m_renderer) skipFrameOf(m_renderer);
 }
 
-bool ShownPicture::drawLocked(const PixelTarget& target)
+bool ShownFrame::drawLocked(const PixelTarget& target)
 {
     int size[2] = {target.width, target.height};
     auto stride = static_cast<std::size_t>(target.stride);
@@ -88,7 +88,7 @@ bool ShownPicture::drawLocked(const PixelTarget& target)
     return mpv_render_context_render(m_renderer, params) >= 0;
 }
 
-Picture ShownPicture::picture(double seconds, QSize size)
+Picture ShownFrame::picture(double seconds, QSize size)
 {
     if (size.isEmpty()) return {};
     const int evenWidth = (size.width() + 1) / 2 * 2; // the last column of an odd one falls between the rows

@@ -1,4 +1,4 @@
-#include "platform/movie/KeptPicture.h"
+#include "platform/movie/KeptFrame.h"
 
 #include "platform/movie/AvFormat.h"
 
@@ -6,7 +6,7 @@
 
 namespace kestro {
 
-void PictureMemory::add(std::size_t bytes)
+void FrameMemory::add(std::size_t bytes)
 {
     const std::size_t now = m_used += bytes;
     std::size_t peak = m_peak;
@@ -22,7 +22,7 @@ std::size_t bytesOf(const AVFrame& frame)
     return bytes;
 }
 
-KeptPicture::KeptPicture(Frame frame, double seconds, int rotation, std::shared_ptr<PictureMemory> memory)
+KeptFrame::KeptFrame(Frame frame, double seconds, int rotation, std::shared_ptr<FrameMemory> memory)
     : m_frame(std::move(frame))
     , m_seconds(seconds)
     , m_rotation(rotation)
@@ -32,12 +32,12 @@ KeptPicture::KeptPicture(Frame frame, double seconds, int rotation, std::shared_
     m_memory->add(m_bytes);
 }
 
-KeptPicture::~KeptPicture()
+KeptFrame::~KeptFrame()
 {
     if (m_memory) m_memory->remove(m_bytes);
 }
 
-KeptPicture& KeptPicture::operator=(KeptPicture&& other) noexcept
+KeptFrame& KeptFrame::operator=(KeptFrame&& other) noexcept
 {
     std::swap(m_frame, other.m_frame);
     std::swap(m_seconds, other.m_seconds);

@@ -12,31 +12,31 @@ namespace kestro {
 
 struct PixelTarget;
 
-/// The picture that a movie shows now, as its player can draw it once more, which takes a small part of what
+/// The frame that a movie shows now, as its player can draw it once more, which takes a small part of what
 /// decoding it anew would. mpv lets one thread at a time use a renderer, so whoever draws in software does it
-/// through this. Shared by a movie, its player and its copies for stills; without a player it has no picture.
+/// through this. Shared by a movie, its player and its copies for stills; without a player it has no frame.
 /// Any thread; seconds.
-class ShownPicture final {
+class ShownFrame final {
 public:
     /// What draws from now on; before it goes, it is taken back.
     void setRenderer(mpv_render_context* renderer);
     /// Nothing, where another has come since.
     void takeBack(mpv_render_context* renderer);
 
-    /// The picture that shows began at `seconds` and is on for `lasts` (0: unknown).
+    /// The frame that shows began at `seconds` and is on for `lasts` (0: unknown).
     void began(double seconds, double lasts);
-    /// Which picture shows is not known.
+    /// Which frame shows is not known.
     void left();
 
     // For the player.
-    /// Draws the newest picture, stretched. False when it could not.
+    /// Draws the newest frame, stretched. False when it could not.
     bool draw(const PixelTarget& target);
-    /// Whether there is a picture that was not there at the last call.
+    /// Whether there is a frame that was not there at the last call.
     [[nodiscard]] bool takeNew();
-    /// Lets mpv go on without drawing the picture that waits.
+    /// Lets mpv go on without drawing the frame that waits.
     void skip();
 
-    /// The picture at that time of the movie, of that size; null where it is not the one that shows.
+    /// The frame at that time of the movie, of that size; null where it is not the one that shows.
     [[nodiscard]] Picture picture(double seconds, QSize size);
 
 private:
@@ -48,7 +48,7 @@ private:
     bool m_hasBegun = false;
     double m_seconds = 0;
     double m_lasts = 0;
-    bool m_wasTaken = false; ///< a picture was drawn for a still before the player asked for it
+    bool m_wasTaken = false; ///< a frame was drawn for a still before the player asked for it
 };
 
 } // namespace kestro

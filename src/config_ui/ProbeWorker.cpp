@@ -1,24 +1,24 @@
-#include "config_ui/ReadingLane.h"
+#include "config_ui/ProbeWorker.h"
 
 #include <utility>
 
 namespace kestro {
 
-ReadingLane::ReadingLane(Read read, Deliver deliver)
+ProbeWorker::ProbeWorker(Read read, Deliver deliver)
     : m_read(std::move(read))
     , m_deliver(std::move(deliver))
     , m_thread([this](const std::stop_token& end) { work(end); })
 {
 }
 
-ReadingLane::~ReadingLane()
+ProbeWorker::~ProbeWorker()
 {
     want({});
     m_thread.request_stop();
     m_thread.join();
 }
 
-void ReadingLane::want(const QList<QUrl>& urls)
+void ProbeWorker::want(const QList<QUrl>& urls)
 {
     const std::lock_guard lock(m_mutex);
     m_wanted = urls;
@@ -27,14 +27,14 @@ void ReadingLane::want(const QList<QUrl>& urls)
     m_wanting.notify_one();
 }
 
-void ReadingLane::work(const std::stop_token& end)
+void ProbeWorker::work(const std::stop_token& end)
 {
     std::unique_lock lock(m_mutex);
     while (m_wanting.wait(lock, end, [this] { return !m_wanted.isEmpty(); }))
         readNext(lock);
 }
 
-void ReadingLane::readNext(std::unique_lock<std::mutex>& lock)
+void ProbeWorker::readNext(std::unique_lock<std::mutex>& lock)
 {
     const QUrl url = m_wanted.takeFirst();
     m_reading = url;

@@ -16,16 +16,16 @@ namespace kestro {
 
 /// A thread that looks into movies, one after the other, the ones wanted now and no others. Owned by the
 /// reader of entries; want() is for its thread. Destroying it ends what is being read.
-class ReadingLane final {
+class ProbeWorker final {
 public:
     using Read = std::function<EntryFacts(const QUrl&, const std::stop_token&)>;
     using Deliver = std::function<void(const QUrl&, const EntryFacts&)>;
 
     /// Both are called on the lane's thread; what was told to stop is not delivered.
-    ReadingLane(Read read, Deliver deliver);
-    ~ReadingLane();
-    ReadingLane(const ReadingLane&) = delete;
-    ReadingLane& operator=(const ReadingLane&) = delete;
+    ProbeWorker(Read read, Deliver deliver);
+    ~ProbeWorker();
+    ProbeWorker(const ProbeWorker&) = delete;
+    ProbeWorker& operator=(const ProbeWorker&) = delete;
 
     /// Reads these, in this order, instead of what was wanted before. What is being read goes on if it is
     /// among them, and is told to stop if not.
