@@ -82,6 +82,7 @@ FOREIGN = [
     (r"Q(Window|Screen)\b", ("platform/display", *WIDGET_FOLDERS)),
     (r"mpv/|libav|libsw", ("platform/movie",)),
     (r"seccomp", ("platform/web",)),
+    (r"pugi", ("platform/plist",)),
     (r"QtWebEngine|QWebEngine|QtQuick|QQuick|QQml|QtQml", ("platform/web",)),
     (QT_WIDGETS, WIDGET_FOLDERS),
 ]
@@ -172,6 +173,8 @@ SAMPLES = [
     ("src/host/commands/main.cpp", "#include <seccomp.h>", 1),
     ("src/platform/web/helper/CallFilter.cpp", "#include <seccomp.h>", 0),
     ("src/settings/SettingsStore.cpp", "#include <mpv/client.h>", 1),
+    ("src/settings/SettingsStore.cpp", "#include <pugixml.hpp>", 1),
+    ("src/platform/plist/XmlDocument.h", "#include <pugixml.hpp>", 0),
     ("src/settings/SettingsStore.cpp", "#include <boost/any.hpp>", 1),
     ("src/platform/saver/SaverBundle.cpp", "#include <sys/stat.h>\n#include <QtPlugin>\n#include <QtGlobal>", 0),
     ("src/engine/MySaver.cpp", '// #include "host/commands/Program.h"', 0),

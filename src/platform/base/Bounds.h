@@ -13,6 +13,7 @@ namespace kestro::Bounds {
 // Property lists: settings, lists of trailers, bundles.
 inline constexpr qint64 propertyListBytes = 64LL * 1024 * 1024;
 inline constexpr int propertyListDepth = 256; ///< containers in containers; the root is at level 1
+inline constexpr qsizetype propertyListValues = 4LL * 1024 * 1024; ///< elements and attributes of XML
 
 // Movies. A stream that is probed is read no further than this to find out what is in it.
 inline constexpr int movieSide = 8192;                      ///< pixels of either side

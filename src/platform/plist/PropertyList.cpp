@@ -5,13 +5,16 @@
 #include "platform/plist/PropertyListFile.h"
 #include "platform/plist/XmlPropertyList.h"
 
+#include <utility>
+
 namespace kestro {
 
 std::optional<QVariant> readPropertyList(const QString& path)
 {
-    const auto bytes = readPropertyListFile(path);
+    auto bytes = readPropertyListFile(path);
     if (!bytes) return {};
-    return isBinaryPropertyList(*bytes) ? readBinaryPropertyList(*bytes) : readXmlPropertyList(*bytes);
+    return isBinaryPropertyList(*bytes) ? readBinaryPropertyList(*bytes)
+                                        : readXmlPropertyList(std::move(*bytes));
 }
 
 std::optional<QVariantMap> readPropertyListDictionary(const QString& path)

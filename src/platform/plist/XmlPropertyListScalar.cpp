@@ -51,7 +51,7 @@ std::optional<QVariant> data(const QString& content)
 
 } // namespace
 
-std::optional<QVariant> xmlPropertyListScalar(QStringView kind, const QString& content)
+std::optional<QVariant> xmlPropertyListScalar(QLatin1StringView kind, const QString& content)
 {
     if (kind == "string"_L1) return QVariant(content);
     if (kind == "true"_L1 || kind == "false"_L1) return QVariant(kind == "true"_L1);

@@ -12,6 +12,6 @@ namespace kestro {
 
 /// The value of the element `kind` with that content, which is empty but not null for an empty element.
 /// Nothing where there is no such kind, or the content is none of it.
-[[nodiscard]] std::optional<QVariant> xmlPropertyListScalar(QStringView kind, const QString& content);
+[[nodiscard]] std::optional<QVariant> xmlPropertyListScalar(QLatin1StringView kind, const QString& content);
 
 } // namespace kestro

@@ -1,7 +1,9 @@
-#include "StoredForm.h"
+#include "platform/base/Bounds.h"
 #include "platform/plist/XmlPropertyList.h"
 
 #include <QDateTime>
+#include <QStringEncoder>
+#include <QXmlStreamReader>
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -12,18 +14,22 @@ namespace kestro {
 
 namespace {
 
-// Whoever reads it, the fast way or the whole one, reads the same.
-std::optional<QVariant> readDocument(const QByteArray& document)
+bool isWellFormed(const QByteArray& document)
 {
-    const auto found = readXmlPropertyList(document);
-    EXPECT_EQ(storedForm(found), storedForm(readAnyXmlPropertyList(document)))
-        << document.left(200).constData();
-    return found;
+    QXmlStreamReader reader(document);
+    while (!reader.atEnd())
+        reader.readNext();
+    return !reader.hasError();
 }
 
 std::optional<QVariant> readValue(const QByteArray& element)
 {
-    return readDocument("<plist version=\"1.0\">" + element + "</plist>");
+    return readXmlPropertyList("<plist version=\"1.0\">" + element + "</plist>");
+}
+
+QByteArray nestedIn(const QByteArray& name, const QByteArray& content)
+{
+    return "<" + name + ">" + content + "</" + name + ">";
 }
 
 QByteArray nested(const char* element, int levels)
@@ -107,7 +113,7 @@ TEST(XmlPropertyListReader, read_takesTheLastValue_whenAKeyStandsTwice)
 
 TEST(XmlPropertyListReader, read_understandsAFileOfAMac)
 {
-    const auto found = readDocument(R"(<?xml version="1.0" encoding="UTF-8"?>
+    const auto found = readXmlPropertyList(R"(<?xml version="1.0" encoding="UTF-8"?>
 <!-- settings -->
 <!DOCTYPE plist PUBLIC "-//Apple Computer//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
 <plist version="1.0">
@@ -169,13 +175,128 @@ TEST(XmlPropertyListReader, read_answersNothing_whenMalformed)
         "<?xml version=\"1.0\" encoding=\"no-such-encoding\"?><plist><true/></plist>",
     };
     for (const QByteArray& document : documents)
-        EXPECT_FALSE(readDocument(document).has_value()) << document.constData();
+        EXPECT_FALSE(readXmlPropertyList(document).has_value()) << document.constData();
 }
 
 TEST(XmlPropertyListReader, read_answersNothing_whenOneValueOfManyIsMalformed)
 {
     EXPECT_FALSE(readValue("<array><true/><array><integer>x</integer></array><true/></array>").has_value());
     EXPECT_FALSE(readValue("<dict><key>a</key><date>x</date><key>b</key><true/></dict>").has_value());
+}
+
+// What pugixml would let pass.
+TEST(XmlPropertyListReader, read_answersNothing_whenTheXMLIsNotProper)
+{
+    const std::vector<QByteArray> documents{
+        "<?xml version=\"1.0\" encoding=\"UTF-16\"?><plist><true/></plist>",
+        "<?xml version=\"1.1\"?><plist><true/></plist>",
+        "<?xml encoding=\"UTF-8\"?><plist><true/></plist>",
+        " <?xml version=\"1.0\"?><plist><true/></plist>",
+        "<?xml version=\"1.0\"?><?xml version=\"1.0\"?><plist><true/></plist>",
+        "<!DOCTYPE plist><!DOCTYPE plist><plist><true/></plist>",
+        "<!DOCTYPE plist PUBLIC \"x\"><plist><true/></plist>",
+        "<!DOCTYPEplist><plist><true/></plist>",
+        "<plist><true/></plist><!DOCTYPE plist>",
+        "<plist><true/></plist>u",
+        "<plist><true/></plist>&amp;",
+        "<plist><true/></plist><![CDATA[ ]]>",
+        "<plist><true/></plist><",
+        "<plist><true/></plist ",
+        "text<plist><true/></plist>",
+        "<!-- a -- b --><plist><true/></plist>",
+        "<plist><array><!-- a ---></array></plist>",
+        "<plist a=\"1\" a=\"2\"><true/></plist>",
+        "<plist a=\"<\"><true/></plist>",
+        "<plist a=\"&b;\"><true/></plist>",
+        "<plist a=1><true/></plist>",
+        "<p:plist><p:true/></p:plist>",
+        "<plist><array>&unknown;<true/></array></plist>",
+        "<plist><array>a]]>b<true/></array></plist>",
+        "<plist><string>a]]>b</string></plist>",
+        "<plist><string>&amp</string></plist>",
+        "<plist><string>&;</string></plist>",
+        "<plist><string>&#0;</string></plist>",
+        "<plist><string>&#1;</string></plist>",
+        "<plist><string>&#xd800;</string></plist>",
+        "<plist><string>&#x110000;</string></plist>",
+        "<plist><string>&#+33;</string></plist>",
+        "<plist><string>&#X21;</string></plist>",
+        "<plist><string><![CDATA[\x01]]></string></plist>",
+        "<plist><string>\xef\xbf\xbe</string></plist>",
+        "<plist><string>\xed\xa0\x80</string></plist>",
+        QByteArray("<plist><true/></plist>\0", 23),
+        QByteArray("<plist><string>a\0b</string></plist>", 34),
+    };
+    for (const QByteArray& document : documents)
+        EXPECT_FALSE(readXmlPropertyList(document).has_value()) << document.constData();
+}
+
+// Each byte of a document with everything in it is changed, taken away and repeated.
+TEST(XmlPropertyListReader, read_answersNothing_whenAnotherReaderFindsItMalformed)
+{
+    const QByteArray document =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!-- a --><!DOCTYPE plist PUBLIC \"b\" 'c'>\n"
+        "<plist version=\"1.0\"><dict><key>gr\xc3\xbcn&#xfc;</key><array><string>b&amp;<![CDATA[ c ]]>"
+        "</string><integer>12</integer>d<true/><?e f?></array></dict></plist><!-- g -->\n";
+    ASSERT_TRUE(readXmlPropertyList(document).has_value());
+    const auto isReadAmiss = [](const QByteArray& spoilt) {
+        return readXmlPropertyList(spoilt).has_value() && !isWellFormed(spoilt);
+    };
+    for (qsizetype at = 0; at < document.size(); ++at) {
+        for (const char byte : QByteArrayView("<>&;/\"'!]#- \r\t0a:\x01\x7f\xc3\xff"))
+            EXPECT_FALSE(isReadAmiss(QByteArray(document).replace(at, 1, &byte, 1))) << at << byte;
+        EXPECT_FALSE(isReadAmiss(QByteArray(document).remove(at, 1))) << at;
+        EXPECT_FALSE(isReadAmiss(QByteArray(document).insert(at, document.sliced(at, 1)))) << at;
+    }
+}
+
+TEST(XmlPropertyListReader, read_keepsAllText_whereItStandsBesideSections)
+{
+    const std::vector<std::pair<QByteArray, QString>> cases{
+        {"<string> </string>", QStringLiteral(" ")},
+        {"<string> <!-- --> </string>", QStringLiteral("  ")},
+        {"<string> a <?b c?> d\r\n<![CDATA[ &e; ]]> </string>", QStringLiteral(" a  d\n &e;  ")},
+        {"<string>\xef\xbb\xbf&quot;&apos;&gt;</string>", QStringLiteral("\ufeff\"'>")},
+    };
+    for (const auto& [element, expected] : cases)
+        EXPECT_EQ(readValue(element), QVariant(expected)) << element.constData();
+}
+
+TEST(XmlPropertyListReader, read_ignoresTextAndAttributes_thatMeanNothing)
+{
+    EXPECT_EQ(
+        readXmlPropertyList("<plist a='&lt;' xmlns:b=\"c\">d<array e=\"f\">g<true/>h &amp;</array>i</plist>"),
+        QVariant(QVariantList{true}));
+}
+
+TEST(XmlPropertyListReader, read_understandsEncodings_thatADocumentTellsOf)
+{
+    const QString text = QStringLiteral("<plist><string>grün</string></plist>");
+    const QByteArray latin = "<?xml version='1.0' encoding='ISO-8859-1' standalone='yes'?>" + text.toLatin1();
+    QStringEncoder wide(QStringEncoder::Utf16, QStringEncoder::Flag::WriteBom);
+    const QByteArray marked = wide(QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-16\"?>") + text);
+    const QByteArray markedToo = "\xef\xbb\xbf" + text.toUtf8();
+    for (const QByteArray& document : {latin, marked, markedToo})
+        EXPECT_EQ(readXmlPropertyList(document), QVariant(QStringLiteral("grün"))) << document.constData();
+}
+
+TEST(XmlPropertyListReader, read_keepsOneTextInMemory_whenItComesAgain)
+{
+    const auto found = readValue("<array><string>480 x 204</string><string>480 x 204</string></array>");
+    ASSERT_TRUE(found.has_value());
+    const QVariantList texts = found->toList();
+    EXPECT_EQ(texts.at(0).toString().constData(), texts.at(1).toString().constData());
+}
+
+TEST(XmlPropertyListReader, read_answersNothing_whenThereAreMoreValuesThanItsBound)
+{
+    constexpr qsizetype mostInAnArray = Bounds::propertyListValues - 3; // beside it, the root and its version
+    const auto values = [](qsizetype count) {
+        return nestedIn("array", QByteArray("<true/>").repeated(count));
+    };
+    EXPECT_TRUE(readValue(values(mostInAnArray)).has_value());
+    EXPECT_FALSE(readValue(values(mostInAnArray + 1)).has_value());
+    EXPECT_FALSE(readValue("<array" + QByteArray(" a=''").repeated(mostInAnArray + 1) + "/>").has_value());
 }
 
 TEST(XmlPropertyListReader, read_acceptsContainers_downTo256Levels)
@@ -189,9 +310,9 @@ TEST(XmlPropertyListReader, read_answersNothing_whenNestedAMillionTimes)
 {
     for (const char* element : {"array", "string", "dict", "unknown"}) {
         EXPECT_FALSE(readValue(nested(element, 1'000'000)).has_value()) << element;
-        EXPECT_FALSE(readDocument(QByteArray("<") + element + ">").has_value()) << element;
+        EXPECT_FALSE(readXmlPropertyList(QByteArray("<") + element + ">").has_value()) << element;
     }
-    EXPECT_FALSE(readDocument("<plist>" + QByteArray("<dict><key/>").repeated(1'000'000)).has_value());
+    EXPECT_FALSE(readXmlPropertyList("<plist>" + QByteArray("<dict><key/>").repeated(1'000'000)).has_value());
 }
 
 TEST(XmlPropertyListReader, read_answersNothing_whenEntitiesUnfoldWithoutBound)
@@ -202,7 +323,7 @@ TEST(XmlPropertyListReader, read_answersNothing_whenEntitiesUnfoldWithoutBound)
         document += "<!ENTITY e" + QByteArray::number(level) + " \"" + before.repeated(10) + "\">";
     }
     document += "]><plist><string>&e29;</string></plist>";
-    EXPECT_FALSE(readDocument(document).has_value());
+    EXPECT_FALSE(readXmlPropertyList(document).has_value());
 }
 
 TEST(XmlPropertyListReader, read_answersNothing_whenCutAnywhere)
@@ -211,9 +332,9 @@ TEST(XmlPropertyListReader, read_answersNothing_whenCutAnywhere)
         "<?xml version=\"1.0\"?>\n<!DOCTYPE plist SYSTEM \"x\">\n<plist><dict><key>a</key>"
         "<array><string>b&amp;</string><integer>12</integer><real>1.5</real><true/>"
         "<data>aGk=</data><date>2004-01-01T00:00:00Z</date></array></dict></plist>";
-    ASSERT_TRUE(readDocument(whole).has_value());
+    ASSERT_TRUE(readXmlPropertyList(whole).has_value());
     for (qsizetype size = 0; size < whole.size(); ++size)
-        EXPECT_FALSE(readDocument(whole.first(size)).has_value()) << size;
+        EXPECT_FALSE(readXmlPropertyList(whole.first(size)).has_value()) << size;
 }
 
 } // namespace kestro

@@ -1,3 +1,4 @@
+#include "platform/base/Bounds.h"
 #include "platform/plist/XmlPropertyList.h"
 
 #include <QDateTime>
@@ -118,6 +119,17 @@ TEST(XmlPropertyListWriter, write_answersNothing_forWhatNoPropertyListHolds)
             << value.typeName();
     }
     EXPECT_FALSE(xmlPropertyList(QVariantMap{{QString(QChar(1)), true}}).has_value());
+}
+
+TEST(XmlPropertyListWriter, write_answersNothing_whenThereIsMoreThanTheReaderTakes)
+{
+    constexpr qsizetype aroundThem = 7; // the array, the root, the document type, the declaration, attributes
+    QVariantList values(Bounds::propertyListValues - aroundThem, true);
+    const auto most = xmlPropertyList(values);
+    ASSERT_TRUE(most.has_value());
+    EXPECT_TRUE(readXmlPropertyList(*most).has_value());
+    values.append(true);
+    EXPECT_FALSE(xmlPropertyList(values).has_value());
 }
 
 TEST(XmlPropertyListWriter, write_goesAsDeepAsTheReaders)
