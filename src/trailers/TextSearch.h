@@ -5,13 +5,13 @@
 
 namespace kestro {
 
-/// Searches bytes for an ASCII text in whatever case, many bytes at a step. A constant of who searches; any
-/// thread.
+/// Searches bytes for an ASCII text in whatever case: memmem, in copies in lower case of a piece at a time. A
+/// constant of who searches; any thread.
 class TextSearch final {
 public:
     static constexpr std::size_t npos = std::string_view::npos;
 
-    /// `needle` in lower case, one character or more; it must outlive this (a literal).
+    /// `needle` in lower case, from one character to a hundred; it must outlive this (a literal).
     explicit constexpr TextSearch(std::string_view needle)
         : m_needle(needle)
     {
@@ -22,9 +22,7 @@ public:
     [[nodiscard]] constexpr std::size_t size() const { return m_needle.size(); }
 
 private:
-    [[nodiscard]] bool isAt(const char* text) const;
-    [[nodiscard]] std::size_t findInStep(const char* text) const;
-    [[nodiscard]] std::size_t findOneByOne(std::string_view text, std::size_t from, std::size_t to) const;
+    static constexpr std::size_t mostBytes = 512; ///< that are looked at in one piece
 
     std::string_view m_needle;
 };

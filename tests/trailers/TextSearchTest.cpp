@@ -18,6 +18,18 @@ TEST(TextSearch, find_findsTheNeedle_atEveryPlaceOfATextOfAnySize)
         }
 }
 
+TEST(TextSearch, find_findsTheNeedle_whereTwoPiecesMeet)
+{
+    constexpr TextSearch search("href=\"");
+    constexpr std::size_t size = 1600; // three pieces and a part
+    for (std::size_t at = 0; at + 6 <= size; ++at) {
+        std::string text(size, 'x');
+        text.replace(at, 6, "hREF=\"");
+        EXPECT_EQ(search.find(text), at);
+        EXPECT_EQ(search.find(text, at + 1), TextSearch::npos);
+    }
+}
+
 TEST(TextSearch, find_ignoresTheCase_ofLettersAlone)
 {
     constexpr TextSearch search("a_c(");
