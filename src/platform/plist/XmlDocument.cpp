@@ -49,11 +49,8 @@ bool isPlainName(std::string_view name)
 
 bool isProperAttribute(pugi::xml_attribute attribute)
 {
-    const std::string_view name = attribute.name();
-    const bool isReserved = name.starts_with("xmlns:") || name.starts_with("xml:");
     const std::string_view value = attribute.value();
-    if (!isPlainName(isReserved ? name.substr(name.find(':') + 1) : name)) return false;
-    return value.find('<') == value.npos && xmlText(value);
+    return isPlainName(attribute.name()) && value.find('<') == value.npos && xmlText(value);
 }
 
 bool hasProperAttributes(pugi::xml_node element)
@@ -125,6 +122,8 @@ bool XmlDocument::load(QByteArray bytes)
 {
     auto document = xmlAsUtf8(std::move(bytes));
     if (!document || document->isEmpty()) return false;
+    if (document->startsWith("\xef\xbb\xbf"))
+        return false; // a mark of the order of bytes, in the wrong place
     if (document->contains('\0') || !QUtf8StringView(*document).isValidUtf8()) return false;
     m_bytes = std::move(*document);
     const Survey survey = surveyOf(m_bytes);

@@ -189,6 +189,7 @@ TEST(XmlPropertyListReader, read_answersNothing_whenTheXMLIsNotProper)
 {
     const std::vector<QByteArray> documents{
         "<?xml version=\"1.0\" encoding=\"UTF-16\"?><plist><true/></plist>",
+        "<?xml version=\"1.0\"?>\xef\xbb\xbf<plist><true/></plist>",
         "<?xml version=\"1.1\"?><plist><true/></plist>",
         "<?xml encoding=\"UTF-8\"?><plist><true/></plist>",
         " <?xml version=\"1.0\"?><plist><true/></plist>",
@@ -210,6 +211,7 @@ TEST(XmlPropertyListReader, read_answersNothing_whenTheXMLIsNotProper)
         "<plist a=\"&b;\"><true/></plist>",
         "<plist a=1><true/></plist>",
         "<p:plist><p:true/></p:plist>",
+        "<plist xmlns:=\"u\"><true/></plist>",
         "<plist><array>&unknown;<true/></array></plist>",
         "<plist><array>a]]>b<true/></array></plist>",
         "<plist><string>a]]>b</string></plist>",
@@ -265,7 +267,7 @@ TEST(XmlPropertyListReader, read_keepsAllText_whereItStandsBesideSections)
 TEST(XmlPropertyListReader, read_ignoresTextAndAttributes_thatMeanNothing)
 {
     EXPECT_EQ(
-        readXmlPropertyList("<plist a='&lt;' xmlns:b=\"c\">d<array e=\"f\">g<true/>h &amp;</array>i</plist>"),
+        readXmlPropertyList("<plist a='&lt;' xmlns=\"c\">d<array e=\"f\">g<true/>h &amp;</array>i</plist>"),
         QVariant(QVariantList{true}));
 }
 
