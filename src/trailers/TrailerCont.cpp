@@ -1,5 +1,6 @@
 #include "trailers/TrailerCont.h"
 
+#include "platform/base/ConfigurationFile.h"
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
 #include "platform/base/PostTo.h"

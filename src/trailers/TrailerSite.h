@@ -24,8 +24,4 @@ struct TrailerSite {
 /// The site that the text of such a file names; the log calls the file `path`.
 [[nodiscard]] TrailerSite readTrailerSite(const QByteArray& text, const QString& path);
 
-/// That file; it need not exist. The configuration folder is .config in KESTRO_HOME where that is set, else
-/// XDG_CONFIG_HOME, else .config in the home folder.
-[[nodiscard]] QString configurationFile();
-
 } // namespace kestro

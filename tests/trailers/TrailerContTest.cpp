@@ -1,5 +1,6 @@
 #include "trailers/TrailerCont.h"
 
+#include "platform/base/ConfigurationFile.h"
 #include "support/WaitUntil.h"
 #include "trailers/CrawlLock.h"
 #include "trailers/MemoryFetch.h"

@@ -1,5 +1,6 @@
 #include "trailers/TrailerSite.h"
 
+#include "platform/base/ConfigurationFile.h"
 #include "platform/base/Log.h"
 
 #include <QDir>
@@ -89,9 +90,9 @@ TEST_F(TrailerSiteTest, configuredTrailerSite_saysWhichLine_whenItIsNotUnderstoo
     EXPECT_EQ(site.start, QStringLiteral("http://h/"));
     const QString file = configurationFile();
     EXPECT_EQ(m_log, (QStringList{file + QStringLiteral(", line 2: no \"key=value\"."),
-                                  file + QStringLiteral(", line 3: unknown key \"strat\"."),
                                   file + QStringLiteral(", line 4: no \"key=value\"."),
-                                  file + QStringLiteral(", line 6: no \"key=value\".")}));
+                                  file + QStringLiteral(", line 6: no \"key=value\"."),
+                                  file + QStringLiteral(", line 3: unknown key \"strat\".")}));
 }
 
 TEST_F(TrailerSiteTest, configuredTrailerSite_saysSo_whenTheFileCannotBeRead)

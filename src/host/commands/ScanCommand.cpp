@@ -2,6 +2,7 @@
 #include "host/commands/Program.h"
 #include "host/commands/ScanRun.h"
 #include "host/start/StopSignals.h"
+#include "platform/base/ConfigurationFile.h"
 #include "trailers/TrailerCont.h"
 
 #include <QCoreApplication>

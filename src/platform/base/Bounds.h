@@ -81,6 +81,12 @@ inline constexpr int webHelperProcesses = 48;
 inline constexpr int webHelperThreads = 1024;                   ///< of all its processes
 inline constexpr qint64 webProcessBytes = 2560LL * 1024 * 1024; ///< memory of one, however it is spent
 
+// What programs tell the session: why no saver should start.
+inline constexpr qsizetype inhibitorCharacters = 160; ///< of a name or a reason, on one line
+inline constexpr int inhibitors = 256;                ///< that our own service keeps
+inline constexpr int inhibitorsOfOne = 32;            ///< of those, from one program
+inline constexpr int inhibitorsAsked = 32;            ///< of another service's, for their names
+
 // Memory.
 inline constexpr int oomScore = 1000; ///< the kernel's oom_score_adj of what plays movies; nothing is higher
 

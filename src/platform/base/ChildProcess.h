@@ -43,6 +43,7 @@ public:
     /// The same, however long that takes.
     [[nodiscard]] ChildEnd waitForEnd();
 
+    void terminate() { send(SIGTERM); }
     void kill() { send(SIGKILL); }
     /// Asks it to end, and kills it where it has not by then; waits that long at most for each.
     void stop(std::chrono::milliseconds patience);

@@ -2,10 +2,10 @@
 
 #include "platform/base/Bounds.h"
 #include "platform/base/Clock.h"
+#include "platform/base/OneLine.h"
 #include "platform/base/RepeatedLines.h"
 #include "platform/base/ShownURL.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <mutex>
 #include <unistd.h>
@@ -30,31 +30,6 @@ Output& output()
     return only;
 }
 
-bool breaksLine(QChar c)
-{
-    const QChar::Category category = c.category();
-    return category == QChar::Other_Control || category == QChar::Separator_Line ||
-           category == QChar::Separator_Paragraph;
-}
-
-bool turnsText(QChar c)
-{
-    switch (c.direction()) {
-    case QChar::DirLRE:
-    case QChar::DirLRO:
-    case QChar::DirRLE:
-    case QChar::DirRLO:
-    case QChar::DirPDF:
-    case QChar::DirLRI:
-    case QChar::DirRLI:
-    case QChar::DirFSI:
-    case QChar::DirPDI:
-        return true;
-    default:
-        return false;
-    }
-}
-
 // At a blank, so that no URL is cut: half a one may no longer look like what it is.
 QString cut(const QString& line)
 {
@@ -67,10 +42,7 @@ QString cut(const QString& line)
 // What is logged holds names from files and pages; none of them may look like a line of its own.
 QString plain(const QString& line)
 {
-    QString shown = withoutSecrets(cut(line));
-    std::replace_if(
-        shown.begin(), shown.end(), [](QChar c) { return breaksLine(c) || turnsText(c); }, QChar(u' '));
-    return shown;
+    return onOneLine(withoutSecrets(cut(line)));
 }
 
 void writeToStandardError(const QByteArray& bytes)
