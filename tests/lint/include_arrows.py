@@ -13,6 +13,7 @@ PLATFORM = {
     "platform/movie": {"platform/base", "platform/display"},
     "platform/web": {"platform/base", "platform/network", "platform/display"},
     "platform/saver": {"platform/base", "platform/plist", "platform/display"},
+    "platform/session": {"platform/base"},
 }
 BELOW_ENGINE = set(PLATFORM) | {"settings", "presentation"}
 ALLOWED = PLATFORM | {
@@ -26,6 +27,7 @@ ALLOWED = PLATFORM | {
     "module": BELOW_ENGINE | {"engine", "trailers"},
     "publish": {"platform/base", "platform/display", "platform/movie"},
     "launcher": set(),
+    "idle": {"platform/base", "platform/session", "host/start"},
     "host/start": {"platform/base"},
     "host/xscreensaver": {"platform/base"},
     "host/publish": {"platform/base", "publish", "host/start"},
@@ -41,7 +43,7 @@ ALLOWED = PLATFORM | {
         "host/xscreensaver",
         "host/publish",
     },
-    "host/preferences": {"platform/base", "host/start", "host/xscreensaver"},
+    "host/preferences": {"platform/base", "platform/session", "host/start", "host/xscreensaver", "idle"},
     "host/preferences/live": BELOW_ENGINE
     | {"trailers", "trailers/panel", "widgets", "config_ui", "host", "host/preferences"},
 }
@@ -77,7 +79,11 @@ WIDGET_FOLDERS = ("widgets", "config_ui", "trailers/panel", "host/preferences", 
 # The headers of each foreign library, and the folders that may include them.
 FOREIGN = [
     (r"curl/", ("platform/network",)),
-    (r"xcb/|X11/|GL/|GLES\d/|EGL/|vulkan/|wayland-", ("platform/display",)),
+    (r"X11/|GL/|GLES\d/|EGL/|vulkan/", ("platform/display",)),
+    # The program that waits for the person to be away has no windows, and loads nothing that makes them.
+    (r"xcb/|wayland-", ("platform/display", "platform/session")),
+    (r"QtDBus|QDBus", ("platform/session", "idle")),
+    (r"linux/input|libudev|systemd/", ("platform/session",)),
     (r"Q(Svg|BackingStore|OpenGL|RasterWindow)|qpa/|QtGui/(private|qpa)/", ("platform/display",)),
     (r"Q(Window|Screen)\b", ("platform/display", *WIDGET_FOLDERS)),
     (r"mpv/|libav|libsw", ("platform/movie",)),
