@@ -27,6 +27,11 @@ int main(int count, char** words)
     // What else is said about the settings, and a window that cannot be had, the commands have an answer for.
     if (count == 2 && std::strcmp(words[1], "settings") == 0)
         execl((folder / "kestro-settings").c_str(), words[0], static_cast<char*>(nullptr));
+    if (count >= 2 && std::strcmp(words[1], "idle") == 0) {
+        const auto idle = folder / "kestro-idle";
+        words[1] = words[0];
+        execv(idle.c_str(), words + 1);
+    }
     const auto commands = folder / "kestro";
     execv(commands.c_str(), words);
     std::fprintf(stderr, "kestro: Cannot start %s: %s\n", commands.c_str(), std::strerror(errno));

@@ -38,6 +38,10 @@ struct Command;
 /// foreground; the list is saved at its end. Needs no display.
 [[nodiscard]] Command scanCommand();
 
+/// `kestro idle`: becomes the program that waits until the person is away, which is small and has options of
+/// its own.
+[[nodiscard]] Command idleCommand();
+
 /// `kestro settings`: becomes the program that shows the settings, which this one is not, so that no saver
 /// loads widgets.
 [[nodiscard]] Command settingsCommand();

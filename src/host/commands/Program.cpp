@@ -70,17 +70,9 @@ QString Program::overview() const
 
 QList<Command> allCommands()
 {
-    return {runCommand(),
-            settingsCommand(),
-            showSettingsCommand(),
-            playlistCommand(),
-            scanCommand(),
-            latestCommand(),
-            renderCommand(),
-            inspectPageCommand(),
-            publishCommand(),
-            importHacksCommand(),
-            installXscreensaverCommand()};
+    return {runCommand(),         settingsCommand(), idleCommand(),        showSettingsCommand(),
+            playlistCommand(),    scanCommand(),     latestCommand(),      renderCommand(),
+            inspectPageCommand(), publishCommand(),  importHacksCommand(), installXscreensaverCommand()};
 }
 
 } // namespace kestro

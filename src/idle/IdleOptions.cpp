@@ -1,0 +1,90 @@
+#include "idle/IdleOptions.h"
+
+#include "platform/base/ConfigurationFile.h"
+
+namespace kestro {
+
+namespace {
+
+const QString section = QStringLiteral("idle");
+const QString enabledKey = QStringLiteral("enabled");
+const QString afterKey = QStringLiteral("after");
+const QString yes = QStringLiteral("yes");
+const QString no = QStringLiteral("no");
+
+int secondsOf(QChar unit)
+{
+    switch (unit.unicode()) {
+    case u's':
+        return 1;
+    case u'm':
+        return 60;
+    case u'h':
+        return 3600;
+    default:
+        return 0;
+    }
+}
+
+Error notASpan(const QString& text)
+{
+    return {
+        QStringLiteral("\"%1\" is no time from 1s to 24h; write 5 for minutes, or 90s, 5m, 1h").arg(text)};
+}
+
+void readEnabled(const ConfigurationFile& file, bool& isEnabled)
+{
+    const auto text = file.value(section, enabledKey);
+    if (!text) return;
+    isEnabled = *text == yes;
+    if (!isEnabled && *text != no)
+        file.warnAbout(section, enabledKey, QStringLiteral("\"%1\" is neither yes nor no").arg(*text));
+}
+
+void readAfter(const ConfigurationFile& file, std::chrono::seconds& after)
+{
+    const auto text = file.value(section, afterKey);
+    if (!text) return;
+    if (const auto span = spanFrom(*text))
+        after = span.value();
+    else
+        file.warnAbout(section, afterKey, span.error());
+}
+
+} // namespace
+
+IdleOptions IdleOptions::from(const ConfigurationFile& file)
+{
+    IdleOptions options;
+    file.warnAboutUnknown(section, {enabledKey, afterKey});
+    readEnabled(file, options.isEnabled);
+    readAfter(file, options.after);
+    return options;
+}
+
+void IdleOptions::putInto(ConfigurationFile& file) const
+{
+    file.set(section, enabledKey, isEnabled ? yes : no);
+    file.set(section, afterKey, textOf(after));
+}
+
+Result<std::chrono::seconds> spanFrom(const QString& text)
+{
+    const int unit = text.isEmpty() ? 0 : secondsOf(text.back());
+    bool isNumber = false;
+    const qlonglong count = (unit == 0 ? text : text.chopped(1)).toLongLong(&isNumber);
+    constexpr auto most = std::chrono::seconds(IdleOptions::longestSpan).count();
+    if (!isNumber || count < 1 || count > most) return notASpan(text);
+    const std::chrono::seconds span(count * (unit == 0 ? 60 : unit));
+    if (span > IdleOptions::longestSpan) return notASpan(text);
+    return span;
+}
+
+QString textOf(std::chrono::seconds span)
+{
+    const auto seconds = span.count();
+    if (seconds % 60 != 0) return QStringLiteral("%1s").arg(seconds);
+    return QString::number(seconds / 60);
+}
+
+} // namespace kestro
