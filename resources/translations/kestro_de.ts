@@ -543,6 +543,90 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::IdlePanel</name>
+    <message>
+        <source>&amp;Start by itself when you have been away for</source>
+        <translation>Von selbst &amp;starten nach einer Abwesenheit von</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <comment>minutes, after their number</comment>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver starts</source>
+        <translation>Minuten bis zum Start des Bildschirmschoners</translation>
+    </message>
+    <message>
+        <source>Nothing starts the saver by itself now.</source>
+        <translation>Zurzeit startet nichts den Bildschirmschoner von selbst.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::IdleWords</name>
+    <message>
+        <source>Now: %1 looks after this session.</source>
+        <translation>Jetzt: %1 kümmert sich um diese Sitzung.</translation>
+    </message>
+    <message>
+        <source>Now: the saver is shown.</source>
+        <translation>Jetzt: Der Bildschirmschoner läuft.</translation>
+    </message>
+    <message>
+        <source>Now kept from starting: %1.</source>
+        <translation>Startet jetzt nicht: %1.</translation>
+    </message>
+    <message>
+        <source>The saver ended unexpectedly the last time.</source>
+        <translation>Der Bildschirmschoner hat zuletzt unerwartet geendet.</translation>
+    </message>
+    <message>
+        <source>Now: waiting until you are away.</source>
+        <translation>Jetzt: Wartet, bis Sie abwesend sind.</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what keeps the saver from starting, and who</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>a program asks for it</source>
+        <translation>ein Programm bittet darum</translation>
+    </message>
+    <message>
+        <source>the session is locked</source>
+        <translation>die Sitzung ist gesperrt</translation>
+    </message>
+    <message>
+        <source>the machine goes to sleep</source>
+        <translation>der Rechner geht schlafen</translation>
+    </message>
+    <message>
+        <source>the lid is closed</source>
+        <translation>der Deckel ist zu</translation>
+    </message>
+    <message>
+        <source>power is to be saved</source>
+        <translation>es soll Strom gespart werden</translation>
+    </message>
+    <message>
+        <source>the microphone is in use</source>
+        <translation>das Mikrofon wird benutzt</translation>
+    </message>
+    <message>
+        <source>the camera is in use</source>
+        <translation>die Kamera wird benutzt</translation>
+    </message>
+    <message>
+        <source>a game pad is in use</source>
+        <translation>ein Gamepad wird benutzt</translation>
+    </message>
+    <message>
+        <source>a full-screen window plays sound</source>
+        <translation>ein Vollbildfenster gibt Ton aus</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -756,10 +840,6 @@ Ersetzen?</translation>
 <context>
     <name>kestro::XscreensaverPanel</name>
     <message>
-        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
-        <translation>XScreenSaver ist nicht installiert: Nichts startet Kestro von selbst, wenn Sie nicht am Platz sind. Der Befehl „kestro“ startet es jederzeit.</translation>
-    </message>
-    <message>
         <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
         <translation>Kestro ist in Ihrer Liste der Bildschirmschoner von XScreenSaver.</translation>
     </message>
@@ -774,6 +854,10 @@ Ersetzen?</translation>
     <message>
         <source>&amp;Add to XScreenSaver</source>
         <translation>Zu XScreenSaver &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>XScreenSaver is not installed. The command &quot;kestro&quot; runs the saver at any time.</source>
+        <translation>XScreenSaver ist nicht installiert. Der Befehl „kestro“ startet den Bildschirmschoner jederzeit.</translation>
     </message>
 </context>
 </TS>

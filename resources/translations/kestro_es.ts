@@ -543,6 +543,90 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::IdlePanel</name>
+    <message>
+        <source>&amp;Start by itself when you have been away for</source>
+        <translation>&amp;Iniciar solo cuando lleve ausente</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <comment>minutes, after their number</comment>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver starts</source>
+        <translation>Minutos hasta que se inicia el salvapantallas</translation>
+    </message>
+    <message>
+        <source>Nothing starts the saver by itself now.</source>
+        <translation>Ahora nada inicia el salvapantallas por sí solo.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::IdleWords</name>
+    <message>
+        <source>Now: %1 looks after this session.</source>
+        <translation>Ahora: %1 se ocupa de esta sesión.</translation>
+    </message>
+    <message>
+        <source>Now: the saver is shown.</source>
+        <translation>Ahora: se muestra el salvapantallas.</translation>
+    </message>
+    <message>
+        <source>Now kept from starting: %1.</source>
+        <translation>Ahora no se inicia: %1.</translation>
+    </message>
+    <message>
+        <source>The saver ended unexpectedly the last time.</source>
+        <translation>El salvapantallas terminó inesperadamente la última vez.</translation>
+    </message>
+    <message>
+        <source>Now: waiting until you are away.</source>
+        <translation>Ahora: espera a que se ausente.</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what keeps the saver from starting, and who</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>a program asks for it</source>
+        <translation>un programa lo pide</translation>
+    </message>
+    <message>
+        <source>the session is locked</source>
+        <translation>la sesión está bloqueada</translation>
+    </message>
+    <message>
+        <source>the machine goes to sleep</source>
+        <translation>el equipo va a suspenderse</translation>
+    </message>
+    <message>
+        <source>the lid is closed</source>
+        <translation>la tapa está cerrada</translation>
+    </message>
+    <message>
+        <source>power is to be saved</source>
+        <translation>hay que ahorrar energía</translation>
+    </message>
+    <message>
+        <source>the microphone is in use</source>
+        <translation>el micrófono está en uso</translation>
+    </message>
+    <message>
+        <source>the camera is in use</source>
+        <translation>la cámara está en uso</translation>
+    </message>
+    <message>
+        <source>a game pad is in use</source>
+        <translation>un mando de juego está en uso</translation>
+    </message>
+    <message>
+        <source>a full-screen window plays sound</source>
+        <translation>una ventana a pantalla completa reproduce sonido</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -756,10 +840,6 @@ Replace it?</source>
 <context>
     <name>kestro::XscreensaverPanel</name>
     <message>
-        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
-        <translation>XScreenSaver no está instalado: nada inicia Kestro por sí solo cuando usted no está. La orden «kestro» lo ejecuta en cualquier momento.</translation>
-    </message>
-    <message>
         <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
         <translation>Kestro está en su lista de salvapantallas de XScreenSaver.</translation>
     </message>
@@ -774,6 +854,10 @@ Replace it?</source>
     <message>
         <source>&amp;Add to XScreenSaver</source>
         <translation>&amp;Añadir a XScreenSaver</translation>
+    </message>
+    <message>
+        <source>XScreenSaver is not installed. The command &quot;kestro&quot; runs the saver at any time.</source>
+        <translation>XScreenSaver no está instalado. La orden «kestro» muestra el salvapantallas en cualquier momento.</translation>
     </message>
 </context>
 </TS>

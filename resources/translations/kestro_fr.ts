@@ -543,6 +543,90 @@ Veuillez réessayer.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::IdlePanel</name>
+    <message>
+        <source>&amp;Start by itself when you have been away for</source>
+        <translation>&amp;Démarrer seul après une absence de</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <comment>minutes, after their number</comment>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver starts</source>
+        <translation>Minutes avant le démarrage de l'économiseur</translation>
+    </message>
+    <message>
+        <source>Nothing starts the saver by itself now.</source>
+        <translation>Rien ne démarre l'économiseur tout seul pour le moment.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::IdleWords</name>
+    <message>
+        <source>Now: %1 looks after this session.</source>
+        <translation>Maintenant : %1 s’occupe de cette session.</translation>
+    </message>
+    <message>
+        <source>Now: the saver is shown.</source>
+        <translation>Maintenant : l’économiseur est affiché.</translation>
+    </message>
+    <message>
+        <source>Now kept from starting: %1.</source>
+        <translation>Ne démarre pas pour le moment : %1.</translation>
+    </message>
+    <message>
+        <source>The saver ended unexpectedly the last time.</source>
+        <translation>L’économiseur s’est arrêté de façon inattendue la dernière fois.</translation>
+    </message>
+    <message>
+        <source>Now: waiting until you are away.</source>
+        <translation>Maintenant : attend que vous soyez absent.</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what keeps the saver from starting, and who</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>a program asks for it</source>
+        <translation>un programme le demande</translation>
+    </message>
+    <message>
+        <source>the session is locked</source>
+        <translation>la session est verrouillée</translation>
+    </message>
+    <message>
+        <source>the machine goes to sleep</source>
+        <translation>la machine se met en veille</translation>
+    </message>
+    <message>
+        <source>the lid is closed</source>
+        <translation>le capot est fermé</translation>
+    </message>
+    <message>
+        <source>power is to be saved</source>
+        <translation>il faut économiser l’énergie</translation>
+    </message>
+    <message>
+        <source>the microphone is in use</source>
+        <translation>le microphone est utilisé</translation>
+    </message>
+    <message>
+        <source>the camera is in use</source>
+        <translation>la caméra est utilisée</translation>
+    </message>
+    <message>
+        <source>a game pad is in use</source>
+        <translation>une manette est utilisée</translation>
+    </message>
+    <message>
+        <source>a full-screen window plays sound</source>
+        <translation>une fenêtre en plein écran émet du son</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -756,10 +840,6 @@ Le remplacer&#xa0;?</translation>
 <context>
     <name>kestro::XscreensaverPanel</name>
     <message>
-        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
-        <translation>XScreenSaver n’est pas installé&#xa0;: rien ne démarre Kestro de lui-même en votre absence. La commande «&#xa0;kestro&#xa0;» le lance à tout moment.</translation>
-    </message>
-    <message>
         <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
         <translation>Kestro figure dans votre liste d’économiseurs de XScreenSaver.</translation>
     </message>
@@ -774,6 +854,10 @@ Le remplacer&#xa0;?</translation>
     <message>
         <source>&amp;Add to XScreenSaver</source>
         <translation>&amp;Ajouter à XScreenSaver</translation>
+    </message>
+    <message>
+        <source>XScreenSaver is not installed. The command &quot;kestro&quot; runs the saver at any time.</source>
+        <translation>XScreenSaver n’est pas installé. La commande « kestro » lance l’économiseur à tout moment.</translation>
     </message>
 </context>
 </TS>

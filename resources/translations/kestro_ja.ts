@@ -543,6 +543,90 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::IdlePanel</name>
+    <message>
+        <source>&amp;Start by itself when you have been away for</source>
+        <translation>離席後に自動で開始(&amp;S):</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <comment>minutes, after their number</comment>
+        <translation> 分</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver starts</source>
+        <translation>スクリーンセーバーが始まるまでの分数</translation>
+    </message>
+    <message>
+        <source>Nothing starts the saver by itself now.</source>
+        <translation>現在、スクリーンセーバーは自動では始まりません。</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::IdleWords</name>
+    <message>
+        <source>Now: %1 looks after this session.</source>
+        <translation>現在: %1 がこのセッションを担当しています。</translation>
+    </message>
+    <message>
+        <source>Now: the saver is shown.</source>
+        <translation>現在: スクリーンセーバーを表示中です。</translation>
+    </message>
+    <message>
+        <source>Now kept from starting: %1.</source>
+        <translation>現在は開始しません: %1。</translation>
+    </message>
+    <message>
+        <source>The saver ended unexpectedly the last time.</source>
+        <translation>前回、スクリーンセーバーは予期せず終了しました。</translation>
+    </message>
+    <message>
+        <source>Now: waiting until you are away.</source>
+        <translation>現在: 離席を待っています。</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what keeps the saver from starting, and who</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>a program asks for it</source>
+        <translation>プログラムが求めています</translation>
+    </message>
+    <message>
+        <source>the session is locked</source>
+        <translation>セッションがロックされています</translation>
+    </message>
+    <message>
+        <source>the machine goes to sleep</source>
+        <translation>コンピューターがスリープに入ります</translation>
+    </message>
+    <message>
+        <source>the lid is closed</source>
+        <translation>ふたが閉じています</translation>
+    </message>
+    <message>
+        <source>power is to be saved</source>
+        <translation>電力を節約します</translation>
+    </message>
+    <message>
+        <source>the microphone is in use</source>
+        <translation>マイクを使用中です</translation>
+    </message>
+    <message>
+        <source>the camera is in use</source>
+        <translation>カメラを使用中です</translation>
+    </message>
+    <message>
+        <source>a game pad is in use</source>
+        <translation>ゲームパッドを使用中です</translation>
+    </message>
+    <message>
+        <source>a full-screen window plays sound</source>
+        <translation>全画面ウィンドウが音を再生中です</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -756,10 +840,6 @@ Replace it?</source>
 <context>
     <name>kestro::XscreensaverPanel</name>
     <message>
-        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
-        <translation>XScreenSaverがインストールされていないため、離席中にKestroは自動では始まりません。コマンド“kestro”でいつでも実行できます。</translation>
-    </message>
-    <message>
         <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
         <translation>KestroはXScreenSaverのスクリーンセーバの一覧にあります。</translation>
     </message>
@@ -774,6 +854,10 @@ Replace it?</source>
     <message>
         <source>&amp;Add to XScreenSaver</source>
         <translation>XScreenSaverに追加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>XScreenSaver is not installed. The command &quot;kestro&quot; runs the saver at any time.</source>
+        <translation>XScreenSaver はインストールされていません。コマンド &quot;kestro&quot; でいつでも実行できます。</translation>
     </message>
 </context>
 </TS>

@@ -543,6 +543,90 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::IdlePanel</name>
+    <message>
+        <source>&amp;Start by itself when you have been away for</source>
+        <translation>离开后自动启动(&amp;S)：</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <comment>minutes, after their number</comment>
+        <translation> 分钟</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver starts</source>
+        <translation>启动屏幕保护程序前的分钟数</translation>
+    </message>
+    <message>
+        <source>Nothing starts the saver by itself now.</source>
+        <translation>目前不会自动启动屏幕保护程序。</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::IdleWords</name>
+    <message>
+        <source>Now: %1 looks after this session.</source>
+        <translation>现在：由 %1 负责此会话。</translation>
+    </message>
+    <message>
+        <source>Now: the saver is shown.</source>
+        <translation>现在：正在显示屏幕保护程序。</translation>
+    </message>
+    <message>
+        <source>Now kept from starting: %1.</source>
+        <translation>现在不会启动：%1。</translation>
+    </message>
+    <message>
+        <source>The saver ended unexpectedly the last time.</source>
+        <translation>屏幕保护程序上次意外结束。</translation>
+    </message>
+    <message>
+        <source>Now: waiting until you are away.</source>
+        <translation>现在：等待您离开。</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what keeps the saver from starting, and who</comment>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>a program asks for it</source>
+        <translation>有程序要求如此</translation>
+    </message>
+    <message>
+        <source>the session is locked</source>
+        <translation>会话已锁定</translation>
+    </message>
+    <message>
+        <source>the machine goes to sleep</source>
+        <translation>计算机即将睡眠</translation>
+    </message>
+    <message>
+        <source>the lid is closed</source>
+        <translation>盖子已合上</translation>
+    </message>
+    <message>
+        <source>power is to be saved</source>
+        <translation>需要节省电量</translation>
+    </message>
+    <message>
+        <source>the microphone is in use</source>
+        <translation>麦克风正在使用</translation>
+    </message>
+    <message>
+        <source>the camera is in use</source>
+        <translation>摄像头正在使用</translation>
+    </message>
+    <message>
+        <source>a game pad is in use</source>
+        <translation>游戏手柄正在使用</translation>
+    </message>
+    <message>
+        <source>a full-screen window plays sound</source>
+        <translation>全屏窗口正在播放声音</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -756,10 +840,6 @@ Replace it?</source>
 <context>
     <name>kestro::XscreensaverPanel</name>
     <message>
-        <source>XScreenSaver is not installed: nothing starts Kestro by itself when you are away. The command &quot;kestro&quot; runs it at any time.</source>
-        <translation>未安装 XScreenSaver：您离开时不会自动启动 Kestro。可随时用命令“kestro”运行它。</translation>
-    </message>
-    <message>
         <source>Kestro is in your list of XScreenSaver&apos;s savers.</source>
         <translation>Kestro 在您的 XScreenSaver 屏幕保护程序列表中。</translation>
     </message>
@@ -774,6 +854,10 @@ Replace it?</source>
     <message>
         <source>&amp;Add to XScreenSaver</source>
         <translation>添加到 XScreenSaver(&amp;A)</translation>
+    </message>
+    <message>
+        <source>XScreenSaver is not installed. The command &quot;kestro&quot; runs the saver at any time.</source>
+        <translation>未安装 XScreenSaver。命令 &quot;kestro&quot; 可随时运行屏幕保护程序。</translation>
     </message>
 </context>
 </TS>

@@ -1,6 +1,7 @@
 #include "host/preferences/PreferencesWindow.h"
 
 #include "host/preferences/AspectBox.h"
+#include "host/preferences/IdlePanel.h"
 #include "host/preferences/XscreensaverPanel.h"
 
 #include <QCloseEvent>
@@ -38,6 +39,7 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     , m_options(new QPushButton(tr("&Options…"), this))
     , m_tryIt(new QPushButton(tr("&Try it"), this))
     , m_close(new QPushButton(tr("&Close"), this))
+    , m_idle(new IdlePanel(parts.idle, this))
     , m_xscreensaver(new XscreensaverPanel(parts.xscreensaver, this))
     , m_trial(parts.program)
 {
@@ -51,6 +53,7 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     connect(m_tryIt, &QPushButton::clicked, this, &PreferencesWindow::tryIt);
     connect(m_close, &QPushButton::clicked, this, &QWidget::close);
     connect(&m_trial, &SaverRun::ended, this, &PreferencesWindow::trialEnded);
+    connect(m_idle, &IdlePanel::failed, this, &PreferencesWindow::alert);
     connect(m_xscreensaver, &XscreensaverPanel::failed, this, &PreferencesWindow::alert);
 }
 
@@ -67,6 +70,7 @@ void PreferencesWindow::layOut()
     row->addWidget(m_close);
     column->addLayout(row);
     column->addWidget(line(this));
+    column->addWidget(m_idle);
     column->addWidget(m_xscreensaver);
 }
 
@@ -137,8 +141,10 @@ void PreferencesWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange) pausePreview(Preview::Unseen, isMinimized());
-    // Another program may have changed the list meanwhile.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_xscreensaver->refresh();
+    // Another program may have changed either meanwhile.
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    m_idle->refresh();
+    m_xscreensaver->refresh();
 }
 
 void PreferencesWindow::openOptions()

@@ -3,6 +3,7 @@
 #include "host/preferences/Preview.h"
 #include "host/preferences/SaverRun.h"
 #include "host/xscreensaver/XscreensaverList.h"
+#include "idle/IdleSwitch.h"
 
 #include <QWidget>
 
@@ -16,10 +17,12 @@ class QSettings;
 namespace kestro {
 
 class AspectBox;
+class IdlePanel;
 class XscreensaverPanel;
 
 /// The window of the preferences application: the saver in a live preview, the sheet of its options, a trial
-/// run, and whether xscreensaver starts it. It remembers its place. Owned by the program. Main thread.
+/// run, whether it starts by itself, and whether xscreensaver starts it. It remembers its place. Owned by the
+/// program. Main thread.
 class PreferencesWindow final : public QWidget {
     Q_OBJECT
 
@@ -29,6 +32,7 @@ public:
         /// Makes the preview, once the window is on the screen; null when it cannot.
         std::function<std::unique_ptr<Preview>()> preview;
         QString program; ///< the file that a trial run runs
+        IdleSwitch::Places idle;
         XscreensaverList xscreensaver;
         QSettings& state; ///< what the application keeps from one time to the next
     };
@@ -71,6 +75,7 @@ private:
     QPushButton* m_options;
     QPushButton* m_tryIt;
     QPushButton* m_close;
+    IdlePanel* m_idle;
     XscreensaverPanel* m_xscreensaver;
     std::unique_ptr<Preview> m_preview;
     SaverRun m_trial;

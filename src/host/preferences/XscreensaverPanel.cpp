@@ -29,8 +29,8 @@ void XscreensaverPanel::refresh()
     const auto listed = m_list.isListed();
     m_button->setVisible(isInstalled && listed);
     if (!isInstalled)
-        m_state->setText(tr("XScreenSaver is not installed: nothing starts Kestro by itself when you are "
-                            "away. The command \"kestro\" runs it at any time."));
+        m_state->setText(
+            tr("XScreenSaver is not installed. The command \"kestro\" runs the saver at any time."));
     else if (!listed)
         m_state->setText(listed.error());
     else

@@ -53,7 +53,8 @@ int showSettings()
         showIcon();
         return loadPreview(state);
     };
-    PreferencesWindow window({preview, kestroProgram(), XscreensaverList::ofUser(), state});
+    PreferencesWindow window(
+        {preview, kestroProgram(), IdleSwitch::placesOfUser(), XscreensaverList::ofUser(), state});
     const StopSignals signalWatch([&](int) { leave(window); });
     QObject::connect(&window, &PreferencesWindow::closed, [&] { leave(window); });
     window.show();

@@ -74,7 +74,11 @@ protected:
     [[nodiscard]] std::unique_ptr<PreferencesWindow> makeWindow(Maker maker, const QString& trial = {})
     {
         return std::make_unique<PreferencesWindow>(PreferencesWindow::Parts{
-            std::move(maker), trial,
+            std::move(maker),
+            trial,
+            {folder.filePath(QStringLiteral("kestro.conf")),
+             IdleAutostart(folder.filePath(QStringLiteral("kestro-idle.desktop")), {}),
+             QStringLiteral("/usr/bin/env"), QDBusConnection(QStringLiteral("none"))},
             XscreensaverList(folder.filePath(QStringLiteral("list")), QStringLiteral("/usr/bin/env")),
             state});
     }
