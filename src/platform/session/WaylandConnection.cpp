@@ -42,7 +42,6 @@ WaylandConnection::WaylandConnection(wl_display* display)
 
 WaylandConnection::~WaylandConnection()
 {
-    m_notifier.reset(); // before the descriptor that it looks at
     wl_registry_destroy(m_registry);
     wl_display_disconnect(m_display);
 }
@@ -66,6 +65,12 @@ void WaylandConnection::startReading(Handlers handlers)
     m_handlers = std::move(handlers);
     m_notifier = std::make_unique<QSocketNotifier>(wl_display_get_fd(m_display), QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { read(); });
+}
+
+void WaylandConnection::stopReading()
+{
+    m_handlers = {};
+    m_notifier.reset();
 }
 
 void WaylandConnection::flush()

@@ -49,8 +49,10 @@ public:
     /// An object for a global, of a version that both ends know.
     [[nodiscard]] wl_proxy* bind(const Global& global, const wl_interface& interface) const;
 
-    /// Has the event loop read it from now on.
+    /// Has the event loop read it from now on, until stopReading(): whoever began that ends it, because the
+    /// thread of the task that brought the connection may be the last to let go of it.
     void startReading(Handlers handlers);
+    void stopReading();
     /// Sends what was asked for since the last time.
     void flush();
 

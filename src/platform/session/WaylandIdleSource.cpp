@@ -66,7 +66,10 @@ WaylandIdleSource::WaylandIdleSource(std::shared_ptr<WaylandConnection> connecti
     m_connection->flush();
 }
 
-WaylandIdleSource::~WaylandIdleSource() = default;
+WaylandIdleSource::~WaylandIdleSource()
+{
+    m_connection->stopReading();
+}
 
 QString WaylandIdleSource::name() const
 {
