@@ -1,5 +1,6 @@
 #include "platform/session/SwaySession.h"
 
+#include "platform/session/WaylandConnection.h"
 #include "support/WaitUntil.h"
 
 #include <QDir>
@@ -39,12 +40,15 @@ SwaySession::SwaySession()
     m_process.setStandardErrorFile(QProcess::nullDevice());
     m_process.start(command.first(), command.mid(1));
     const QDir place(folder);
-    QStringList sockets;
+    QByteArray display;
     const bool isUp = waitUntil([&] {
-        sockets = place.entryList({QStringLiteral("wayland-?")}, QDir::System);
-        return !sockets.isEmpty() || m_process.state() == QProcess::NotRunning;
+        const QStringList sockets = place.entryList({QStringLiteral("wayland-?")}, QDir::System);
+        if (!sockets.isEmpty()) display = place.filePath(sockets.first()).toUtf8();
+        // The socket is there a moment before anybody listens.
+        return (!display.isEmpty() && WaylandConnection::open(display)) ||
+               m_process.state() == QProcess::NotRunning;
     });
-    if (isUp && !sockets.isEmpty()) m_display = place.filePath(sockets.first()).toUtf8();
+    if (isUp) m_display = display;
 }
 
 SwaySession::~SwaySession()
