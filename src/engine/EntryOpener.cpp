@@ -11,6 +11,7 @@
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kestro {
@@ -28,7 +29,7 @@ EntryOpener::EntryOpener(EntrySources sources)
 
 MovieContent EntryOpener::open(const QUrl& url)
 {
-    if (!isValidURL(url) || isResting(url)) return {};
+    if (!isValidURL(url) || passesOver(url)) return {};
     const bool isWebContent = namesWebContent(url);
     if (isWebContent && m_sources.playsWebContent()) return url;
 
@@ -64,10 +65,14 @@ void EntryOpener::recordLateFailure(const QUrl& url)
     m_failedAt.insert(url, m_sources.clock.now());
 }
 
-bool EntryOpener::isResting(const QUrl& url) const
+bool EntryOpener::passesOver(const QUrl& url)
 {
     const auto failed = m_failedAt.constFind(url);
-    return failed != m_failedAt.constEnd() && m_sources.clock.now() - *failed < restAfterFailure;
+    if (failed == m_failedAt.constEnd()) return false;
+    const double endOfRest = *failed + restAfterFailure;
+    if (m_sources.clock.now() >= endOfRest) return false;
+    m_endOfRests = std::max(m_endOfRests.value_or(endOfRest), endOfRest);
+    return true;
 }
 
 void EntryOpener::forgetFailures()

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace kestro {
 
@@ -37,6 +38,11 @@ class EntryOpener final {
 public:
     explicit EntryOpener(EntrySources sources);
 
+    /// A pick begins.
+    void beginPick() { m_endOfRests.reset(); }
+    /// When all entries that this pick passed over because they rest may be tried again, in seconds of the
+    /// clock; nothing where every entry that it came to was tried.
+    [[nodiscard]] std::optional<double> endOfRests() const { return m_endOfRests; }
     /// Begins to open the entry: a movie, which may still be loading, or the address of web content. Nothing,
     /// logged and recorded as the reason asks for, where it cannot be played.
     [[nodiscard]] MovieContent open(const QUrl& url);
@@ -59,12 +65,13 @@ public:
     void dropCacheMovie() { m_cacheMovie.reset(); }
 
 private:
-    [[nodiscard]] bool isResting(const QUrl& url) const;
+    [[nodiscard]] bool passesOver(const QUrl& url);
     [[nodiscard]] bool leavesPictures() const;
 
     EntrySources m_sources;
     QHash<QUrl, double> m_failedAt; ///< clock time of the last failure of each entry that rests
-    QSet<QUrl> m_logged;            ///< entries that failed before
+    std::optional<double> m_endOfRests;
+    QSet<QUrl> m_logged; ///< entries that failed before
     bool m_isRetry = false;
     std::shared_ptr<StillMovie> m_cacheMovie;
 };

@@ -17,6 +17,7 @@ std::unique_ptr<MoviePick> MovieSequencer::newNextMovie(std::optional<int> playe
                                                         const std::optional<QString>& resumed,
                                                         MoviePick::Options options)
 {
+    m_entries.beginPick();
     return std::make_unique<MoviePick>(order(played, resumed), m_entries, std::move(options));
 }
 

@@ -110,6 +110,7 @@ private:
     void beginAnew();
     void foundNothing(MovieSearch::Purpose purpose);
     void loopWhatIsAlone();
+    void endLoneLoopInTime();
     void retry();
     [[nodiscard]] bool replaceBrokenMovie();
     void startMovie();
@@ -178,6 +179,7 @@ private:
     RetrySchedule m_retries;
     std::unique_ptr<MovieFrame> m_movieView;
     std::unique_ptr<MovieSearch> m_search; ///< null while nothing is looked for
+    std::optional<double> m_endOfLoneLoop; ///< nothing where it goes on for ever
     std::optional<int> m_played;           ///< curIdx at the end of the last movie, until another one loads
     std::unique_ptr<Timer> m_captureTimer; ///< ends captureStop's pause
     /// Clock time of the last re-placement; nothing where the movie keeps its place.

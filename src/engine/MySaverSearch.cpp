@@ -97,7 +97,18 @@ void MySaver::foundNothing(Purpose purpose)
 void MySaver::loopWhatIsAlone()
 {
     if (m_played != m_playlist.curIdx() || m_playlist.hasAutoTrailers()) return;
-    if (const auto mode = m_settings.loopMode(1)) m_movieView->setLoopMode(*mode);
+    const auto mode = m_settings.loopMode(1);
+    if (!mode) return;
+    m_movieView->setLoopMode(*mode);
+    m_endOfLoneLoop = m_sequencer.entries().endOfRests();
+}
+
+// It plays to its end, and then the entries that were passed over are tried.
+void MySaver::endLoneLoopInTime()
+{
+    if (!m_endOfLoneLoop || m_services.desktop.clock().now() < *m_endOfLoneLoop) return;
+    m_endOfLoneLoop.reset();
+    applyLoopMode();
 }
 
 // The list is built anew where it may hold something else by now.

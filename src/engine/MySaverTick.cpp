@@ -25,6 +25,7 @@ void MySaver::animateOneFrame()
     if (!m_movieView) return moveSign();
     m_trail.age();
     if (replaceBrokenMovie()) return;
+    endLoneLoopInTime();
     m_movieView->keepPlaying();
     if (m_movieView->isPlaying()) moveMovie();
     if (!m_movieView->isPlaying()) switchMovie();

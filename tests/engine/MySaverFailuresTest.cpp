@@ -323,4 +323,40 @@ TEST_F(MySaverFailuresTest, movieThatEnded_playsAgain_whenNothingElseOpens_inBot
     }
 }
 
+TEST_F(MySaverFailuresTest, server_thatComesBackWhileItsEntriesAreTried_isPlayedFromInFull)
+{
+    for (const char* order : {"0", "1"}) {
+        set("RandomMode", order);
+        setPlaylist({"a.mov", "b.mov"});
+        describe("a.mov", dead);
+        describe("b.mov", {.seconds = 2, .loadsAfter = 0.5});
+        auto& saver = started();
+        ASSERT_TRUE(comesToPlay(saver, "b.mov", 5));
+        tickFor(saver, 10);
+        EXPECT_EQ(playing(saver), "b.mov");
+        describe("a.mov", {.seconds = 2, .loadsAfter = 0.5});
+        EXPECT_TRUE(comesToPlay(saver, "a.mov", 35));
+        EXPECT_TRUE(comesToPlay(saver, "b.mov", 5));
+        EXPECT_TRUE(comesToPlay(saver, "a.mov", 5));
+        saver.stopAnimation();
+    }
+}
+
+TEST_F(MySaverFailuresTest, movieAlone_loopsFromThenOn_onceTheEntryThatRestedWasTriedAgain)
+{
+    setPlaylist({"a.mov", "b.mov"});
+    describe("a.mov", dead);
+    describe("b.mov", {.seconds = 2});
+    auto& saver = started();
+    ASSERT_TRUE(comesToPlay(saver, "b.mov", 5));
+    tickFor(saver, 25);
+    EXPECT_EQ(tries("a.mov"), 1);
+    tickFor(saver, 10);
+    EXPECT_EQ(tries("a.mov"), 2);
+    tickFor(saver, 100);
+    EXPECT_EQ(tries("a.mov"), 2);
+    EXPECT_EQ(playing(saver), "b.mov");
+    EXPECT_TRUE(saver.movieView()->movie()->attribute(MovieAttribute::Loops));
+}
+
 } // namespace kestro
