@@ -14,6 +14,8 @@ from harness import BLACK, BOUND, KESTRO, RED, wait_until
 from plainuser import PlainUser
 from webtest import PageRun, WebTest, helpers_of, members_of, processes
 
+# An address sanitizer keeps notes on memory that is never there.
+MOST_DATA = "unlimited" if "address" in os.environ.get("SANITIZERS", "") else str(5 << 29)
 SHOWN = b"<body style='background:red'>"
 
 
@@ -71,7 +73,7 @@ class Sandbox(unittest.TestCase):
             limits = pathlib.Path(f"/proc/{pid}/limits").read_text()
             found = {name: re.search(rf"{name}\s+(\w+)\s+(\w+)", limits).groups()
                      for name in ("Max data size", "Max core file size", "Max file size")}
-            self.assertEqual(found, {"Max data size": (str(5 << 29),) * 2, "Max core file size": ("0", "0"),
+            self.assertEqual(found, {"Max data size": (MOST_DATA,) * 2, "Max core file size": ("0", "0"),
                                      "Max file size": (str(256 << 20),) * 2})
 
 
