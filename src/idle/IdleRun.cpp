@@ -79,15 +79,14 @@ void SessionRun::begin()
 
 void SessionRun::serve(std::unique_ptr<IdleSource> source)
 {
-    IdleService::Parts parts{std::move(source), std::move(m_facts.all),
+    auto rivals = std::make_unique<RivalFact>(m_places.bus, m_places.trueXDisplay(),
+                                              [this](const std::optional<IdleRival>& rival) { seen(rival); });
+    IdleService::Parts parts{std::move(source), std::move(m_facts.all), std::move(rivals),
                              std::make_unique<SaverChild>(kestroProgram())};
-    parts.facts.push_back(
-        std::make_unique<RivalFact>(m_places.bus, m_places.trueXDisplay(),
-                                    [this](const std::optional<IdleRival>& rival) { seen(rival); }));
     m_service = std::make_unique<IdleService>(m_clock, std::move(parts), after(ConfigurationFile::ofUser()));
     logLine(QStringLiteral("Waiting until you are away; %1 tells.").arg(m_service->status().source));
     connectService();
-    m_service->look();
+    m_service->lookForRival();
 }
 
 void SessionRun::connectService()

@@ -36,7 +36,7 @@ void IdleService::watch()
 void IdleService::personIdle()
 {
     m_awaySince = m_clock.now();
-    if (!m_rival.isEmpty()) return look(); // it may be gone
+    if (!m_rival.isEmpty()) return lookForRival(); // it may be gone
     after([this] { m_machine.personIdle(); });
 }
 
@@ -81,12 +81,11 @@ void IdleService::simulateActivity()
     watch();
 }
 
-void IdleService::look()
+void IdleService::lookForRival()
 {
-    for (const auto& fact : m_parts.facts)
-        fact->ask([this] {
-            if (m_onChange) m_onChange();
-        });
+    m_parts.rivals->ask([this] {
+        if (m_onChange) m_onChange();
+    });
 }
 
 double IdleService::idleSeconds() const
@@ -109,7 +108,7 @@ void IdleService::after(const std::function<void()>& step)
 void IdleService::ask()
 {
     const unsigned question = ++m_question;
-    m_unanswered = m_parts.facts.size() + 1;
+    m_unanswered = m_parts.facts.size() + 2;
     const auto answered = [this, question] {
         if (question != m_question || --m_unanswered > 0) return;
         postTo(m_look, [this, question] {
@@ -118,6 +117,7 @@ void IdleService::ask()
     };
     for (const auto& fact : m_parts.facts)
         fact->ask(answered);
+    m_parts.rivals->ask(answered);
     answered(); // where there are no facts to ask, that is at once
 }
 

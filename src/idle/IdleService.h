@@ -25,6 +25,7 @@ public:
     struct Parts {
         std::unique_ptr<IdleSource> source;
         std::vector<std::unique_ptr<SessionFact>> facts;
+        std::unique_ptr<SessionFact> rivals; ///< whose answer tells whether another service does all this
         std::unique_ptr<IdleSaver> saver;
     };
 
@@ -50,8 +51,8 @@ public:
     void show(bool isShown);
     /// As if the person had done something.
     void simulateActivity();
-    /// Finds out what keeps the saver from starting, without starting it.
-    void look();
+    /// Finds out whether another service looks after the session.
+    void lookForRival();
     /// From the saver's start until its process is gone.
     [[nodiscard]] bool isSaverRunning() const { return m_machine.isSaverRunning(); }
     /// Seconds without input, as far as known: 0 until the person counts as away.

@@ -94,8 +94,10 @@ protected:
     {
         auto fact = std::make_unique<FakeFact>(m_session);
         m_fact = fact.get();
-        IdleService::Parts parts{
-            std::make_unique<FakeSource>(m_session), {}, std::make_unique<FakeSaver>(m_session)};
+        IdleService::Parts parts{std::make_unique<FakeSource>(m_session),
+                                 {},
+                                 std::make_unique<FakeFact>(m_rivals),
+                                 std::make_unique<FakeSaver>(m_session)};
         parts.facts.push_back(std::move(fact));
         m_service = std::make_unique<IdleService>(m_clock, std::move(parts), 5min);
         m_service->setChangeHandler([this] { ++m_changes; });
@@ -114,6 +116,7 @@ protected:
     [[nodiscard]] State state() const { return m_service->status().state; }
 
     FakeSession m_session;
+    FakeSession m_rivals;
     ManualClock m_clock;
     FakeFact* m_fact = nullptr;
     int m_changes = 0;
@@ -217,6 +220,27 @@ TEST_F(IdleServiceTest, standsAside_whileARivalRuns)
     m_service->standAsideFor({});
     goAway();
     EXPECT_EQ(m_session.starts, 2);
+}
+
+TEST_F(IdleServiceTest, waitsForTheAnswerAboutRivals_beforeItStarts)
+{
+    m_rivals.answersAtOnce = false;
+    goAway();
+    EXPECT_EQ(m_session.starts, 0);
+    ASSERT_EQ(m_rivals.questions.size(), 1U);
+    m_rivals.questions.front()();
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(m_session.starts, 1);
+}
+
+TEST_F(IdleServiceTest, asksForTheRivalAlone_whileOneRuns)
+{
+    m_session.answersAtOnce = m_rivals.answersAtOnce = false;
+    m_service->standAsideFor(QStringLiteral("xscreensaver"));
+    goAway();
+    m_service->lookForRival();
+    EXPECT_EQ(m_rivals.questions.size(), 2U);
+    EXPECT_TRUE(m_session.questions.empty());
 }
 
 TEST_F(IdleServiceTest, tells_whenNothingTellsOfThePersonAnyMore)
