@@ -1,6 +1,5 @@
 """kestro idle on a screen and a bus of its own: the saver comes when nobody is there, and goes when somebody is."""
 
-import json
 import os
 import pathlib
 import re
@@ -9,32 +8,11 @@ import subprocess
 import tempfile
 import unittest
 
-from harness import BLACK, BOUND, KESTRO, RED, ProgramTest, hear_end_of, movie, wait_until
+from harness import BLACK, BOUND, KESTRO, RED, wait_until
+from idletest import IdleTest
 from xserver import XServer
 
 PATHS = ("/ScreenSaver", "/org/freedesktop/ScreenSaver")
-
-
-class Bus:
-    """A message bus that starts no services. Ended by close()."""
-
-    def __init__(self):
-        self._holder = tempfile.TemporaryDirectory(prefix="kestro-bus-")
-        folder = pathlib.Path(self._holder.name)
-        config = folder / "bus.conf"
-        config.write_text(f"""<busconfig><type>session</type><listen>unix:path={folder}/bus</listen>
-            <policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/>
-            <allow own="*"/></policy></busconfig>""")
-        self._process = subprocess.Popen(["dbus-daemon", "--nofork", f"--config-file={config}", "--print-address=1"],
-                                         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
-                                         start_new_session=True)
-        self.address = self._process.stdout.readline().strip()
-
-    def close(self):
-        self._process.terminate()
-        self._process.wait(timeout=BOUND)
-        self._process.stdout.close()
-        self._holder.cleanup()
 
 
 class Inhibitor:
@@ -79,43 +57,14 @@ def is_there(process):
         return False
 
 
-class Idle(ProgramTest):
+class Idle(IdleTest):
     def setUp(self):
         super().setUp()
         self.server = XServer()
         self.addCleanup(self.server.close)
-        self.bus = Bus()
-        self.addCleanup(self.bus.close)
-        self.home.play([movie("idle-red", "red", seconds=60)], FullScreenMode="1", PlayMode="1")
 
-    def environment(self, **more):
-        return self.home.environment(DISPLAY=self.server.display, DBUS_SESSION_BUS_ADDRESS=self.bus.address,
-                                     DBUS_SYSTEM_BUS_ADDRESS=self.bus.address, **more)
-
-    def log(self):
-        return (self.home.path / "log").read_text(errors="replace")
-
-    def serve(self, *words, **more):
-        with (self.home.path / "log").open("a") as log:
-            service = subprocess.Popen([KESTRO, "idle", *words], env=self.environment(**more),
-                                       stdin=subprocess.DEVNULL, stdout=log, stderr=log)
-        hear_end_of(service)
-        self.addCleanup(self.end, service)
-        wait_until(lambda: "Waiting until you are away" in self.log() or service.poll() is not None, "the service")
-        return service
-
-    def end(self, service):
-        if service.poll() is None:
-            service.kill()
-            service.wait(timeout=BOUND)
-
-    def ask(self, *words):
-        return subprocess.run([KESTRO, "idle", *words], env=self.environment(), capture_output=True, text=True, timeout=BOUND,
-                              stdin=subprocess.DEVNULL)
-
-    def status(self):
-        answer = self.ask("--status", "--json")
-        return json.loads(answer.stdout) if answer.returncode == 0 else {}
+    def display_environment(self):
+        return {"DISPLAY": self.server.display}
 
     def wait_for_saver(self):
         wait_until(lambda: self.server.picture().is_near(320, 240, RED), "the saver")
