@@ -20,7 +20,8 @@ struct X11SaverState {
 /// due and not there; that it is switched off is a reason where `disabledCounts`.
 [[nodiscard]] QList<Hindrance> suspensionIn(const X11SaverState& state, bool disabledCounts);
 
-/// The same of the server of that name; nothing where it cannot be asked.
+/// The same of the server of that name; nothing where it cannot be asked. That it is switched off counts no
+/// more once xscreensaver has run there, which leaves it so.
 [[nodiscard]] QList<Hindrance> x11Suspension(const QByteArray& display, bool disabledCounts);
 
 } // namespace kestro

@@ -3,9 +3,11 @@
 #include <QByteArray>
 #include <QSocketNotifier>
 
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <string_view>
 #include <xcb/xcb.h>
 
 namespace kestro {
@@ -31,6 +33,13 @@ template <typename Reply>
 
 /// The root window of the first screen.
 [[nodiscard]] xcb_window_t rootOf(const XConnection& connection);
+
+/// The number that stands for a word; XCB_ATOM_NONE where nobody has ever said it. Waits for the server.
+[[nodiscard]] xcb_atom_t atomOf(const XConnection& connection, std::string_view word);
+
+/// A property of a window, up to `most` times four bytes of it; null where that does not have it. Likewise.
+[[nodiscard]] XReply<xcb_get_property_reply_t> propertyOf(const XConnection& connection, xcb_window_t window,
+                                                          xcb_atom_t property, std::uint32_t most);
 
 /// What an X server tells of on a connection of ours, read by the event loop. Owned by who listens. Main
 /// thread. Tested by XSyncIdleSourceTest.

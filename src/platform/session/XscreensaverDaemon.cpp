@@ -47,10 +47,9 @@ std::optional<XscreensaverDaemon::Found> XscreensaverDaemon::find(const QByteArr
     auto connection = openX(display);
     if (!connection) return {};
     auto* const server = connection.get();
-    const auto atom = xReply(
-        xcb_intern_atom_reply(server, xcb_intern_atom(server, 1, markName.size(), markName.data()), nullptr));
-    if (!atom || atom->atom == XCB_ATOM_NONE) return {}; // no program has ever said that word
-    const auto window = firstMarked(server, atom->atom, childrenOf(server, rootOf(connection)));
+    const xcb_atom_t mark = atomOf(connection, markName);
+    if (mark == XCB_ATOM_NONE) return {}; // no program has ever said that word
+    const auto window = firstMarked(server, mark, childrenOf(server, rootOf(connection)));
     if (!window) return {};
     constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     const auto listening = xcb_change_window_attributes_checked(server, *window, XCB_CW_EVENT_MASK, &events);

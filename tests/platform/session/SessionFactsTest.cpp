@@ -113,6 +113,16 @@ TEST_F(X11SuspensionTest, server_saysThatItsSaverIsSwitchedOff)
     EXPECT_TRUE(x11Suspension(m_display, false).isEmpty());
 }
 
+TEST_F(X11SuspensionTest, server_hasNoReason_whenXscreensaverHasLeftItsSaverSwitchedOff)
+{
+    ASSERT_TRUE(m_server.run(QStringLiteral("xset"), {QStringLiteral("s"), QStringLiteral("off")}));
+    const auto mark = QStringLiteral("_SCREENSAVER_STATUS");
+    ASSERT_TRUE(m_server.run(QStringLiteral("xprop"),
+                             {QStringLiteral("-root"), QStringLiteral("-f"), mark, QStringLiteral("32i"),
+                              QStringLiteral("-set"), mark, QStringLiteral("1")}));
+    EXPECT_TRUE(x11Suspension(m_display, true).isEmpty());
+}
+
 TEST_F(X11SuspensionTest, server_isFoundSuspended_whenItsSaverIsLongDue)
 {
     const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> player(
