@@ -1,6 +1,7 @@
 #include "idle/IdleCommand.h"
 
 #include "host/start/Console.h"
+#include "host/start/DeafBuses.h"
 #include "idle/IdleOptions.h"
 #include "idle/IdleRemote.h"
 #include "idle/IdleRun.h"
@@ -99,6 +100,7 @@ int runIdle(const QStringList& words)
     const auto arguments = Arguments::parse(idleSyntax(), words);
     if (!arguments) return wrongUsage(arguments.error());
     if (arguments.value().has(QStringLiteral("help"))) return print(helpText(idleSyntax()).toUtf8());
+    leaveDeafBuses();
     return run(arguments.value());
 }
 

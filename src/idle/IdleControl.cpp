@@ -2,6 +2,7 @@
 
 #include "idle/IdleAddress.h"
 #include "platform/base/PostTo.h"
+#include "platform/session/BusObject.h"
 
 #include <QJsonDocument>
 
@@ -25,7 +26,7 @@ IdleControl::IdleControl(QDBusConnection bus, Handlers handlers)
 IdleControl::~IdleControl()
 {
     m_bus.unregisterObject(objectPath);
-    m_bus.unregisterService(busName);
+    releaseName(m_bus, busName);
 }
 
 bool IdleControl::begin()

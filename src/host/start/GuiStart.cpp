@@ -1,6 +1,7 @@
 #include "host/start/GuiStart.h"
 
 #include "host/start/Console.h"
+#include "host/start/DeafBuses.h"
 #include "platform/base/Paths.h"
 
 #include <QFile>
@@ -115,6 +116,7 @@ std::unique_ptr<QGuiApplication> startGui()
 std::unique_ptr<QGuiApplication> startGuiWith(const ApplicationMaker& maker)
 {
     if (!hasDisplay()) leaveWithoutDisplay();
+    leaveDeafBuses();
     auto application = makeApplication(maker);
     QGuiApplication::setApplicationName(QStringLiteral("kestro"));
     QGuiApplication::setQuitOnLastWindowClosed(false);

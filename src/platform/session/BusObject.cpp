@@ -15,6 +15,15 @@ const QString propertiesChanged = QStringLiteral("PropertiesChanged");
 
 } // namespace
 
+void releaseName(const QDBusConnection& bus, const QString& name)
+{
+    const auto busName = QStringLiteral("org.freedesktop.DBus");
+    auto release = QDBusMessage::createMethodCall(busName, QStringLiteral("/org/freedesktop/DBus"), busName,
+                                                  QStringLiteral("ReleaseName"));
+    release.setArguments({name});
+    bus.send(release);
+}
+
 BusObject::BusObject(const QDBusConnection& bus, BusAddress address, Starting starting)
     : m_bus(bus)
     , m_address(std::move(address))

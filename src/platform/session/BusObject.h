@@ -22,6 +22,9 @@ struct BusAddress {
     QString interface;
 };
 
+/// Gives back a name on a bus. Does not wait for the bus, as Qt would: it may have stopped in the meantime.
+void releaseName(const QDBusConnection& bus, const QString& name);
+
 /// One interface of a service on a bus, for those who must never wait for it: each call is answered from the
 /// event loop, by nothing where the service is not there, refuses or takes too long. No call starts a service
 /// unless that was allowed. After this is destroyed nobody is called any more. Main thread.

@@ -48,11 +48,7 @@ ScreenSaverService::~ScreenSaverService()
     QDBusConnection bus = m_daemon.bus();
     for (const QString& path : paths)
         bus.unregisterObject(path);
-    auto release = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReleaseName"));
-    release.setArguments({name});
-    bus.send(release);
+    releaseName(bus, name);
 }
 
 void ScreenSaverService::askForTheName()
