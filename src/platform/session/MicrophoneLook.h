@@ -14,12 +14,6 @@ namespace kestro {
 /// not what it tells. What records an output, what stands still and what only shows how loud it is, is none.
 [[nodiscard]] std::optional<QList<Hindrance>> recordingStreams(const QByteArray& told);
 
-/// Whether a sound card records at all, by the folder that the kernel tells of them in, "/proc/asound".
-[[nodiscard]] bool isSoundCardRecording(const QString& sound);
-
-/// Whether a sound card plays, likewise.
-[[nodiscard]] bool isSoundCardPlaying(const QString& sound);
-
 /// The microphones in use: by the session's sound server where there is one that tells, `pactl` being the
 /// program that asks it, else by the kernel, which knows no names and nothing of wireless ones.
 [[nodiscard]] QList<Hindrance> microphonesInUse(const QString& pactl, const QString& sound);

@@ -1,6 +1,7 @@
 #include "platform/session/SessionFacts.h"
 
 #include "platform/session/CameraLook.h"
+#include "platform/session/FullScreenLook.h"
 #include "platform/session/GamePadFact.h"
 #include "platform/session/LockFact.h"
 #include "platform/session/LogindInhibitors.h"
@@ -11,6 +12,7 @@
 #include "platform/session/PowerManagementInhibitors.h"
 #include "platform/session/SessionManagerInhibitors.h"
 #include "platform/session/SleepFact.h"
+#include "platform/session/SoundLook.h"
 #include "platform/session/ThreadedLook.h"
 #include "platform/session/X11Suspension.h"
 
@@ -21,6 +23,7 @@ namespace kestro {
 
 namespace {
 
+const QString pactl = QStringLiteral("pactl");
 const QString soundCards = QStringLiteral("/proc/asound");
 
 QStringList desktops()
@@ -71,9 +74,20 @@ void addInhibitors(SessionFacts& facts, const SessionFactsNeeds& needs)
 void addCaptures(SessionFacts& facts)
 {
     add<ThreadedLook>(facts, QStringLiteral("microphones"),
-                      [] { return microphonesInUse(QStringLiteral("pactl"), soundCards); });
+                      [] { return microphonesInUse(pactl, soundCards); });
     add<ThreadedLook>(facts, QStringLiteral("cameras"),
                       [] { return camerasInUse(QStringLiteral("/proc"), QStringLiteral("/dev")); });
+}
+
+void addFullScreen(SessionFacts& facts)
+{
+    const QByteArray wayland = qgetenv("WAYLAND_DISPLAY");
+    const QByteArray x = qgetenv("DISPLAY");
+    if (wayland.isEmpty() && x.isEmpty()) return;
+    add<ThreadedLook>(facts, QStringLiteral("full-screen windows"), [wayland, x] {
+        const bool covers = wayland.isEmpty() ? isFullScreenOnX11(x) : isFullScreenOnWayland(wayland);
+        return covers ? soundOfFullScreen(soundPlayed(pactl, soundCards)) : QList<Hindrance>();
+    });
 }
 
 } // namespace
@@ -92,6 +106,7 @@ SessionFacts sessionFacts(const SessionFactsNeeds& needs)
     facts.power = add<PowerFact>(facts, needs.systemBus, needs.powerRule);
     facts.gamePads = add<GamePadFact>(facts, needs.padSpan, GamePadFact::thisMachine());
     addCaptures(facts);
+    addFullScreen(facts);
     return facts;
 }
 

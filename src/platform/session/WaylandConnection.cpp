@@ -29,7 +29,7 @@ std::shared_ptr<WaylandConnection> WaylandConnection::open(const QByteArray& dis
     wl_display* const opened = wl_display_connect(display.constData());
     if (!opened) return nullptr;
     std::shared_ptr<WaylandConnection> connection(new WaylandConnection(opened));
-    if (wl_display_roundtrip(opened) < 0) return nullptr;
+    if (!connection->awaitAnswers()) return nullptr;
     return connection;
 }
 
@@ -58,6 +58,11 @@ wl_proxy* WaylandConnection::bind(const Global& global, const wl_interface& inte
 {
     const auto version = std::min(global.version, static_cast<std::uint32_t>(interface.version));
     return static_cast<wl_proxy*>(wl_registry_bind(m_registry, global.id, &interface, version));
+}
+
+bool WaylandConnection::awaitAnswers()
+{
+    return wl_display_roundtrip(m_display) >= 0;
 }
 
 void WaylandConnection::startReading(Handlers handlers)

@@ -49,6 +49,10 @@ public:
     /// An object for a global, of a version that both ends know.
     [[nodiscard]] wl_proxy* bind(const Global& global, const wl_interface& interface) const;
 
+    /// Waits until the compositor has answered all that was asked of it, for ever if need be; false where it
+    /// is gone. On the thread that opened it, and not once the event loop reads it.
+    [[nodiscard]] bool awaitAnswers();
+
     /// Has the event loop read it from now on, until stopReading(): whoever began that ends it, because the
     /// thread of the task that brought the connection may be the last to let go of it.
     void startReading(Handlers handlers);

@@ -1,6 +1,7 @@
 #include "platform/session/CameraLook.h"
 #include "platform/session/FactTest.h"
 #include "platform/session/MicrophoneLook.h"
+#include "platform/session/SoundLook.h"
 #include "platform/session/ThreadedLook.h"
 
 #include <QDir>
@@ -61,6 +62,13 @@ QByteArray streamOf(int source, const QByteArray& rest = {}, const QByteArray& m
            media + "\"}}]}";
 }
 
+/// What it tells of one stream that plays, likewise.
+QByteArray playing(const QByteArray& rest = {}, const QByteArray& role = "video")
+{
+    return R"({"sink_inputs":[{"index":3,"sink":0)" + rest +
+           R"(,"properties":{"application.name":"Player","media.role":")" + role + "\"}}]}";
+}
+
 const Hindrance call = {HindranceKind::Microphone, QStringLiteral("Call"), {}};
 
 class ThreadedLookTest : public FactTest {};
@@ -111,6 +119,45 @@ TEST_F(Capture, streams_areNotKnown_whenItIsNoAnswer)
 {
     for (const char* told : {"", "{", "[]", "{\"sources\":[]}", "Connection refused"})
         EXPECT_FALSE(recordingStreams(told).has_value()) << told;
+}
+
+TEST_F(Capture, program_isHeard_whenItsStreamPlays)
+{
+    EXPECT_EQ(playingPrograms(playing()), QStringList{QStringLiteral("Player")});
+    EXPECT_EQ(playingPrograms(R"({"sink_inputs":[]})"), QStringList());
+}
+
+TEST_F(Capture, program_isNotHeard_whenItsStreamStandsStillOrIsMutedOrOfAButton)
+{
+    EXPECT_EQ(playingPrograms(playing(R"(,"corked":true)")), QStringList());
+    EXPECT_EQ(playingPrograms(playing(R"(,"mute":true)")), QStringList());
+    EXPECT_EQ(playingPrograms(playing({}, "event")), QStringList());
+}
+
+TEST_F(Capture, programs_areNotKnown_whenItIsNoAnswer)
+{
+    for (const char* told : {"", "{", "[]", "{\"sinks\":[]}", "Connection refused"})
+        EXPECT_FALSE(playingPrograms(told).has_value()) << told;
+}
+
+TEST_F(Capture, sound_isAskedOfTheSoundServer_whereThereIsOne)
+{
+    write(QStringLiteral("asound/card0/pcm0p/sub0/status"), "state: RUNNING\n");
+    qputenv("PULSE_SERVER", "unix:/nowhere");
+    const auto heard = soundPlayed(fakePactl("cat <<'END'\n" + playing() + "\nEND\n"), sound());
+    const auto silent = soundPlayed(fakePactl("echo '{\"sink_inputs\":[]}'\n"), sound());
+    qunsetenv("PULSE_SERVER");
+    EXPECT_EQ(heard, QStringList{QStringLiteral("Player")});
+    EXPECT_EQ(silent, QStringList());
+}
+
+TEST_F(Capture, sound_isAskedOfTheKernel_whenTheSoundServerFails)
+{
+    qputenv("PULSE_SERVER", "unix:/nowhere");
+    EXPECT_EQ(soundPlayed(fakePactl("exit 1\n"), sound()), QStringList());
+    write(QStringLiteral("asound/card0/pcm0p/sub0/status"), "state: RUNNING\n");
+    EXPECT_EQ(soundPlayed(fakePactl("exit 1\n"), sound()), QStringList{QString()});
+    qunsetenv("PULSE_SERVER");
 }
 
 TEST_F(Capture, soundCard_records_whenOneOfItsCaptureStreamsRuns)
