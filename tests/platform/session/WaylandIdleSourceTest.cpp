@@ -159,6 +159,31 @@ TEST_F(WaylandIdleSourceTest, source_countsASeatNoMore_whenItIsGone)
     EXPECT_TRUE(hears(idle));
 }
 
+TEST_F(WaylandIdleSourceTest, source_isNotIdle_whenTheLastSeatIsGone)
+{
+    watch(1);
+    m_compositor->removeLastSeat();
+    ASSERT_TRUE(waitUntil([this] { return m_compositor->spans(Kind::Everything).isEmpty(); }));
+    m_compositor->addSeat(); // what comes before it has been heard
+    ASSERT_TRUE(comesToKnow(2));
+    EXPECT_EQ(m_told.words, QStringList());
+}
+
+TEST_F(WaylandIdleSourceTest, watch_forgetsWhatWasTold_whenCalledAgain)
+{
+    watch(1, 2);
+    m_compositor->tellIdled(Kind::Everything, 0);
+    m_compositor->tellIdled(Kind::Everything, 1);
+    ASSERT_TRUE(hears(idle));
+    m_source->watch(milliseconds(7), m_told.handlers());
+    ASSERT_TRUE(comesToKnow(4));
+    m_compositor->removeLastSeat(); // has the source look at those that are left
+    ASSERT_TRUE(waitUntil([this] { return m_compositor->spans(Kind::Everything).size() == 1; }));
+    m_compositor->addSeat();
+    ASSERT_TRUE(comesToKnow(5));
+    EXPECT_EQ(m_told.words, idle);
+}
+
 TEST_F(WaylandIdleSourceTest, source_isLost_whenTheCompositorGoes)
 {
     watch(1);

@@ -115,6 +115,15 @@ TEST_F(XSyncIdleSourceTest, source_isLost_whenTheServerGoes)
     EXPECT_TRUE(hears({QStringLiteral("lost")}));
 }
 
+TEST_F(XSyncIdleSourceTest, source_isLostOnce_howeverLongTheServerIsGone)
+{
+    m_source->watch(forGood, m_told.handlers());
+    m_server.reset();
+    ASSERT_TRUE(hears({QStringLiteral("lost")}));
+    QCoreApplication::processEvents(); // what is closed could be read again and again
+    EXPECT_EQ(m_told.words.size(), 1);
+}
+
 TEST_F(XSyncIdleSourceTest, source_mayBeDestroyed_whenItTells)
 {
     auto handlers = m_told.handlers();
