@@ -154,6 +154,18 @@ TEST_F(MutterIdleSourceTest, source_tellsActiveLater_whenTheServiceRestartsAndTh
     EXPECT_TRUE(hears(idleActive));
 }
 
+TEST_F(MutterIdleSourceTest, source_tellsIdleOnce_whenTheServiceRestartsAndTellsItAgain)
+{
+    watch();
+    goAway();
+    restart();
+    m_fake->pass(400000);
+    ASSERT_TRUE(waitUntil([this] { return !m_fake->idleSpans().isEmpty(); }));
+    settle();
+    goAway();
+    EXPECT_EQ(m_told.words, idle);
+}
+
 TEST_F(MutterIdleSourceTest, source_isLost_whenTheServiceDoesNotAnswer)
 {
     m_fake->hang();

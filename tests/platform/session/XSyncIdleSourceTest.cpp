@@ -5,6 +5,7 @@
 #include "support/WaitUntil.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -34,6 +35,20 @@ protected:
     }
     void act(const QStringList& what) { EXPECT_TRUE(m_server->run(QStringLiteral("xdotool"), what)); }
     void press() { act({QStringLiteral("key"), QStringLiteral("a")}); }
+    /// Asks the counter again and again until it has come so far; the event loop stands still meanwhile.
+    [[nodiscard]] bool reaches(milliseconds idle) const
+    {
+        const auto counter = XSyncIdleSource::open(display());
+        const QDeadlineTimer bound(std::chrono::minutes(3));
+        while (counter && !bound.hasExpired()) {
+            auto* const server = counter->connection.get();
+            const auto told = xReply(
+                xcb_sync_query_counter_reply(server, xcb_sync_query_counter(server, counter->id), nullptr));
+            if (!told) return false;
+            if (told->counter_value.lo > std::uint32_t(idle.count())) return true;
+        }
+        return false;
+    }
     [[nodiscard]] bool hears(const QStringList& words)
     {
         return waitUntil([&] { return m_told.words.size() >= words.size(); }) &&
@@ -89,6 +104,15 @@ TEST_F(XSyncIdleSourceTest, watch_tellsAtOnce_whenThePersonHasBeenAwayForLonger)
     Told later;
     m_source->watch(milliseconds(150), later.handlers()); // the counter does not cross that any more
     EXPECT_TRUE(waitUntil([&] { return later.isLast("idle"); }));
+}
+
+TEST_F(XSyncIdleSourceTest, source_tellsActive_whenInputCameBeforeItHeardOfIdle)
+{
+    constexpr milliseconds longer(400);
+    m_source->watch(longer, m_told.handlers());
+    ASSERT_TRUE(reaches(longer)); // the server has told; nobody has read it yet
+    press();
+    EXPECT_TRUE(hears(idleActive));
 }
 
 TEST_F(XSyncIdleSourceTest, watch_looksAtTheCounterAnew_whenTheServersValueIsOld)
