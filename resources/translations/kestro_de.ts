@@ -545,8 +545,8 @@ Bitte versuchen Sie es noch einmal.</translation>
 <context>
     <name>kestro::IdlePanel</name>
     <message>
-        <source>&amp;Start by itself when you have been away for</source>
-        <translation>Von selbst &amp;starten nach einer Abwesenheit von</translation>
+        <source>&amp;Start by itself when away for</source>
+        <translation>Von selbst &amp;starten nach Abwesenheit von</translation>
     </message>
     <message>
         <source> min</source>
@@ -560,6 +560,24 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>Nothing starts the saver by itself now.</source>
         <translation>Zurzeit startet nichts den Bildschirmschoner von selbst.</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <comment>black after so many minutes, or never</comment>
+        <translation>nie</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver is black</source>
+        <translation>Minuten, bis der Bildschirmschoner schwarz ist</translation>
+    </message>
+    <message>
+        <source>From then on nothing plays, and the displays can sleep</source>
+        <translation>Von da an spielt nichts mehr, und die Bildschirme können schlafen</translation>
+    </message>
+    <message>
+        <source>&amp;black after</source>
+        <comment>so many minutes, or never</comment>
+        <translation>sch&amp;warz nach</translation>
     </message>
 </context>
 <context>

@@ -545,7 +545,7 @@ Inténtelo de nuevo.</translation>
 <context>
     <name>kestro::IdlePanel</name>
     <message>
-        <source>&amp;Start by itself when you have been away for</source>
+        <source>&amp;Start by itself when away for</source>
         <translation>&amp;Iniciar solo cuando lleve ausente</translation>
     </message>
     <message>
@@ -560,6 +560,24 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>Nothing starts the saver by itself now.</source>
         <translation>Ahora nada inicia el salvapantallas por sí solo.</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <comment>black after so many minutes, or never</comment>
+        <translation>nunca</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver is black</source>
+        <translation>Minutos hasta que el salvapantallas quede en negro</translation>
+    </message>
+    <message>
+        <source>From then on nothing plays, and the displays can sleep</source>
+        <translation>Desde entonces no se reproduce nada y las pantallas pueden dormir</translation>
+    </message>
+    <message>
+        <source>&amp;black after</source>
+        <comment>so many minutes, or never</comment>
+        <translation>en &amp;negro tras</translation>
     </message>
 </context>
 <context>

@@ -545,7 +545,7 @@ Veuillez réessayer.</translation>
 <context>
     <name>kestro::IdlePanel</name>
     <message>
-        <source>&amp;Start by itself when you have been away for</source>
+        <source>&amp;Start by itself when away for</source>
         <translation>&amp;Démarrer seul après une absence de</translation>
     </message>
     <message>
@@ -560,6 +560,24 @@ Veuillez réessayer.</translation>
     <message>
         <source>Nothing starts the saver by itself now.</source>
         <translation>Rien ne démarre l'économiseur tout seul pour le moment.</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <comment>black after so many minutes, or never</comment>
+        <translation>jamais</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver is black</source>
+        <translation>Minutes avant que l’économiseur devienne noir</translation>
+    </message>
+    <message>
+        <source>From then on nothing plays, and the displays can sleep</source>
+        <translation>À partir de là plus rien n’est lu, et les écrans peuvent s’éteindre</translation>
+    </message>
+    <message>
+        <source>&amp;black after</source>
+        <comment>so many minutes, or never</comment>
+        <translation>&amp;noir après</translation>
     </message>
 </context>
 <context>

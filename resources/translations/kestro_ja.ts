@@ -545,7 +545,7 @@ Please try again.</source>
 <context>
     <name>kestro::IdlePanel</name>
     <message>
-        <source>&amp;Start by itself when you have been away for</source>
+        <source>&amp;Start by itself when away for</source>
         <translation>離席後に自動で開始(&amp;S):</translation>
     </message>
     <message>
@@ -560,6 +560,24 @@ Please try again.</source>
     <message>
         <source>Nothing starts the saver by itself now.</source>
         <translation>現在、スクリーンセーバーは自動では始まりません。</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <comment>black after so many minutes, or never</comment>
+        <translation>しない</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver is black</source>
+        <translation>スクリーンセーバーが黒くなるまでの分数</translation>
+    </message>
+    <message>
+        <source>From then on nothing plays, and the displays can sleep</source>
+        <translation>それ以降は何も再生されず、ディスプレイは休止できます</translation>
+    </message>
+    <message>
+        <source>&amp;black after</source>
+        <comment>so many minutes, or never</comment>
+        <translation>黒くするまで(&amp;B)</translation>
     </message>
 </context>
 <context>

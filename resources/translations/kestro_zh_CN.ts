@@ -545,7 +545,7 @@ Please try again.</source>
 <context>
     <name>kestro::IdlePanel</name>
     <message>
-        <source>&amp;Start by itself when you have been away for</source>
+        <source>&amp;Start by itself when away for</source>
         <translation>离开后自动启动(&amp;S)：</translation>
     </message>
     <message>
@@ -560,6 +560,24 @@ Please try again.</source>
     <message>
         <source>Nothing starts the saver by itself now.</source>
         <translation>目前不会自动启动屏幕保护程序。</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <comment>black after so many minutes, or never</comment>
+        <translation>从不</translation>
+    </message>
+    <message>
+        <source>Minutes until the saver is black</source>
+        <translation>屏幕保护程序变黑前的分钟数</translation>
+    </message>
+    <message>
+        <source>From then on nothing plays, and the displays can sleep</source>
+        <translation>此后不再播放，显示器可以休眠</translation>
+    </message>
+    <message>
+        <source>&amp;black after</source>
+        <comment>so many minutes, or never</comment>
+        <translation>变黑等待(&amp;B)</translation>
     </message>
 </context>
 <context>

@@ -34,6 +34,7 @@ void FadeOut::open(Screen* screen)
 void FadeOut::close()
 {
     stopTimer();
+    m_isPaused = false;
     if (!m_backWindow) return;
     m_backWindow->close();
     m_backWindow->setContentView(nullptr);

@@ -20,13 +20,6 @@
 
 namespace kestro {
 
-namespace {
-
-constexpr double signInterval = 0.1; ///< seconds between two ticks while the sign picture shows
-constexpr double capturePause = 10;
-
-} // namespace
-
 std::shared_ptr<ScreenSaverView> MySaver::initWithFrameIsPreview(const Rect& frame, bool isPreview,
                                                                  const SaverServices& services)
 {
@@ -145,6 +138,7 @@ void MySaver::openFadeOut()
 void MySaver::stopAnimation()
 {
     m_search.reset();
+    if (m_captureTimer) m_rest.how = Rest::None;
     m_captureTimer.reset();
     m_fadeOut.stopTimer();
     m_piggyBack.stopTimers();
@@ -165,32 +159,6 @@ void MySaver::storeResumePoint()
 {
     const auto movie = m_movieView ? m_movieView->movie() : nullptr;
     if (movie && isFirstScreen()) m_resumePoint.store(*movie);
-}
-
-// A movie runs on when its view is stopped, and would be decoded for nobody.
-void MySaver::pause()
-{
-    if (m_movieView) m_movieView->stop(this);
-}
-
-void MySaver::captureStop()
-{
-    if (isHeldUp()) return;
-    if (const auto behind = otherSaver()) behind->stopAnimation();
-    m_fadeOut.pause();
-    m_piggyBack.pause();
-    if (m_movieView) m_movieView->stop(this);
-    m_captureTimer = m_services.desktop.timers().repeating(capturePause, [this] { goOn(); });
-}
-
-// The movie first: a tick that found it stopped would take the next one.
-void MySaver::goOn()
-{
-    m_captureTimer.reset();
-    if (!m_search) startMovie();
-    m_fadeOut.resume();
-    m_piggyBack.resume();
-    if (const auto behind = otherSaver()) behind->startAnimation();
 }
 
 void MySaver::resetMovie()
@@ -273,6 +241,7 @@ void MySaver::fitToFrame()
     m_sign.forgetGround();
     if (m_movieView) resetMovieViewFrame();
     if (m_sign.isShown()) placeSign();
+    if (m_rest.still.isShown()) placeStill();
 }
 
 void MySaver::showSign(const Picture& sign)
@@ -314,6 +283,7 @@ void MySaver::fallBackToSign(const Picture& sign)
 void MySaver::drawRect(Painter& painter, const Rect& rect)
 {
     const bool overBackground = otherSaver() != nullptr;
+    if (m_rest.still.isShown()) return drawStill(painter);
     if (m_sign.isShown()) return m_sign.draw(painter, bounds(), overBackground);
     const Rect hidden = overBackground ? Rect{} : coveredByMovie();
     drawGround(painter, rect, hidden);
@@ -351,6 +321,7 @@ SaverSnapshot MySaver::snapshot() const
     shot.trail = m_trail.count();
     shot.isFading = m_fadeOut.isFading();
     if (!m_movieView && m_sign.isShown()) shot.sign = m_sign.imgBounds();
+    if (m_rest.still.isShown()) shot.sign = m_rest.still.imgBounds();
     return shot;
 }
 

@@ -8,11 +8,10 @@
 #include "engine/MovieSearch.h"
 #include "engine/MovieSequencer.h"
 #include "engine/PiggyBack.h"
+#include "engine/RestState.h"
 #include "engine/ResumePoint.h"
 #include "engine/RetrySchedule.h"
-#include "engine/SignImage.h"
 #include "engine/StillAhead.h"
-#include "platform/saver/SaverControl.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "settings/ConfigurableSaver.h"
 #include "settings/LatestTrailers.h"
@@ -66,12 +65,12 @@ public:
     void setFrameSize(Size size) override;
 
     /// Holds everything up for ten seconds, this saver and the one behind it; then lets it go on, unless it
-    /// was stopped meanwhile.
+    /// was stopped meanwhile. Nothing while it rests.
     void captureStop();
     /// Starts anew with the settings as they are now.
     void resetMovie() override;
 
-    void pause() override;
+    void rest(Rest how) override;
     [[nodiscard]] SaverSnapshot snapshot() const override;
     [[nodiscard]] ConfigurableSaver* options() override { return this; }
 
@@ -90,6 +89,7 @@ public:
 
 private:
     static constexpr double movieInterval = 0.05; ///< seconds between two ticks while a movie plays
+    static constexpr double signInterval = 0.1;   ///< the same while a picture wanders about
 
     // life cycle
     void forgetBackSaverThatIsGone();
@@ -98,8 +98,17 @@ private:
     void storeResumePoint();
     [[nodiscard]] bool isFirstScreen() const;
     void goToResumePoint(const MovieContent& content);
-    [[nodiscard]] bool isHeldUp() const { return m_captureTimer != nullptr; }
+
+    // rest
+    [[nodiscard]] bool isHeldUp() const;
+    void standStill();
     void goOn();
+    void letGo();
+    void beStill();
+    void tickWhileStill();
+    [[nodiscard]] bool takeStill();
+    void placeStill();
+    void drawStill(Painter& painter);
 
     // the search for the next movie
     void beginSearch(MovieSearch::Purpose purpose);
@@ -129,11 +138,12 @@ private:
     void tickWhileSearching();
     void showSignInLongSearch();
     void moveMovie();
+    void sizeLate();
     void moveMovieWindow();
     void flyMovie();
     [[nodiscard]] bool isTimeToFly();
     void switchMovie();
-    void moveSign();
+    void move(SignImage& sign);
 
     // the movie frame
     [[nodiscard]] std::unique_ptr<MovieFrame> createMovieFrame(const Rect& rect);
@@ -186,6 +196,7 @@ private:
     std::optional<double> m_flyTime;
     int m_stepCount = 11; ///< window mode: ticks since the last capture; the first tick takes one
     bool m_saverInited = false;
+    RestState m_rest;
 };
 
 } // namespace kestro

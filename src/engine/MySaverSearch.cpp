@@ -136,7 +136,8 @@ bool MySaver::replaceBrokenMovie()
 
 void MySaver::startMovie()
 {
-    if (m_movieView) m_movieView->start(this);
+    m_rest.goesOn = true;
+    if (m_movieView && m_rest.how == Rest::None) m_movieView->start(this);
 }
 
 } // namespace kestro

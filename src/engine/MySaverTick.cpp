@@ -19,10 +19,11 @@ constexpr int lastStepBeforeCapture = 9;
 void MySaver::animateOneFrame()
 {
     m_piggyBack.watchForClose();
+    if (m_rest.how == Rest::Still) return tickWhileStill();
     if (isHeldUp()) return;
     if (!m_search && !m_movieView && m_retries.isDue(m_services.desktop.clock().now())) retry();
     if (m_search) return tickWhileSearching();
-    if (!m_movieView) return moveSign();
+    if (!m_movieView) return move(m_sign);
     m_trail.age();
     if (replaceBrokenMovie()) return;
     endLoneLoopInTime();
@@ -36,7 +37,7 @@ void MySaver::tickWhileSearching()
 {
     advanceSearch();
     if (m_search && m_search->isLong(m_services.desktop.clock().now())) showSignInLongSearch();
-    if (!m_movieView) moveSign();
+    if (!m_movieView) move(m_sign);
 }
 
 // Where there is nothing to look at meanwhile: no movie yet, or one that broke off.
@@ -48,14 +49,19 @@ void MySaver::showSignInLongSearch()
 
 void MySaver::moveMovie()
 {
-    const auto movie = m_movieView->movie();
-    if (m_movieView->frame().isEmpty() && movie && !movie->naturalSize().isEmpty()) resetMovieViewFrame();
+    sizeLate();
     if (!m_settings.isDynamicMode()) return;
     if (m_windowMode)
         moveMovieWindow();
     else
         flyMovie();
     askForStillAhead();
+}
+
+void MySaver::sizeLate()
+{
+    const auto movie = m_movieView->movie();
+    if (m_movieView->frame().isEmpty() && movie && !movie->naturalSize().isEmpty()) resetMovieViewFrame();
 }
 
 void MySaver::moveMovieWindow()
@@ -106,13 +112,13 @@ void MySaver::switchMovie()
     beginSearch(MovieSearch::Purpose::Next);
 }
 
-void MySaver::moveSign()
+void MySaver::move(SignImage& sign)
 {
-    if (!m_sign.isShown()) return;
-    const Rect old = m_sign.imgBounds();
-    m_sign.setImgBounds(m_bounce.newRectFromView(old, bounds()));
-    m_bounce.turnStray(m_sign.imgBounds(), bounds());
-    displayRectIgnoringOpacity(unionRect(old, m_sign.imgBounds()));
+    if (!sign.isShown()) return;
+    const Rect old = sign.imgBounds();
+    sign.setImgBounds(m_bounce.newRectFromView(old, bounds()));
+    m_bounce.turnStray(sign.imgBounds(), bounds());
+    displayRectIgnoringOpacity(unionRect(old, sign.imgBounds()));
 }
 
 } // namespace kestro

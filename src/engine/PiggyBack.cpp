@@ -112,6 +112,7 @@ void PiggyBack::stopTimers()
 {
     m_tmpTimer.reset();
     m_myTimer.reset();
+    m_isPaused = false;
 }
 
 std::shared_ptr<ScreenSaverView> PiggyBack::close()
@@ -127,7 +128,7 @@ std::shared_ptr<ScreenSaverView> PiggyBack::close()
 
 void PiggyBack::pause()
 {
-    m_isPaused = m_myTimer != nullptr;
+    m_isPaused = m_isPaused || m_myTimer != nullptr;
     m_myTimer.reset();
 }
 

@@ -16,6 +16,7 @@ namespace kestro {
 namespace {
 
 const QString afterOption = QStringLiteral("after");
+const QString stopAfterOption = QStringLiteral("stop-after");
 const QString statusOption = QStringLiteral("status");
 const QString jsonOption = QStringLiteral("json");
 const QString nowOption = QStringLiteral("now");
@@ -65,7 +66,12 @@ int serve(const Arguments& arguments)
     std::optional<Result<std::chrono::seconds>> span;
     if (const auto text = arguments.text(afterOption)) span = spanFrom(*text);
     if (span && !*span) return wrongUsage(span->error());
-    return serveSession(span ? std::optional(span->value()) : std::nullopt);
+    QStringList saverWords;
+    if (const auto text = arguments.text(stopAfterOption)) {
+        if (const auto end = endFrom(*text); !end) return wrongUsage(end.error());
+        saverWords = {QStringLiteral("--stop-after"), *text};
+    }
+    return serveSession(span ? std::optional(span->value()) : std::nullopt, saverWords);
 }
 
 int run(const Arguments& arguments)
@@ -75,6 +81,8 @@ int run(const Arguments& arguments)
         return wrongUsage(QStringLiteral("--json goes with --status"));
     if (int(asksStatus) + int(arguments.has(nowOption)) + int(arguments.has(afterOption)) > 1)
         return wrongUsage(QStringLiteral("--after, --status and --now go each alone"));
+    if (arguments.has(stopAfterOption) && (asksStatus || arguments.has(nowOption)))
+        return wrongUsage(QStringLiteral("--stop-after goes neither with --status nor with --now"));
     if (asksStatus) return printStatus(arguments.has(jsonOption));
     return arguments.has(nowOption) ? showNow() : serve(arguments);
 }
@@ -88,6 +96,9 @@ Syntax idleSyntax()
             {{afterOption, QStringLiteral("TIME"),
               QStringLiteral(
                   "Without input: 5 for minutes, or 90s, 5m, 1h (otherwise as in the settings, else 5)")},
+             {stopAfterOption, QStringLiteral("TIME"),
+              QStringLiteral(
+                  "Shown for so long it is black, 0 for never (otherwise as in the settings, else 0)")},
              {statusOption,
               {},
               QStringLiteral("Say what the one that runs is about, and why it does not start the saver")},

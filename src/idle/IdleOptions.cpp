@@ -9,6 +9,7 @@ namespace {
 const QString section = QStringLiteral("idle");
 const QString enabledKey = QStringLiteral("enabled");
 const QString afterKey = QStringLiteral("after");
+const QString stopAfterKey = QStringLiteral("stop-after");
 const QString yes = QStringLiteral("yes");
 const QString no = QStringLiteral("no");
 
@@ -41,14 +42,15 @@ void readEnabled(const ConfigurationFile& file, bool& isEnabled)
         file.warnAbout(section, enabledKey, QStringLiteral("\"%1\" is neither yes nor no").arg(*text));
 }
 
-void readAfter(const ConfigurationFile& file, std::chrono::seconds& after)
+void readSpan(const ConfigurationFile& file, const QString& key,
+              Result<std::chrono::seconds> (*read)(const QString&), std::chrono::seconds& span)
 {
-    const auto text = file.value(section, afterKey);
+    const auto text = file.value(section, key);
     if (!text) return;
-    if (const auto span = spanFrom(*text))
-        after = span.value();
+    if (const auto found = read(*text))
+        span = found.value();
     else
-        file.warnAbout(section, afterKey, span.error());
+        file.warnAbout(section, key, found.error());
 }
 
 } // namespace
@@ -56,9 +58,10 @@ void readAfter(const ConfigurationFile& file, std::chrono::seconds& after)
 IdleOptions IdleOptions::from(const ConfigurationFile& file)
 {
     IdleOptions options;
-    file.warnAboutUnknown(section, {enabledKey, afterKey});
+    file.warnAboutUnknown(section, {enabledKey, afterKey, stopAfterKey});
     readEnabled(file, options.isEnabled);
-    readAfter(file, options.after);
+    readSpan(file, afterKey, spanFrom, options.after);
+    readSpan(file, stopAfterKey, endFrom, options.stopAfter);
     return options;
 }
 
@@ -66,6 +69,8 @@ void IdleOptions::putInto(ConfigurationFile& file) const
 {
     file.set(section, enabledKey, isEnabled ? yes : no);
     file.set(section, afterKey, textOf(after));
+    const bool isSaid = file.value(section, stopAfterKey).has_value();
+    if (isSaid || stopAfter.count() != 0) file.set(section, stopAfterKey, textOf(stopAfter));
 }
 
 Result<std::chrono::seconds> spanFrom(const QString& text)
@@ -78,6 +83,12 @@ Result<std::chrono::seconds> spanFrom(const QString& text)
     const std::chrono::seconds span(count * (unit == 0 ? 60 : unit));
     if (span > IdleOptions::longestSpan) return notASpan(text);
     return span;
+}
+
+Result<std::chrono::seconds> endFrom(const QString& text)
+{
+    if (text == u"0") return std::chrono::seconds(0);
+    return spanFrom(text);
 }
 
 QString textOf(std::chrono::seconds span)

@@ -32,7 +32,7 @@ namespace {
 /// The service with all its parts in this session. Lives as long as the event loop.
 class SessionRun final {
 public:
-    explicit SessionRun(std::optional<std::chrono::seconds> after);
+    SessionRun(std::optional<std::chrono::seconds> after, QStringList saverWords);
 
     /// Looks for what tells of the person, and looks after the session from then on.
     void begin();
@@ -48,6 +48,7 @@ private:
     const SystemClock m_clock;
     SystemRandom m_random;
     const std::optional<std::chrono::seconds> m_after;
+    const QStringList m_saverWords;
     const SessionPlaces m_places = SessionPlaces::ofProcess();
     std::unique_ptr<IdleSourceSearch> m_search;
     SessionFacts m_facts;
@@ -55,8 +56,9 @@ private:
     std::unique_ptr<IdleControl> m_control;
 };
 
-SessionRun::SessionRun(std::optional<std::chrono::seconds> after)
+SessionRun::SessionRun(std::optional<std::chrono::seconds> after, QStringList saverWords)
     : m_after(after)
+    , m_saverWords(std::move(saverWords))
     , m_facts(sessionFacts({.sessionBus = m_places.bus,
                             .systemBus = QDBusConnection::systemBus(),
                             .random = m_random,
@@ -82,7 +84,7 @@ void SessionRun::serve(std::unique_ptr<IdleSource> source)
     auto rivals = std::make_unique<RivalFact>(m_places.bus, m_places.trueXDisplay(),
                                               [this](const std::optional<IdleRival>& rival) { seen(rival); });
     IdleService::Parts parts{std::move(source), std::move(m_facts.all), std::move(rivals),
-                             std::make_unique<SaverChild>(kestroProgram())};
+                             std::make_unique<SaverChild>(kestroProgram(), m_saverWords)};
     m_service = std::make_unique<IdleService>(m_clock, std::move(parts), after(ConfigurationFile::ofUser()));
     logLine(QStringLiteral("Waiting until you are away; %1 tells.").arg(m_service->status().source));
     connectService();
@@ -142,7 +144,7 @@ std::chrono::seconds SessionRun::after(const ConfigurationFile& file) const
 
 } // namespace
 
-int serveSession(std::optional<std::chrono::seconds> after)
+int serveSession(std::optional<std::chrono::seconds> after, const QStringList& saverWords)
 {
     QLockFile onlyOne(temporaryFolder() + QStringLiteral("/idle.lock"));
     onlyOne.setStaleLockTime(0);
@@ -154,7 +156,7 @@ int serveSession(std::optional<std::chrono::seconds> after)
         beginEnd();
         QCoreApplication::quit();
     });
-    SessionRun run(after);
+    SessionRun run(after, saverWords);
     run.begin();
     return QCoreApplication::exec();
 }

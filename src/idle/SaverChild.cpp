@@ -25,8 +25,9 @@ QString wordsOf(const ChildEnd& end)
 
 } // namespace
 
-SaverChild::SaverChild(QString program)
+SaverChild::SaverChild(QString program, QStringList arguments)
     : m_program(std::move(program))
+    , m_arguments(std::move(arguments))
 {
     m_patience.setSingleShot(true);
     QObject::connect(&m_patience, &QTimer::timeout, &m_patience, [this] {
@@ -44,6 +45,7 @@ void SaverChild::start(EndHandler onEnd)
     m_onEnd = std::move(onEnd);
     ChildProgram program;
     program.file = m_program;
+    program.arguments = m_arguments;
     program.descriptors = {{STDERR_FILENO, STDERR_FILENO}};
     program.endsWithParent = true;
     auto process = ChildProcess::start(program);

@@ -3,6 +3,7 @@
 #include "idle/IdleSaver.h"
 
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 
 #include <memory>
@@ -15,8 +16,8 @@ class ChildProcess;
 /// the service's own words go. Tested by test_idle.
 class SaverChild final : public IdleSaver {
 public:
-    /// `program` is the file to run.
-    explicit SaverChild(QString program);
+    /// `program` is the file to run, with these words.
+    explicit SaverChild(QString program, QStringList arguments = {});
     /// Ends it, and waits for that for a moment at most.
     ~SaverChild() override;
 
@@ -27,6 +28,7 @@ private:
     void ended(bool hasBrokenOff);
 
     QString m_program;
+    QStringList m_arguments;
     EndHandler m_onEnd;
     std::unique_ptr<ChildProcess> m_process;
     QTimer m_patience; ///< runs out when it does not end in time

@@ -2,11 +2,15 @@
 
 #include "platform/display/desktop/Desktop.h"
 #include "platform/display/desktop/Screen.h"
+#include "platform/display/view/Layer.h"
+#include "platform/display/view/LayerCapture.h"
 #include "platform/display/view/Painter.h"
 #include "platform/movie/QTMovie.h"
 #include "platform/web/WebView.h"
 #include "presentation/KTQTMovieView.h"
 
+#include <cmath>
+#include <utility>
 #include <vector>
 
 namespace kestro {
@@ -46,6 +50,7 @@ WebView* KTMovieView::innerWebView() const
 void KTMovieView::setMovie(const MovieContent& content)
 {
     removeContent();
+    m_pageLetGo.clear();
     if (const auto* movie = std::get_if<std::shared_ptr<QTMovie>>(&content)) showMovie(*movie);
     if (const auto* url = std::get_if<QUrl>(&content)) showWebContent(*url);
 }
@@ -83,6 +88,7 @@ void KTMovieView::showWebContent(const QUrl& url)
     view->setMuted(m_mute);
     view->loadMovie(url);
     m_movieView = std::move(view);
+    m_page = url;
 }
 
 std::shared_ptr<QTMovie> KTMovieView::movie() const
@@ -99,6 +105,7 @@ Rect KTMovieView::movieRect() const
 
 void KTMovieView::start(const void* sender)
 {
+    if (!m_pageLetGo.isEmpty()) showWebContent(std::exchange(m_pageLetGo, {}));
     auto* inner = innerMovieView();
     if (!inner) return;
     inner->setLoopMode(m_loopMode);
@@ -110,6 +117,23 @@ void KTMovieView::start(const void* sender)
 void KTMovieView::stop(const void* sender)
 {
     if (auto* inner = innerMovieView()) inner->stop(sender);
+}
+
+void KTMovieView::letGo()
+{
+    if (const auto held = movie()) return held->letGo();
+    if (!innerWebView()) return;
+    removeContent();
+    m_pageLetGo = m_page;
+}
+
+Picture KTMovieView::picture(Size size, double pixelRatio) const
+{
+    Layer* const layer = m_movieView ? m_movieView->layer() : nullptr;
+    if (!layer || !layer->hasFrame() || size.isEmpty()) return {};
+    const QSize pixels{static_cast<int>(std::lround(size.width * pixelRatio)),
+                       static_cast<int>(std::lround(size.height * pixelRatio))};
+    return {renderLayer(*layer, pixels), size};
 }
 
 bool KTMovieView::isPlaying() const

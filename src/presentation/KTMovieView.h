@@ -32,6 +32,8 @@ public:
     [[nodiscard]] Rect movieRect() const override;
     void start(const void* sender) override;
     void stop(const void* sender) override;
+    void letGo() override;
+    [[nodiscard]] Picture picture(Size size, double pixelRatio) const override;
     [[nodiscard]] bool isPlaying() const override;
     void keepPlaying() override;
     void setVolume(float volume) override;
@@ -61,6 +63,8 @@ private:
 
     MovieFramePlatform m_platform;
     std::unique_ptr<View> m_movieView; ///< the inner view, null while empty
+    QUrl m_page;                       ///< the web content that was shown last
+    QUrl m_pageLetGo;                  ///< web content to begin anew; empty for none
     float m_volume = 0;
     bool m_mute = false;
     int m_loopMode = LoopMode::Normal;

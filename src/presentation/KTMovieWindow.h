@@ -19,6 +19,11 @@ public:
     [[nodiscard]] Rect movieRect() const override { return m_movieView.movieRect(); }
     void start(const void* sender) override { m_movieView.start(sender); }
     void stop(const void* sender) override { m_movieView.stop(sender); }
+    void letGo() override { m_movieView.letGo(); }
+    [[nodiscard]] Picture picture(Size size, double pixelRatio) const override
+    {
+        return m_movieView.picture(size, pixelRatio);
+    }
     [[nodiscard]] bool isPlaying() const override { return m_movieView.isPlaying(); }
     void keepPlaying() override { m_movieView.keepPlaying(); }
     void setVolume(float volume) override { m_movieView.setVolume(volume); }

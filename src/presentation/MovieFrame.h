@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/display/view/Geometry.h"
+#include "platform/display/view/Picture.h"
 #include "presentation/MovieContent.h"
 
 #include <memory>
@@ -30,10 +31,15 @@ public:
     /// The area that the movie occupies inside; all of the frame where there is no movie.
     [[nodiscard]] virtual Rect movieRect() const = 0;
 
-    /// Plays on, with the settings given so far. Web content is left alone.
+    /// Plays on, with the settings given so far. Web content is left alone, unless it was let go of: then it
+    /// begins anew.
     virtual void start(const void* sender) = 0;
     /// Stops the movie where it is.
     virtual void stop(const void* sender) = 0;
+    /// Stops the content, and gives back all that playing and showing it take. A movie stays where it is.
+    virtual void letGo() = 0;
+    /// What the content shows now, `size` large, with so many pixels a point; null where it shows nothing.
+    [[nodiscard]] virtual Picture picture(Size size, double pixelRatio) const = 0;
     /// Whether the movie plays or has yet to begin; true while empty and for web content, which never end.
     [[nodiscard]] virtual bool isPlaying() const = 0;
     /// To be called at each tick: starts a movie that has yet to begin, once its duration is known. From when

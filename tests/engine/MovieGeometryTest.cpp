@@ -20,6 +20,8 @@ public:
     Rect movieRect() const override { return {}; }
     void start(const void*) override {}
     void stop(const void*) override {}
+    void letGo() override {}
+    Picture picture(Size, double) const override { return {}; }
     bool isPlaying() const override { return true; }
     void keepPlaying() override {}
     void setVolume(float) override {}

@@ -301,21 +301,6 @@ TEST_F(MySaverLifeTest, startAnimation_again_keepsTheMovieFrame)
     EXPECT_EQ(movies.tried().size(), 1U);
 }
 
-TEST_F(MySaverLifeTest, pause_holdsTheMovie_untilTheViewIsStartedAgain)
-{
-    setGoodPlaylist({"a.mov"}, 100);
-    auto& saver = makeSaver();
-    saver.startAnimation();
-    tick(saver);
-    saver.stopAnimation();
-    const auto& movie = *saver.movieView()->movie();
-    EXPECT_EQ(movie.rate(), 1.0F);
-    saver.pause();
-    EXPECT_EQ(movie.rate(), 0.0F);
-    saver.startAnimation();
-    EXPECT_EQ(movie.rate(), 1.0F);
-}
-
 TEST_F(MySaverLifeTest, options_areThoseOfTheSaver_withTheLibraryThatItWasGiven)
 {
     auto& saver = makeSaver();

@@ -47,6 +47,7 @@ public:
         ScreenSaverView::setFrameSize(size);
         if (onFit) onFit();
     }
+    void rest(Rest how) override { m_journal.append(m_name + QStringLiteral(" rest %1").arg(int(how))); }
     [[nodiscard]] SaverSnapshot snapshot() const override { return shown; }
 
     std::function<void()> onFit;

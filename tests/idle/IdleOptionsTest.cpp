@@ -22,11 +22,13 @@ TEST(IdleOptions, areOff_andFiveMinutes_whenNothingIsChosen)
 {
     EXPECT_FALSE(optionsOf({}).isEnabled);
     EXPECT_EQ(optionsOf({}).after, 5min);
+    EXPECT_EQ(optionsOf({}).stopAfter, 0s);
 }
 
 TEST(IdleOptions, areWhatTheFileSays)
 {
-    const IdleOptions options = optionsOf("[idle]\nenabled=yes\nafter=90s\n");
+    const IdleOptions options = optionsOf("[idle]\nenabled=yes\nafter=90s\nstop-after=30\n");
+    EXPECT_EQ(options.stopAfter, 30min);
     EXPECT_TRUE(options.isEnabled);
     EXPECT_EQ(options.after, 90s);
 }
@@ -53,6 +55,23 @@ TEST(IdleOptions, areReadBack_asTheyWerePut)
     EXPECT_EQ(IdleOptions::from(file).after, 75s);
     IdleOptions{false, 10min}.putInto(file);
     EXPECT_EQ(file.text(), "[trailers]\nstart=http://h/\n\n[idle]\nenabled=no\nafter=10\n");
+}
+
+TEST(IdleOptions, end_isPutAndTakenBack_andStaysUnsaidWhereItWas)
+{
+    ConfigurationFile file("", QStringLiteral("conf"));
+    IdleOptions{true, 5min, 20min}.putInto(file);
+    EXPECT_EQ(IdleOptions::from(file).stopAfter, 20min);
+    IdleOptions{true, 5min, 0s}.putInto(file);
+    EXPECT_EQ(file.text(), "[idle]\nenabled=yes\nafter=5\nstop-after=0\n");
+    EXPECT_EQ(IdleOptions::from(file).stopAfter, 0s);
+}
+
+TEST(IdleOptions, endFrom_takesNeverToo)
+{
+    EXPECT_EQ(endFrom(QStringLiteral("0")).value(), 0s);
+    EXPECT_EQ(endFrom(QStringLiteral("90s")).value(), 90s);
+    EXPECT_FALSE(endFrom(QStringLiteral("0s")).isOk());
 }
 
 TEST(IdleOptions, spanFrom_takesEachUnit_upToADay)

@@ -42,6 +42,7 @@ ALLOWED = PLATFORM | {
         "host/start",
         "host/xscreensaver",
         "host/publish",
+        "idle",
     },
     "host/preferences": {"platform/base", "platform/session", "host/start", "host/xscreensaver", "idle"},
     "host/preferences/live": BELOW_ENGINE

@@ -164,6 +164,57 @@ TEST_F(KTMovieViewTest, stop_keepsThePosition)
     EXPECT_EQ(shown->currentTime().timeValue, 1200);
 }
 
+TEST_F(KTMovieViewTest, letGo_keepsTheMovie_andStartTakesItInHand)
+{
+    const auto shown = movie();
+    view.setMovie(std::static_pointer_cast<QTMovie>(shown));
+    view.start(nullptr);
+    clock.advance(2);
+    view.letGo();
+    EXPECT_FALSE(shown->isAtHand());
+    EXPECT_EQ(view.movie(), shown);
+    view.start(nullptr);
+    EXPECT_TRUE(shown->isAtHand());
+    EXPECT_EQ(shown->currentTime().timeValue, 1200);
+}
+
+TEST_F(KTMovieViewTest, letGo_endsAPage_andStartBeginsItAnew)
+{
+    view.setMovie(page);
+    view.setMuted(false);
+    auto* const before = web.last;
+    view.letGo();
+    EXPECT_TRUE(before->isStopped);
+    EXPECT_TRUE(view.isPlaying());
+    view.start(nullptr);
+    ASSERT_NE(web.last, before);
+    EXPECT_EQ(web.last->played, page);
+    EXPECT_FALSE(web.last->isMuted);
+    auto* const anew = web.last;
+    view.start(nullptr);
+    EXPECT_EQ(web.last, anew);
+}
+
+TEST_F(KTMovieViewTest, letGoPage_isForgotten_whenOtherContentComes)
+{
+    view.setMovie(page);
+    auto* const first = web.last;
+    view.letGo();
+    view.setMovie(std::static_pointer_cast<QTMovie>(movie()));
+    view.start(nullptr);
+    EXPECT_EQ(web.last, first);
+}
+
+TEST_F(KTMovieViewTest, picture_isWhatTheMovieShows_asLargeAsAskedFor)
+{
+    EXPECT_TRUE(view.picture({64, 36}, 2).isNull());
+    view.setMovie(std::static_pointer_cast<QTMovie>(movie({.colour = Qt::blue})));
+    const Picture picture = view.picture({64, 36}, 2);
+    EXPECT_EQ(picture.size, (Size{64, 36}));
+    EXPECT_EQ(picture.image.size(), QSize(128, 72));
+    EXPECT_EQ(picture.image.pixelColor(127, 71), QColor(Qt::blue));
+}
+
 TEST_F(KTMovieViewTest, sizeWithScale_isTheBoundsWhileEmpty)
 {
     EXPECT_EQ(view.sizeWithScale(2), (Size{640, 360}));

@@ -37,6 +37,7 @@ public:
 class WebEngineDouble final : public WebEngine {
 public:
     bool isAvailable() override { return true; }
+    void endUnused() override {}
     std::unique_ptr<WebView> makeWebView(const Rect& frame) override
     {
         auto view = std::make_unique<WebViewDouble>(frame);

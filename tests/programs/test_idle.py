@@ -84,6 +84,15 @@ class Idle(IdleTest):
         self.wait_for_saver()  # and comes again
         self.assertIsNone(service.poll())
 
+    def test_the_saver_is_told_when_to_be_black(self):
+        self.serve("--after", "1s", "--stop-after", "2s")
+        wait_until(lambda: "black from now on" in self.log(), "the end of its time")
+        self.assertEqual(self.status()["state"], "showing")
+
+    def test_words_that_do_not_go_together_are_refused(self):
+        for words in (("--stop-after", "soon"), ("--stop-after", "5", "--status"), ("--stop-after", "5", "--now")):
+            self.assertEqual(self.ask(*words).returncode, 2, words)
+
     def test_a_program_that_asks_for_it_keeps_it_away_until_it_gives_that_back(self):
         self.serve("--after", "2s")
         for path in PATHS:

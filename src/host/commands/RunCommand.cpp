@@ -4,13 +4,16 @@
 #include "host/commands/Program.h"
 #include "host/commands/RunOptions.h"
 #include "host/session/KestroBundle.h"
+#include "host/session/RestSchedule.h"
 #include "host/session/SaverSession.h"
 #include "host/start/Confinement.h"
 #include "host/start/DisplayLoss.h"
 #include "host/start/GuiStart.h"
 #include "host/start/StopSignals.h"
 #include "host/start/StopThread.h"
+#include "idle/IdleOptions.h"
 #include "platform/base/Clock.h"
+#include "platform/base/ConfigurationFile.h"
 #include "platform/base/Random.h"
 #include "platform/base/Translations.h"
 #include "platform/display/desktop/QtDesktop.h"
@@ -99,14 +102,19 @@ int runFullScreen(const RunOptions& options)
     if (!principal) return ExitFailure;
     principal->setOptionsForThisRun(options.settings);
 
+    const auto configured = IdleOptions::from(ConfigurationFile::ofUser());
     const SystemClock clock;
     SystemRandom random;
     QtDesktop desktop(clock, random);
     SaverSession session(desktop, viewsOf(*principal, false, desktop));
     const StopSignals signalWatch([&](int) { leaveDesktop(session, desktop); });
     const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
+    RestSchedule rests(desktop.timers(), [&](Rest how) { session.rest(how); });
     session.setWakeHandler([&] { wake(session, desktop); });
-    play(session, [&] { desktop.showSurfaces(); });
+    play(session, [&] {
+        desktop.showSurfaces();
+        rests.stopAfter(options.stopAfter.value_or(configured.stopAfter));
+    });
 }
 
 // No wake handler: what a person does is its parent's business, and so is the end.

@@ -1,5 +1,6 @@
 #include "host/commands/RunOptions.h"
 
+#include "idle/IdleOptions.h"
 #include "settings/Options.h"
 
 #include <array>
@@ -8,6 +9,7 @@ namespace kestro {
 
 namespace {
 
+const QString stopAfterOption = QStringLiteral("stop-after");
 constexpr double leastScale = 0.01;
 constexpr double mostScale = 100;
 
@@ -94,6 +96,8 @@ Syntax RunOptions::syntax()
         {QStringLiteral("no-fade"), {}, QStringLiteral("a moving movie leaves nothing behind")},
         {QStringLiteral("sound"), {}, QStringLiteral("play the movies' sound")},
         {QStringLiteral("no-sound"), {}, QStringLiteral("play no sound")},
+        {stopAfterOption, QStringLiteral("TIME"),
+         QStringLiteral("be black from then on: 30 for minutes, or 90s, 5m, 1h; 0 never")},
         {QStringLiteral("version"), {}, QStringLiteral("show the version")},
     };
     return syntax;
@@ -109,6 +113,13 @@ Result<RunOptions> RunOptions::from(const Arguments& arguments, const QString& h
     const auto given = arguments.text(QStringLiteral("window-id"));
     options.isPreview = given.has_value();
     options.isInWindow = given || arguments.has(QStringLiteral("root"));
+    if (const auto text = arguments.text(stopAfterOption)) {
+        if (options.isInWindow)
+            return Error{QStringLiteral("--stop-after is not for a window that another program hands over")};
+        const auto span = endFrom(*text);
+        if (!span) return span.failure();
+        options.stopAfter = span.value();
+    }
     if (!options.isInWindow || (!given && handedOver.isEmpty())) return options;
     const auto window = given ? windowNumber(QStringLiteral("--window-id"), *given)
                               : windowNumber(QStringLiteral("XSCREENSAVER_WINDOW"), handedOver);

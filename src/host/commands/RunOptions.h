@@ -4,6 +4,7 @@
 
 #include <QVariantMap>
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 
@@ -15,7 +16,8 @@ struct RunOptions {
     bool isInWindow = false;
     std::optional<std::uint32_t> window; ///< its number; none for the root window
     bool isPreview = false;              ///< the window is a picture of the saver in somebody's settings
-    QVariantMap settings;                ///< keys of the settings file, for this run only
+    std::optional<std::chrono::seconds> stopAfter; ///< shown until black, 0 for never; none: as configured
+    QVariantMap settings;                          ///< keys of the settings file, for this run only
 
     [[nodiscard]] static Syntax syntax();
     /// `handedOver` is what XSCREENSAVER_WINDOW says, which counts where "root" is given and no window is. A

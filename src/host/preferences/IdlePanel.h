@@ -10,8 +10,9 @@ class QSpinBox;
 
 namespace kestro {
 
-/// The switch that lets the saver start by itself, after how many minutes, and a line that says what keeps it
-/// from that now. What is chosen counts at once. Owned as any widget is. Main thread.
+/// The switch that lets the saver start by itself, after how many minutes, after how many more it is black,
+/// and a line that says what keeps it from starting now. What is chosen counts at once. Owned as any widget
+/// is. Main thread.
 class IdlePanel final : public QWidget {
     Q_OBJECT
 
@@ -23,6 +24,7 @@ public:
 
     [[nodiscard]] QCheckBox& isOn() { return *m_isOn; }
     [[nodiscard]] QSpinBox& minutes() { return *m_minutes; }
+    [[nodiscard]] QSpinBox& end() { return *m_end; }
     [[nodiscard]] QLabel& state() { return *m_state; }
 
 Q_SIGNALS:
@@ -35,8 +37,9 @@ private:
     void showStatus(const std::optional<IdleStatus>& status);
 
     IdleSwitch m_switch;
-    QCheckBox* m_isOn; ///< Qt's parents own all three
+    QCheckBox* m_isOn; ///< Qt's parents own all of them
     QSpinBox* m_minutes;
+    QSpinBox* m_end;
     QLabel* m_state;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/saver/ScreenSaverView.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kestro {
 
@@ -45,6 +46,7 @@ void HostedSaver::start()
     m_state = State::Running;
     m_view->startAnimation();
     schedule();
+    if (m_rest != Rest::None) applyRest();
 }
 
 void HostedSaver::stop()
@@ -52,9 +54,40 @@ void HostedSaver::stop()
     const State before = m_state;
     m_state = State::Stopped;
     m_timer.reset();
+    m_curtain.reset();
     if (before == State::Stopped) return;
     if (before == State::Running) m_view->stopAnimation();
     m_window.close();
+}
+
+void HostedSaver::rest(Rest how)
+{
+    if (std::exchange(m_rest, how) != how && m_state == State::Running) applyRest();
+}
+
+// A saver behind the movies has no ticks while they rest: the movies' own go on as far as they need them.
+void HostedSaver::applyRest()
+{
+    auto* const control = SaverControl::of(*m_view, m_screen);
+    if (control) control->rest(m_rest);
+    drawCurtain();
+    const bool isOwn = control && control == dynamic_cast<SaverControl*>(m_view.get());
+    if (m_rest == Rest::None || (m_rest == Rest::Still && isOwn))
+        schedule();
+    else
+        m_timer.reset();
+}
+
+void HostedSaver::drawCurtain()
+{
+    if (m_rest != Rest::Off) return m_curtain.reset();
+    if (m_curtain) return;
+    m_curtain =
+        std::make_unique<Window>(Window::Description{m_screen.frame(), &m_screen, QStringLiteral("curtain")});
+    m_curtain->setLevel(WindowLevel::Shielding);
+    m_curtain->setOpaque(true);
+    m_curtain->setBackgroundColor(Qt::black);
+    m_curtain->orderFront();
 }
 
 // A view that keeps its size, but on another monitor, has its content to size anew all the same.
@@ -65,6 +98,7 @@ void HostedSaver::fitToScreen()
     const bool isOnOtherMonitor = m_screen.monitorSize() != m_monitorSize;
     m_monitorSize = m_screen.monitorSize();
     m_window.setFrameDisplay(frame, true);
+    if (m_curtain) m_curtain->setFrameDisplay(frame, true);
     if (isOnOtherMonitor && !isResized) m_view->setFrameSize(frame.size);
 }
 
@@ -82,7 +116,8 @@ void HostedSaver::saverAboveTicked()
 {
     if (m_state != State::Running) return;
     const auto self = shared_from_this();
-    m_isSaverAbove = true;
+    const bool isNew = !std::exchange(m_isSaverAbove, true);
+    if (isNew && m_rest != Rest::None) applyRest(); // it began after the rest
     tickIsOver();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/display/view/Window.h"
+#include "platform/saver/SaverControl.h"
 
 #include <functional>
 #include <memory>
@@ -27,6 +28,9 @@ public:
     void start();
     /// Ends the ticks, stops the view (not one that was never started), and closes the window.
     void stop();
+    /// Has the saver rest like that from now on, whenever it runs: where it is off, the screen is black.
+    void rest(Rest how);
+    [[nodiscard]] bool isResting() const { return m_rest != Rest::None; }
     /// Fits the window, and the view with it, to its screen as it is now.
     void fitToScreen();
 
@@ -38,6 +42,8 @@ public:
 private:
     enum class State { Made, Running, Stopped };
 
+    void applyRest();
+    void drawCurtain();
     void tick();
     void saverAboveTicked();
     void tickIsOver();
@@ -52,7 +58,9 @@ private:
     std::unique_ptr<Timer> m_timer;
     double m_interval = 0; ///< of m_timer, seconds
     State m_state = State::Made;
-    bool m_isSaverAbove = false; ///< one that runs by itself; its ticks are counted then
+    Rest m_rest = Rest::None;
+    std::unique_ptr<Window> m_curtain; ///< black over all windows of the saver, while it is off
+    bool m_isSaverAbove = false;       ///< one that runs by itself; its ticks are counted then
     int m_ticks = 0;
 };
 

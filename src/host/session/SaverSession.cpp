@@ -44,6 +44,13 @@ void SaverSession::stop()
     m_desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
 }
 
+void SaverSession::rest(Rest how)
+{
+    m_rest = how;
+    for (const auto& saver : m_savers)
+        saver->rest(how);
+}
+
 std::shared_ptr<HostedSaver> SaverSession::cover(Screen& screen)
 {
     screen.surface().setInputHandler(
@@ -56,6 +63,7 @@ std::shared_ptr<HostedSaver> SaverSession::cover(Screen& screen)
     auto saver = std::make_shared<HostedSaver>(screen, std::move(view), [this](HostedSaver& ticked) {
         if (m_onTick) m_onTick(ticked);
     });
+    saver->rest(m_rest);
     m_savers.push_back(saver);
     return saver;
 }

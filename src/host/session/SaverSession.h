@@ -2,6 +2,7 @@
 
 #include "host/session/WakeWatch.h"
 #include "platform/display/view/Geometry.h"
+#include "platform/saver/SaverControl.h"
 
 #include <functional>
 #include <memory>
@@ -41,6 +42,9 @@ public:
     void stop();
     [[nodiscard]] bool isStopped() const { return m_isStopped; }
 
+    /// Has every saver rest like that from now on, those too that screens get later.
+    void rest(Rest how);
+
     /// First screen first.
     [[nodiscard]] const std::vector<std::shared_ptr<HostedSaver>>& savers() const { return m_savers; }
 
@@ -58,6 +62,7 @@ private:
     TickHandler m_onTick;
     WakeWatch m_watch;
     std::vector<std::shared_ptr<HostedSaver>> m_savers;
+    Rest m_rest = Rest::None;
     bool m_isStopped = false;
 };
 

@@ -12,12 +12,17 @@ namespace kestro {
 /// Shows the movie's colour once it is loaded.
 class MemoryMovie::ColourLayer final : public Layer {
 public:
-    explicit ColourLayer(const MemoryMovie& movie)
+    explicit ColourLayer(MemoryMovie& movie)
         : m_movie(movie)
     {
     }
 
-    [[nodiscard]] bool hasFrame() const override { return m_movie.state() == State::Loaded; }
+    void willShow() override { m_movie.takeInHand(); }
+
+    [[nodiscard]] bool hasFrame() const override
+    {
+        return m_movie.state() == State::Loaded && !m_movie.m_wasLetGo;
+    }
 
     bool render(const PixelTarget& target) override
     {
@@ -35,7 +40,7 @@ public:
     }
 
 private:
-    const MemoryMovie& m_movie;
+    MemoryMovie& m_movie;
     bool m_announced = false;
 };
 
@@ -169,6 +174,7 @@ void MemoryMovie::play()
 {
     Playhead started = playhead();
     if (started.running || state() == State::Failed) return;
+    takeInHand();
     started.running = true;
     if (started.atEnd) {
         const bool turns = m_backAndForth && started.position > 0;
@@ -184,6 +190,19 @@ void MemoryMovie::stop()
     Playhead stopped = playhead();
     stopped.running = false;
     settleAt(stopped);
+}
+
+void MemoryMovie::takeInHand()
+{
+    m_isAtHand = true;
+    m_wasLetGo = false;
+}
+
+void MemoryMovie::letGo()
+{
+    stop();
+    m_isAtHand = false;
+    m_wasLetGo = true;
 }
 
 void MemoryMovie::setAttribute(MovieAttribute attribute, bool on)

@@ -48,6 +48,9 @@ public:
     [[nodiscard]] float rate() const override;
     void play() override;
     void stop() override;
+    void letGo() override;
+    /// Whether it was played or shown, and not let go of since.
+    [[nodiscard]] bool isAtHand() const { return m_isAtHand; }
     void setAttribute(MovieAttribute attribute, bool on) override;
     [[nodiscard]] bool attribute(MovieAttribute attribute) const override;
     void setMuted(bool muted) override { m_muted = muted; }
@@ -65,6 +68,7 @@ private:
     [[nodiscard]] double loadedAt() const;
     [[nodiscard]] double knownSeconds() const;
     [[nodiscard]] Playhead playhead() const;
+    void takeInHand();
     void settle();
     void settleAt(const Playhead& playhead);
 
@@ -78,6 +82,8 @@ private:
     bool m_loops = false;
     bool m_backAndForth = false;
     bool m_muted = false;
+    bool m_isAtHand = false;
+    bool m_wasLetGo = false; ///< and has not been at hand since
     float m_volume = 1;
     std::function<void()> m_settled; ///< never called: nobody tells it that the clock was turned
 };

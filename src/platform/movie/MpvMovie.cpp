@@ -121,19 +121,21 @@ void MpvMovie::replacePlayer()
 QTMovie::State MpvMovie::state() const
 {
     if (std::holds_alternative<Broken>(m_state)) return State::Failed;
-    return m_facts || (player() && player()->isLoaded()) ? State::Loaded : State::Loading;
+    return m_facts || m_known || (player() && player()->isLoaded()) ? State::Loaded : State::Loading;
 }
 
 Size MpvMovie::naturalSize() const
 {
     if (m_facts) return m_facts->naturalSize();
-    return player() ? player()->naturalSize() : Size{};
+    if (player() && player()->isLoaded()) return player()->naturalSize();
+    return m_known.value_or(Known()).naturalSize;
 }
 
 double MpvMovie::knownSeconds() const
 {
     if (m_facts) return m_facts->seconds;
-    return player() ? player()->duration() : 0;
+    if (player() && player()->isLoaded()) return player()->duration();
+    return m_known.value_or(Known()).seconds;
 }
 
 MovieTime MpvMovie::duration() const
@@ -218,6 +220,23 @@ void MpvMovie::stop()
     if (!std::holds_alternative<Playing>(m_state)) return;
     become<Standing>();
     setGoing(false);
+}
+
+void MpvMovie::letGo()
+{
+    stop();
+    if (auto* const opening = std::get_if<Opening>(&m_state)) opening->isShown = false;
+    if (!started()) return;
+    noteWhatIsKnown();
+    const double at = position();
+    m_back.reset();
+    m_isNearTurn = false;
+    m_state = Lying{at};
+}
+
+void MpvMovie::noteWhatIsKnown()
+{
+    if (!m_facts && player()->isLoaded()) m_known = Known{player()->naturalSize(), player()->duration()};
 }
 
 void MpvMovie::playerFailed()

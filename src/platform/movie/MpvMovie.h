@@ -41,6 +41,7 @@ public:
     [[nodiscard]] float rate() const override;
     void play() override;
     void stop() override;
+    void letGo() override;
     void setAttribute(MovieAttribute attribute, bool on) override;
     [[nodiscard]] bool attribute(MovieAttribute attribute) const override;
     void setMuted(bool muted) override;
@@ -60,7 +61,7 @@ private:
         bool plays = false;
         bool isShown = false;
     };
-    /// Known; nothing has been taken yet to play it with.
+    /// Known; nothing has been taken yet to play it with, or it was given back.
     struct Lying {
         double at = 0; ///< seconds
     };
@@ -97,6 +98,7 @@ private:
     template <typename Next>
     void become();
     void tellSettled();
+    void noteWhatIsKnown();
     [[nodiscard]] double knownSeconds() const;
     [[nodiscard]] bool isAtEnd(double seconds) const;
     [[nodiscard]] bool isBackwards() const;
@@ -116,6 +118,12 @@ private:
     const QUrl m_url;
     const MpvMovieOptions m_options;
     std::optional<MovieFacts> m_facts; ///< of a local movie, once it was looked into
+    /// What the player of a remote movie knew when it was let go of; nothing before.
+    struct Known {
+        Size naturalSize;
+        double seconds = 0;
+    };
+    std::optional<Known> m_known;
     std::unique_ptr<PlayerLayer> m_layer;
     const std::shared_ptr<ShownFrame> m_shown; ///< what copies for stills look at first
     std::variant<Opening, Lying, Standing, Playing, Ended, Broken> m_state = Opening{};

@@ -52,6 +52,9 @@ public:
     /// Plays on from where it stands; from the beginning when it stands at its end.
     virtual void play() = 0;
     virtual void stop() = 0;
+    /// Stops, and gives back all that playing and showing take. What is known of the movie and where it
+    /// stands are kept; being played or shown takes all anew.
+    virtual void letGo() = 0;
 
     virtual void setAttribute(MovieAttribute attribute, bool on) = 0;
     [[nodiscard]] virtual bool attribute(MovieAttribute attribute) const = 0;

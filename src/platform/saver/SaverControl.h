@@ -29,6 +29,14 @@ struct SaverSnapshot {
     std::optional<Rect> sign; ///< where the sign picture is, while it shows
 };
 
+/// How a saver rests while playing would be wasted.
+enum class Rest {
+    None,  ///< it plays
+    Held,  ///< nobody sees it: all stands still, and is kept at hand to go on at once
+    Still, ///< power is scarce: one picture wanders about, and nothing is kept at hand
+    Off,   ///< nobody is to see it: nothing moves, and nothing is kept at hand
+};
+
 /// What a host may do with a saver besides running its view. The view that a bundle makes is this as well
 /// where the bundle has any of it to give; a host runs one that is not, and asks no more of it. Main thread.
 class SaverControl {
@@ -40,8 +48,9 @@ public:
 
     virtual ~SaverControl();
 
-    /// Has what plays stand still where it is, once the view is stopped; starting the view has it go on.
-    virtual void pause() {}
+    /// Has it rest like that from now on, until told otherwise; it goes on where it was. Ticks have no effect
+    /// while it is held or off.
+    virtual void rest(Rest) {}
     /// What shows now.
     [[nodiscard]] virtual SaverSnapshot snapshot() const { return {}; }
     /// The saver as the sheet that edits its options knows it; null where there are none to edit.

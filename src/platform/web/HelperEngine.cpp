@@ -59,6 +59,11 @@ Result<void> HelperEngine::checkMachine() const
     return {};
 }
 
+void HelperEngine::endUnused()
+{
+    if (m_views.empty()) end();
+}
+
 std::unique_ptr<WebView> HelperEngine::makeWebView(const Rect& frame)
 {
     return std::make_unique<HelperView>(frame, *this, ++m_lastNumber);

@@ -35,15 +35,17 @@ struct HelperSettings {
 };
 
 /// Shows web content through a helper process, which is started for the first page and then serves all of
-/// them until this process ends. When the helper ends, no longer answers, says more than anybody needs to or
-/// takes more memory or processes than it may, its pages are black, the log says so, and it is started again
-/// a few times, with the same pages. Outlives its views. Main thread.
+/// them until this process ends, or until it is told to end the unused one. When the helper ends, no longer
+/// answers, says more than anybody needs to or takes more memory or processes than it may, its pages are
+/// black, the log says so, and it is started again a few times, with the same pages. Outlives its views. Main
+/// thread.
 class HelperEngine final : public WebEngine {
 public:
     explicit HelperEngine(HelperSettings settings);
     ~HelperEngine() override;
 
     [[nodiscard]] bool isAvailable() override;
+    void endUnused() override;
     [[nodiscard]] std::unique_ptr<WebView> makeWebView(const Rect& frame) override;
 
     /// Fetches nothing more for any page: the process is about to end.

@@ -30,6 +30,8 @@ public:
 
     /// Whether web content can be shown in this process; where it cannot, the log says why, once.
     [[nodiscard]] virtual bool isAvailable() = 0;
+    /// Ends what draws pages, where there is no page now. The next page begins it anew.
+    virtual void endUnused() = 0;
     /// An empty page; owned by the caller.
     [[nodiscard]] virtual std::unique_ptr<WebView> makeWebView(const Rect& frame) = 0;
 };

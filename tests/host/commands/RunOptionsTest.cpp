@@ -106,4 +106,20 @@ TEST(RunOptions, settings_areRefused_whenTheyMakeNoSense)
         EXPECT_FALSE(read(QString::fromLatin1(words).split(u' ')).isOk()) << words;
 }
 
+TEST(RunOptions, stopAfter_isASpan_orNever_orNotSaid)
+{
+    using namespace std::chrono_literals;
+    EXPECT_EQ(options({}).stopAfter, std::nullopt);
+    EXPECT_EQ(options({QStringLiteral("--stop-after"), QStringLiteral("90s")}).stopAfter, 90s);
+    EXPECT_EQ(options({QStringLiteral("--stop-after=0")}).stopAfter, 0s);
+    EXPECT_FALSE(read({QStringLiteral("--stop-after=soon")}).isOk());
+}
+
+TEST(RunOptions, stopAfter_isRefused_inAGivenWindow)
+{
+    EXPECT_EQ(read({QStringLiteral("--stop-after=5"), root}).error(),
+              QStringLiteral("--stop-after is not for a window that another program hands over"));
+    EXPECT_FALSE(read({QStringLiteral("--stop-after=5"), windowId, QStringLiteral("1")}).isOk());
+}
+
 } // namespace kestro

@@ -47,6 +47,18 @@ TEST_F(IdlePanelTest, showsWhatIsStored_andStoresWhatIsChosen)
     EXPECT_EQ(IdlePanel(places()).minutes().value(), 12);
 }
 
+TEST_F(IdlePanelTest, storesWhenItIsToBeBlack_whoeverStartsIt)
+{
+    IdlePanel panel(places());
+    EXPECT_EQ(panel.end().text(), QStringLiteral("never"));
+    EXPECT_TRUE(panel.end().isEnabled());
+    panel.end().setValue(30);
+    EXPECT_EQ(stored().stopAfter, 30min);
+    EXPECT_EQ(IdlePanel(places()).end().value(), 30);
+    panel.end().setValue(0);
+    EXPECT_EQ(stored().stopAfter, 0min);
+}
+
 TEST_F(IdlePanelTest, goesBack_andTells_whenItCannotStore)
 {
     ASSERT_TRUE(QDir().mkpath(configuration()));

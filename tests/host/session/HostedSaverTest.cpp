@@ -7,6 +7,19 @@ namespace kestro {
 
 namespace {
 
+/// One that offers its host nothing besides.
+class FakePlainSaver final : public ScreenSaverView {
+public:
+    explicit FakePlainSaver(const Rect& viewFrame)
+        : ScreenSaverView(viewFrame, false)
+    {
+        setAnimationTimeInterval(0.1);
+    }
+    void animateOneFrame() override { ++ticks; }
+
+    int ticks = 0;
+};
+
 class HostedSaverTest : public testing::Test {
 protected:
     std::shared_ptr<HostedSaver> make()
@@ -166,6 +179,102 @@ TEST_F(HostedSaverTest, saver_livesToTheEndOfATick_whenItIsLetGoInIt)
     desk.timers.advance(1);
     EXPECT_EQ(desk.journal.last(), QStringLiteral("a tick done"));
     EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(HostedSaverTest, rest_endsTheTicks_whenOff)
+{
+    const auto saver = make();
+    saver->start();
+    desk.timers.advance(0.35);
+    saver->rest(Rest::Off);
+    saver->rest(Rest::Off);
+    desk.timers.advance(10);
+    EXPECT_EQ(ticks(), 3);
+    EXPECT_EQ(desk.count(QStringLiteral("a rest 3")), 1);
+    saver->rest(Rest::None);
+    desk.timers.advance(0.35);
+    EXPECT_EQ(ticks(), 6);
+    EXPECT_EQ(desk.count(QStringLiteral("a rest 0")), 1);
+}
+
+TEST_F(HostedSaverTest, rest_endsTheTicks_whenHeld_butNotTheOnesOfAStill)
+{
+    const auto saver = make();
+    saver->start();
+    saver->rest(Rest::Held);
+    desk.timers.advance(1);
+    EXPECT_EQ(ticks(), 0);
+    saver->rest(Rest::Still);
+    desk.timers.advance(1);
+    EXPECT_EQ(ticks(), 10);
+}
+
+TEST_F(HostedSaverTest, rest_endsTheTicksOfASaverBehind_whichHasNoSayInIt)
+{
+    const auto behind = std::make_shared<FakePlainSaver>(FakeDesk::left);
+    const auto saver = std::make_shared<HostedSaver>(desk.screen(0), behind, nullptr);
+    saver->start();
+    saver->rest(Rest::Still);
+    desk.timers.advance(1);
+    EXPECT_EQ(behind->ticks, 0);
+    saver->rest(Rest::None);
+    desk.timers.advance(1.05);
+    EXPECT_EQ(behind->ticks, 10);
+}
+
+TEST_F(HostedSaverTest, screen_isBlack_whenOff)
+{
+    const auto saver = make();
+    saver->start();
+    saver->rest(Rest::Off);
+    ASSERT_EQ(desk.screen(0).windows().size(), 2U);
+    const Window& curtain = *desk.screen(0).windows().back();
+    EXPECT_EQ(curtain.frame(), FakeDesk::left);
+    EXPECT_TRUE(curtain.isOpaque());
+    EXPECT_EQ(curtain.backgroundColor(), QColor(Qt::black));
+    saver->rest(Rest::Still);
+    EXPECT_EQ(desk.screen(0).windows().size(), 1U);
+}
+
+TEST_F(HostedSaverTest, screen_staysBlack_whenItIsResized)
+{
+    const auto saver = make();
+    saver->start();
+    saver->rest(Rest::Off);
+    const Rect larger{{0, 0}, {100, 80}};
+    desk.desktop.resizeScreen(desk.screen(0), larger);
+    saver->fitToScreen();
+    EXPECT_EQ(desk.screen(0).windows().back()->frame(), larger);
+}
+
+TEST_F(HostedSaverTest, rest_beginsWithTheStart_whenAskedForBefore)
+{
+    const auto saver = make();
+    saver->rest(Rest::Off);
+    EXPECT_TRUE(desk.journal.isEmpty());
+    saver->start();
+    EXPECT_EQ(desk.journal.back(), QStringLiteral("a rest 3"));
+    desk.timers.advance(1);
+    EXPECT_EQ(ticks(), 0);
+}
+
+TEST_F(HostedSaverTest, rest_isAskedForAgain_whenASaverAboveBeginsLater)
+{
+    const auto saver = make();
+    saver->start();
+    saver->rest(Rest::Off);
+    desk.desktop.notifications().post(Notice::SaverAboveTicked, view.get());
+    desk.desktop.notifications().post(Notice::SaverAboveTicked, view.get());
+    EXPECT_EQ(desk.count(QStringLiteral("a rest 3")), 2);
+}
+
+TEST_F(HostedSaverTest, stop_takesTheBlackAway_whenOff)
+{
+    const auto saver = make();
+    saver->start();
+    saver->rest(Rest::Off);
+    saver->stop();
+    EXPECT_TRUE(desk.screen(0).windows().empty());
 }
 
 } // namespace kestro

@@ -158,4 +158,15 @@ TEST_F(SaverSessionTest, motion_isOneMovement_whenItCrossesToAScreenThatStandsHi
     EXPECT_EQ(wakes, 1);
 }
 
+TEST_F(SaverSessionTest, rest_isThatOfEverySaver_andOfThoseThatComeLater)
+{
+    session.start();
+    session.rest(Rest::Off);
+    EXPECT_EQ(desk.count(QStringLiteral("a rest 3")), 1);
+    EXPECT_EQ(desk.count(QStringLiteral("b rest 3")), 1);
+    desk.desktop.addScreen({{96, 0}, {20, 20}});
+    EXPECT_EQ(desk.count(QStringLiteral("c start")), 1);
+    EXPECT_EQ(desk.count(QStringLiteral("c rest 3")), 1);
+}
+
 } // namespace kestro

@@ -108,6 +108,37 @@ TEST_P(MovieContract, keepsItsPosition_whenStopped)
     EXPECT_GT(timeOf(*m_movie), 300);
 }
 
+TEST_P(MovieContract, isKnownAndStandsWhereItWas_whenLetGo)
+{
+    m_movie->play();
+    ASSERT_TRUE(wait([this] { return timeOf(*m_movie) > 300; }));
+    m_movie->letGo();
+    const auto at = timeOf(*m_movie);
+    EXPECT_GT(at, 300);
+    EXPECT_EQ(m_movie->rate(), 0);
+    EXPECT_EQ(m_movie->state(), QTMovie::State::Loaded);
+    EXPECT_EQ(m_movie->naturalSize(), (Size{320, 180}));
+    EXPECT_EQ(m_movie->duration(), (MovieTime{1200, 600}));
+    EXPECT_FALSE(m_movie->layer().hasFrame());
+    m_movie->play();
+    EXPECT_EQ(m_movie->rate(), 1);
+    EXPECT_GE(timeOf(*m_movie), at);
+    EXPECT_TRUE(wait([this] { return m_movie->rate() == 0; }));
+}
+
+TEST_P(MovieContract, showsItsPictureAgain_whenLookedAtAfterItWasLetGo)
+{
+    m_movie->play();
+    ASSERT_TRUE(wait([this] { return timeOf(*m_movie) > 300; }));
+    m_movie->letGo();
+    const auto at = timeOf(*m_movie);
+    m_movie->layer().willShow();
+    EXPECT_TRUE(wait([this] { return m_movie->layer().hasFrame(); }));
+    EXPECT_FALSE(drawn(*m_movie).isNull());
+    EXPECT_EQ(m_movie->rate(), 0);
+    EXPECT_NEAR(timeOf(*m_movie), at, 40);
+}
+
 TEST_P(MovieContract, standsAtItsDuration_whenItHasEnded)
 {
     ASSERT_TRUE(playToEnd(*m_short));

@@ -71,7 +71,7 @@ TEST_F(SaverControlTest, control_isNone_whenNoViewHasOne)
 
 TEST_F(SaverControlTest, control_givesNothing_unlessItsSaverSaysSo)
 {
-    controlled.pause();
+    controlled.rest(Rest::Off);
     EXPECT_EQ(controlled.options(), nullptr);
     const SaverSnapshot shown = controlled.snapshot();
     EXPECT_FALSE(shown.movie || shown.sign || shown.isFading);

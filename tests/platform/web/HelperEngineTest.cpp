@@ -104,6 +104,20 @@ TEST_F(HelperEngineTest, views_shareOneHelper)
     EXPECT_TRUE(waitUntil([&] { return colourAt(10, 10) == red && colourAt(50, 10) == blue; }));
 }
 
+TEST_F(HelperEngineTest, endUnused_endsTheHelper_onceThereIsNoPage)
+{
+    HelperEngine engine(settings);
+    const auto view = show(engine, "paint:ff0000");
+    ASSERT_TRUE(becomes(red));
+    engine.endUnused();
+    EXPECT_TRUE(engine.isRunning());
+    view->stopLoading();
+    engine.endUnused();
+    EXPECT_FALSE(engine.isRunning());
+    const auto other = show(engine, "paint:0000ff");
+    EXPECT_TRUE(becomes(blue));
+}
+
 TEST_F(HelperEngineTest, note_isLoggedWithTheAddress)
 {
     HelperEngine engine(settings);

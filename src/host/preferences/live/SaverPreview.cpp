@@ -29,7 +29,6 @@ SaverPreview::SaverPreview(ViewFactory factory, QWidget* parent, const SurfaceSe
 SaverPreview::~SaverPreview()
 {
     end();
-    m_hosted.reset();
     m_view.reset(); // while there is still a desktop that it is on
     m_surface->desktop().setScreenObserver({});
 }
@@ -51,17 +50,16 @@ void SaverPreview::setPaused(Preview::Pause reason, bool paused)
 
 void SaverPreview::apply()
 {
-    const bool mayRun = m_view && m_pauses == 0 && !m_isOver;
-    if (mayRun == isRunning()) return;
-    if (!mayRun) return halt();
+    if (!m_view || m_isOver) return;
+    if (m_hosted) return m_hosted->rest(m_pauses == 0 ? Rest::None : Rest::Held);
+    if (m_pauses != 0) return;
     m_hosted = std::make_shared<HostedSaver>(m_surface->screen(), m_view, nullptr);
     m_hosted->start();
 }
 
-void SaverPreview::halt()
+bool SaverPreview::isRunning() const
 {
-    std::exchange(m_hosted, nullptr)->stop();
-    if (auto* saver = control()) saver->pause();
+    return m_hosted && !m_hosted->isResting();
 }
 
 SaverControl* SaverPreview::control() const
@@ -78,7 +76,10 @@ ConfigurableSaver* SaverPreview::options() const
 void SaverPreview::end()
 {
     if (std::exchange(m_isOver, true)) return;
-    apply();
+    if (const auto hosted = std::exchange(m_hosted, nullptr)) {
+        hosted->rest(Rest::Held); // a movie runs on when its view is stopped, and would be decoded for nobody
+        hosted->stop();
+    }
     WidgetDesktop& desktop = m_surface->desktop();
     desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
 }

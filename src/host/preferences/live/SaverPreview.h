@@ -34,7 +34,7 @@ public:
     [[nodiscard]] bool start();
     /// The saver runs while nothing keeps it from it; it goes on where it was.
     void setPaused(Preview::Pause reason, bool paused);
-    [[nodiscard]] bool isRunning() const { return m_hosted != nullptr; }
+    [[nodiscard]] bool isRunning() const;
 
     /// The saver whose options are edited; null where it has none, or there is no view yet.
     [[nodiscard]] ConfigurableSaver* options() const;
@@ -53,13 +53,12 @@ protected:
 
 private:
     void apply();
-    void halt();
     [[nodiscard]] SaverControl* control() const;
 
     ViewFactory m_factory;
     SurfaceWidget* m_surface;                ///< Qt's parent owns it
     std::shared_ptr<ScreenSaverView> m_view; ///< shared with who runs it
-    std::shared_ptr<HostedSaver> m_hosted;   ///< while it runs; shared as HostedSaver says
+    std::shared_ptr<HostedSaver> m_hosted;   ///< from its start on; shared as HostedSaver says
     unsigned m_pauses = 0;
     bool m_isOver = false;
 };

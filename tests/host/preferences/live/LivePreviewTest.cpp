@@ -135,8 +135,8 @@ TEST_F(LivePreviewTest, end_stopsTheSaverAndClosesTheTrailers)
     browser->showPanel(receiver);
     shown->end();
     EXPECT_FALSE(shown->isRunning());
-    EXPECT_EQ(journal, QStringList({QStringLiteral("start"), QStringLiteral("show"), QStringLiteral("stop"),
-                                    QStringLiteral("pause"), QStringLiteral("close")}));
+    EXPECT_EQ(journal, QStringList({QStringLiteral("start"), QStringLiteral("show"), QStringLiteral("rest 1"),
+                                    QStringLiteral("stop"), QStringLiteral("close")}));
 }
 
 TEST_F(LivePreviewTest, pause_isTheSavers)

@@ -33,7 +33,11 @@ public:
     void animateOneFrame() override { m_journal.append(QStringLiteral("tick")); }
     void drawRect(Painter& painter, const Rect& rect) override;
 
-    void pause() override { m_journal.append(QStringLiteral("pause")); }
+    void rest(Rest how) override
+    {
+        m_journal.append(how == Rest::None ? QStringLiteral("go on")
+                                           : QStringLiteral("rest %1").arg(int(how)));
+    }
     [[nodiscard]] ConfigurableSaver* options() override { return this; }
 
     [[nodiscard]] Settings& settings() override { qFatal("no settings here"); }

@@ -74,7 +74,7 @@ TEST_F(SaverPreviewTest, saver_goesOnAsItWas_whenNothingHoldsItAnyMore)
     EXPECT_EQ(journal, QStringList());
     preview.setPaused(Preview::Unseen, false);
     EXPECT_TRUE(preview.isRunning());
-    EXPECT_EQ(journal, QStringList{QStringLiteral("start")});
+    EXPECT_EQ(journal, QStringList{QStringLiteral("go on")});
     EXPECT_EQ(frames.size(), 1U);
     timers.advance(0.1);
     EXPECT_EQ(journal.back(), QStringLiteral("tick"));
@@ -103,12 +103,11 @@ TEST_F(SaverPreviewTest, end_stopsTheSaverForGood_andTellsSo)
     EXPECT_FALSE(preview.isRunning());
 }
 
-TEST_F(SaverPreviewTest, saver_isPausedOnceItIsStopped)
+TEST_F(SaverPreviewTest, saver_isHeld_whenPaused)
 {
     ASSERT_TRUE(preview.start());
     preview.setPaused(Preview::OtherRuns, true);
-    EXPECT_EQ(journal,
-              QStringList({QStringLiteral("start"), QStringLiteral("stop"), QStringLiteral("pause")}));
+    EXPECT_EQ(journal, QStringList({QStringLiteral("start"), QStringLiteral("rest 1")}));
 }
 
 TEST_F(SaverPreviewTest, options_areTheSavers)

@@ -1,0 +1,86 @@
+"""When `kestro` rests: black after its time, with nothing left that decodes, and the first key ends it all the same."""
+
+import pathlib
+import unittest
+
+from background import FLY, commands_of, savers_of
+from harness import movie, wait_until
+from sessiontest import Session
+
+
+def tree_of(process):
+    """The numbers of a process and of all that it started."""
+    found = [process]
+    for task in pathlib.Path(f"/proc/{process}/task").iterdir():
+        for child in (task / "children").read_text().split():
+            found += tree_of(int(child))
+    return found
+
+
+def decoders_of(process):
+    """The threads that read and decode movies, by their names."""
+    names = [(task / "comm").read_text().strip() for task in pathlib.Path(f"/proc/{process}/task").iterdir()]
+    return [name for name in names if name.startswith("mpv")]
+
+
+class Rest(Session):
+    def log(self):
+        return (self.home.path / "log").read_text()
+
+    def showing(self, *words):
+        with (self.home.path / "log").open("w") as log:
+            process = self.start_kestro(*words, stderr=log, DISPLAY=self.server.display)
+        wait_until(lambda: process.poll() is not None or self.is_red(), "the movie")
+        self.assertIsNone(process.poll())
+        return process
+
+    def await_black(self):
+        wait_until(lambda: "black from now on" in self.log(), "the end of its time")
+        wait_until(lambda: self.server.picture().is_blank(), "a black screen")
+
+
+class StopAfter(Rest):
+    def test_it_is_black_and_nothing_decodes_when_its_time_is_over(self):
+        process = self.showing("--stop-after", "4s")
+        self.assertNotEqual(decoders_of(process.pid), [])
+        self.await_black()
+        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+        self.assertEqual(tree_of(process.pid), [process.pid])
+
+    def test_a_key_ends_it_while_it_is_black_and_the_movie_goes_on_there_next_time(self):
+        process = self.showing("--stop-after", "4s")
+        self.await_black()
+        self.assertTrue(self.pictures())
+        self.server.run("xdotool", "key", "a")
+        wait_until(lambda: process.poll() is not None, "the end")
+        self.assertEqual(process.returncode, 0, self.log())
+        self.assertEqual(self.home.resume_point()["LastMovie"], "long-red.mp4")
+        self.assertGreater(int(self.home.resume_point()["LastPos"]), 600)
+
+    def test_the_file_says_it_too(self):
+        folder = self.home.path / ".config" / "kestro"
+        folder.mkdir(parents=True)
+        (folder / "kestro.conf").write_text("[idle]\nstop-after=3s\n")
+        self.showing()
+        self.await_black()
+
+    def test_the_words_of_one_run_win_over_the_file(self):
+        folder = self.home.path / ".config" / "kestro"
+        folder.mkdir(parents=True)
+        (folder / "kestro.conf").write_text("[idle]\nstop-after=24h\n")
+        self.showing("--stop-after=3s")
+        self.await_black()
+
+    def test_a_saver_behind_the_movies_ends_too(self):
+        self.run_kestro("import-hacks", "fuzzyflakes")
+        [bundle] = savers_of(self.home).iterdir()
+        self.home.play([movie("large-red", "red", seconds=60, size="900x380")], BackSaver=str(bundle), **FLY)
+        process = self.showing("--stop-after", "6s")
+        wait_until(lambda: "fuzzyflakes" in commands_of(tree_of(process.pid)), "the saver behind")
+        self.await_black()
+        wait_until(lambda: tree_of(process.pid) == [process.pid], "every other process to end")
+        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+
+
+if __name__ == "__main__":
+    unittest.main()
