@@ -18,10 +18,12 @@ void readChoice(const ConfigurationFile& file, const QString& key, PowerChoice& 
     if (!text) return;
     if (*text == u"play")
         choice = PowerChoice::Play;
+    else if (*text == u"still")
+        choice = PowerChoice::Still;
     else if (*text == u"off")
         choice = PowerChoice::Off;
     else
-        file.warnAbout(section, key, QStringLiteral("\"%1\" is neither play nor off").arg(*text));
+        file.warnAbout(section, key, QStringLiteral("\"%1\" is neither play, still nor off").arg(*text));
 }
 
 void readPercent(const ConfigurationFile& file, double& percent)

@@ -26,11 +26,11 @@ TEST(PowerOptions, areTheUsual_whenNothingIsChosen)
 
 TEST(PowerOptions, areWhatTheFileSays)
 {
-    const PowerRule rule = ruleOf("[power]\non-battery=off\nwhen-low=play\nlow=35\nin-power-saver=off\n");
+    const PowerRule rule = ruleOf("[power]\non-battery=off\nwhen-low=play\nlow=35\nin-power-saver=still\n");
     EXPECT_EQ(rule.onBattery, PowerChoice::Off);
     EXPECT_EQ(rule.whenLow, PowerChoice::Play);
     EXPECT_EQ(rule.lowPercent, 35);
-    EXPECT_EQ(rule.inPowerSaver, PowerChoice::Off);
+    EXPECT_EQ(rule.inPowerSaver, PowerChoice::Still);
 }
 
 TEST(PowerOptions, areTheUsual_withALine_whereTheFileIsNotUnderstood)
@@ -39,7 +39,7 @@ TEST(PowerOptions, areTheUsual_withALine_whereTheFileIsNotUnderstood)
     const LogCapture capture([&](const QString& line) { said.append(line); });
     EXPECT_EQ(ruleOf("[power]\non-battery=perhaps\nlow=101\nlid=off\n"), PowerRule());
     EXPECT_EQ(said, (QStringList{QStringLiteral("conf, line 4: unknown key \"lid\"."),
-                                 QStringLiteral("conf, line 2: \"perhaps\" is neither play nor off."),
+                                 QStringLiteral("conf, line 2: \"perhaps\" is neither play, still nor off."),
                                  QStringLiteral("conf, line 3: \"101\" is no number from 0 to 100.")}));
 }
 

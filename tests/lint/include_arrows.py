@@ -37,6 +37,7 @@ ALLOWED = PLATFORM | {
         "platform/network",
         "platform/display",
         "platform/saver",
+        "platform/session",
         "settings",
         "trailers",
         "host/start",

@@ -1,11 +1,15 @@
 """When `kestro` rests: black after its time, with nothing left that decodes, and the first key ends it all the same."""
 
 import pathlib
+import subprocess
 import unittest
 
 from background import FLY, commands_of, savers_of
-from harness import movie, wait_until
-from sessiontest import Session
+from bus import Bus
+from harness import BOUND, end_process, movie, wait_until
+from sessiontest import SCREEN, Session
+
+UPOWER = "org.freedesktop.UPower"
 
 
 def tree_of(process):
@@ -80,6 +84,78 @@ class StopAfter(Rest):
         self.await_black()
         wait_until(lambda: tree_of(process.pid) == [process.pid], "every other process to end")
         wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+
+
+class Power(Rest):
+    """A laptop whose plug is pulled and put back while the saver shows."""
+
+    def setUp(self):
+        super().setUp()
+        self.bus = Bus()
+        self.addCleanup(self.bus.close)
+        environment = self.home.environment()
+        self.home.environment = lambda **more: environment | {"DBUS_SYSTEM_BUS_ADDRESS": self.bus.address} | more
+        service = subprocess.Popen(["/usr/bin/python3", "-m", "dbusmock", "--system", "--template", "upower"],
+                                   env=self.home.environment(), stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   start_new_session=True)
+        self.addCleanup(end_process, service)
+        wait_until(lambda: self.tell(False), "UPower")
+
+    def tell(self, on_battery):
+        """Whether the service was there to take that."""
+        command = ["dbus-send", f"--bus={self.bus.address}", "--print-reply", f"--dest={UPOWER}", "/org/freedesktop/UPower",
+                   "org.freedesktop.DBus.Properties.Set", f"string:{UPOWER}", "string:OnBattery",
+                   f"variant:boolean:{str(on_battery).lower()}"]
+        return subprocess.run(command, capture_output=True, timeout=BOUND, stdin=subprocess.DEVNULL).returncode == 0
+
+    def choose(self, choice):
+        folder = self.home.path / ".config" / "kestro"
+        folder.mkdir(parents=True)
+        (folder / "kestro.conf").write_text(f"[power]\non-battery={choice}\n")
+
+    def box(self):
+        return self.server.picture().box_of_red(0, 0, *SCREEN)
+
+    def test_one_picture_wanders_about_and_nothing_decodes_while_there_is_no_plug(self):
+        self.choose("still")
+        process = self.showing()
+        self.assertTrue(self.tell(True))
+        wait_until(lambda: "one picture stands for the movie" in self.log(), "the word")
+        wait_until(lambda: (box := self.box()) and box[2] <= SCREEN[0] // 2 and box[3] <= SCREEN[1] // 2, "the picture")
+        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+        before = self.box()[:2]
+        wait_until(lambda: self.box()[:2] != before, "the picture to move")
+        self.assertEqual(decoders_of(process.pid), [])
+        self.assertTrue(self.tell(False))
+        wait_until(self.is_red, "the movie again")
+        self.assertNotEqual(decoders_of(process.pid), [])
+
+    def test_it_is_black_for_as_long_as_there_is_no_plug(self):
+        self.choose("off")
+        process = self.showing()
+        self.assertTrue(self.tell(True))
+        wait_until(lambda: self.server.picture().is_blank(), "a black screen")
+        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+        self.assertTrue(self.tell(False))
+        wait_until(self.is_red, "the movie again")
+
+    def test_the_first_picture_stands_where_there_was_no_plug_from_the_start(self):
+        self.choose("still")
+        self.assertTrue(self.tell(True))
+        with (self.home.path / "log").open("w") as log:
+            process = self.start_kestro(stderr=log, DISPLAY=self.server.display)
+        wait_until(lambda: "one picture stands for the movie" in self.log(), "the word")
+        wait_until(lambda: (box := self.box()) and box[2] <= SCREEN[0] // 2, "the picture")
+        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+
+    def test_a_bus_that_hangs_holds_nothing_up(self):
+        self.choose("still")
+        self.assertTrue(self.tell(True))
+        self.bus.stop()
+        process = self.showing()
+        self.server.run("xdotool", "key", "a")
+        wait_until(lambda: process.poll() is not None, "the end")
+        self.assertEqual(process.returncode, 0, self.log())
 
 
 if __name__ == "__main__":

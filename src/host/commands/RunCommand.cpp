@@ -12,6 +12,7 @@
 #include "host/start/StopSignals.h"
 #include "host/start/StopThread.h"
 #include "idle/IdleOptions.h"
+#include "idle/PowerOptions.h"
 #include "platform/base/Clock.h"
 #include "platform/base/ConfigurationFile.h"
 #include "platform/base/Random.h"
@@ -19,12 +20,14 @@
 #include "platform/display/desktop/QtDesktop.h"
 #include "platform/display/desktop/WindowDesktop.h"
 #include "platform/saver/ScreenSaverView.h"
+#include "platform/session/PowerAdvice.h"
 
 #include <QGuiApplication>
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 namespace kestro {
 
@@ -94,6 +97,14 @@ SaverSession::ViewFactory viewsOf(const PrincipalClass& principal, bool isPrevie
     leave(session, ExitSuccess);
 }
 
+/// Has the savers rest as the person's rule for batteries says, as long as the answer is there.
+std::unique_ptr<PowerAdvice> powerFor(RestSchedule& rests, const ConfigurationFile& file)
+{
+    return std::make_unique<PowerAdvice>(
+        powerRuleFrom(file), PowerAdvice::systemBus(),
+        [&rests](PowerChoice choice, const QString& reason) { rests.setPower(choice, reason); });
+}
+
 int runFullScreen(const RunOptions& options)
 {
     const auto application = startGui();
@@ -102,7 +113,8 @@ int runFullScreen(const RunOptions& options)
     if (!principal) return ExitFailure;
     principal->setOptionsForThisRun(options.settings);
 
-    const auto configured = IdleOptions::from(ConfigurationFile::ofUser());
+    const ConfigurationFile file = ConfigurationFile::ofUser();
+    const auto configured = IdleOptions::from(file);
     const SystemClock clock;
     SystemRandom random;
     QtDesktop desktop(clock, random);
@@ -110,6 +122,7 @@ int runFullScreen(const RunOptions& options)
     const StopSignals signalWatch([&](int) { leaveDesktop(session, desktop); });
     const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
     RestSchedule rests(desktop.timers(), [&](Rest how) { session.rest(how); });
+    const auto power = powerFor(rests, file);
     session.setWakeHandler([&] { wake(session, desktop); });
     play(session, [&] {
         desktop.showSurfaces();
@@ -136,6 +149,8 @@ int runInWindow(const RunOptions& options)
     SaverSession session(*desktop.value(), viewsOf(*principal, options.isPreview, *desktop.value()));
     const StopSignals signalWatch([&](int signal) { leaveBySignal(session, signal); });
     const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
+    RestSchedule rests(desktop.value()->timers(), [&](Rest how) { session.rest(how); });
+    const auto power = options.isPreview ? nullptr : powerFor(rests, ConfigurationFile::ofUser());
     desktop.value()->setGoneHandler([&] { leave(session, ExitSuccess); });
     play(session, [&] { desktop.value()->showSurface(); });
 }

@@ -47,4 +47,29 @@ TEST_F(RestScheduleTest, off_neverComes_whenThereIsNoEnd)
     EXPECT_EQ(schedule.rest(), Rest::None);
 }
 
+TEST_F(RestScheduleTest, rest_followsThePower_andSaysSo)
+{
+    schedule.setPower(PowerChoice::Still, {});
+    schedule.setPower(PowerChoice::Still, {});
+    schedule.setPower(PowerChoice::Off, QStringLiteral("12 %"));
+    schedule.setPower(PowerChoice::Play, {});
+    EXPECT_EQ(told, (std::vector{Rest::Still, Rest::Off, Rest::None}));
+    EXPECT_EQ(
+        said,
+        (QStringList{QStringLiteral("Power is to be saved (on battery): one picture stands for the movie."),
+                     QStringLiteral("Power is to be saved (12 %): black for now."),
+                     QStringLiteral("Power need not be saved any more: the movie goes on.")}));
+}
+
+TEST_F(RestScheduleTest, off_isForGood_whateverThePower)
+{
+    schedule.stopAfter(10s);
+    schedule.setPower(PowerChoice::Still, {});
+    timers.advance(11);
+    said.clear();
+    schedule.setPower(PowerChoice::Play, {});
+    EXPECT_EQ(told, (std::vector{Rest::Still, Rest::Off}));
+    EXPECT_TRUE(said.isEmpty());
+}
+
 } // namespace kestro

@@ -2,7 +2,6 @@
 
 #include "platform/base/Log.h"
 #include "platform/display/view/Layer.h"
-#include "platform/movie/MovieServer.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MovieTest.h"
 #include "platform/movie/MpvMovieLibrary.h"
@@ -226,32 +225,4 @@ TEST(MpvMovie, givesStills_thatMatchWhatIsPlayed)
     for (const int number : {10, 59, 0, 33})
         EXPECT_EQ(numberIn(movie->copyForStills()->still({number * 20, 600}).image), number);
     EXPECT_EQ(movie->rate(), 1);
-}
-
-TEST(MpvMovieLetGo, keepsWhatItLearnt_ofAMovieOnAServer)
-{
-    MovieServer server;
-    ASSERT_TRUE(server.start());
-    const auto movie = openMovie(server.addressOf("good/plain.mp4"));
-    ASSERT_TRUE(movie);
-    ASSERT_EQ(movie->state(), QTMovie::State::Loaded);
-    movie->setCurrentTime({600, 600});
-    movie->letGo();
-    EXPECT_EQ(movie->state(), QTMovie::State::Loaded);
-    EXPECT_EQ(movie->naturalSize(), (Size{320, 180}));
-    EXPECT_EQ(movie->duration(), (MovieTime{1200, 600}));
-    EXPECT_EQ(movie->currentTime(), (MovieTime{600, 600}));
-    movie->play();
-    EXPECT_EQ(movie->rate(), 1);
-    EXPECT_TRUE(waitUntil([&movie] { return movie->currentTime().timeValue > 700; }));
-}
-
-TEST(MpvMovieLetGo, givesItsThreadsBack)
-{
-    const auto movie = openMovie(testMovie("plain.mp4"));
-    const int before = threadCount();
-    movie->play();
-    EXPECT_GT(threadCount(), before);
-    movie->letGo();
-    EXPECT_TRUE(waitUntil([before] { return threadCount() <= before; }));
 }

@@ -22,6 +22,7 @@ public:
 
     /// A connection of its own, to be left with disconnect(); what is left open ends with this.
     [[nodiscard]] QDBusConnection connect();
+    [[nodiscard]] const QString& address() const { return m_address; }
     static void disconnect(const QDBusConnection& connection);
 
 private:
