@@ -1,13 +1,16 @@
 """When `kestro` rests: black after its time, with nothing left that decodes, and the first key ends it all the same."""
 
 import pathlib
+import re
 import subprocess
 import unittest
 
 from background import FLY, commands_of, savers_of
 from bus import Bus
-from harness import BOUND, end_process, movie, wait_until
+from harness import BLACK, BOUND, end_process, movie, wait_until
+from inputclient import InputClient
 from sessiontest import SCREEN, Session
+from test_given_window import GivenWindow
 
 UPOWER = "org.freedesktop.UPower"
 
@@ -156,6 +159,50 @@ class Power(Rest):
         self.server.run("xdotool", "key", "a")
         wait_until(lambda: process.poll() is not None, "the end")
         self.assertEqual(process.returncode, 0, self.log())
+
+
+class Unseen(GivenWindow):
+    """A saver in a window that goes out of sight, beside one that stays in sight and serves as a clock: it blinks."""
+
+    def setUp(self):
+        super().setUp()
+        self.other = InputClient(self.server)
+        self.addCleanup(self.other.close)
+        self.process = self.showing(self.in_window())
+        clock = self.other.window(100, 100, 700, 400)
+        self.home.play([movie("clock", "red", seconds=60, is_blinking=True)], FullScreenMode="1", PlayMode="1")
+        self.start("--root", XSCREENSAVER_WINDOW=hex(clock))
+        self.let_clock_blink()
+
+    def let_clock_blink(self, times=2):
+        for _ in range(times):
+            wait_until(lambda: self.shows(750, 450, BLACK), "the clock to go dark")
+            wait_until(lambda: self.shows(750, 450), "the clock to light up")
+
+    def wakes(self):
+        """How often the threads of the saver that is looked at have been woken so far."""
+        status = [path.read_text() for path in pathlib.Path(f"/proc/{self.process.pid}/task").glob("*/status")]
+        return sum(int(re.search(r"^voluntary_ctxt_switches:\s*(\d+)", text, re.M)[1]) for text in status)
+
+    def stands_still(self):
+        before = self.wakes()
+        self.let_clock_blink()
+        return self.wakes() - before < 10
+
+    def test_it_stands_still_while_it_is_covered_and_goes_on_afterwards(self):
+        cover = self.other.cover(300, 200, 100, 50)
+        wait_until(self.stands_still, "the saver to stand still")
+        self.server.run("xdotool", "windowunmap", str(cover))
+        wait_until(lambda: self.shows(250, 150), "the picture again")
+        self.assertFalse(self.stands_still())
+        self.assertIsNone(self.process.poll())
+
+    def test_it_stands_still_while_its_window_is_not_there_and_goes_on_afterwards(self):
+        self.server.run("xdotool", "windowunmap", str(self.giver.number))
+        wait_until(self.stands_still, "the saver to stand still")
+        self.server.run("xdotool", "windowmap", str(self.giver.number))
+        wait_until(lambda: self.shows(250, 150), "the picture again")
+        self.assertFalse(self.stands_still())
 
 
 if __name__ == "__main__":

@@ -46,7 +46,7 @@ void HostedSaver::start()
     m_state = State::Running;
     m_view->startAnimation();
     schedule();
-    if (m_rest != Rest::None) applyRest();
+    if (restNow() != Rest::None) applyRest();
 }
 
 void HostedSaver::stop()
@@ -65,14 +65,26 @@ void HostedSaver::rest(Rest how)
     if (std::exchange(m_rest, how) != how && m_state == State::Running) applyRest();
 }
 
+void HostedSaver::setSeen(bool isSeen)
+{
+    if (std::exchange(m_isSeen, isSeen) != isSeen && m_state == State::Running) applyRest();
+}
+
+Rest HostedSaver::restNow() const
+{
+    if (m_isSeen) return m_rest;
+    return m_rest == Rest::None ? Rest::Held : Rest::Off;
+}
+
 // A saver behind the movies has no ticks while they rest: the movies' own go on as far as they need them.
 void HostedSaver::applyRest()
 {
+    const Rest now = restNow();
     auto* const control = SaverControl::of(*m_view, m_screen);
-    if (control) control->rest(m_rest);
+    if (control) control->rest(now);
     drawCurtain();
     const bool isOwn = control && control == dynamic_cast<SaverControl*>(m_view.get());
-    if (m_rest == Rest::None || (m_rest == Rest::Still && isOwn))
+    if (now == Rest::None || (now == Rest::Still && isOwn))
         schedule();
     else
         m_timer.reset();
@@ -117,7 +129,7 @@ void HostedSaver::saverAboveTicked()
     if (m_state != State::Running) return;
     const auto self = shared_from_this();
     const bool isNew = !std::exchange(m_isSaverAbove, true);
-    if (isNew && m_rest != Rest::None) applyRest(); // it began after the rest
+    if (isNew && restNow() != Rest::None) applyRest(); // it began after the rest
     tickIsOver();
 }
 

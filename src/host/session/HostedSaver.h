@@ -30,6 +30,9 @@ public:
     void stop();
     /// Has the saver rest like that from now on, whenever it runs: where it is off, the screen is black.
     void rest(Rest how);
+    /// Whether anybody can see the screen: where nobody can, the saver is held, or, where it rests already,
+    /// off.
+    void setSeen(bool isSeen);
     [[nodiscard]] bool isResting() const { return m_rest != Rest::None; }
     /// Fits the window, and the view with it, to its screen as it is now.
     void fitToScreen();
@@ -42,6 +45,7 @@ public:
 private:
     enum class State { Made, Running, Stopped };
 
+    [[nodiscard]] Rest restNow() const;
     void applyRest();
     void drawCurtain();
     void tick();
@@ -58,7 +62,8 @@ private:
     std::unique_ptr<Timer> m_timer;
     double m_interval = 0; ///< of m_timer, seconds
     State m_state = State::Made;
-    Rest m_rest = Rest::None;
+    Rest m_rest = Rest::None; ///< as asked for
+    bool m_isSeen = true;
     std::unique_ptr<Window> m_curtain; ///< black over all windows of the saver, while it is off
     bool m_isSaverAbove = false;       ///< one that runs by itself; its ticks are counted then
     int m_ticks = 0;

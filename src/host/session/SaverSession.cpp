@@ -23,7 +23,7 @@ SaverSession::~SaverSession()
     stop();
     m_desktop.setScreenObserver({});
     for (Screen* screen : m_desktop.screens())
-        screen->surface().setInputHandler({});
+        forget(*screen);
 }
 
 bool SaverSession::start()
@@ -42,6 +42,12 @@ void SaverSession::stop()
     for (const auto& saver : m_savers)
         saver->stop();
     m_desktop.notifications().post(Notice::ApplicationWillTerminate, nullptr);
+}
+
+void SaverSession::forget(const Screen& screen)
+{
+    screen.surface().setInputHandler({});
+    screen.surface().setSeenHandler({});
 }
 
 void SaverSession::rest(Rest how)
@@ -64,6 +70,9 @@ std::shared_ptr<HostedSaver> SaverSession::cover(Screen& screen)
         if (m_onTick) m_onTick(ticked);
     });
     saver->rest(m_rest);
+    screen.surface().setSeenHandler([hosted = std::weak_ptr(saver)](bool isSeen) {
+        if (const auto it = hosted.lock()) it->setSeen(isSeen);
+    });
     m_savers.push_back(saver);
     return saver;
 }

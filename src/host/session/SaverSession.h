@@ -50,6 +50,7 @@ public:
 
 private:
     std::shared_ptr<HostedSaver> cover(Screen& screen);
+    static void forget(const Screen& screen);
     void watchScreens();
     void screenAdded(Screen& screen);
     void screenResized(const Screen& screen);

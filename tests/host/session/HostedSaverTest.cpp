@@ -277,4 +277,42 @@ TEST_F(HostedSaverTest, stop_takesTheBlackAway_whenOff)
     EXPECT_TRUE(desk.screen(0).windows().empty());
 }
 
+TEST_F(HostedSaverTest, saver_isHeld_whileNobodySeesIt)
+{
+    const auto saver = make();
+    saver->start();
+    saver->setSeen(false);
+    EXPECT_EQ(desk.journal.back(), QStringLiteral("a rest 1"));
+    desk.timers.advance(10);
+    EXPECT_EQ(ticks(), 0);
+    EXPECT_EQ(desk.screen(0).windows().size(), 1U);
+    saver->setSeen(true);
+    EXPECT_EQ(desk.journal.back(), QStringLiteral("a rest 0"));
+    desk.timers.advance(1.05);
+    EXPECT_EQ(ticks(), 10);
+}
+
+TEST_F(HostedSaverTest, still_isOff_whileNobodySeesIt)
+{
+    const auto saver = make();
+    saver->start();
+    saver->setSeen(false);
+    saver->rest(Rest::Still);
+    EXPECT_EQ(desk.journal.back(), QStringLiteral("a rest 3"));
+    desk.timers.advance(10);
+    EXPECT_EQ(ticks(), 0);
+    saver->setSeen(true);
+    EXPECT_EQ(desk.journal.back(), QStringLiteral("a rest 2"));
+    desk.timers.advance(1.05);
+    EXPECT_EQ(ticks(), 10);
+}
+
+TEST_F(HostedSaverTest, start_holdsTheSaver_whenNobodySeesItYet)
+{
+    const auto saver = make();
+    saver->setSeen(false);
+    saver->start();
+    EXPECT_EQ(desk.journal.back(), QStringLiteral("a rest 1"));
+}
+
 } // namespace kestro

@@ -169,4 +169,14 @@ TEST_F(SaverSessionTest, rest_isThatOfEverySaver_andOfThoseThatComeLater)
     EXPECT_EQ(desk.count(QStringLiteral("c rest 3")), 1);
 }
 
+TEST_F(SaverSessionTest, saver_isHeld_whileItsOwnScreenIsNotSeen)
+{
+    session.start();
+    ImageDesktop::surfaceOf(desk.screen(1)).setSeen(false);
+    EXPECT_EQ(desk.count(QStringLiteral("b rest 1")), 1);
+    EXPECT_EQ(desk.count(QStringLiteral("a rest 1")), 0);
+    ImageDesktop::surfaceOf(desk.screen(1)).setSeen(true);
+    EXPECT_EQ(desk.count(QStringLiteral("b rest 0")), 1);
+}
+
 } // namespace kestro

@@ -14,6 +14,7 @@ BackingStoreSurface::BackingStoreSurface(OpenGL* openGL)
     : MonitorSurface({}, openGL)
 {
     m_window.setExposeHandler([this] { repair(); });
+    m_window.setSeenHandler([this](bool isSeen) { tellSeen(isSeen); });
 }
 
 void BackingStoreSurface::placeOn(QScreen& monitor)

@@ -6,6 +6,7 @@
 #include <QSize>
 
 #include <functional>
+#include <utility>
 
 class QWindow;
 
@@ -52,10 +53,23 @@ public:
     void setInputHandler(std::function<void(const InputEvent&)> handler) { m_onInput = std::move(handler); }
     /// Called when the whole picture is wanted anew: the surface has none of it left.
     void setRepairHandler(std::function<void()> handler) { m_onRepair = std::move(handler); }
+    /// Called when nobody can see the surface any more, as far as the display tells, and when somebody can
+    /// again: it is unmapped, covered, or on an output that shows nothing. Seen from the start on.
+    void setSeenHandler(std::function<void(bool isSeen)> handler) { m_onSeen = std::move(handler); }
 
 protected:
+    /// Tells so, where it is news.
+    void tellSeen(bool isSeen)
+    {
+        if (std::exchange(m_isSeen, isSeen) != isSeen && m_onSeen) m_onSeen(isSeen);
+    }
+
     std::function<void(const InputEvent&)> m_onInput;
     std::function<void()> m_onRepair;
+
+private:
+    std::function<void(bool)> m_onSeen;
+    bool m_isSeen = true;
 };
 
 } // namespace kestro

@@ -35,6 +35,7 @@ void SurfaceWindow::hideCursorAgain()
 
 void SurfaceWindow::exposeEvent(QExposeEvent*)
 {
+    if (m_onSeen) m_onSeen(isExposed());
     if (isExposed() && m_onExpose) m_onExpose();
 }
 

@@ -19,6 +19,8 @@ public:
     void setInputHandler(std::function<void(const InputEvent&)> handler) { m_onInput = std::move(handler); }
     /// Called when the window appears, or a part of it was uncovered.
     void setExposeHandler(std::function<void()> handler) { m_onExpose = std::move(handler); }
+    /// Called with each word of the display whether the window is on a screen where it may be seen.
+    void setSeenHandler(std::function<void(bool isSeen)> handler) { m_onSeen = std::move(handler); }
 
 protected:
     bool event(QEvent* event) override;
@@ -35,6 +37,7 @@ private:
 
     std::function<void(const InputEvent&)> m_onInput;
     std::function<void()> m_onExpose;
+    std::function<void(bool)> m_onSeen;
 };
 
 } // namespace kestro

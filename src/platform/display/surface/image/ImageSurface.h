@@ -22,6 +22,8 @@ public:
     [[nodiscard]] const QRegion& lastPresented() const { return m_lastPresented; }
     [[nodiscard]] int presentCount() const { return m_presentCount; }
     [[nodiscard]] bool isCursorHidden() const { return m_cursorHidden; }
+    /// Acts as if it were covered, or not any more.
+    void setSeen(bool isSeen) { tellSeen(isSeen); }
     /// Acts as if a person did that.
     void sendInput(const InputEvent& event) const;
 

@@ -64,10 +64,10 @@ std::uint32_t ForeignWindowSurface::makeCover()
 void ForeignWindowSurface::show()
 {
     m_isShown = true;
-    if (m_cover)
-        m_cover->show();
-    else
-        presentAll();
+    if (!m_cover) return presentAll();
+    m_visibility = std::make_unique<VisibilityWatch>(static_cast<std::uint32_t>(m_cover->winId()), m_window,
+                                                     [this](bool isSeen) { tellSeen(isSeen); });
+    m_cover->show();
 }
 
 void ForeignWindowSurface::present(const QRegion& changed)

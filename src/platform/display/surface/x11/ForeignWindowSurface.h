@@ -3,6 +3,7 @@
 #include "platform/display/surface/Surface.h"
 #include "platform/display/surface/SurfaceWindow.h"
 #include "platform/display/surface/x11/GivenWindowWatch.h"
+#include "platform/display/surface/x11/VisibilityWatch.h"
 #include "platform/display/surface/x11/X11Canvas.h"
 
 #include <QRect>
@@ -57,6 +58,7 @@ private:
     std::unique_ptr<X11Canvas> m_canvas;    ///< of the cover, or of the root
     bool m_isShown = false;
     std::unique_ptr<GivenWindowWatch> m_watch;
+    std::unique_ptr<VisibilityWatch> m_visibility; ///< of the cover; null for the root, and until shown
 };
 
 } // namespace kestro

@@ -39,7 +39,10 @@ void X11Surface::placeOn(QScreen& monitor)
 
 void X11Surface::show()
 {
-    m_stayOnTop = std::make_unique<StayOnTop>(x11Connection(), static_cast<std::uint32_t>(m_window.winId()));
+    const auto window = static_cast<std::uint32_t>(m_window.winId());
+    m_stayOnTop = std::make_unique<StayOnTop>(x11Connection(), window);
+    m_visibility =
+        std::make_unique<VisibilityWatch>(window, window, [this](bool isSeen) { tellSeen(isSeen); });
     m_window.raise();
     m_window.show();
     // The screen is black from now on, even if the program is busy with its start for a while.
@@ -49,6 +52,7 @@ void X11Surface::show()
 void X11Surface::hide()
 {
     m_stayOnTop.reset();
+    m_visibility.reset();
     m_window.hide();
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/display/surface/MonitorSurface.h"
 #include "platform/display/surface/x11/StayOnTop.h"
+#include "platform/display/surface/x11/VisibilityWatch.h"
 #include "platform/display/surface/x11/X11Canvas.h"
 
 namespace kestro {
@@ -26,7 +27,8 @@ private:
     void cover(QScreen& monitor);
 
     std::unique_ptr<X11Canvas> m_canvas;
-    std::unique_ptr<StayOnTop> m_stayOnTop; ///< while shown
+    std::unique_ptr<StayOnTop> m_stayOnTop;        ///< while shown
+    std::unique_ptr<VisibilityWatch> m_visibility; ///< likewise
 };
 
 } // namespace kestro
