@@ -1,7 +1,6 @@
 #include "platform/session/PowerAdvice.h"
 
 #include "platform/base/DetachedTask.h"
-#include "platform/session/BusProbe.h"
 #include "platform/session/PowerWatch.h"
 
 #include <utility>
@@ -23,11 +22,7 @@ PowerAdvice::~PowerAdvice() = default;
 
 std::function<QDBusConnection()> PowerAdvice::systemBus()
 {
-    return [] {
-        const bool isThere =
-            isBusAnswering(systemBusAddress(), std::chrono::milliseconds(SessionFact::patience) / 2);
-        return isThere ? QDBusConnection::systemBus() : QDBusConnection(QString());
-    };
+    return [] { return QDBusConnection::systemBus(); };
 }
 
 void PowerAdvice::watch(const QDBusConnection& bus)

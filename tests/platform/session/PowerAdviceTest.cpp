@@ -1,18 +1,12 @@
 #include "platform/session/PowerAdvice.h"
 
-#include "platform/base/Descriptor.h"
-#include "platform/session/BusProbe.h"
 #include "platform/session/FactTest.h"
-#include "platform/session/ListeningSocket.h"
-
-#include <QTemporaryDir>
 
 #include <atomic>
 #include <memory>
 #include <mutex>
 
 using namespace kestro;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -114,25 +108,4 @@ TEST_F(PowerAdviceTest, nothingIsTold_whenThereIsNoBus)
     const PowerAdvice later(rule, bus(), noted());
     EXPECT_TRUE(waitUntil([this] { return !m_choices.empty(); }));
     EXPECT_EQ(m_choices.size(), 1U);
-}
-
-TEST_F(PowerAdviceTest, bus_isSeenToAnswer)
-{
-    EXPECT_TRUE(isBusAnswering(m_bus.address().toUtf8(), 10s));
-}
-
-TEST_F(PowerAdviceTest, bus_isSeenToHang_whenNobodyReadsItsSocket)
-{
-    const QTemporaryDir folder;
-    const QByteArray path = folder.filePath(QStringLiteral("mute")).toUtf8();
-    const Descriptor mute(listenAt(path));
-    EXPECT_FALSE(isBusAnswering("unix:path=" + path, 1ms));
-}
-
-TEST_F(PowerAdviceTest, bus_isNone_whereNothingListens_orTheAddressIsNoSocket)
-{
-    for (const char* address : {"unix:path=/nowhere/bus", "unix:abstract=kestro-nowhere", "disabled:", "",
-                                "unix:", "tcp:host=127.0.0.1,port=1", "unix:path=", "unix:tmpdir=/tmp"})
-        EXPECT_FALSE(isBusAnswering(address, 10s)) << address;
-    EXPECT_FALSE(isBusAnswering("unix:path=/" + QByteArray(200, 'x'), 10s));
 }
