@@ -149,8 +149,7 @@ private:
     [[nodiscard]] std::unique_ptr<MovieFrame> createMovieFrame(const Rect& rect);
     [[nodiscard]] bool makeMovieFrame();
     void dropMovieFrame();
-    /// Puts `content` into the movie frame, which it makes where there is none; answers false where it
-    /// cannot.
+    /// Puts `content` into the movie frame, which is made where there is none. False where it cannot.
     bool _resetMovie(const MovieContent& content);
     void resetMovieViewFrame();
     void setMovieFrame(const Rect& rect);
@@ -192,8 +191,7 @@ private:
     std::optional<double> m_endOfLoneLoop; ///< nothing where it goes on for ever
     std::optional<int> m_played;           ///< curIdx at the end of the last movie, until another one loads
     std::unique_ptr<Timer> m_captureTimer; ///< ends captureStop's pause
-    /// Clock time of the last re-placement; nothing where the movie keeps its place.
-    std::optional<double> m_flyTime;
+    std::optional<double> m_flyTime;       ///< time of the last re-placement; nothing where the movie stays
     int m_stepCount = 11; ///< window mode: ticks since the last capture; the first tick takes one
     bool m_saverInited = false;
     RestState m_rest;
