@@ -2,11 +2,14 @@
 # <NAME.h> and the tables of the protocol; kestro_wayland_server the header of the other end, <NAME-server.h>, for tests, which
 # take the tables from the library that they test.
 pkg_get_variable(KESTRO_WAYLAND_SCANNER wayland-scanner wayland_scanner)
+pkg_get_variable(KESTRO_WAYLAND_PROTOCOLS wayland-protocols pkgdatadir)
 find_path(KESTRO_PLASMA_PROTOCOLS idle.xml PATH_SUFFIXES plasma-wayland-protocols HINTS /usr/share REQUIRED)
 
+# What a protocol calls "namespace" cannot be called so in C++.
 function(kestro_wayland_header target kind header description)
     add_custom_command(OUTPUT ${header} VERBATIM DEPENDS ${description}
-        COMMAND ${KESTRO_WAYLAND_SCANNER} --strict ${kind} ${description} ${CMAKE_CURRENT_BINARY_DIR}/${header})
+        COMMAND ${KESTRO_WAYLAND_SCANNER} --strict ${kind} ${description} ${CMAKE_CURRENT_BINARY_DIR}/${header}
+        COMMAND sed -i s/\\bnamespace\\b/name_space/g ${CMAKE_CURRENT_BINARY_DIR}/${header})
     target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${header})
     target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
 endfunction()

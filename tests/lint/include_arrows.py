@@ -58,6 +58,7 @@ ROOMS = {
     "platform/display/scene": {VIEW},
     SURFACE: {VIEW},
     SURFACE + "/image": {SURFACE},
+    SURFACE + "/wayland": {SURFACE},
     SURFACE + "/x11": {VIEW, SURFACE},
     "platform/display/gl": {VIEW, "platform/display/scene"},
     "platform/display/desktop": {VIEW, SURFACE},

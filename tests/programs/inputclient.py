@@ -54,6 +54,10 @@ class InputClient:
         """A window that none looks after, as a locker's."""
         return int(self._tell("cover", width, height, x, y)[1])
 
+    def dismiss(self, window):
+        """Asks a window to close, as a window manager does."""
+        self._tell("dismiss", window)
+
     def frame(self, width, height, x=0, y=0):
         """One like it that holds a window which a window manager looks after, as some managers make them."""
         return int(self._tell("frame", width, height, x, y)[1])

@@ -22,10 +22,10 @@ output HEADLESS-3 resolution 80x60 position 400 240
 
 
 class Session:
-    """sway with two outputs side by side and room for a third, as "nobody" where the tests run as root: it refuses to be root. Ended by
-    close()."""
+    """sway with two outputs side by side and room for a third, as "nobody" where the tests run as root: it refuses to be root.
+    The outputs are in memory or, where `display` names one, windows on an X server. Ended by close()."""
 
-    def __init__(self):
+    def __init__(self, display=None):
         self._holder = tempfile.TemporaryDirectory(prefix="kestro-wayland-")
         top = pathlib.Path(self._holder.name)
         top.chmod(0o755)
@@ -39,6 +39,8 @@ class Session:
         variables = {"PATH": "/usr/bin:/bin", "XDG_RUNTIME_DIR": str(self._runtime), "HOME": str(self._runtime),
                      "WLR_BACKENDS": "headless", "WLR_HEADLESS_OUTPUTS": "2", "WLR_RENDERER": "pixman",
                      "WLR_LIBINPUT_NO_DEVICES": "1"}
+        if display:
+            variables |= {"WLR_BACKENDS": "x11", "WLR_X11_OUTPUTS": "2", "DISPLAY": display}
         with self._log.open("w") as log:
             self._process = subprocess.Popen(PlainUser.command("sway", "-c", str(settings)), env=variables, stdout=log,
                                              stderr=log, stdin=subprocess.DEVNULL, start_new_session=True)
@@ -84,16 +86,57 @@ class Session:
         for inner in node["nodes"] + node["floating_nodes"]:
             self._collect(inner, found)
 
-    def picture(self):
-        """What all outputs show now, with the pointer."""
+    def picture(self, *words):
+        """What all outputs show now, with the pointer; of one output its very pixels, with "-o" and its name."""
         path = pathlib.Path(self._holder.name, "picture.png")
-        subprocess.run(["grim", "-c", str(path)], env=self.environment(), check=True, timeout=BOUND)
+        subprocess.run(["grim", "-c", *words, str(path)], env=self.environment(), check=True, timeout=BOUND)
         return Pixels(path)
 
-    def typing(self):
-        """A process that presses a key again and again, on a keyboard that is there while it runs."""
-        return subprocess.Popen(["wtype", "-d", "50", "a" * 2000], env=self.environment(), stdin=subprocess.DEVNULL,
-                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    def typing(self, *words):
+        """A process that does at a keyboard what wtype does with those words, by default presses a key again and again. The
+        keyboard is there while it runs."""
+        return subprocess.Popen(["wtype", *(words or ("-d", "50", "a" * 2000))], env=self.environment(),
+                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+class Listening:
+    """A program whose output is kept, line by line. Ended by close()."""
+
+    def __init__(self, command, environment, stdin=subprocess.DEVNULL):
+        self._holder = tempfile.TemporaryDirectory(prefix="kestro-heard-")
+        self._heard = pathlib.Path(self._holder.name, "heard")
+        with self._heard.open("w") as heard:
+            self._process = subprocess.Popen(command, env=environment, stdin=stdin, stdout=heard,
+                                             stderr=subprocess.DEVNULL, text=True)
+
+    def lines(self):
+        """The whole lines so far."""
+        return [line.strip() for line in self._heard.read_text().split("\n")[:-1]]
+
+    def is_running(self):
+        return self._process.poll() is None
+
+    def close(self):
+        self._process.kill()
+        self._process.wait(timeout=BOUND)
+        if self._process.stdin:
+            self._process.stdin.close()
+        self._holder.cleanup()
+
+
+class OddCompositor(Listening):
+    """A compositor that answers when it is told to and shows nothing."""
+
+    def __init__(self, runtime, *words):
+        environment = {"PATH": "/usr/bin:/bin", "XDG_RUNTIME_DIR": str(runtime)}
+        self.display = str(pathlib.Path(runtime, "odd"))
+        super().__init__([os.environ["ODD_COMPOSITOR"], "odd", *words], environment, stdin=subprocess.PIPE)
+        wait_until(lambda: not self.is_running() or pathlib.Path(self.display + ".lock").exists(), "the compositor")
+
+    def tell(self, *orders):
+        """All of them at once."""
+        self._process.stdin.write("".join(order + "\n" for order in orders))
+        self._process.stdin.flush()
 
 
 class Pointer:

@@ -8,6 +8,7 @@
 //   focus ID           gives a window the input focus                          -> done
 //   raise ID           lays it above all others                                -> done
 //   close ID           destroys it                                             -> done
+//   dismiss ID         asks a window to close, as a window manager does        -> done
 //   owner              who has the focus, and where it would revert to         -> owner ID REVERT
 //   grab ID            grabs the keyboard and the pointer, as a locker does    -> grabbed | refused
 //   ungrab             lets go of both                                         -> done
@@ -69,6 +70,7 @@ private:
             xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_PARENT, readWindow(words), XCB_CURRENT_TIME);
         if (order == "raise") raise(readWindow(words));
         if (order == "close") xcb_destroy_window(m_connection, readWindow(words));
+        if (order == "dismiss") dismiss(readWindow(words));
         if (order == "ungrab") {
             xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
             xcb_ungrab_pointer(m_connection, XCB_CURRENT_TIME);
@@ -98,14 +100,29 @@ private:
         const xcb_window_t inside = xcb_generate_id(m_connection);
         xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, inside, frame, 0, 0, 10, 10, 0,
                           XCB_WINDOW_CLASS_INPUT_OUTPUT, m_screen->root_visual, 0, nullptr);
-        const std::string name = "WM_STATE";
+        const xcb_atom_t state = atom("WM_STATE");
+        const std::uint32_t normal[] = {1, 0};
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, inside, state, state, 32, 2, normal);
+    }
+
+    xcb_atom_t atom(const std::string& name)
+    {
         const auto cookie =
             xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-        const ReplyPtr<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(m_connection, cookie, nullptr),
-                                                     &std::free);
-        const std::uint32_t normal[] = {1, 0};
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, inside, atom->atom, atom->atom, 32, 2,
-                            normal);
+        const ReplyPtr<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(m_connection, cookie, nullptr),
+                                                      &std::free);
+        return reply->atom;
+    }
+
+    void dismiss(xcb_window_t window)
+    {
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = window;
+        message.type = atom("WM_PROTOCOLS");
+        message.data.data32[0] = atom("WM_DELETE_WINDOW");
+        xcb_send_event(m_connection, 0, window, 0, reinterpret_cast<const char*>(&message));
     }
 
     void raise(xcb_window_t window)

@@ -6,6 +6,7 @@
 #include "platform/display/gl/OpenGL.h"
 #include "platform/display/gl/RendererChoice.h"
 #include "platform/display/surface/MonitorSurface.h"
+#include "platform/display/surface/wayland/Overlay.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -17,10 +18,10 @@ namespace kestro {
 
 namespace {
 
-/// The monitor's place in global points.
-Rect frameOf(const QScreen& monitor)
+/// The place of a monitor's surface in global points.
+Rect frameOf(const QScreen& monitor, const MonitorSurface& surface)
 {
-    return deskFrame(monitor.geometry());
+    return deskFrame(surface.placeOf(monitor));
 }
 
 } // namespace
@@ -29,6 +30,7 @@ QtDesktop::QtDesktop(const Clock& clock, Random& random)
     : m_clock(clock)
     , m_random(random)
     , m_openGL(chooseOpenGL(rendererWish()))
+    , m_overlay(Overlay::create())
 {
     for (QScreen* monitor : QGuiApplication::screens())
         add(monitor);
@@ -62,6 +64,8 @@ void QtDesktop::whenLetGo(std::function<void()> done)
 {
     if (m_input)
         m_input->whenLetGo(std::chrono::seconds(longestPress), std::move(done));
+    else if (m_overlay)
+        m_overlay->whenLetGo(std::chrono::seconds(longestPress), std::move(done));
     else
         done();
 }
@@ -89,9 +93,11 @@ std::vector<Screen*> QtDesktop::screens() const
 
 void QtDesktop::add(QScreen* qtScreen)
 {
-    auto surface = makeMonitorSurface(*qtScreen, m_openGL.get());
+    auto surface = makeMonitorSurface(*qtScreen, m_openGL.get(), m_overlay.get());
     MonitorSurface* const borrowed = surface.get();
-    auto screen = std::make_unique<Screen>(*this, frameOf(*qtScreen), std::move(surface));
+    borrowed->setChangeHandler([this] { rearrange(); });
+    borrowed->setGoneHandler([this] { surfaceGone(); });
+    auto screen = std::make_unique<Screen>(*this, frameOf(*qtScreen, *borrowed), std::move(surface));
     m_monitors.push_back({qtScreen, borrowed, std::move(screen)});
     QObject::connect(qtScreen, &QScreen::geometryChanged, &m_listener, [this] { rearrange(); });
 }
@@ -114,6 +120,7 @@ void QtDesktop::pullOut(QScreen* qtScreen)
     if (m_observer.removed) m_observer.removed(*gone->screen);
     std::erase_if(m_monitors, isIt);
     rearrange();
+    claimKeyboard();
 }
 
 void QtDesktop::rearrange()
@@ -135,10 +142,26 @@ void QtDesktop::followMonitor(Monitor& monitor)
     // Done even where nothing changed: windows may have been moved about while monitors came and went.
     const QSize pixels = monitor.surface->pixelSize();
     monitor.surface->placeOn(*monitor.qtScreen);
-    const Rect frame = frameOf(*monitor.qtScreen);
+    const Rect frame = frameOf(*monitor.qtScreen, *monitor.surface);
     if (frame == monitor.screen->frame() && pixels == monitor.surface->pixelSize()) return;
     monitor.screen->setFrame(frame);
     if (m_observer.resized) m_observer.resized(*monitor.screen);
+}
+
+/// Goes on with what is left of the surfaces; where none is, nobody could end the saver any more.
+void QtDesktop::surfaceGone()
+{
+    claimKeyboard();
+    const bool isAllGone =
+        std::ranges::all_of(m_monitors, [](const Monitor& monitor) { return monitor.surface->isGone(); });
+    if (isAllGone && !m_monitors.empty())
+        m_monitors.front().surface->tell({InputEvent::Kind::CloseRequest, {}});
+}
+
+void QtDesktop::claimKeyboard()
+{
+    for (const Monitor& monitor : m_monitors)
+        monitor.surface->claimKeyboard();
 }
 
 } // namespace kestro

@@ -14,6 +14,7 @@ class QScreen;
 namespace kestro {
 
 class MonitorSurface;
+class Overlay;
 class SessionInput;
 
 /// The desktop that the running QGuiApplication sees: a screen with a surface of its own for each monitor, as
@@ -57,6 +58,8 @@ private:
     void rearrange();
     void putPrimaryFirst();
     void followMonitor(Monitor& monitor);
+    void surfaceGone();
+    void claimKeyboard();
     void inputHeard(InputEvent::Kind kind);
 
     const Clock& m_clock;
@@ -65,6 +68,7 @@ private:
     QtTimerSource m_timers;
     NotificationCenter m_notifications;
     ScreensCursor m_cursor{*this};
+    std::unique_ptr<Overlay> m_overlay; ///< null where the desktop has none
     std::vector<Monitor> m_monitors;
     bool m_isShown = false;
     std::unique_ptr<SessionInput> m_input; ///< once shown; null where the desktop is not X11

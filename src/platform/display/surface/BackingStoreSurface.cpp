@@ -10,8 +10,8 @@
 
 namespace kestro {
 
-BackingStoreSurface::BackingStoreSurface(OpenGL* openGL)
-    : MonitorSurface({}, openGL)
+BackingStoreSurface::BackingStoreSurface(Qt::WindowFlags flags, OpenGL* openGL)
+    : MonitorSurface(flags, openGL)
 {
     m_window.setExposeHandler([this] { repair(); });
     m_window.setSeenHandler([this](bool isSeen) { tellSeen(isSeen); });
@@ -19,16 +19,24 @@ BackingStoreSurface::BackingStoreSurface(OpenGL* openGL)
 
 void BackingStoreSurface::placeOn(QScreen& monitor)
 {
+    const QRect place = placeOf(monitor);
+    m_monitor = &monitor;
     m_window.setScreen(&monitor);
-    m_window.setGeometry(monitor.geometry());
+    m_window.setGeometry(place);
+    m_size = place.size();
     m_window.create();
     if (!openGLWindow()) {
         if (!m_store) m_store = std::make_unique<QBackingStore>(&m_window);
-        m_store->resize(monitor.size());
+        m_store->resize(place.size());
     }
-    const double ratio = m_window.devicePixelRatio();
-    const QSize pixels(pixelEdge(monitor.size().width() * ratio), pixelEdge(monitor.size().height() * ratio));
+    const QSize pixels = wantedPixels();
     if (pixels != m_canvas.size()) m_canvas = alignedImage(pixels, QImage::Format_RGB32, guardRows);
+}
+
+QSize BackingStoreSurface::wantedPixels() const
+{
+    const double ratio = m_window.devicePixelRatio();
+    return {pixelEdge(m_size.width() * ratio), pixelEdge(m_size.height() * ratio)};
 }
 
 void BackingStoreSurface::show()
@@ -45,7 +53,7 @@ void BackingStoreSurface::leaveOpenGL()
     const bool isShown = m_window.isVisible();
     m_window.destroy();
     m_window.setSurfaceType(QSurface::RasterSurface);
-    placeOn(*m_window.screen());
+    placeOn(*m_monitor);
     if (isShown) show();
 }
 

@@ -8,9 +8,9 @@ namespace kestro {
 
 /// A monitor's surface through Qt's own means, for desktops other than X11. Owned by its screen. Main thread.
 /// Tested by QtDesktopTest.
-class BackingStoreSurface final : public MonitorSurface {
+class BackingStoreSurface : public MonitorSurface {
 public:
-    explicit BackingStoreSurface(OpenGL* openGL);
+    BackingStoreSurface(Qt::WindowFlags flags, OpenGL* openGL);
 
     [[nodiscard]] QImage& canvas() override { return m_canvas; }
     void present(const QRegion& changed) override;
@@ -18,9 +18,16 @@ public:
     void show() override;
     void leaveOpenGL() override;
 
+protected:
+    /// What the canvas has when it was placed anew.
+    [[nodiscard]] QSize wantedPixels() const;
+
+    QScreen* m_monitor = nullptr; ///< as it was placed: Qt may believe its window to be on another one
+
 private:
     void copyToStore(const QRegion& changed);
 
+    QSize m_size; ///< points, as it was placed
     QImage m_canvas;
     std::unique_ptr<QBackingStore> m_store; ///< none while OpenGL shows the pictures
 };
