@@ -103,7 +103,7 @@ class OverAFullScreenWindow(SessionTest):
                 process = self.start(**environment)
                 typing = self.press("-s", "200", "-P", "a", "-s", "3600000")
                 self.until(process, lambda: self.shows(BLUE), "the window below")
-                self.assertNotIn("key", self.client.lines())
+                self.assertEqual(self.client.lines()[-1], "blur")
                 typing.kill()  # the keyboard goes, and what was down there
                 self.assertEndsWell(process)
 

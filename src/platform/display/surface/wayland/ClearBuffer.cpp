@@ -9,6 +9,7 @@ namespace kestro {
 
 std::unique_ptr<ClearBuffer> ClearBuffer::create(wl_shm* memory, QSize size)
 {
+    if (size.isEmpty()) return nullptr;
     const int stride = size.width() * 4;
     const int bytes = stride * size.height();
     const int file = memfd_create("kestro-clear", MFD_CLOEXEC);

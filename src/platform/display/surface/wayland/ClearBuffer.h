@@ -13,7 +13,7 @@ namespace kestro {
 /// the compositor reads it. Main thread. Tested by test_overlay.
 class ClearBuffer final {
 public:
-    /// Null where there is no memory for it.
+    /// Null where there is no memory for it, and for an empty one.
     [[nodiscard]] static std::unique_ptr<ClearBuffer> create(wl_shm* memory, QSize size);
     ~ClearBuffer();
     ClearBuffer(const ClearBuffer&) = delete;

@@ -98,7 +98,8 @@ void OverlaySurface::hide()
     if (!surface || !m_window.isVisible()) return m_role.reset();
     m_clear = ClearBuffer::create(m_shell.memory(), m_window.size());
     if (!m_clear) return m_role.reset();
-    wl_surface_set_buffer_scale(surface, 1);
+    if (wl_surface_get_version(surface) >= WL_SURFACE_SET_BUFFER_SCALE_SINCE_VERSION)
+        wl_surface_set_buffer_scale(surface, 1);
     wl_surface_set_opaque_region(surface, nullptr);
     wl_surface_attach(surface, m_clear->buffer(), 0, 0);
     wl_surface_damage(surface, 0, 0, m_window.width(), m_window.height());
