@@ -195,7 +195,7 @@ class OddCompositors(OverlayTest):
         self.compositor = None
 
     def start(self, *outputs, words=()):
-        self.compositor = OddCompositor(self.home.runtime, *words)
+        self.compositor = OddCompositor(*words)
         self.addCleanup(self.compositor.close)
         self.compositor.tell(*(f"plug {output}" for output in outputs))
         process = self.start_kestro(WAYLAND_DISPLAY=self.compositor.display)
@@ -307,7 +307,7 @@ class OddCompositors(OverlayTest):
                 self.compositor.close()
 
     def test_a_compositor_without_layers_gets_a_full_screen_window_for_each_output(self):
-        self.compositor = OddCompositor(self.home.runtime, "--no-layers")
+        self.compositor = OddCompositor("--no-layers")
         self.addCleanup(self.compositor.close)
         self.compositor.tell("plug 400 300 1", "plug 320 240 1")
         process = self.start_kestro(WAYLAND_DISPLAY=self.compositor.display)

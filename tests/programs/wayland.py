@@ -127,11 +127,16 @@ class Listening:
 class OddCompositor(Listening):
     """A compositor that answers when it is told to and shows nothing."""
 
-    def __init__(self, runtime, *words):
-        environment = {"PATH": "/usr/bin:/bin", "XDG_RUNTIME_DIR": str(runtime)}
-        self.display = str(pathlib.Path(runtime, "odd"))
+    def __init__(self, *words):
+        self._runtime = tempfile.TemporaryDirectory(prefix="kestro-odd-")
+        self.display = str(pathlib.Path(self._runtime.name, "odd"))
+        environment = {"PATH": "/usr/bin:/bin", "XDG_RUNTIME_DIR": self._runtime.name}
         super().__init__([os.environ["ODD_COMPOSITOR"], "odd", *words], environment, stdin=subprocess.PIPE)
-        wait_until(lambda: not self.is_running() or pathlib.Path(self.display + ".lock").exists(), "the compositor")
+        wait_until(lambda: self.lines() == ["ready"], "the compositor")
+
+    def close(self):
+        super().close()
+        self._runtime.cleanup()
 
     def tell(self, *orders):
         """All of them at once."""

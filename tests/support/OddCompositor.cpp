@@ -11,6 +11,7 @@
 //
 // What it writes:
 //
+//   ready                it listens
 //   layer N output O overlay|other edges E zone Z keyboard K
 //                        a layer was asked for and committed
 //   window N output O    an xdg window was asked for, full screen
@@ -23,7 +24,7 @@
 #include <iostream>
 #include <list>
 #include <map>
-#include <memory>
+#include <poll.h>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -74,7 +75,13 @@ Surface& surfaceOf(wl_resource* resource)
     return *static_cast<Surface*>(wl_resource_get_user_data(resource));
 }
 
-int outputOf(wl_resource* resource)
+/// Outputs and roles have their number for data.
+void* dataOf(int number)
+{
+    return reinterpret_cast<void*>(static_cast<std::intptr_t>(number));
+}
+
+int numberOf(wl_resource* resource)
 {
     if (!resource) return 0;
     return static_cast<int>(reinterpret_cast<std::intptr_t>(wl_resource_get_user_data(resource)));
@@ -86,6 +93,11 @@ wl_resource* make(wl_client* client, const wl_interface& interface, wl_resource*
     auto* const resource = wl_resource_create(client, &interface, wl_resource_get_version(parent), id);
     wl_resource_set_implementation(resource, calls, data, gone);
     return resource;
+}
+
+template <typename... Arguments>
+void ignore(wl_client*, wl_resource*, Arguments...)
+{
 }
 
 void destroy(wl_client*, wl_resource* resource)
@@ -118,13 +130,12 @@ void tellRole(Surface& surface)
 
 void configureWindow(Surface& surface)
 {
-    const auto found = outputs.find(surface.output);
+    const Output& output = outputs.at(surface.output);
     wl_array states;
     wl_array_init(&states);
     *static_cast<std::uint32_t*>(wl_array_add(&states, sizeof(std::uint32_t))) =
         XDG_TOPLEVEL_STATE_FULLSCREEN;
-    if (found != outputs.end())
-        xdg_toplevel_send_configure(surface.toplevel, found->second.width, found->second.height, &states);
+    xdg_toplevel_send_configure(surface.toplevel, output.width, output.height, &states);
     wl_array_release(&states);
     xdg_surface_send_configure(surface.xdg, 1);
 }
@@ -159,14 +170,9 @@ void setScale(wl_client*, wl_resource* resource, int scale)
     surfaceOf(resource).scale = scale;
 }
 
-void ignoreRect(wl_client*, wl_resource*, int, int, int, int) {}
-void ignoreObject(wl_client*, wl_resource*, wl_resource*) {}
-void ignoreNumber(wl_client*, wl_resource*, int) {}
-
-const struct wl_surface_interface surfaceCalls = {destroy,      attach,       ignoreRect, frame,
-                                                  ignoreObject, ignoreObject, commit,     ignoreNumber,
-                                                  setScale,     ignoreRect,   nullptr};
-const struct wl_region_interface regionCalls = {destroy, ignoreRect, ignoreRect};
+const struct wl_surface_interface surfaceCalls = {destroy, attach, ignore,   frame,  ignore, ignore,
+                                                  commit,  ignore, setScale, ignore, nullptr};
+const struct wl_region_interface regionCalls = {destroy, ignore, ignore};
 
 void makeSurface(wl_client* client, wl_resource* compositor, std::uint32_t id)
 {
@@ -190,14 +196,10 @@ void giveNumber(Surface& surface)
     surfaces[surface.number] = &surface;
 }
 
-/// A role can outlive its surface, whose number it keeps then.
-struct Role {
-    int number;
-};
-
+/// Null where the role has outlived its surface.
 Surface* surfaceOfRole(wl_resource* role)
 {
-    const auto found = surfaces.find(static_cast<Role*>(wl_resource_get_user_data(role))->number);
+    const auto found = surfaces.find(numberOf(role));
     return found == surfaces.end() ? nullptr : found->second;
 }
 
@@ -220,24 +222,16 @@ void acknowledge(wl_client*, wl_resource* role, std::uint32_t)
     if (Surface* const surface = surfaceOfRole(role)) surface->isAnswered = true;
 }
 
-void ignoreSize(wl_client*, wl_resource*, std::uint32_t, std::uint32_t) {}
-void ignoreLayer(wl_client*, wl_resource*, std::uint32_t) {}
+constexpr auto setEdges = setOnRole<&Surface::edges, std::uint32_t>;
+constexpr auto setZone = setOnRole<&Surface::zone, int>;
 
-const struct zwlr_layer_surface_v1_interface layerCalls = {ignoreSize,
-                                                           setOnRole<&Surface::edges, std::uint32_t>,
-                                                           setOnRole<&Surface::zone, int>,
-                                                           ignoreRect,
-                                                           setKeyboard,
-                                                           ignoreObject,
-                                                           acknowledge,
-                                                           destroy,
-                                                           ignoreLayer};
+const struct zwlr_layer_surface_v1_interface layerCalls = {ignore, setEdges,    setZone, ignore, setKeyboard,
+                                                           ignore, acknowledge, destroy, ignore};
 
 void roleGone(wl_resource* resource)
 {
     if (Surface* const surface = surfaceOfRole(resource)) surface->layer = nullptr;
-    const std::unique_ptr<Role> role(static_cast<Role*>(wl_resource_get_user_data(resource)));
-    tell("gone", role->number);
+    tell("gone", numberOf(resource));
 }
 
 void makeLayer(wl_client* client, wl_resource* shell, std::uint32_t id, wl_resource* surfaceResource,
@@ -245,37 +239,22 @@ void makeLayer(wl_client* client, wl_resource* shell, std::uint32_t id, wl_resou
 {
     Surface& surface = surfaceOf(surfaceResource);
     giveNumber(surface);
-    surface.output = outputOf(output);
+    surface.output = numberOf(output);
     surface.kind = kind;
     surface.layer = make(client, zwlr_layer_surface_v1_interface, shell, id, &layerCalls,
-                         new Role{surface.number}, roleGone);
+                         dataOf(surface.number), roleGone);
 }
 
 const struct zwlr_layer_shell_v1_interface shellCalls = {makeLayer, destroy};
 
-void ignoreText(wl_client*, wl_resource*, const char*) {}
-void ignoreNothing(wl_client*, wl_resource*) {}
-
 void setFullScreen(wl_client*, wl_resource* toplevel, wl_resource* output)
 {
-    surfaceOf(toplevel).output = outputOf(output);
+    surfaceOf(toplevel).output = numberOf(output);
 }
 
-const struct xdg_toplevel_interface toplevelCalls = {
-    destroy,
-    ignoreObject,
-    ignoreText,
-    ignoreText,
-    [](wl_client*, wl_resource*, wl_resource*, std::uint32_t, int, int) {},
-    [](wl_client*, wl_resource*, wl_resource*, std::uint32_t) {},
-    [](wl_client*, wl_resource*, wl_resource*, std::uint32_t, std::uint32_t) {},
-    [](wl_client*, wl_resource*, int, int) {},
-    [](wl_client*, wl_resource*, int, int) {},
-    ignoreNothing,
-    ignoreNothing,
-    setFullScreen,
-    ignoreNothing,
-    ignoreNothing};
+const struct xdg_toplevel_interface toplevelCalls = {destroy, ignore,        ignore, ignore, ignore,
+                                                     ignore,  ignore,        ignore, ignore, ignore,
+                                                     ignore,  setFullScreen, ignore, ignore};
 
 void makeToplevel(wl_client* client, wl_resource* xdg, std::uint32_t id)
 {
@@ -289,17 +268,14 @@ void acknowledgeWindow(wl_client*, wl_resource* xdg, std::uint32_t)
     surfaceOf(xdg).isAnswered = true;
 }
 
-const struct xdg_surface_interface xdgCalls = {
-    destroy, makeToplevel, [](wl_client*, wl_resource*, std::uint32_t, wl_resource*, wl_resource*) {},
-    ignoreRect, acknowledgeWindow};
+const struct xdg_surface_interface xdgCalls = {destroy, makeToplevel, ignore, ignore, acknowledgeWindow};
 
 void makeXdg(wl_client* client, wl_resource* base, std::uint32_t id, wl_resource* surface)
 {
     surfaceOf(surface).xdg = make(client, xdg_surface_interface, base, id, &xdgCalls, &surfaceOf(surface));
 }
 
-const struct xdg_wm_base_interface baseCalls = {destroy, [](wl_client*, wl_resource*, std::uint32_t) {},
-                                                makeXdg, [](wl_client*, wl_resource*, std::uint32_t) {}};
+const struct xdg_wm_base_interface baseCalls = {destroy, ignore, makeXdg, ignore};
 
 template <const wl_interface* interface, auto* calls>
 void bind(wl_client* client, void*, std::uint32_t version, std::uint32_t id)
@@ -313,10 +289,8 @@ const struct wl_output_interface outputCalls = {destroy};
 void bindOutput(wl_client* client, void* number, std::uint32_t version, std::uint32_t id)
 {
     auto* const resource = wl_resource_create(client, &wl_output_interface, static_cast<int>(version), id);
-    const auto found = outputs.find(static_cast<int>(reinterpret_cast<std::intptr_t>(number)));
     wl_resource_set_implementation(resource, &outputCalls, number, nullptr);
-    if (found == outputs.end()) return;
-    const Output& output = found->second;
+    const Output& output = outputs.at(numberOf(resource));
     wl_output_send_geometry(resource, (output.number - 1) * 1000, 0, 100, 100, 0, "fake", "fake", 0);
     wl_output_send_mode(resource, WL_OUTPUT_MODE_CURRENT, output.width, output.height, 60000);
     if (version >= WL_OUTPUT_SCALE_SINCE_VERSION) wl_output_send_scale(resource, output.scale);
@@ -328,14 +302,23 @@ void plug(std::istream& words)
     Output output{++lastOutput, 0, 0, 1, nullptr};
     words >> output.width >> output.height >> output.scale;
     outputs[output.number] = output;
-    auto* const number = reinterpret_cast<void*>(static_cast<std::intptr_t>(output.number));
-    outputs[output.number].global = wl_global_create(display, &wl_output_interface, 3, number, bindOutput);
+    outputs[output.number].global =
+        wl_global_create(display, &wl_output_interface, 3, dataOf(output.number), bindOutput);
+}
+
+/// The client has heard of its surface, and answered, before the output is gone.
+void closeAndWait(wl_resource* layer)
+{
+    zwlr_layer_surface_v1_send_closed(layer);
+    wl_display_flush_clients(display);
+    pollfd answer{wl_client_get_fd(wl_resource_get_client(layer)), POLLIN, 0};
+    poll(&answer, 1, 5000);
 }
 
 void unplug(int number)
 {
     for (const auto& [_, surface] : surfaces)
-        if (surface->output == number && surface->layer) zwlr_layer_surface_v1_send_closed(surface->layer);
+        if (surface->output == number && surface->layer) closeAndWait(surface->layer);
     wl_global_destroy(outputs.at(number).global);
     outputs.erase(number);
 }
@@ -389,6 +372,7 @@ int main(int count, char** words)
         wl_global_create(display, &zwlr_layer_shell_v1_interface, 4, nullptr,
                          bind<&zwlr_layer_shell_v1_interface, &shellCalls>);
     wl_event_loop_add_fd(wl_display_get_event_loop(display), 0, WL_EVENT_READABLE, hear, nullptr);
+    tell("ready");
     wl_display_run(display);
     wl_display_destroy_clients(display);
     wl_display_destroy(display);
