@@ -37,6 +37,7 @@ class SessionTest(OverlayTest):
         self.pointer = Pointer(session)
         self.addCleanup(self.pointer.close)
         self.nudge = 0
+        self.width = 720  # of all outputs together
         self.pointer.move_to(200, 150)
         self.press("-s", "3600000")
         self.client = Listening([os.environ["DESK_CLIENT"]], self.home.environment(WAYLAND_DISPLAY=session.display))
@@ -60,7 +61,7 @@ class OverAFullScreenWindow(SessionTest):
         """Whether the middle of the first output, or of the one that is named, has that colour. What sway shows on an output in
         memory can be old until the pointer moves, so that is nudged."""
         self.nudge = 1 - self.nudge
-        self.pointer.move_to(200 + self.nudge, 150)
+        self.pointer.move_to(200 + self.nudge, 150, self.width)
         picture = self.session.picture(*words or ("-o", "HEADLESS-1"))
         return picture.is_near(picture.width // 2, picture.height // 3, colour)
 
@@ -113,6 +114,7 @@ class OverAFullScreenWindow(SessionTest):
             for scale in ("1.5", "2", "1"):
                 with self.subTest(scale=scale, **environment):
                     self.session.tell("output", "HEADLESS-2", "scale", scale)
+                    self.width = 400 + int(320 / float(scale))
                     self.until(process, self.is_right_red_to_its_edges, "the movie on all of the output")
             process.terminate()
             self.assertEndsWell(process)

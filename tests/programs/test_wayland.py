@@ -17,6 +17,7 @@ class WaylandTest(ProgramTest):
         self.pointer = Pointer(self.session)
         self.addCleanup(self.pointer.close)
         self.nudge = 0
+        self.width = 720  # of all outputs together
         self.pointer.move_to(200, 150)
         self.home.play([movie("long-red", "red", seconds=60)], FullScreenMode="1", PlayMode="1", Continue="1")
 
@@ -31,7 +32,7 @@ class WaylandTest(ProgramTest):
         """Whether the outputs show the movie from edge to edge, but for the two rows by which it stands low. What sway
         shows on an output in memory can be old until the pointer moves, so that is nudged."""
         self.nudge = 1 - self.nudge
-        self.pointer.move_to(200 + self.nudge, 150)
+        self.pointer.move_to(200 + self.nudge, 150, self.width)
         picture = self.session.picture()
         return all(picture.box_of_red(x, y, width, height) == (x, y + 2, width, height - 2) and
                    picture.is_near(x + width // 2, y + height // 2, RED) for width, height, x, y in outputs)
@@ -77,6 +78,7 @@ class Showing(WaylandTest):
     def test_an_output_of_another_size_has_the_movie_resized(self):
         process = self.showing(self.start(), LEFT, RIGHT)
         self.session.tell("output", "HEADLESS-2", "resolution", "240x180")
+        self.width = 640
         self.showing(process, LEFT, (240, 180, 400, 0))
 
 
