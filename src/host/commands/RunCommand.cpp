@@ -19,6 +19,8 @@
 #include "platform/base/Translations.h"
 #include "platform/display/desktop/QtDesktop.h"
 #include "platform/display/desktop/WindowDesktop.h"
+#include "platform/display/gl/DriverEnvironment.h"
+#include "platform/display/gl/RendererChoice.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "platform/session/PowerAdvice.h"
 
@@ -107,6 +109,7 @@ std::unique_ptr<PowerAdvice> powerFor(RestSchedule& rests, const ConfigurationFi
 
 int runFullScreen(const RunOptions& options)
 {
+    if (rendererWish() != RendererWish::Software) prepareDrivers();
     const auto application = startGui();
     const Translations translations;
     const auto principal = kestroSaver();

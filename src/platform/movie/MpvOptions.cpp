@@ -99,7 +99,8 @@ static MpvHandle::Options sourceOptions(bool local, const MpvMovieOptions& optio
     };
 }
 
-/// A graphics card may decode what it is to show, where no filter has to turn it in memory.
+/// A graphics card may decode what it is to show, where no filter has to turn it in memory. "auto-safe" tries
+/// the ways that leave frames on the card, then those that copy them, then the processor.
 static MpvHandle::Options decoderOptions(const MpvPlayerSetup& setup)
 {
     const bool mayDecode = setup.openGL && setup.openGL->isHardware() && setup.rotation == 0;

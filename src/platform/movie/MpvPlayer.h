@@ -91,6 +91,7 @@ private:
         Height,
         Duration,
         LaterDuration,
+        Decoder,
         ReadAhead,
         BytesRead,
         BytesInAll,
@@ -123,6 +124,7 @@ private:
     void handleProperty(const mpv_event& event);
     void handleReply(const mpv_event& event);
     void handleTime(double time);
+    void handleDecoder(const QByteArray& name);
     void takeNumbers();
     void takeDuration(double seconds);
     void handleLoaded();
@@ -162,6 +164,7 @@ private:
     Numbers m_asked;                  ///< answered so far
     std::optional<Numbers> m_numbers; ///< once all are
     StreamBytes m_source;
+    QByteArray m_decoder;        ///< how mpv says that the movie is decoded; empty until it is known
     bool m_isIdle = true;        ///< mpv shows no frames: paused, seeking or waiting for data
     bool m_decodesSound = false; ///< as mpv was told last
     QElapsedTimer m_round;       ///< since it began anew by itself last

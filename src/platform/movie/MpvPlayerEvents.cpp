@@ -3,6 +3,7 @@
 #include "platform/base/Log.h"
 #include "platform/base/PostTo.h"
 #include "platform/base/ShownURL.h"
+#include "platform/display/gl/OpenGL.h"
 #include "platform/movie/DecoderMemory.h"
 #include "platform/movie/MpvOptions.h"
 #include "platform/movie/MpvPlayer.h"
@@ -30,6 +31,8 @@ void MpvPlayer::observe()
     m_handle->observe(EndReached, "eof-reached", MPV_FORMAT_FLAG);
     m_handle->observe(LaterDuration, "duration", MPV_FORMAT_DOUBLE);
     if (isRemote()) m_handle->observe(Idle, "core-idle", MPV_FORMAT_FLAG);
+    if (m_setup.openGL && m_setup.openGL->isHardware())
+        m_handle->observe(Decoder, "hwdec-current", MPV_FORMAT_STRING);
     m_handle->setNotifier([this] { wake(); });
 }
 
@@ -98,12 +101,24 @@ void MpvPlayer::handleProperty(const mpv_event& event)
         return;
     case LaterDuration:
         return takeDuration(valueOf(event, MPV_FORMAT_DOUBLE, 0.0));
+    case Decoder:
+        return handleDecoder(valueOf<char*>(event, MPV_FORMAT_STRING, nullptr));
     case Idle:
         m_isIdle = valueOf(event, MPV_FORMAT_FLAG, 1);
         return watchProgress();
     default:
         return;
     }
+}
+
+/// Once for each way that the movie is decoded, which is one where the card can go on as it began.
+void MpvPlayer::handleDecoder(const QByteArray& name)
+{
+    if (name.isEmpty() || name == m_decoder) return;
+    m_decoder = name;
+    const QString by = name == "no" ? QStringLiteral("the processor")
+                                    : QStringLiteral("the graphics card (%1)").arg(QString::fromLatin1(name));
+    logLine(QStringLiteral("%1: decoded by %2.").arg(shownURL(m_setup.url), by));
 }
 
 void MpvPlayer::handleTime(double time)

@@ -42,19 +42,25 @@ bool leaksFences(const QByteArray& version)
            version.contains(" v0.41.");
 }
 
+std::vector<mpv_render_param> openGLParameters(mpv_opengl_init_params& init, const DisplayConnection& display)
+{
+    std::vector<mpv_render_param> params{
+        {MPV_RENDER_PARAM_API_TYPE, const_cast<char*>(MPV_RENDER_API_TYPE_OPENGL)},
+        {MPV_RENDER_PARAM_OPENGL_INIT_PARAMS, &init},
+    };
+    if (display.x11) params.push_back({MPV_RENDER_PARAM_X11_DISPLAY, display.x11});
+    if (display.wayland) params.push_back({MPV_RENDER_PARAM_WL_DISPLAY, display.wayland});
+    params.push_back({MPV_RENDER_PARAM_INVALID, nullptr});
+    return params;
+}
+
 mpv_render_context* makeOpenGLRenderer(mpv_handle* handle, OpenGL& openGL)
 {
     Functions functions{openGL, !leaksFences(versionOf(handle))};
     mpv_opengl_init_params init{findFunction, &functions};
-    mpv_render_param params[] = {
-        {MPV_RENDER_PARAM_API_TYPE, const_cast<char*>(MPV_RENDER_API_TYPE_OPENGL)},
-        {MPV_RENDER_PARAM_OPENGL_INIT_PARAMS, &init},
-        {MPV_RENDER_PARAM_INVALID, nullptr},
-        {MPV_RENDER_PARAM_INVALID, nullptr},
-    };
-    if (void* const display = openGL.x11Display()) params[2] = {MPV_RENDER_PARAM_X11_DISPLAY, display};
+    std::vector<mpv_render_param> params = openGLParameters(init, openGL.display());
     mpv_render_context* renderer = nullptr;
-    return mpv_render_context_create(&renderer, handle, params) >= 0 ? renderer : nullptr;
+    return mpv_render_context_create(&renderer, handle, params.data()) >= 0 ? renderer : nullptr;
 }
 
 bool renderFrame(mpv_render_context* renderer, const FramebufferTarget& target)

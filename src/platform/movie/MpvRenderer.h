@@ -2,11 +2,15 @@
 
 #include <QByteArray>
 
+#include <mpv/render_gl.h>
+#include <vector>
+
 struct mpv_handle;
 struct mpv_render_context;
 
 namespace kestro {
 
+struct DisplayConnection;
 struct FramebufferTarget;
 class OpenGL;
 
@@ -15,6 +19,11 @@ class OpenGL;
 
 /// A renderer that draws with OpenGL, whose context is current; null when mpv does not take that context.
 [[nodiscard]] mpv_render_context* makeOpenGLRenderer(mpv_handle* handle, OpenGL& openGL);
+
+/// What such a renderer is made with: the display is told, so that what was decoded on the card stays there.
+/// Ends with MPV_RENDER_PARAM_INVALID, and points at `init`.
+[[nodiscard]] std::vector<mpv_render_param> openGLParameters(mpv_opengl_init_params& init,
+                                                             const DisplayConnection& display);
 
 /// Draws the newest frame, stretched, with the OpenGL that is current. False when it could not.
 [[nodiscard]] bool renderFrame(mpv_render_context* renderer, const FramebufferTarget& target);

@@ -8,6 +8,7 @@
 #include "platform/display/desktop/Screen.h"
 #include "platform/display/gl/OpenGLDevice.h"
 #include "platform/display/gl/RendererChoice.h"
+#include "platform/display/scene/Renderer.h"
 #include "platform/display/surface/image/ImageSurface.h"
 #include "platform/display/view/Layer.h"
 #include "platform/display/view/Window.h"
@@ -23,6 +24,36 @@
 #include <gtest/gtest.h>
 
 using namespace kestro;
+
+namespace {
+
+/// Draws as another does, and says that a graphics card does it.
+class CardOpenGL final : public OpenGL {
+public:
+    explicit CardOpenGL(std::shared_ptr<OpenGL> openGL)
+        : m_openGL(std::move(openGL))
+    {
+    }
+    [[nodiscard]] bool isHardware() const override { return true; }
+    [[nodiscard]] bool isLost() const override { return m_openGL->isLost(); }
+    bool makeCurrent() override { return m_openGL->makeCurrent(); }
+    [[nodiscard]] void* function(const char* name) const override { return m_openGL->function(name); }
+    [[nodiscard]] DisplayConnection display() const override { return m_openGL->display(); }
+    bool renderToMemory(const PixelTarget& target, const Draw& draw) override
+    {
+        return m_openGL->renderToMemory(target, draw);
+    }
+    void prepare(QWindow& window) override { m_openGL->prepare(window); }
+    [[nodiscard]] std::unique_ptr<Renderer> makeRenderer(Surface& surface) override
+    {
+        return m_openGL->makeRenderer(surface);
+    }
+
+private:
+    std::shared_ptr<OpenGL> m_openGL;
+};
+
+} // namespace
 
 static std::shared_ptr<QTMovie> openWith(const std::shared_ptr<OpenGL>& openGL, const char* name)
 {
@@ -219,6 +250,54 @@ TEST(OpenGLTeardown, finishAll_freesWhatIsStillThere)
     OpenGLTeardown::finishAll();
     EXPECT_EQ(made.value().use_count(), 1);
     finishMovieTeardown();
+}
+
+TEST(OpenGLMovie, saysOnceWhoDecodesIt_whereACardMay)
+{
+    QStringList lines;
+    const LogCapture capture([&lines](const QString& line) {
+        if (line.contains("decoded by")) lines += line;
+    });
+    const auto card = std::make_shared<CardOpenGL>(testOpenGL());
+    const auto movie = openWith(card, "plain.mp4");
+    Show show(card, movie);
+    movie->setAttribute(MovieAttribute::Loops, true);
+    movie->play();
+    ASSERT_TRUE(waitUntil([&] { return show.number() > 40; }));
+    ASSERT_TRUE(waitUntil([&] { return show.number() < 20; }));
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines.first().endsWith("plain.mp4: decoded by the processor.")) << qPrintable(lines.first());
+}
+
+TEST(OpenGLMovie, saysNothingOfDecoders_whereNoCardMay)
+{
+    QStringList lines;
+    const LogCapture capture([&lines](const QString& line) { lines += line; });
+    const auto movie = openWith(testOpenGL(), "plain.mp4");
+    Show show(testOpenGL(), movie);
+    movie->play();
+    ASSERT_TRUE(waitUntil([&] { return show.number() > 5; }));
+    EXPECT_EQ(lines, QStringList());
+}
+
+TEST(MpvRenderer, openGLParameters_nameTheDisplayThatThereIs)
+{
+    mpv_opengl_init_params init{};
+    int connection = 0;
+    const auto displaysIn = [&init](const DisplayConnection& display) {
+        std::vector<std::pair<mpv_render_param_type, void*>> named;
+        const auto params = openGLParameters(init, display);
+        for (const auto& [type, value] : params)
+            if (type == MPV_RENDER_PARAM_X11_DISPLAY || type == MPV_RENDER_PARAM_WL_DISPLAY)
+                named.emplace_back(type, value);
+        EXPECT_EQ(params.front().type, MPV_RENDER_PARAM_API_TYPE);
+        EXPECT_EQ(params.back().type, MPV_RENDER_PARAM_INVALID);
+        return named;
+    };
+    using Named = std::vector<std::pair<mpv_render_param_type, void*>>;
+    EXPECT_EQ(displaysIn({.x11 = &connection}), (Named{{MPV_RENDER_PARAM_X11_DISPLAY, &connection}}));
+    EXPECT_EQ(displaysIn({.wayland = &connection}), (Named{{MPV_RENDER_PARAM_WL_DISPLAY, &connection}}));
+    EXPECT_EQ(displaysIn({}), Named());
 }
 
 TEST(MpvRenderer, leaksFences_knowsTheVersionsThatDo)

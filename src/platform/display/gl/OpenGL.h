@@ -12,6 +12,13 @@ struct PixelTarget;
 class Renderer;
 class Surface;
 
+/// The connection to the display server, as the drivers of video decoders know it. Null is what there is none
+/// of.
+struct DisplayConnection {
+    void* x11 = nullptr;     ///< a Display of Xlib
+    void* wayland = nullptr; ///< a wl_display
+};
+
 /// The OpenGL that a process draws with: one context for all its screens and movies, so that what one of them
 /// has put on the graphics card is there for the others. Shared by the desktop that chose it, its renderers
 /// and the players that draw with it, each of which has to free with it what it made. Main thread.
@@ -27,8 +34,9 @@ public:
     virtual bool makeCurrent() = 0;
     /// The entry point of that name, null when there is none. The context is to be current.
     [[nodiscard]] virtual void* function(const char* name) const = 0;
-    /// The connection to the X server as Xlib knows it; null elsewhere.
-    [[nodiscard]] virtual void* x11Display() const = 0;
+    /// The display that it shows pictures on. A decoder on the card needs it to hand frames over without a
+    /// copy.
+    [[nodiscard]] virtual DisplayConnection display() const = 0;
 
     using Draw = std::function<bool(const FramebufferTarget&)>;
     /// Has `draw` draw with OpenGL, and writes that into the target. False, with the target untouched, when

@@ -4,6 +4,7 @@
 #include "platform/display/gl/OpenGLRenderer.h"
 #include "platform/display/gl/OpenGLTexture.h"
 #include "platform/display/gl/QuadProgram.h"
+#include "platform/display/surface/wayland/WaylandObjects.h"
 #include "platform/display/view/Layer.h"
 
 #include <QGuiApplication>
@@ -97,10 +98,10 @@ void* OpenGLDevice::function(const char* name) const
     return reinterpret_cast<void*>(m_context.getProcAddress(name));
 }
 
-void* OpenGLDevice::x11Display() const
+DisplayConnection OpenGLDevice::display() const
 {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->display() : nullptr;
+    return {.x11 = x11 ? x11->display() : nullptr, .wayland = waylandDisplay()};
 }
 
 bool OpenGLDevice::renderToMemory(const PixelTarget& target, const Draw& draw)

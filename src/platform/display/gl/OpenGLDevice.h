@@ -26,7 +26,7 @@ public:
     [[nodiscard]] bool isLost() const override { return m_isLost; }
     bool makeCurrent() override;
     [[nodiscard]] void* function(const char* name) const override;
-    [[nodiscard]] void* x11Display() const override;
+    [[nodiscard]] DisplayConnection display() const override;
     bool renderToMemory(const PixelTarget& target, const Draw& draw) override;
     void prepare(QWindow& window) override;
     [[nodiscard]] std::unique_ptr<Renderer> makeRenderer(Surface& surface) override;

@@ -28,7 +28,7 @@ public:
     [[nodiscard]] bool isLost() const override { return false; }
     bool makeCurrent() override { return true; }
     [[nodiscard]] void* function(const char*) const override { return nullptr; }
-    [[nodiscard]] void* x11Display() const override { return nullptr; }
+    [[nodiscard]] DisplayConnection display() const override { return {}; }
     bool renderToMemory(const PixelTarget&, const Draw&) override { return false; }
     void prepare(QWindow&) override {}
     [[nodiscard]] std::unique_ptr<Renderer> makeRenderer(Surface&) override { return nullptr; }
