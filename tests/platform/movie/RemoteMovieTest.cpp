@@ -110,8 +110,9 @@ TEST_P(RemoteMovieFrom, playsToItsEnd)
     ASSERT_TRUE(loads(*movie));
     EXPECT_EQ(movie->rate(), 1);
     std::vector<int> numbers;
-    ASSERT_TRUE(watch(*movie, numbers, [&] { return movie->rate() == 0; }));
-    EXPECT_EQ(numbers.back(), 59);
+    // The last frame may be drawn a moment after the sound has ended.
+    ASSERT_TRUE(watch(*movie, numbers,
+                      [&] { return movie->rate() == 0 && !numbers.empty() && numbers.back() == 59; }));
     EXPECT_EQ(movie->currentTime(), movie->duration());
     EXPECT_TRUE(m_logged.empty()) << qPrintable(m_logged.front());
 }
