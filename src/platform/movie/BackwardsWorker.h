@@ -58,7 +58,7 @@ private:
     const std::shared_ptr<FrameMemory> m_memory;
     std::function<void()> m_changed;
     std::mutex m_mutex; ///< of all below and of m_changed
-    std::condition_variable m_wakeUp;
+    std::condition_variable_any m_wakeUp;
     Order m_order;
     QSize m_drawn;
     double m_longestDecoding = 0; ///< of one stretch

@@ -75,21 +75,26 @@ void MpvHandle::freeLater()
     tearDownLater([handle = m_handle, renderer = m_renderer] { freePlayer(handle, renderer); });
 }
 
-static void notify(void* notifier)
-{
-    (*static_cast<std::function<void()>*>(notifier))();
-}
-
 void MpvHandle::setNotifier(std::function<void()> notifier)
 {
-    // Taking a callback away waits for one that is running, so the function before is free to go after that.
-    mpv_set_wakeup_callback(m_handle, nullptr, nullptr);
-    if (m_renderer) mpv_render_context_set_update_callback(m_renderer, nullptr, nullptr);
-    m_notifier.reset();
-    if (!notifier || !m_renderer) return;
-    m_notifier = std::make_unique<std::function<void()>>(std::move(notifier));
-    mpv_set_wakeup_callback(m_handle, notify, m_notifier.get());
-    mpv_render_context_set_update_callback(m_renderer, notify, m_notifier.get());
+    const auto call = [](void* notice) { static_cast<Notifier*>(notice)->notify(); };
+    const bool isSet = notifier && m_renderer;
+    m_notifier.set(std::move(notifier));
+    // Taking a callback away waits for one that is running.
+    mpv_set_wakeup_callback(m_handle, isSet ? +call : nullptr, &m_notifier);
+    if (m_renderer) mpv_render_context_set_update_callback(m_renderer, isSet ? +call : nullptr, &m_notifier);
+}
+
+void MpvHandle::Notifier::set(std::function<void()> wake)
+{
+    const std::lock_guard lock(m_mutex);
+    m_wake = std::move(wake);
+}
+
+void MpvHandle::Notifier::notify()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_wake) m_wake();
 }
 
 const mpv_event& MpvHandle::nextEvent()

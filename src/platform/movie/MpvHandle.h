@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <memory>
 #include <mpv/client.h>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -60,6 +61,18 @@ public:
     void skipFrame();
 
 private:
+    /// What mpv calls on threads of its own. Its lock is one more than mpv's, for what looks for races and
+    /// knows nothing of those.
+    class Notifier final {
+    public:
+        void set(std::function<void()> wake);
+        void notify();
+
+    private:
+        std::mutex m_mutex;
+        std::function<void()> m_wake;
+    };
+
     MpvHandle() = default;
     [[nodiscard]] bool start(const Options& options, std::shared_ptr<OpenGL> openGL);
     void freeLater();
@@ -71,7 +84,7 @@ private:
     mpv_render_context* m_renderer = nullptr;
     std::shared_ptr<OpenGL> m_openGL;    ///< what the renderer draws with; shared as OpenGL says
     std::shared_ptr<ShownFrame> m_shown; ///< all drawing in software goes through it
-    std::unique_ptr<std::function<void()>> m_notifier;
+    Notifier m_notifier;
 };
 
 } // namespace kestro

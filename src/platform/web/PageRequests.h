@@ -46,7 +46,7 @@ private:
     const OnAnswer m_onAnswer;
     std::unique_ptr<SiteFetch> m_fetch; ///< made with the worker
     std::mutex m_guard;
-    std::condition_variable m_changed;
+    std::condition_variable_any m_changed;
     std::deque<Wish> m_wishes;  ///< guarded
     bool m_isAnswering = false; ///< guarded: an answer is under way to the page's thread
     bool m_isEnding = false;    ///< guarded
