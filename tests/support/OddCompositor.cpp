@@ -8,6 +8,7 @@
 //   unplug OUTPUT        it goes; surfaces on it are closed first
 //   configure LAYER W H  answers a layer
 //   close LAYER          takes a layer away
+//   power OUTPUT 0|1     switches an output off or on
 //
 // What it writes:
 //
@@ -19,6 +20,8 @@
 //   claims N             a layer wants the keyboard once more
 //   gone N               it was destroyed
 //   early N              it was drawn on before it was answered
+
+#include "OddPower.h"
 
 #include <cstdint>
 #include <iostream>
@@ -332,6 +335,8 @@ void obey(const std::string& line)
     if (order == "plug") return plug(words);
     words >> number;
     if (order == "unplug") return unplug(number);
+    bool isOn = false;
+    if (order == "power" && words >> isOn) return tellPower(number, isOn);
     const auto found = surfaces.find(number);
     if (found == surfaces.end() || !found->second->layer) return;
     wl_resource* const layer = found->second->layer;
@@ -371,6 +376,7 @@ int main(int count, char** words)
     if (count < 3)
         wl_global_create(display, &zwlr_layer_shell_v1_interface, 4, nullptr,
                          bind<&zwlr_layer_shell_v1_interface, &shellCalls>);
+    offerPower(display);
     wl_event_loop_add_fd(wl_display_get_event_loop(display), 0, WL_EVENT_READABLE, hear, nullptr);
     tell("ready");
     wl_display_run(display);

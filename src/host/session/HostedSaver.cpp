@@ -4,6 +4,7 @@
 #include "platform/display/desktop/Notifications.h"
 #include "platform/display/desktop/Screen.h"
 #include "platform/display/desktop/Timer.h"
+#include "platform/display/surface/Surface.h"
 #include "platform/saver/ScreenSaverView.h"
 
 #include <algorithm>
@@ -80,6 +81,7 @@ Rest HostedSaver::restNow() const
 void HostedSaver::applyRest()
 {
     const Rest now = restNow();
+    m_screen.surface().setWatched(m_rest != Rest::Off);
     auto* const control = SaverControl::of(*m_view, m_screen);
     if (control) control->rest(now);
     drawCurtain();

@@ -222,6 +222,17 @@ TEST_F(HostedSaverTest, rest_endsTheTicksOfASaverBehind_whichHasNoSayInIt)
     EXPECT_EQ(behind->ticks, 10);
 }
 
+TEST_F(HostedSaverTest, display_isNotAsked_whileOff)
+{
+    const auto saver = make();
+    saver->start();
+    EXPECT_TRUE(ImageDesktop::surfaceOf(desk.screen(0)).isWatched());
+    saver->rest(Rest::Off);
+    EXPECT_FALSE(ImageDesktop::surfaceOf(desk.screen(0)).isWatched());
+    saver->rest(Rest::None);
+    EXPECT_TRUE(ImageDesktop::surfaceOf(desk.screen(0)).isWatched());
+}
+
 TEST_F(HostedSaverTest, screen_isBlack_whenOff)
 {
     const auto saver = make();

@@ -54,8 +54,12 @@ public:
     /// Called when the whole picture is wanted anew: the surface has none of it left.
     void setRepairHandler(std::function<void()> handler) { m_onRepair = std::move(handler); }
     /// Called when nobody can see the surface any more, as far as the display tells, and when somebody can
-    /// again: it is unmapped, covered, or on an output that shows nothing. Seen from the start on.
+    /// again: it is unmapped, covered, or on an output that shows nothing or is switched off. Seen from the
+    /// start on.
     void setSeenHandler(std::function<void(bool isSeen)> handler) { m_onSeen = std::move(handler); }
+    /// Whether it matters if somebody sees it, as it does from the start on. While it does not, a display
+    /// that tells such things only to those who ask is not asked.
+    virtual void setWatched(bool) {}
 
 protected:
     /// Tells so, where it is news.

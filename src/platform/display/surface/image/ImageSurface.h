@@ -14,6 +14,7 @@ public:
     void present(const QRegion& changed) override;
     [[nodiscard]] double pixelRatio() const override { return m_pixelRatio; }
     void setCursorHidden(bool hidden) override { m_cursorHidden = hidden; }
+    void setWatched(bool isWatched) override { m_isWatched = isWatched; }
 
     /// Starts over in black at that size.
     void resize(QSize pixels);
@@ -22,6 +23,7 @@ public:
     [[nodiscard]] const QRegion& lastPresented() const { return m_lastPresented; }
     [[nodiscard]] int presentCount() const { return m_presentCount; }
     [[nodiscard]] bool isCursorHidden() const { return m_cursorHidden; }
+    [[nodiscard]] bool isWatched() const { return m_isWatched; }
     /// Acts as if it were covered, or not any more.
     void setSeen(bool isSeen) { tellSeen(isSeen); }
     /// Acts as if a person did that.
@@ -34,6 +36,7 @@ private:
     QRegion m_lastPresented;
     int m_presentCount = 0;
     bool m_cursorHidden = false;
+    bool m_isWatched = true;
 };
 
 } // namespace kestro

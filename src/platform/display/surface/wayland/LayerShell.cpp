@@ -6,6 +6,7 @@
 #include <string_view>
 #include <wayland-client.h>
 #include <wayland-wlr-layer-shell.h>
+#include <wayland-wlr-output-power.h>
 
 namespace kestro {
 
@@ -53,6 +54,7 @@ struct LayerShell::Search {
         const std::string_view name(interface);
         if (name == zwlr_layer_shell_v1_interface.name) search.layers = {id, version};
         if (name == wl_shm_interface.name) search.memory = {id, version};
+        if (name == zwlr_output_power_manager_v1_interface.name) search.power = {id, version};
     }
     static void removed(void*, wl_registry*, std::uint32_t) {}
     static constexpr wl_registry_listener calls{added, removed};
@@ -61,6 +63,7 @@ struct LayerShell::Search {
     wl_registry* registry;
     Global layers;
     Global memory;
+    Global power;
 };
 
 std::unique_ptr<LayerShell> LayerShell::create()
@@ -71,11 +74,14 @@ std::unique_ptr<LayerShell> LayerShell::create()
     std::unique_ptr<LayerShell> shell(new LayerShell);
     shell->m_layers = search.bind<zwlr_layer_shell_v1>(search.layers, zwlr_layer_shell_v1_interface);
     shell->m_memory = search.bind<wl_shm>(search.memory, wl_shm_interface);
+    shell->m_power =
+        search.bind<zwlr_output_power_manager_v1>(search.power, zwlr_output_power_manager_v1_interface);
     return shell->m_layers && shell->m_memory ? std::move(shell) : nullptr;
 }
 
 LayerShell::~LayerShell()
 {
+    if (m_power) zwlr_output_power_manager_v1_destroy(m_power);
     if (m_memory) wl_shm_destroy(m_memory);
     if (!m_layers) return;
     if (zwlr_layer_shell_v1_get_version(m_layers) >= ZWLR_LAYER_SHELL_V1_DESTROY_SINCE_VERSION)

@@ -4,6 +4,7 @@
 #include "platform/display/surface/wayland/LayerRole.h"
 #include "platform/display/surface/wayland/LayerShell.h"
 #include "platform/display/surface/wayland/LetGoWatch.h"
+#include "platform/display/surface/wayland/OutputPower.h"
 #include "platform/display/surface/wayland/SyncCall.h"
 #include "platform/display/surface/wayland/WaylandObjects.h"
 
@@ -31,6 +32,10 @@ OverlaySurface::OverlaySurface(const LayerShell& shell, LetGoWatch& letGo, OpenG
     , m_shell(shell)
 {
     m_window.setExposeHandler([this] { exposed(); });
+    m_window.setSeenHandler([this](bool isExposed) {
+        m_isExposed = isExposed;
+        settleSeen();
+    });
     letGo.watch(m_window);
 }
 
@@ -51,7 +56,23 @@ void OverlaySurface::show()
     m_role = std::make_unique<LayerRole>(
         m_shell, surface, output,
         LayerRole::Handlers{[this](QSize size) { configured(size); }, [this] { closed(); }});
+    watchPower();
     wl_display_flush(waylandDisplay());
+}
+
+// It stays exposed on an output that is switched off.
+void OverlaySurface::watchPower()
+{
+    m_isLit = true;
+    m_power = OutputPower::create(m_shell, waylandOutput(*m_monitor), [this](bool isOn) {
+        m_isLit = isOn;
+        settleSeen();
+    });
+}
+
+void OverlaySurface::settleSeen()
+{
+    tellSeen(m_isExposed && m_isLit);
 }
 
 void OverlaySurface::configured(QSize size)
@@ -65,6 +86,7 @@ void OverlaySurface::configured(QSize size)
 // Whether the monitor is going, too, is known once the compositor has told all of it.
 void OverlaySurface::closed()
 {
+    m_power.reset();
     m_role.reset();
     m_window.hide();
     m_goneCall = std::make_unique<SyncCall>([this] {
@@ -94,6 +116,7 @@ void OverlaySurface::claimKeyboard()
 
 void OverlaySurface::hide()
 {
+    m_power.reset();
     wl_surface* const surface = waylandSurface(m_window);
     if (!surface || !m_window.isVisible()) return m_role.reset();
     m_clear = ClearBuffer::create(m_shell.memory(), m_window.size());

@@ -10,6 +10,7 @@ class ClearBuffer;
 class LayerRole;
 class LayerShell;
 class LetGoWatch;
+class OutputPower;
 class SyncCall;
 
 /// A monitor's surface in the overlay layer of a Wayland compositor. Its size is what the compositor says,
@@ -35,12 +36,17 @@ private:
     void configured(QSize size);
     void closed();
     void exposed();
+    void watchPower();
+    void settleSeen();
 
     const LayerShell& m_shell;
     QSize m_size;                         ///< as the compositor says; empty for the monitor's
     std::unique_ptr<LayerRole> m_role;    ///< while it is shown, or waits for that
     std::unique_ptr<ClearBuffer> m_clear; ///< once hidden
     std::unique_ptr<SyncCall> m_goneCall; ///< once closed
+    std::unique_ptr<OutputPower> m_power; ///< while it is shown, where the compositor tells of it
+    bool m_isExposed = true;
+    bool m_isLit = true; ///< the output is on
     bool m_isGone = false;
 };
 

@@ -65,9 +65,16 @@ void ForeignWindowSurface::show()
 {
     m_isShown = true;
     if (!m_cover) return presentAll();
-    m_visibility = std::make_unique<VisibilityWatch>(static_cast<std::uint32_t>(m_cover->winId()), m_window,
-                                                     [this](bool isSeen) { tellSeen(isSeen); });
+    m_seen = std::make_unique<SeenWatch>(static_cast<std::uint32_t>(m_cover->winId()), m_window,
+                                         [this](bool isSeen) { tellSeen(isSeen); });
+    m_seen->setWatching(m_isWatched);
     m_cover->show();
+}
+
+void ForeignWindowSurface::setWatched(bool isWatched)
+{
+    m_isWatched = isWatched;
+    if (m_seen) m_seen->setWatching(isWatched);
 }
 
 void ForeignWindowSurface::present(const QRegion& changed)

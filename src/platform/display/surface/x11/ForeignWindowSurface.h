@@ -3,7 +3,7 @@
 #include "platform/display/surface/Surface.h"
 #include "platform/display/surface/SurfaceWindow.h"
 #include "platform/display/surface/x11/GivenWindowWatch.h"
-#include "platform/display/surface/x11/VisibilityWatch.h"
+#include "platform/display/surface/x11/SeenWatch.h"
 #include "platform/display/surface/x11/X11Canvas.h"
 
 #include <QRect>
@@ -38,6 +38,7 @@ public:
     void present(const QRegion& changed) override;
     [[nodiscard]] double pixelRatio() const override { return 1; }
     void setCursorHidden(bool) override {}
+    void setWatched(bool isWatched) override;
 
 private:
     explicit ForeignWindowSurface(std::uint32_t window);
@@ -57,8 +58,9 @@ private:
     std::unique_ptr<SurfaceWindow> m_cover; ///< its child; null for the root
     std::unique_ptr<X11Canvas> m_canvas;    ///< of the cover, or of the root
     bool m_isShown = false;
+    bool m_isWatched = true;
     std::unique_ptr<GivenWindowWatch> m_watch;
-    std::unique_ptr<VisibilityWatch> m_visibility; ///< of the cover; null for the root, and until shown
+    std::unique_ptr<SeenWatch> m_seen; ///< of the cover; null for the root, and until shown
 };
 
 } // namespace kestro

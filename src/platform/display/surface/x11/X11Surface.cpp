@@ -41,8 +41,8 @@ void X11Surface::show()
 {
     const auto window = static_cast<std::uint32_t>(m_window.winId());
     m_stayOnTop = std::make_unique<StayOnTop>(x11Connection(), window);
-    m_visibility =
-        std::make_unique<VisibilityWatch>(window, window, [this](bool isSeen) { tellSeen(isSeen); });
+    m_seen = std::make_unique<SeenWatch>(window, window, [this](bool isSeen) { tellSeen(isSeen); });
+    m_seen->setWatching(m_isWatched);
     m_window.raise();
     m_window.show();
     // The screen is black from now on, even if the program is busy with its start for a while.
@@ -52,8 +52,14 @@ void X11Surface::show()
 void X11Surface::hide()
 {
     m_stayOnTop.reset();
-    m_visibility.reset();
+    m_seen.reset();
     m_window.hide();
+}
+
+void X11Surface::setWatched(bool isWatched)
+{
+    m_isWatched = isWatched;
+    if (m_seen) m_seen->setWatching(isWatched);
 }
 
 void X11Surface::present(const QRegion& changed)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/display/surface/MonitorSurface.h"
+#include "platform/display/surface/x11/SeenWatch.h"
 #include "platform/display/surface/x11/StayOnTop.h"
-#include "platform/display/surface/x11/VisibilityWatch.h"
 #include "platform/display/surface/x11/X11Canvas.h"
 
 namespace kestro {
@@ -20,6 +20,7 @@ public:
     void placeOn(QScreen& monitor) override;
     void show() override;
     void hide() override;
+    void setWatched(bool isWatched) override;
 
 private:
     explicit X11Surface(OpenGL* openGL);
@@ -27,8 +28,9 @@ private:
     void cover(QScreen& monitor);
 
     std::unique_ptr<X11Canvas> m_canvas;
-    std::unique_ptr<StayOnTop> m_stayOnTop;        ///< while shown
-    std::unique_ptr<VisibilityWatch> m_visibility; ///< likewise
+    std::unique_ptr<StayOnTop> m_stayOnTop; ///< while shown
+    std::unique_ptr<SeenWatch> m_seen;      ///< likewise
+    bool m_isWatched = true;
 };
 
 } // namespace kestro
