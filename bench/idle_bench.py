@@ -19,7 +19,7 @@ from movie_bench import QUIET, bar, make_home
 
 os.environ["KESTRO"] = os.path.abspath(sys.argv[1])
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tests", "programs"))
-from idletest import Bus  # noqa: E402
+from bus import Bus  # noqa: E402
 
 ROUNDS = 10
 AFTER = 2  # seconds without input
