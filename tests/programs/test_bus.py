@@ -89,6 +89,13 @@ class Deaf(BusTest):
         self.assertEqual(self.deaf.callers(), 1)
 
 
+class Missing(BusTest):
+    def test_none_is_started(self):
+        self.start_kestro(**self.environment(DBUS_SESSION_BUS_ADDRESS=""))
+        self.wait_for_saver()
+        self.assertFalse((self.home.path / ".dbus").exists(), "dbus-launch writes a bus that it starts there")
+
+
 class Lost(BusTest):
     """A bus that goes while the service waits."""
 

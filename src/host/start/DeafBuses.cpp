@@ -24,6 +24,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int patience = 1; // seconds
+constexpr const char* none = "disabled:"; // the address that libdbus and Qt take for no bus, at once
 
 struct Bus {
     const char* variable; ///< of the environment, which has its addresses
@@ -67,6 +68,7 @@ public:
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
 
+    [[nodiscard]] bool isThere() const { return m_socket >= 0 || m_isFull; }
     /// No for one that is not there: nobody waits for that.
     [[nodiscard]] bool isDeaf(const QDeadlineTimer& until) const
     {
@@ -117,9 +119,10 @@ void leaveDeafBuses()
         {"DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/run/dbus/system_bus_socket", QStringLiteral("system")}};
     const Call calls[] = {Call(buses[0]), Call(buses[1])}; // both at once
     const QDeadlineTimer until(std::chrono::seconds{patience});
+    if (qgetenv(buses[0].variable).isEmpty() && !calls[0].isThere()) qputenv(buses[0].variable, none);
     for (std::size_t i = 0; i < std::size(buses); ++i) {
         if (!calls[i].isDeaf(until)) continue;
-        qputenv(buses[i].variable, "disabled:");
+        qputenv(buses[i].variable, none);
         logLine(QStringLiteral("The %1's message bus does not answer: it is left alone.").arg(buses[i].name));
     }
 }
