@@ -23,7 +23,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int patience = 1; // seconds
+constexpr int patience = 1;               // seconds
 constexpr const char* none = "disabled:"; // the address that libdbus and Qt take for no bus, at once
 
 struct Bus {

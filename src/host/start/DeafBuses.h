@@ -7,8 +7,8 @@ namespace kestro {
 /// a use for a bus, waits for a minute or more. A line in the log tells of it. Where the session has no bus,
 /// none is started for us: nobody else would be on it, and it would outlive us. What cannot be looked at (a
 /// bus on another machine, one whose address says that it is started where it is wanted) is left as it is.
-/// It takes as long as the buses, that second at most. Before anything else uses a bus; main thread, no other reads the environment.
-/// Tested by test_bus.
+/// It takes as long as the buses, that second at most. Before anything else uses a bus; main thread, no other
+/// reads the environment. Tested by test_bus.
 void leaveDeafBuses();
 
 } // namespace kestro

@@ -54,7 +54,7 @@ QByteArray afterColon(const QByteArray& line)
 bool runsKestro(const QByteArray& entry)
 {
     static const QRegularExpression form(QStringLiteral(
-        R"(^-?\s*(?:[\w-]+:\s)?\s*(?:"[^"]*")?\s*(?:'(?:[^']*/)?kestro'|(?:[^\s']*/)?kestro)(?:\s|\\n|$))"));
+        R"(^-?\s*(?:\w[\w-]*:\s)?\s*(?:"[^"]*")?\s*(?:'(?:[^']*/)?kestro'|(?:[^\s']*/)?kestro)(?:\s|\\n|$))"));
     return entry.contains("kestro") && form.match(QString::fromUtf8(entry)).hasMatch();
 }
 

@@ -137,14 +137,13 @@ TEST_P(XscreensaverEntries, remove_takesWhatRunsKestro_andNothingElse)
     EXPECT_EQ(removed(fileWith(others + entry)), fileWith(GetParam().isOurs ? others : others + entry));
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, XscreensaverEntries,
-                         testing::Values(Entry{"kestro --root ", true}, Entry{"-kestro --root ", true},
-                                         Entry{"\t/usr/bin/kestro -root ", true},
-                                         Entry{"GL: '/home/a b/kestro' --root ", true},
-                                         Entry{"\"Any name\"kestro\t--root ", true}, Entry{"kestro", true},
-                                         Entry{"\"Kestro\" maze --root ", false},
-                                         Entry{"kestros --root ", false}, Entry{"my-kestro --root ", false},
-                                         Entry{"/kestro/maze --root ", false},
-                                         Entry{"maze --kestro --root kestro ", false}));
+INSTANTIATE_TEST_SUITE_P(
+    Forms, XscreensaverEntries,
+    testing::Values(Entry{"kestro --root ", true}, Entry{"-kestro --root ", true},
+                    Entry{"\t/usr/bin/kestro -root ", true}, Entry{"GL: '/home/a b/kestro' --root ", true},
+                    Entry{"\"Any name\"kestro\t--root ", true}, Entry{"kestro", true},
+                    Entry{"\"Kestro\" maze --root ", false}, Entry{"kestros --root ", false},
+                    Entry{"my-kestro --root ", false}, Entry{"/kestro/maze --root ", false},
+                    Entry{"maze --kestro --root kestro ", false}, Entry{"-: kestro --root ", false}));
 
 } // namespace kestro
