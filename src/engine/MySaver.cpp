@@ -42,6 +42,7 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     , m_geometry(*this, m_settings, services.desktop.random())
     , m_bounce(services.desktop.random())
     , m_fadeOut(services.desktop.timers())
+    , m_dissolve(services.dissolveSeconds, services.desktop.timers(), services.desktop.clock())
     , m_trail([this](const Rect& place) { markStill(place); })
     , m_stillAhead(m_captures, services.desktop.clock())
     , m_piggyBack(services.desktop)
@@ -129,7 +130,7 @@ void MySaver::dropMovieFrame()
 
 void MySaver::openFadeOut()
 {
-    if (m_windowMode || !m_settings.isDynamicMode() || !hasEffects()) return;
+    if (m_windowMode || !leavesPictures()) return;
     auto* screen = window() ? window()->screen() : nullptr;
     if (!screen) logLine(QStringLiteral("Cannot find curScreen from startAnimation."));
     m_fadeOut.open(screen);
@@ -141,6 +142,7 @@ void MySaver::stopAnimation()
     if (m_captureTimer) m_rest.how = Rest::None;
     m_captureTimer.reset();
     m_fadeOut.stopTimer();
+    m_dissolve.end();
     m_piggyBack.stopTimers();
     storeResumePoint();
     if (m_windowMode && m_movieView) {
@@ -175,6 +177,7 @@ bool MySaver::_resetMovie(const MovieContent& content)
 {
     m_captures.wait();
     hideSign();
+    if (m_movieView) dissolve();
     if (!m_movieView && !makeMovieFrame()) return false;
     if (m_movieView->movie()) m_movieView->setMovie({});
     m_movieView->hide();

@@ -3,6 +3,7 @@
 #include "engine/AfterImageTrail.h"
 #include "engine/Bounce.h"
 #include "engine/CaptureThread.h"
+#include "engine/Dissolve.h"
 #include "engine/FadeOut.h"
 #include "engine/MovieGeometry.h"
 #include "engine/MovieSearch.h"
@@ -11,6 +12,7 @@
 #include "engine/RestState.h"
 #include "engine/ResumePoint.h"
 #include "engine/RetrySchedule.h"
+#include "engine/SaverServices.h"
 #include "engine/StillAhead.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "settings/ConfigurableSaver.h"
@@ -23,24 +25,8 @@
 
 namespace kestro {
 
-class BackSaverHost;
-class Desktop;
 class MovieFrame;
-class MovieLibrary;
-class SettingsStore;
 class Timer;
-class WebEngine;
-
-/// What savers of one process share. All of it outlives every saver.
-struct SaverServices {
-    Desktop& desktop;
-    MovieLibrary& movies;
-    SettingsStore& store;
-    LatestTrailers& trailers;
-    SignPictures& signs;
-    BackSaverHost& backSavers;
-    WebEngine* webEngine = nullptr; ///< null: web content counts as unplayable
-};
 
 /// The movie screen saver: the view of one screen. It conducts: what plays next, how large and where, how it
 /// moves and what it leaves behind are the concerns of the classes it holds. A host creates it, starts it,
@@ -158,6 +144,8 @@ private:
 
     // what is left behind
     [[nodiscard]] bool hasEffects() const;
+    [[nodiscard]] bool leavesPictures() const;
+    void dissolve();
     [[nodiscard]] Point placeInView() const;
     [[nodiscard]] Rect coveredByMovie() const;
     [[nodiscard]] StillAhead::Moment pictureIn(double seconds) const;
@@ -180,6 +168,7 @@ private:
     Bounce m_bounce;
     SignImage m_sign;
     FadeOut m_fadeOut;
+    Dissolve m_dissolve;
     AfterImageTrail m_trail;
     CaptureThread m_captures; ///< goes before the trail that it hands stills to
     StillAhead m_stillAhead;

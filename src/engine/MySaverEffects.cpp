@@ -3,6 +3,8 @@
 #include "engine/MySaver.h"
 #include "platform/base/Clock.h"
 #include "platform/display/desktop/Desktop.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/surface/Surface.h"
 #include "platform/display/view/Window.h"
 #include "platform/movie/Playhead.h"
 #include "platform/movie/QTMovie.h"
@@ -52,6 +54,27 @@ void MySaver::markStill(const Rect& place)
 bool MySaver::hasEffects() const
 {
     return !isPreview() && m_settings.fadeoutEffect();
+}
+
+// A trail, or what fades where the movie was.
+bool MySaver::leavesPictures() const
+{
+    return m_settings.isDynamicMode() && hasEffects();
+}
+
+// What the movie shows stays above the one that is about to take its place, until it has faded away.
+void MySaver::dissolve()
+{
+    if (!m_dissolve.isWanted() || leavesPictures() || !window() || !window()->screen()) return;
+    auto& screen = *window()->screen();
+    const Rect frame = m_movieView->frame();
+    const Rect place = m_windowMode ? frame : frame.movedBy(m_geometry.screenFrame().origin);
+    const auto ended = m_movieView->movie();
+    m_dissolve.begin(m_movieView->picture(frame.size, screen.surface().pixelRatio()), place, &screen,
+                     [this, ended] {
+                         const auto movie = m_movieView ? m_movieView->movie() : nullptr;
+                         return movie != ended && (!movie || movie->currentTime().timeValue > 0);
+                     });
 }
 
 Point MySaver::placeInView() const

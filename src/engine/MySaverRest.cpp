@@ -54,6 +54,7 @@ void MySaver::standStill()
 {
     if (const auto behind = otherSaver()) behind->stopAnimation();
     m_fadeOut.pause();
+    m_dissolve.end();
     m_rest.goesOn = m_movieView && m_movieView->isPlaying();
     if (m_movieView) m_movieView->stop(this);
 }

@@ -2,12 +2,14 @@
 
 #include "engine/BackSaverHost.h"
 #include "engine/MySaver.h"
+#include "platform/base/ConfigurationFile.h"
 #include "platform/base/Paths.h"
 #include "platform/display/desktop/Desktop.h"
 #include "platform/display/desktop/Notifications.h"
 #include "platform/display/gl/OpenGL.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/web/HelperEngine.h"
+#include "settings/MovieOptions.h"
 #include "settings/SettingsStore.h"
 #include "trailers/SharedTrailers.h"
 
@@ -65,7 +67,8 @@ std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QStr
     stopThreadsAtTheEnd(desktop.notifications());
     return MySaver::initWithFrameIsPreview(frame, isPreview,
                                            {desktop, common.movies, common.store, common.trailers,
-                                            common.signs, common.backSavers, &common.web});
+                                            common.signs, common.backSavers, &common.web,
+                                            movieOptionsFrom(ConfigurationFile::ofUser()).dissolveSeconds});
 }
 
 } // namespace kestro

@@ -117,6 +117,5 @@ class SettingsTest(ProgramTest):
         wait_until(lambda: process.poll() is not None or self.press("ctrl+w"), "the end of the program")
         status, errors = self.ended(process)
         self.assertEqual(status, 0, errors)
-        for child in children:
-            self.assertFalse(os.path.exists(f"/proc/{child}"), "a process is left")
+        wait_until(lambda: not any(os.path.exists(f"/proc/{child}") for child in children), "the end of what it started")
         return errors

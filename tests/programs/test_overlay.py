@@ -1,7 +1,9 @@
 """`kestro` in the overlay layer of a Wayland compositor: what it leaves as it was, and what becomes of it where the compositor
 is slow, odd or rude."""
 
+import contextlib
 import os
+import pathlib
 import re
 import signal
 import unittest
@@ -214,6 +216,15 @@ class OddCompositors(OverlayTest):
         self.assertFalse([line for line in self.compositor.lines() if line.startswith("early")])
         self.assertTrue(self.compositor.is_running())
 
+    @staticmethod
+    def plays(process):
+        """Whether it has a movie's player."""
+        for task in pathlib.Path(f"/proc/{process.pid}/task").iterdir():
+            with contextlib.suppress(OSError):  # it may be over by now
+                if (task / "comm").read_text().startswith("mpv"):
+                    return True
+        return False
+
     def shown(self):
         return [line for line in self.compositor.lines() if line.startswith("shown")]
 
@@ -271,6 +282,7 @@ class OddCompositors(OverlayTest):
         process = self.start("400 300 1", "320 240 1")
         self.compositor.tell("configure 1 400 300", "configure 2 320 240")
         self.hears(process, "shown 2 320 240 1")
+        self.until(process, lambda: self.plays(process), "a movie that plays")
         self.compositor.tell("close 1", "close 2")
         self.assertEndsWell(process)
         self.assertEqual(self.home.resume_point().get("LastMovie"), "long-red.mp4")

@@ -52,6 +52,7 @@ void PostedFunction::operator()() const
 {
     takeOver();
     m_run();
+    handOver(); // who posted it may be the last to let go of it
 }
 
 void postTo(QObject& receiver, std::function<void()> run)

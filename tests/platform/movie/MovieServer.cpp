@@ -6,9 +6,6 @@ static constexpr int longestWait = 180000;
 
 bool MovieServer::start()
 {
-    // With anything to do in the child Qt makes a copy of this process, where it would lend it this one's
-    // memory for a moment: the thread sanitizer takes what the child does there for ours.
-    m_process.setChildProcessModifier([] {});
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(MOVIE_SERVER), {QStringLiteral(KESTRO_TEST_MOVIES)});
     if (!m_process.waitForReadyRead(longestWait)) return false;

@@ -21,7 +21,6 @@ class RemoteMovie : public testing::Test {
 protected:
     void SetUp() override
     {
-        m_server.setChildProcessModifier([] {}); // as MovieServer does, for the thread sanitizer
         m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_server.start(QStringLiteral(MOVIE_SERVER), {QStringLiteral(KESTRO_TEST_MOVIES)});
         while (!m_server.canReadLine())

@@ -32,7 +32,6 @@ public:
         auto environment = server.environment();
         environment.insert(QStringLiteral("HOME"), m_home.path());
         m_process.setProcessEnvironment(environment);
-        m_process.setChildProcessModifier([] {});
         m_process.setStandardOutputFile(QProcess::nullDevice());
         m_process.setStandardErrorFile(QProcess::nullDevice());
         m_process.start(command.first(), command.mid(1));

@@ -35,7 +35,6 @@ PrivateBus::PrivateBus()
     if (!config.open(QIODevice::WriteOnly)) ADD_FAILURE() << "cannot write a configuration for the bus";
     config.write(configuration);
     config.close();
-    m_daemon.setChildProcessModifier([] {});
     m_daemon.start(QStringLiteral("dbus-daemon"),
                    {QStringLiteral("--config-file=") + file, QStringLiteral("--print-address"),
                     QStringLiteral("--nofork"), QStringLiteral("--nopidfile")});

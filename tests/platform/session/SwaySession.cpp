@@ -35,7 +35,6 @@ SwaySession::SwaySession()
     environment.insert(QStringLiteral("WLR_RENDERER"), QStringLiteral("pixman"));
     environment.insert(QStringLiteral("WLR_LIBINPUT_NO_DEVICES"), QStringLiteral("1"));
     m_process.setProcessEnvironment(environment);
-    m_process.setChildProcessModifier([] {});
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_process.setStandardErrorFile(QProcess::nullDevice());
     m_process.start(command.first(), command.mid(1));
@@ -64,7 +63,6 @@ bool SwaySession::press() const
     environment.insert(QStringLiteral("WAYLAND_DISPLAY"), QString::fromUtf8(m_display));
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
     tool.setProcessEnvironment(environment);
-    tool.setChildProcessModifier([] {});
     tool.start(QStringLiteral("wtype"), {QStringLiteral("a")});
     return waitUntil([&] { return tool.state() == QProcess::NotRunning; }) &&
            tool.exitStatus() == QProcess::NormalExit && tool.exitCode() == 0;

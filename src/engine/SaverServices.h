@@ -1,0 +1,25 @@
+#pragma once
+
+namespace kestro {
+
+class BackSaverHost;
+class Desktop;
+class LatestTrailers;
+class MovieLibrary;
+class SettingsStore;
+class SignPictures;
+class WebEngine;
+
+/// What savers of one process share. All of it outlives every saver.
+struct SaverServices {
+    Desktop& desktop;
+    MovieLibrary& movies;
+    SettingsStore& store;
+    LatestTrailers& trailers;
+    SignPictures& signs;
+    BackSaverHost& backSavers;
+    WebEngine* webEngine = nullptr; ///< null: web content counts as unplayable
+    double dissolveSeconds = 0;     ///< that one movie takes to dissolve into the next one
+};
+
+} // namespace kestro
