@@ -96,9 +96,13 @@ class Home:
 
     def trailer_site(self, start):
         """Names the page that scans begin with."""
+        self.configure(f"[trailers]\nstart={start}\n")
+
+    def configure(self, text):
+        """The text of kestro.conf."""
         folder = self.path / ".config" / "kestro"
         folder.mkdir(parents=True, exist_ok=True)
-        (folder / "kestro.conf").write_text(f"[trailers]\nstart={start}\n")
+        (folder / "kestro.conf").write_text(text)
 
     def forget_scans(self):
         for path in self.preferences.glob("Kestro_Scanned_Trailers*"):
@@ -186,6 +190,9 @@ class Rendering:
 
     def names(self):
         return sorted(path.name for path in self.folder.glob("*.png"))
+
+    def pictures(self, screen=0):
+        return [Pixels(path) for path in sorted(self.folder.glob(f"screen{screen}-*.png"))]
 
     def last_picture(self, screen=0):
         return Pixels(max(self.folder.glob(f"screen{screen}-*.png")))

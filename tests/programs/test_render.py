@@ -36,6 +36,16 @@ class Pictures(ProgramTest):
         self.assertIn("drawing in software.", done.log)
         self.assertTrue(done.last_picture().is_near(160, 120, RED))
 
+    def test_a_movie_dissolves_into_the_next_where_that_was_chosen(self):
+        self.home.play([movie("red", seconds=1), movie("blue", "blue", seconds=9)], FullScreenMode="1")
+        for text, dissolves in (("", False), ("[movies]\ndissolve=2\n", True)):
+            with self.subTest(text):
+                self.home.configure(text)
+                pictures = Rendering(self, seconds=4, every=0.25).pictures()
+                mixed = [picture for picture in pictures if picture.is_near(160, 120, (128, 0, 128), 90)]
+                self.assertEqual(bool(mixed), dissolves)
+                self.assertTrue(pictures[-1].is_near(160, 120, BLUE))
+
     def test_the_defaults_are_one_full_hd_screen_for_ten_seconds(self):
         text = self.run_kestro("render", "--help").stdout
         for default in ["(10)", "(1920x1080)", "(1)"]:
