@@ -15,7 +15,7 @@ class TimerSource;
 class Window;
 
 /// The last frame of a movie, which fades away above the next one in a window of its own. Nothing of it is
-/// there where no time was given for it. Owned by the engine. Main thread. Tested by DissolveTest.
+/// there where no time was given for it. Owned by the engine. Main thread.
 class Dissolve final {
 public:
     /// A movie that does not begin is waited for so long, in seconds.

@@ -4,7 +4,7 @@ namespace kestro {
 
 class ConfigurationFile;
 
-/// What a person chose for movies as such: [movies] of kestro.conf. Tested by MovieOptionsTest.
+/// What a person chose for movies as such: [movies] of kestro.conf.
 struct MovieOptions {
     static constexpr double longestDissolve = 10;
 
