@@ -98,6 +98,7 @@ void QtDesktop::add(QScreen* qtScreen)
     borrowed->setChangeHandler([this] { rearrange(); });
     borrowed->setGoneHandler([this] { surfaceGone(); });
     auto screen = std::make_unique<Screen>(*this, frameOf(*qtScreen, *borrowed), std::move(surface));
+    screen->setName(qtScreen->name());
     m_monitors.push_back({qtScreen, borrowed, std::move(screen)});
     QObject::connect(qtScreen, &QScreen::geometryChanged, &m_listener, [this] { rearrange(); });
 }

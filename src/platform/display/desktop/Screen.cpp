@@ -28,10 +28,7 @@ Screen::Screen(Desktop& desktop, const Rect& frame, std::unique_ptr<Surface> sur
     , m_surface(std::move(surface))
     , m_compositor(std::make_unique<Compositor>(*m_surface, rendererFor(desktop, *m_surface)))
 {
-    m_surface->setRepairHandler([this] {
-        m_compositor->invalidate();
-        scheduleUpdate();
-    });
+    m_surface->setRepairHandler([this] { repair(); });
     scheduleUpdate();
 }
 
@@ -39,6 +36,20 @@ Screen::~Screen()
 {
     for (Window* window : m_attached)
         window->screenGone();
+}
+
+void Screen::repair()
+{
+    if (m_onWanted) return m_onWanted();
+    m_compositor->invalidate();
+    scheduleUpdate();
+}
+
+void Screen::lendSurface(std::function<void()> onWanted)
+{
+    const bool isBack = m_onWanted && !onWanted;
+    m_onWanted = std::move(onWanted);
+    if (isBack) repair();
 }
 
 void Screen::setFrame(const Rect& frame)
@@ -54,7 +65,7 @@ void Screen::setFrame(const Rect& frame)
 void Screen::update()
 {
     m_scheduled = false;
-    if (m_updating) return;
+    if (m_updating || m_onWanted) return;
     m_updating = true;
     drawMarkedViews();
     m_compositor->compose(m_windows, m_frame);

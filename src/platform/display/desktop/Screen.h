@@ -3,7 +3,9 @@
 #include "platform/display/view/Geometry.h"
 
 #include <QObject>
+#include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -32,6 +34,9 @@ public:
     [[nodiscard]] Size monitorSize() const { return m_monitorSize.value_or(m_frame.size); }
     void setMonitorSize(Size size) { m_monitorSize = size; }
     [[nodiscard]] Surface& surface() const { return *m_surface; }
+    /// What the display server calls the monitor; empty where it has no name.
+    [[nodiscard]] const QString& name() const { return m_name; }
+    void setName(const QString& name) { m_name = name; }
 
     /// Windows that are shown, bottom to top: by level, then by order.
     [[nodiscard]] const std::vector<Window*>& windows() const { return m_windows; }
@@ -43,6 +48,10 @@ public:
     /// Has update() run soon; several calls in one turn make one update.
     void scheduleUpdate();
 
+    /// Leaves the surface to somebody else, who is called when all of the picture is wanted anew; from now on
+    /// nothing is composed into it. With no function it shows this screen's windows again.
+    void lendSurface(std::function<void()> onWanted);
+
 private:
     friend class Window;
 
@@ -51,12 +60,15 @@ private:
     void order(Window& window, bool inFront);
     void orderOut(Window& window);
     void drawMarkedViews();
+    void repair();
 
     Desktop& m_desktop;
     Rect m_frame;
+    QString m_name;
     std::optional<Size> m_monitorSize;
     std::unique_ptr<Surface> m_surface;
     std::unique_ptr<Compositor> m_compositor;
+    std::function<void()> m_onWanted; ///< set while the surface is lent
     std::vector<Window*> m_windows;
     std::vector<Window*> m_attached; ///< every window of this screen, shown or not
     QObject m_turn;                  ///< receives the queued call

@@ -157,22 +157,27 @@ void OpenGLRenderer::paintBacking(const SceneItem& item, const QRegion& region)
 
 void OpenGLRenderer::show(const QRegion& changed)
 {
-    if (QWindow* const window = m_surface.openGLWindow()) return showInWindow(*window);
+    const auto outputs = m_surface.openGLOutputs();
+    for (const OpenGLOutput& output : outputs)
+        showIn(output);
+    if (!outputs.empty()) return;
     QImage& canvas = m_surface.canvas();
     for (const QRect& rect : changed& canvas.rect())
         m_canvas.readInto(canvas, rect);
     m_surface.present(changed);
 }
 
-void OpenGLRenderer::showInWindow(QWindow& window)
+void OpenGLRenderer::showIn(const OpenGLOutput& output)
 {
-    if (!window.isExposed()) return; // all of it is wanted when the window appears
-    const QRect whole({0, 0}, m_canvas.size());
-    m_device->program().begin({m_device->surfaceFramebuffer(), whole.width(), whole.height()},
+    // Where the window is not there yet, all of it is wanted when it appears.
+    if (!output.window->isExposed() || !m_device->makeCurrentOn(*output.window)) return;
+    const QRegion whole(QRect({0, 0}, output.pixels));
+    m_device->program().begin({m_device->surfaceFramebuffer(), output.pixels.width(), output.pixels.height()},
                               QuadProgram::Top::LastRow);
-    m_device->program().draw(m_canvas, whole, whole, {1, true});
+    m_device->program().fillBlack(whole - output.place, 1);
+    m_device->program().draw(m_canvas, output.place, whole & output.place, {1, true});
     m_device->program().end();
-    m_device->swap(window);
+    m_device->swap(*output.window);
 }
 
 } // namespace kestro

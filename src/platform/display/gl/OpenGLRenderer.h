@@ -12,6 +12,7 @@ namespace kestro {
 class Layer;
 class OpenGLDevice;
 class Surface;
+struct OpenGLOutput;
 
 /// Draws with OpenGL, into a picture of the screen that stays on the graphics card; then shows that in the
 /// surface's window, or reads what changed of it back into the surface's canvas. What windows hold is put on
@@ -49,7 +50,7 @@ private:
     void paintItem(const SceneItem& item, const QRegion& region);
     void paintBacking(const SceneItem& item, const QRegion& region);
     void show(const QRegion& changed);
-    void showInWindow(QWindow& window);
+    void showIn(const OpenGLOutput& output);
     [[nodiscard]] Content& contentOf(const SceneItem& item);
 
     std::shared_ptr<OpenGLDevice> m_device; ///< shared as OpenGL says

@@ -2,11 +2,13 @@
 
 #include <QImage>
 #include <QPoint>
+#include <QRect>
 #include <QRegion>
 #include <QSize>
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 class QWindow;
 
@@ -17,6 +19,13 @@ struct InputEvent {
     enum class Kind { Key, Button, Motion, CloseRequest };
     Kind kind;
     QPointF position;
+};
+
+/// A native window that OpenGL shows a picture in. Pixels of the window from the top left.
+struct OpenGLOutput {
+    QWindow* window = nullptr;
+    QSize pixels; ///< of the window
+    QRect place;  ///< of the whole picture; what it does not cover is black
 };
 
 /// Where one screen's composed picture goes: a native window over a monitor, a window that was handed over,
@@ -47,6 +56,13 @@ public:
     /// The native window that OpenGL shows its pictures in, past the canvas; null where the canvas is what is
     /// shown.
     [[nodiscard]] virtual QWindow* openGLWindow() { return nullptr; }
+    /// All of them, where there are several, the one above first; none where there is not even that one.
+    [[nodiscard]] virtual std::vector<OpenGLOutput> openGLOutputs()
+    {
+        QWindow* const window = openGLWindow();
+        if (!window) return {};
+        return {{window, pixelSize(), QRect({0, 0}, pixelSize())}};
+    }
     /// From now on the canvas is what is shown.
     virtual void leaveOpenGL() {}
 
