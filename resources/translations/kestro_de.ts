@@ -758,6 +758,46 @@ Ersetzen?</translation>
     </message>
 </context>
 <context>
+    <name>kestro::ScreensPanel</name>
+    <message>
+        <source>a movie on each</source>
+        <translation>auf jedem ein eigener Film</translation>
+    </message>
+    <message>
+        <source>the same movie on all</source>
+        <translation>auf allen derselbe Film</translation>
+    </message>
+    <message>
+        <source>one movie across all</source>
+        <translation>ein Film über alle hinweg</translation>
+    </message>
+    <message>
+        <source>Monitors that show the saver</source>
+        <translation>Monitore, die den Bildschirmschoner zeigen</translation>
+    </message>
+    <message>
+        <source>The others are black meanwhile</source>
+        <translation>Die anderen sind so lange schwarz</translation>
+    </message>
+    <message>
+        <source>Scree&amp;ns:</source>
+        <comment>how they share the saver</comment>
+        <translation>&amp;Bildschirme:</translation>
+    </message>
+    <message>
+        <source>all monitors</source>
+        <translation>alle Monitore</translation>
+    </message>
+    <message>
+        <source>the first monitor alone</source>
+        <translation>nur der erste Monitor</translation>
+    </message>
+    <message>
+        <source>%1 alone</source>
+        <translation>nur %1</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScrubBar</name>
     <message>
         <source>Position</source>

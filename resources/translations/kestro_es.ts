@@ -758,6 +758,46 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::ScreensPanel</name>
+    <message>
+        <source>a movie on each</source>
+        <translation>una película en cada una</translation>
+    </message>
+    <message>
+        <source>the same movie on all</source>
+        <translation>la misma película en todas</translation>
+    </message>
+    <message>
+        <source>one movie across all</source>
+        <translation>una película a lo largo de todas</translation>
+    </message>
+    <message>
+        <source>Monitors that show the saver</source>
+        <translation>Monitores que muestran el salvapantallas</translation>
+    </message>
+    <message>
+        <source>The others are black meanwhile</source>
+        <translation>Los demás quedan en negro entretanto</translation>
+    </message>
+    <message>
+        <source>Scree&amp;ns:</source>
+        <comment>how they share the saver</comment>
+        <translation>Pan&amp;tallas:</translation>
+    </message>
+    <message>
+        <source>all monitors</source>
+        <translation>todos los monitores</translation>
+    </message>
+    <message>
+        <source>the first monitor alone</source>
+        <translation>solo el primer monitor</translation>
+    </message>
+    <message>
+        <source>%1 alone</source>
+        <translation>solo %1</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScrubBar</name>
     <message>
         <source>Position</source>

@@ -555,11 +555,11 @@ Veuillez réessayer.</translation>
     </message>
     <message>
         <source>Minutes until the saver starts</source>
-        <translation>Minutes avant le démarrage de l'économiseur</translation>
+        <translation>Minutes avant le démarrage de l&apos;économiseur</translation>
     </message>
     <message>
         <source>Nothing starts the saver by itself now.</source>
-        <translation>Rien ne démarre l'économiseur tout seul pour le moment.</translation>
+        <translation>Rien ne démarre l&apos;économiseur tout seul pour le moment.</translation>
     </message>
     <message>
         <source>never</source>
@@ -755,6 +755,46 @@ Le remplacer&#xa0;?</translation>
     <message>
         <source>The saver could not run.</source>
         <translation>L’économiseur n’a pas pu s’exécuter.</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::ScreensPanel</name>
+    <message>
+        <source>a movie on each</source>
+        <translation>un film sur chacun</translation>
+    </message>
+    <message>
+        <source>the same movie on all</source>
+        <translation>le même film sur tous</translation>
+    </message>
+    <message>
+        <source>one movie across all</source>
+        <translation>un seul film sur l’ensemble</translation>
+    </message>
+    <message>
+        <source>Monitors that show the saver</source>
+        <translation>Moniteurs qui montrent l’économiseur</translation>
+    </message>
+    <message>
+        <source>The others are black meanwhile</source>
+        <translation>Les autres restent noirs pendant ce temps</translation>
+    </message>
+    <message>
+        <source>Scree&amp;ns:</source>
+        <comment>how they share the saver</comment>
+        <translation>É&amp;crans :</translation>
+    </message>
+    <message>
+        <source>all monitors</source>
+        <translation>tous les moniteurs</translation>
+    </message>
+    <message>
+        <source>the first monitor alone</source>
+        <translation>le premier moniteur seulement</translation>
+    </message>
+    <message>
+        <source>%1 alone</source>
+        <translation>%1 seulement</translation>
     </message>
 </context>
 <context>

@@ -758,6 +758,46 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::ScreensPanel</name>
+    <message>
+        <source>a movie on each</source>
+        <translation>それぞれに別のムービー</translation>
+    </message>
+    <message>
+        <source>the same movie on all</source>
+        <translation>すべてに同じムービー</translation>
+    </message>
+    <message>
+        <source>one movie across all</source>
+        <translation>全体で一つのムービー</translation>
+    </message>
+    <message>
+        <source>Monitors that show the saver</source>
+        <translation>スクリーンセーバーを表示するモニタ</translation>
+    </message>
+    <message>
+        <source>The others are black meanwhile</source>
+        <translation>ほかのモニタはその間黒くなります</translation>
+    </message>
+    <message>
+        <source>Scree&amp;ns:</source>
+        <comment>how they share the saver</comment>
+        <translation>画面(&amp;N):</translation>
+    </message>
+    <message>
+        <source>all monitors</source>
+        <translation>すべてのモニタ</translation>
+    </message>
+    <message>
+        <source>the first monitor alone</source>
+        <translation>最初のモニタのみ</translation>
+    </message>
+    <message>
+        <source>%1 alone</source>
+        <translation>%1 のみ</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScrubBar</name>
     <message>
         <source>Position</source>

@@ -758,6 +758,46 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::ScreensPanel</name>
+    <message>
+        <source>a movie on each</source>
+        <translation>每个屏幕各放一部影片</translation>
+    </message>
+    <message>
+        <source>the same movie on all</source>
+        <translation>所有屏幕放同一影片</translation>
+    </message>
+    <message>
+        <source>one movie across all</source>
+        <translation>一部影片横跨所有屏幕</translation>
+    </message>
+    <message>
+        <source>Monitors that show the saver</source>
+        <translation>显示屏幕保护程序的显示器</translation>
+    </message>
+    <message>
+        <source>The others are black meanwhile</source>
+        <translation>其他显示器此时为黑屏</translation>
+    </message>
+    <message>
+        <source>Scree&amp;ns:</source>
+        <comment>how they share the saver</comment>
+        <translation>屏幕(&amp;N)：</translation>
+    </message>
+    <message>
+        <source>all monitors</source>
+        <translation>所有显示器</translation>
+    </message>
+    <message>
+        <source>the first monitor alone</source>
+        <translation>仅第一台显示器</translation>
+    </message>
+    <message>
+        <source>%1 alone</source>
+        <translation>仅 %1</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScrubBar</name>
     <message>
         <source>Position</source>

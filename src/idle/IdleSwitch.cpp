@@ -3,12 +3,8 @@
 #include "platform/base/ChildProcess.h"
 #include "platform/base/ChildProgram.h"
 #include "platform/base/ConfigurationFile.h"
-#include "platform/base/FileReplacement.h"
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
-
-#include <QDir>
-#include <QFileInfo>
 
 #include <utility>
 
@@ -45,14 +41,8 @@ Result<void> IdleSwitch::set(const IdleOptions& options)
 
 Result<void> IdleSwitch::store(const IdleOptions& options) const
 {
-    const QString& path = m_places.configuration;
-    ConfigurationFile file = ConfigurationFile::at(path);
-    if (!file.isKnown()) return Error{QStringLiteral("%1 cannot be read, so it is left as it is").arg(path)};
-    options.putInto(file);
-    QDir().mkpath(QFileInfo(path).path());
-    const auto written = replaceFile(path, file.text());
-    if (!written) return Error{QStringLiteral("Cannot write %1: %2").arg(path, written.error())};
-    return {};
+    return changeConfiguration(m_places.configuration,
+                               [&options](ConfigurationFile& file) { options.putInto(file); });
 }
 
 /// It outlives the window: the session's end ends it, or this switch.

@@ -15,6 +15,8 @@
 #include "platform/base/Translations.h"
 #include "platform/display/desktop/ImageDesktop.h"
 #include "platform/display/desktop/QtTimerSource.h"
+#include "platform/display/desktop/Screen.h"
+#include "platform/display/desktop/SharingDesktop.h"
 #include "platform/display/gl/OpenGL.h"
 #include "platform/display/gl/RendererChoice.h"
 #include "platform/saver/ScreenSaverView.h"
@@ -37,6 +39,14 @@ std::vector<Rect> screenFrames(const RenderOptions& options)
     return frames;
 }
 
+/// As the pictures are.
+void nameScreens(const Desktop& desktop)
+{
+    int number = 0;
+    for (Screen* screen : desktop.screens())
+        screen->setName(QStringLiteral("screen%1").arg(number++));
+}
+
 int runOffScreen(const RenderOptions& options, const PictureFolder& pictures, TraceFile* trace)
 {
     beFirstToGo();
@@ -49,10 +59,13 @@ int runOffScreen(const RenderOptions& options, const PictureFolder& pictures, Tr
     QtTimerSource timers;
     const SystemClock clock;
     SystemRandom random;
-    ImageDesktop desktop(screenFrames(options), 1, timers, clock, random, chooseOpenGLOffScreen());
+    ImageDesktop monitors(screenFrames(options), 1, timers, clock, random, chooseOpenGLOffScreen());
+    nameScreens(monitors);
+    const auto shared = SharingDesktop::over(monitors, options.choice);
+    Desktop& desktop = shared ? static_cast<Desktop&>(*shared) : monitors;
     SaverSession session(
         desktop, [&](const Rect& frame) { return principal->initWithFrameIsPreview(frame, false, desktop); });
-    RenderRun run(desktop, session, pictures, trace, options);
+    RenderRun run(desktop, monitors, session, pictures, trace, options);
     std::optional<TimeToSave> time; // pictures that were drawn are written
     const StopSignals signalWatch([&](int) {
         time.emplace();

@@ -13,11 +13,14 @@
 #include "host/start/StopThread.h"
 #include "idle/IdleOptions.h"
 #include "idle/PowerOptions.h"
+#include "idle/ScreensOptions.h"
 #include "platform/base/Clock.h"
 #include "platform/base/ConfigurationFile.h"
+#include "platform/base/Log.h"
 #include "platform/base/Random.h"
 #include "platform/base/Translations.h"
 #include "platform/display/desktop/QtDesktop.h"
+#include "platform/display/desktop/SharingDesktop.h"
 #include "platform/display/desktop/WindowDesktop.h"
 #include "platform/display/gl/DriverEnvironment.h"
 #include "platform/display/gl/RendererChoice.h"
@@ -121,7 +124,9 @@ int runFullScreen(const RunOptions& options)
     const SystemClock clock;
     SystemRandom random;
     QtDesktop desktop(clock, random);
-    SaverSession session(desktop, viewsOf(*principal, false, desktop));
+    const auto shared = SharingDesktop::over(desktop, options.screens.over(screenChoiceFrom(file)));
+    Desktop& shown = shared ? static_cast<Desktop&>(*shared) : desktop;
+    SaverSession session(shown, viewsOf(*principal, false, shown));
     const StopSignals signalWatch([&](int) { leaveDesktop(session, desktop); });
     const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
     RestSchedule rests(desktop.timers(), [&](Rest how) { session.rest(how); });
@@ -133,6 +138,13 @@ int runFullScreen(const RunOptions& options)
     });
 }
 
+void tellOfScreens(const ScreenChoice& choice)
+{
+    if (choice == ScreenChoice()) return;
+    logLine(QStringLiteral("In a window that another program hands over, what is chosen about the monitors "
+                           "does not apply: there is a saver for each."));
+}
+
 // No wake handler: what a person does is its parent's business, and so is the end.
 int runInWindow(const RunOptions& options)
 {
@@ -142,6 +154,8 @@ int runInWindow(const RunOptions& options)
     if (!principal) return ExitFailure;
     principal->setOptionsForThisRun(options.settings);
 
+    const ConfigurationFile file = ConfigurationFile::ofUser();
+    tellOfScreens(options.screens.over(screenChoiceFrom(file)));
     const SystemClock clock;
     SystemRandom random;
     const auto desktop = WindowDesktop::create(options.window, clock, random);
@@ -153,7 +167,7 @@ int runInWindow(const RunOptions& options)
     const StopSignals signalWatch([&](int signal) { leaveBySignal(session, signal); });
     const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
     RestSchedule rests(desktop.value()->timers(), [&](Rest how) { session.rest(how); });
-    const auto power = options.isPreview ? nullptr : powerFor(rests, ConfigurationFile::ofUser());
+    const auto power = options.isPreview ? nullptr : powerFor(rests, file);
     desktop.value()->setGoneHandler([&] { leave(session, ExitSuccess); });
     play(session, [&] { desktop.value()->showSurface(); });
 }

@@ -98,8 +98,9 @@ Syntax RunOptions::syntax()
         {QStringLiteral("no-sound"), {}, QStringLiteral("play no sound")},
         {stopAfterOption, QStringLiteral("TIME"),
          QStringLiteral("be black from then on: 30 for minutes, or 90s, 5m, 1h; 0 never")},
-        {QStringLiteral("version"), {}, QStringLiteral("show the version")},
     };
+    syntax.options += ScreenWish::options();
+    syntax.options += Option{QStringLiteral("version"), {}, QStringLiteral("show the version")};
     return syntax;
 }
 
@@ -109,6 +110,9 @@ Result<RunOptions> RunOptions::from(const Arguments& arguments, const QString& h
     const auto settings = settingsFrom(arguments);
     if (!settings) return settings.failure();
     options.settings = settings.value();
+    const auto screens = ScreenWish::from(arguments);
+    if (!screens) return screens.failure();
+    options.screens = screens.value();
 
     const auto given = arguments.text(QStringLiteral("window-id"));
     options.isPreview = given.has_value();

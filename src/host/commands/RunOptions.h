@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/session/ScreenWish.h"
 #include "host/start/Arguments.h"
 
 #include <QVariantMap>
@@ -17,6 +18,7 @@ struct RunOptions {
     std::optional<std::uint32_t> window; ///< its number; none for the root window
     bool isPreview = false;              ///< the window is a picture of the saver in somebody's settings
     std::optional<std::chrono::seconds> stopAfter; ///< shown until black, 0 for never; none: as configured
+    ScreenWish screens;                            ///< not for a window
     QVariantMap settings;                          ///< keys of the settings file, for this run only
 
     [[nodiscard]] static Syntax syntax();

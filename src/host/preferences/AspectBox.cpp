@@ -7,7 +7,7 @@ namespace kestro {
 namespace {
 
 constexpr int usualSide = 560; // points
-constexpr int leastSide = 200; // points
+constexpr int leastSide = 160; // points
 
 } // namespace
 

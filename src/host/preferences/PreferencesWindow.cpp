@@ -2,6 +2,7 @@
 
 #include "host/preferences/AspectBox.h"
 #include "host/preferences/IdlePanel.h"
+#include "host/preferences/ScreensPanel.h"
 #include "host/preferences/XscreensaverPanel.h"
 
 #include <QCloseEvent>
@@ -39,6 +40,7 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     , m_options(new QPushButton(tr("&Options…"), this))
     , m_tryIt(new QPushButton(tr("&Try it"), this))
     , m_close(new QPushButton(tr("&Close"), this))
+    , m_screens(new ScreensPanel(parts.idle.configuration, ScreensPanel::namesInSession, this))
     , m_idle(new IdlePanel(parts.idle, this))
     , m_xscreensaver(new XscreensaverPanel(parts.xscreensaver, this))
     , m_trial(parts.program)
@@ -53,6 +55,7 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     connect(m_tryIt, &QPushButton::clicked, this, &PreferencesWindow::tryIt);
     connect(m_close, &QPushButton::clicked, this, &QWidget::close);
     connect(&m_trial, &SaverRun::ended, this, &PreferencesWindow::trialEnded);
+    connect(m_screens, &ScreensPanel::failed, this, &PreferencesWindow::alert);
     connect(m_idle, &IdlePanel::failed, this, &PreferencesWindow::alert);
     connect(m_xscreensaver, &XscreensaverPanel::failed, this, &PreferencesWindow::alert);
 }
@@ -70,6 +73,7 @@ void PreferencesWindow::layOut()
     row->addWidget(m_close);
     column->addLayout(row);
     column->addWidget(line(this));
+    column->addWidget(m_screens);
     column->addWidget(m_idle);
     column->addWidget(m_xscreensaver);
 }
@@ -141,8 +145,9 @@ void PreferencesWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange) pausePreview(Preview::Unseen, isMinimized());
-    // Another program may have changed either meanwhile.
+    // Another program may have changed any of them meanwhile.
     if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    m_screens->refresh();
     m_idle->refresh();
     m_xscreensaver->refresh();
 }

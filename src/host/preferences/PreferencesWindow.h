@@ -18,11 +18,12 @@ namespace kestro {
 
 class AspectBox;
 class IdlePanel;
+class ScreensPanel;
 class XscreensaverPanel;
 
 /// The window of the preferences application: the saver in a live preview, the sheet of its options, a trial
-/// run, whether it starts by itself, and whether xscreensaver starts it. It remembers its place. Owned by the
-/// program. Main thread.
+/// run, how the monitors share it, whether it starts by itself, and whether xscreensaver starts it. It
+/// remembers its place. Owned by the program. Main thread.
 class PreferencesWindow final : public QWidget {
     Q_OBJECT
 
@@ -75,6 +76,7 @@ private:
     QPushButton* m_options;
     QPushButton* m_tryIt;
     QPushButton* m_close;
+    ScreensPanel* m_screens;
     IdlePanel* m_idle;
     XscreensaverPanel* m_xscreensaver;
     std::unique_ptr<Preview> m_preview;

@@ -36,16 +36,17 @@ Result<QSize> sizeFrom(const Arguments& arguments, QSize fallback)
 Syntax RenderOptions::syntax()
 {
     const auto text = [](const char* words) { return QString::fromLatin1(words); };
-    return {text("render"),
-            text("Run the saver without a display and write PNG pictures of it"),
-            {
-                {text("out"), text("DIR"), text("folder for the pictures, made when missing"), true},
-                {text("seconds"), text("S"), text("how long to run (10)")},
-                {text("size"), text("WxH"), text("points of a screen (1920x1080)")},
-                {text("screens"), text("N"), text("screens side by side (1)")},
-                {text("every"), text("S"), text("seconds between two pictures (1)")},
-                {text("trace"), text("FILE"), text("write a line of JSON for each tick of each screen")},
-            }};
+    Syntax syntax{text("render"), text("Run the saver without a display and write PNG pictures of it"), {}};
+    syntax.options = {
+        {text("out"), text("DIR"), text("folder for the pictures, made when missing"), true},
+        {text("seconds"), text("S"), text("how long to run (10)")},
+        {text("size"), text("WxH"), text("points of a screen (1920x1080)")},
+        {text("screens"), text("N"), text("screens side by side (1)")},
+        {text("every"), text("S"), text("seconds between two pictures (1)")},
+        {text("trace"), text("FILE"), text("write a line of JSON for each tick of each screen")},
+    };
+    syntax.options += ScreenWish::options();
+    return syntax;
 }
 
 Result<RenderOptions> RenderOptions::from(const Arguments& arguments)
@@ -68,6 +69,10 @@ Result<RenderOptions> RenderOptions::from(const Arguments& arguments)
     if (qint64(size.value().width()) * size.value().height() * screens.value() > mostPixels)
         return Error{QStringLiteral("--size and --screens together are more than %1 pixels").arg(mostPixels)};
 
+    const auto wish = ScreenWish::from(arguments);
+    if (!wish) return wish.failure();
+
+    options.choice = wish.value().over({});
     options.seconds = seconds.value();
     options.every = every.value();
     options.screens = screens.value();

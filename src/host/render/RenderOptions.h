@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/session/ScreenWish.h"
 #include "host/start/Arguments.h"
 
 #include <QSize>
@@ -15,6 +16,7 @@ struct RenderOptions {
     double every = 1;    ///< seconds between two pictures
     QSize size{1920, 1080};
     int screens = 1;
+    ScreenChoice choice; ///< how they are used; they are named screen0, screen1 and so on
 
     [[nodiscard]] static Syntax syntax();
     /// The error says which option is missing or out of its bounds.

@@ -17,9 +17,10 @@
 
 namespace kestro {
 
-RenderRun::RenderRun(Desktop& desktop, SaverSession& session, const PictureFolder& pictures, TraceFile* trace,
-                     const RenderOptions& options)
+RenderRun::RenderRun(Desktop& desktop, Desktop& monitors, SaverSession& session,
+                     const PictureFolder& pictures, TraceFile* trace, const RenderOptions& options)
     : m_desktop(desktop)
+    , m_monitors(monitors)
     , m_session(session)
     , m_pictures(pictures)
     , m_trace(trace)
@@ -83,8 +84,10 @@ void RenderRun::endEarly()
 
 void RenderRun::takePictures(double seconds)
 {
+    for (Screen* screen : m_desktop.screens())
+        screen->update();
     int index = 0;
-    for (Screen* screen : m_desktop.screens()) {
+    for (Screen* screen : m_monitors.screens()) {
         screen->update();
         m_pictures.add(screen->surface().canvas().copy(), index++, seconds);
     }

@@ -18,9 +18,10 @@ class TraceFile;
 /// picture took too long is left out. Owned by the command; main thread.
 class RenderRun final {
 public:
-    /// `trace` may be null. All but the options must outlive the run.
-    RenderRun(Desktop& desktop, SaverSession& session, const PictureFolder& pictures, TraceFile* trace,
-              const RenderOptions& options);
+    /// The session runs on `desktop`; the pictures are those of `monitors`, which may be the same. `trace`
+    /// may be null. All but the options must outlive the run.
+    RenderRun(Desktop& desktop, Desktop& monitors, SaverSession& session, const PictureFolder& pictures,
+              TraceFile* trace, const RenderOptions& options);
 
     /// Turns the event loop until the end; answers the exit status.
     [[nodiscard]] int exec();
@@ -37,6 +38,7 @@ private:
     void end(ExitCode status);
 
     Desktop& m_desktop;
+    Desktop& m_monitors;
     SaverSession& m_session;
     PictureQueue m_pictures;
     TraceFile* m_trace;

@@ -1,11 +1,13 @@
 #include "platform/base/ConfigurationFile.h"
 
+#include "platform/base/FileReplacement.h"
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
 #include "platform/base/RegularFile.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -131,6 +133,17 @@ void ConfigurationFile::set(const QString& section, const QString& key, const QS
 void ConfigurationFile::warn(qsizetype line, const QString& what) const
 {
     logLine(QStringLiteral("%1, line %2: %3.").arg(m_path).arg(line + 1).arg(what));
+}
+
+Result<void> changeConfiguration(const QString& path, const std::function<void(ConfigurationFile&)>& change)
+{
+    ConfigurationFile file = ConfigurationFile::at(path);
+    if (!file.isKnown()) return Error{QStringLiteral("%1 cannot be read, so it is left as it is").arg(path)};
+    change(file);
+    QDir().mkpath(QFileInfo(path).path());
+    const auto written = replaceFile(path, file.text());
+    if (!written) return Error{QStringLiteral("Cannot write %1: %2").arg(path, written.error())};
+    return {};
 }
 
 QString configurationFolder()

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "platform/base/Result.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace kestro {
@@ -55,6 +58,11 @@ private:
     QList<Entry> m_entries;
     QList<Entry> m_sections; ///< their headers
 };
+
+/// Has the file at `path` changed, and writes it, whole or not at all; its folder is made where it is
+/// missing. A file that cannot be read is left as it is. The error is one line.
+[[nodiscard]] Result<void> changeConfiguration(const QString& path,
+                                               const std::function<void(ConfigurationFile&)>& change);
 
 /// kestro/kestro.conf in the configuration folder, which is .config in KESTRO_HOME where that is set, else
 /// XDG_CONFIG_HOME, else .config in the home folder. It need not exist.

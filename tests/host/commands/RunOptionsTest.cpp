@@ -122,4 +122,11 @@ TEST(RunOptions, stopAfter_isRefused_inAGivenWindow)
     EXPECT_FALSE(read({QStringLiteral("--stop-after=5"), windowId, QStringLiteral("1")}).isOk());
 }
 
+TEST(RunOptions, screens_areForOneRun_alsoWithOneDash)
+{
+    EXPECT_TRUE(options({}).screens.isNone());
+    EXPECT_EQ(options({QStringLiteral("-mirror")}).screens.mode, ScreensMode::Mirror);
+    EXPECT_FALSE(read({QStringLiteral("--mirror"), QStringLiteral("--each")}).isOk());
+}
+
 } // namespace kestro

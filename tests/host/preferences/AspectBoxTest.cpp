@@ -66,7 +66,7 @@ TEST_F(AspectBoxTest, hints_haveTheShape)
 {
     box.setShape({2, 1});
     EXPECT_EQ(box.sizeHint(), QSize(560, 280));
-    EXPECT_EQ(box.minimumSizeHint(), QSize(200, 100));
+    EXPECT_EQ(box.minimumSizeHint(), QSize(160, 80));
 }
 
 } // namespace kestro

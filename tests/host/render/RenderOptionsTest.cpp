@@ -74,4 +74,13 @@ TEST(RenderOptions, from_refuses_whenTheScreensTogetherAreTooManyPixels)
     EXPECT_FALSE(optionsFrom({QStringLiteral("--out=d"), size, QStringLiteral("--screens=3")}).isOk());
 }
 
+TEST(RenderOptions, from_readsHowTheScreensAreUsed)
+{
+    EXPECT_EQ(withOut("--screens=2").value().choice, ScreenChoice());
+    EXPECT_EQ(withOut("--span").value().choice.mode, ScreensMode::Span);
+    EXPECT_EQ(withOut("--monitors=screen1").value().choice.monitors.names,
+              QStringList{QStringLiteral("screen1")});
+    EXPECT_FALSE(withOut("--monitors=").isOk());
+}
+
 } // namespace kestro

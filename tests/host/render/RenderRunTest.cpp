@@ -32,7 +32,7 @@ protected:
     {
         const LogCapture capture([this](const QString& line) { log.append(line); });
         const auto pictures = PictureFolder::open(options.folder);
-        RenderRun rendering(desktop, session, pictures.value(), trace.get(), options);
+        RenderRun rendering(desktop, desktop, session, pictures.value(), trace.get(), options);
         if (prepare) prepare(rendering);
         return rendering.exec();
     }
@@ -115,7 +115,7 @@ TEST_F(RenderRunTest, exec_fails_whenNoViewCanBeMade)
     SaverSession none(desktop, [](const Rect&) { return nullptr; });
     const LogCapture quiet([](const QString&) {});
     const auto folder = PictureFolder::open(options.folder);
-    RenderRun rendering(desktop, none, folder.value(), nullptr, options);
+    RenderRun rendering(desktop, desktop, none, folder.value(), nullptr, options);
     EXPECT_EQ(rendering.exec(), ExitFailure);
 }
 

@@ -2,6 +2,8 @@
 
 #include "platform/base/Log.h"
 
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 namespace kestro {
@@ -71,6 +73,28 @@ TEST(ConfigurationFile, warns_withTheNumberOfTheLine)
     EXPECT_EQ(said, (QStringList{QStringLiteral("conf, line 2: no \"key=value\"."),
                                  QStringLiteral("conf, line 3: unknown key \"x\"."),
                                  QStringLiteral("conf, line 4: no number.")}));
+}
+
+TEST(ConfigurationFile, change_isWritten_inAFolderThatIsMade)
+{
+    const QTemporaryDir home;
+    const QString path = home.filePath(QStringLiteral("a/b/conf"));
+    const auto change = [](ConfigurationFile& file) {
+        file.set(QStringLiteral("a"), QStringLiteral("x"), QStringLiteral("1"));
+    };
+    ASSERT_TRUE(changeConfiguration(path, change).isOk());
+    EXPECT_EQ(ConfigurationFile::at(path).text(), "[a]\nx=1\n");
+}
+
+TEST(ConfigurationFile, file_isLeftAsItIs_whenItCannotBeRead)
+{
+    const LogCapture capture([](const QString&) {});
+    const QTemporaryDir home;
+    int changes = 0;
+    const auto stored = changeConfiguration(home.path(), [&changes](ConfigurationFile&) { ++changes; });
+    ASSERT_FALSE(stored.isOk());
+    EXPECT_EQ(stored.error(), home.path() + QStringLiteral(" cannot be read, so it is left as it is"));
+    EXPECT_EQ(changes, 0);
 }
 
 } // namespace kestro

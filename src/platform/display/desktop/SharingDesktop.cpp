@@ -30,6 +30,11 @@ SharingDesktop::SharingDesktop(Desktop& below, ScreenChoice choice)
     });
 }
 
+std::unique_ptr<SharingDesktop> SharingDesktop::over(Desktop& below, const ScreenChoice& choice)
+{
+    return choice == ScreenChoice() ? nullptr : std::make_unique<SharingDesktop>(below, choice);
+}
+
 SharingDesktop::~SharingDesktop()
 {
     m_below.setScreenObserver({});

@@ -16,6 +16,8 @@ struct InputEvent;
 class SharingDesktop final : public Desktop {
 public:
     SharingDesktop(Desktop& below, ScreenChoice choice);
+    /// The same; null where nothing is chosen, and the desktop below is used as it is.
+    [[nodiscard]] static std::unique_ptr<SharingDesktop> over(Desktop& below, const ScreenChoice& choice);
     ~SharingDesktop() override;
     SharingDesktop(const SharingDesktop&) = delete;
     SharingDesktop& operator=(const SharingDesktop&) = delete;

@@ -1,0 +1,50 @@
+#include "host/session/ScreenWish.h"
+
+#include <array>
+#include <utility>
+
+namespace kestro {
+
+namespace {
+
+const QString monitorsOption = QStringLiteral("monitors");
+
+const std::array<std::pair<QString, ScreensMode>, 3> modes{{{QStringLiteral("each"), ScreensMode::Each},
+                                                            {QStringLiteral("mirror"), ScreensMode::Mirror},
+                                                            {QStringLiteral("span"), ScreensMode::Span}}};
+
+} // namespace
+
+ScreenChoice ScreenWish::over(const ScreenChoice& configured) const
+{
+    return {mode.value_or(configured.mode), monitors.value_or(configured.monitors)};
+}
+
+QList<Option> ScreenWish::options()
+{
+    return {
+        {QStringLiteral("each"), {}, QStringLiteral("another movie on every monitor")},
+        {QStringLiteral("mirror"), {}, QStringLiteral("the same movie on every monitor")},
+        {QStringLiteral("span"), {}, QStringLiteral("one movie across all monitors as they stand")},
+        {monitorsOption, QStringLiteral("LIST"),
+         QStringLiteral("all, first, or names with commas between them; the others are black")},
+    };
+}
+
+Result<ScreenWish> ScreenWish::from(const Arguments& arguments)
+{
+    ScreenWish wish;
+    for (const auto& [word, mode] : modes) {
+        if (!arguments.has(word)) continue;
+        if (wish.mode) return Error{QStringLiteral("--each, --mirror and --span exclude each other")};
+        wish.mode = mode;
+    }
+    const auto list = arguments.text(monitorsOption);
+    if (!list) return wish;
+    const auto monitors = MonitorChoice::from(*list);
+    if (!monitors) return Error{QStringLiteral("--monitors: ") + monitors.error()};
+    wish.monitors = monitors.value();
+    return wish;
+}
+
+} // namespace kestro
