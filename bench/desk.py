@@ -38,6 +38,11 @@ class Screen:
         at = self.start + y * self.stride + x * 4
         return struct.unpack("<I", self.pixels[at:at + 4])[0] & 0xFFFFFF
 
+    def plug_in(self, name, geometry, output):
+        """Makes a part of the desk a monitor; `output` is "screen" for the first of them, else "none"."""
+        subprocess.run(["xrandr", "--setmonitor", name, geometry, output], env=self.environment(), check=True,
+                       stdout=subprocess.DEVNULL)
+
     def environment(self, **more):
         env = {**os.environ, "DISPLAY": self.display, **more}
         env.pop("WAYLAND_DISPLAY", None)

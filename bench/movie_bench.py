@@ -1,6 +1,6 @@
 """Measures movies on the screen: cost, memory and start, each beside its peer in the same run.
 
-usage: movie_bench.py KESTRO [BENCH...]     benches: play start sign list
+usage: movie_bench.py KESTRO [BENCH...]     benches: play mirror start sign list
 """
 
 import os
@@ -93,6 +93,34 @@ class Bench:
         bar("cost against mpv --vo=x11", ours[0] / x11[0], 0.75)
         bar("peak memory above mpv --vo=x11, MB", ours[2] - x11[2], 30)
 
+    def cost_on_monitors(self, count, *words):
+        """What `kestro` with these words, and the X server, cost on so many monitors side by side."""
+        screen = desk.Screen(1920 * count)
+        for number in range(count):
+            screen.plug_in(f"M{number}", f"1920/508x1080/286+{1920 * number}+0", "none" if number else "screen")
+        process = self.start(screen, [self.kestro, *words], self.home)
+        own, server = desk.cost([process.pid, screen.process.pid], 2, 8)
+        shown = sum(screen.pixel(1920 * number + 960, 300) != 0 for number in range(count))
+        desk.end(process)
+        screen.close()
+        if shown != count:
+            sys.exit(f"  {shown} of {count} monitors show the movie")
+        return own, server
+
+    def mirror(self):
+        """The same movie full screen on three monitors of 1920x1080, against one such monitor, and one on each."""
+        runs = {"one": (1,), "mirror": (3, "--mirror"), "each": (3, "--each")}
+        rows = {name: [] for name in runs}
+        for _ in range(ROUNDS):
+            for name, (count, *words) in runs.items():
+                rows[name].append(self.cost_on_monitors(count, *words))
+        medians = {name: [statistics.median(column) for column in zip(*values)] for name, values in rows.items()}
+        for name, (own, server) in medians.items():
+            each = " ".join(f"{row[0]:.3f}" for row in rows[name])
+            print(f"  {name:6} {own:.3f} CPU s/s, X server {server:.3f}; each {each}")
+        bar("mirror on three against one", medians["mirror"][0] / medians["one"][0], 1.35)
+        bar("a movie on each of three against one", medians["each"][0] / medians["one"][0], 3.1)
+
     def start_(self):
         """From the start of the program to the first picture of the movie."""
         command, home = self.peers()["kestro"]
@@ -124,7 +152,7 @@ def bar(name, value, most):
 
 
 def main():
-    kestro, names = os.path.abspath(sys.argv[1]), sys.argv[2:] or ["play", "start", "sign", "list"]
+    kestro, names = os.path.abspath(sys.argv[1]), sys.argv[2:] or ["play", "mirror", "start", "sign", "list"]
     with tempfile.TemporaryDirectory() as folder:
         bench = Bench(kestro, folder)
         for name in names:

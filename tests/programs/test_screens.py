@@ -5,9 +5,10 @@ import pathlib
 import subprocess
 import unittest
 
-from harness import BLACK, BLUE, BOUND, RED, ProgramTest, Rendering, movie_folder
+from harness import BLACK, BLUE, BOUND, RED, ProgramTest, Rendering, movie_folder, wait_until
 from test_given_window import GivenWindow
 from test_monitors import Desk, Monitor
+from wayland import Session
 
 FULL_SCREEN = {"FullScreenMode": "1", "PlayMode": "1"}
 OPENGL = {"KESTRO_RENDERER": "opengl", "LIBGL_ALWAYS_SOFTWARE": "1"}
@@ -219,6 +220,54 @@ class Chosen(Sharing):
         self.server.move_pointer(4, 4)
         self.server.run("xdotool", "click", "1")
         self.assertEqual(self.ended(process)[0], 0)
+
+
+class Wayland(ProgramTest):
+    """Two outputs side by side, of 400x300 and 320x240 pixels."""
+
+    def setUp(self):
+        super().setUp()
+        self.home.play([red_and_blue()], **FULL_SCREEN)
+        self.session = Session()
+        self.addCleanup(self.session.close)
+
+    def start(self, *words):
+        variables = self.session.environment()
+        return self.start_kestro(*words, WAYLAND_DISPLAY=variables["WAYLAND_DISPLAY"],
+                                 XDG_RUNTIME_DIR=variables["XDG_RUNTIME_DIR"])
+
+    def await_red(self, process, **edges):
+        """Waits until each of these outputs is red to the left of its edge, in pixels, and blue to the right of it."""
+        def is_shown():
+            return all(self.is_red_until(self.session.picture("-o", name), edge) for name, edge in outputs.items())
+        outputs = {f"HEADLESS-{name[-1]}": edge for name, edge in edges.items()}
+        wait_until(lambda: process.poll() is not None or is_shown(), f"the edges {edges}")
+        self.assertIsNone(process.poll())
+
+    @staticmethod
+    def is_red_until(picture, edge):
+        clear = 6  # of the edge, where the two mix
+        return all(picture.is_near(x, y, RED if x < edge else BLUE) for x in range(3, picture.width, 7)
+                   for y in range(6, picture.height, 9) if abs(x - edge) > clear)
+
+    def assertEndsWell(self, process):
+        process.terminate()
+        self.assertEqual(self.ended(process)[0], 0)
+
+    def test_one_movie_goes_across_the_outputs_and_follows_one_that_moves(self):
+        process = self.start("--span")
+        self.await_red(process, output1=360, output2=0)
+        self.session.tell("output", "HEADLESS-2", "position", "0", "300")
+        self.await_red(process, output1=200, output2=200)
+        self.assertEndsWell(process)
+
+    def test_both_outputs_show_the_movie_whatever_their_scales(self):
+        process = self.start("--mirror")
+        self.await_red(process, output1=200, output2=160)
+        for output, scale in (("HEADLESS-2", "1.25"), ("HEADLESS-1", "2")):
+            self.session.tell("output", output, "scale", scale)
+            self.await_red(process, output1=200, output2=160)
+        self.assertEndsWell(process)
 
 
 class InAWindow(GivenWindow):

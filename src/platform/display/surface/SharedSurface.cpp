@@ -78,7 +78,7 @@ void SharedSurface::present(const QRegion& changed)
     const bool isFirstDrawn = m_canvas.isNull();
     const bool isNew = std::exchange(m_isNew, false);
     for (std::size_t i = isFirstDrawn ? 1 : 0; i < m_parts.size(); ++i)
-        copyTo(m_parts[i], picture, isNew ? QRegion(picture.rect()) : changed, isNew);
+        copyTo(m_parts[i], picture, changed, isNew);
     // Last, because the display may be at its pixels from then on.
     if (isFirstDrawn && !m_parts.empty()) m_parts.front().surface->present(changed);
 }

@@ -106,6 +106,15 @@ TEST_F(SharingDesktopTest, monitorsThatAreNotChosen_areBlack)
     EXPECT_TRUE(shared.isFirst(*shared.mainScreen()));
 }
 
+TEST_F(SharingDesktopTest, monitorsOwnScreen_drawsNothing_whileItShowsAPicture)
+{
+    SharingDesktop shared(desktop, {ScreensMode::Mirror, {}});
+    cover(shared);
+    screen(1).setFrame(right);
+    screen(1).update();
+    EXPECT_EQ(colours(1), redAndBlue);
+}
+
 TEST_F(SharingDesktopTest, each_isAScreenForEveryMonitor)
 {
     const SharingDesktop shared(desktop, {ScreensMode::Each, {}});
@@ -180,18 +189,22 @@ TEST_F(SharingDesktopTest, screensAreGone_whileThereIsNoMonitor)
     EXPECT_EQ(framesOf(shared), std::vector{left});
 }
 
-TEST_F(SharingDesktopTest, monitorIsBlackAgain_whenItIsNotChosenAnyMore)
+TEST_F(SharingDesktopTest, monitorIsBlackAgain_eachTimeThatItIsNotChosenAnyMore)
 {
     const LogCapture capture([](const QString&) {});
     SharingDesktop shared(desktop, {ScreensMode::Mirror, {Kind::Named, {QStringLiteral("M3")}}});
     cover(shared);
-    EXPECT_EQ(colours(0), redAndBlue);
-    Screen& added = desktop.addScreen({{384, 0}, {128, 96}});
-    added.setName(QStringLiteral("M3"));
-    desktop.resizeScreen(added, added.frame());
-    update(shared);
-    EXPECT_EQ(colours(0), allBlack);
-    EXPECT_EQ(colours(3), redAndBlue);
+    for (int turn = 0; turn < 2; ++turn) {
+        EXPECT_EQ(colours(0), redAndBlue);
+        Screen& added = desktop.addScreen({{384, 0}, {128, 96}});
+        added.setName(QStringLiteral("M3"));
+        desktop.resizeScreen(added, added.frame());
+        update(shared);
+        EXPECT_EQ(colours(0), allBlack);
+        EXPECT_EQ(colours(3), redAndBlue);
+        desktop.removeScreen(added);
+        update(shared);
+    }
 }
 
 TEST_F(SharingDesktopTest, missingNames_areLoggedOnce)
