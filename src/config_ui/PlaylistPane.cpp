@@ -74,8 +74,8 @@ void PlaylistPane::addKeys()
         connect(shortcut, &QShortcut::activated, this, action);
     };
     add(Qt::Key_Delete, [this] { deleteSelected(); });
-    add(Qt::Key_Home, [this] { m_view.selectRow(0); });
-    add(Qt::Key_End, [this] { m_view.selectRow(m_table.rowCount() - 1); });
+    add(Qt::Key_Home, [this] { m_view.selectRowAlone(0); });
+    add(Qt::Key_End, [this] { m_view.selectRowAlone(m_table.rowCount() - 1); });
 }
 
 QList<int> PlaylistPane::selectedRows() const
@@ -94,7 +94,7 @@ void PlaylistPane::deleteSelected()
     m_view.clearSelection();
     m_model.deleteMovie(rows);
     const int next = std::min(rows.first(), m_table.rowCount() - 1);
-    if (next >= 0) m_view.selectRow(next);
+    if (next >= 0) m_view.selectRowAlone(next);
 }
 
 void PlaylistPane::showFrom(int first)
@@ -102,6 +102,7 @@ void PlaylistPane::showFrom(int first)
     const int last = m_table.rowCount() - 1;
     if (first > last) return;
     const QItemSelection rows(m_table.index(first, 0), m_table.index(last, 0));
+    m_view.selectRowAlone(first); // Shift extends from there
     m_view.selectionModel()->setCurrentIndex(m_table.index(last, 0), QItemSelectionModel::NoUpdate);
     m_view.selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     m_view.scrollTo(m_table.index(last, 0));
@@ -111,7 +112,8 @@ void PlaylistPane::showFrom(int first)
 // The row that the keys would start from looks like the selected one: it is.
 void PlaylistPane::selectCurrentRow()
 {
-    if (!m_view.selectionModel()->hasSelection()) m_view.selectRow(std::max(m_view.currentIndex().row(), 0));
+    if (!m_view.selectionModel()->hasSelection())
+        m_view.selectRowAlone(std::max(m_view.currentIndex().row(), 0));
 }
 
 bool PlaylistPane::eventFilter(QObject* watched, QEvent* event)

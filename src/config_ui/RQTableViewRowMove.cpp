@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <qdrawutil.h>
 
 #include <algorithm>
@@ -145,6 +146,19 @@ void RQTableViewRowMove::selectRowAlone(int row)
 {
     const QModelIndex index = model()->index(row, std::max(currentIndex().column(), 0), rootIndex());
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    pressAt(index);
+}
+
+// The base table takes the row that Shift extends from out of presses and keys, and has no other way to say
+// it.
+void RQTableViewRowMove::pressAt(const QModelIndex& index)
+{
+    if (!index.isValid()) return;
+    const QSignalBlocker quiet(this);
+    const QPointF at = visualRect(index).center();
+    QMouseEvent press(QEvent::MouseButtonPress, at, viewport()->mapToGlobal(at), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    handlePress(press);
 }
 
 // One pass of a move: the row goes where the mouse is; where that is partly out of view, the table scrolls to

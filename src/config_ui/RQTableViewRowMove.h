@@ -66,6 +66,9 @@ public:
     /// Ends a move inside the table with every row where it was; nothing when there is none.
     void cancelMove();
 
+    /// Selects a row and no other, makes it the current one, shows it, and has Shift extend from there.
+    void selectRowAlone(int row);
+
     /// The picture of a row, from the screen: as wide as the row or, in free mode, as the visible part.
     [[nodiscard]] const QPixmap& imageForRow(int row);
     /// The visible part of the table as it looked at the last step of a move that scrolled.
@@ -144,7 +147,7 @@ private:
     void dragImage(const QPixmap& image, const QPoint& at, const QPoint& mouse,
                    std::unique_ptr<QMimeData> pasteboard);
     void takeRow(int row);
-    void selectRowAlone(int row);
+    void pressAt(const QModelIndex& index);
     void followEvent(const RowMoveEvent& event);
     void depositAt(const QPoint& release);
     void endMove();

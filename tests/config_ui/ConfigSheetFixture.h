@@ -2,6 +2,7 @@
 
 #include "config_ui/ConfigDoubles.h"
 #include "config_ui/ConfigSheet.h"
+#include "config_ui/RQTableViewRowMove.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -25,6 +26,8 @@ protected:
         window.resize(800, 600);
         window.show();
     }
+    /// Lets go of the keys: the application remembers which are held.
+    ~ConfigSheetFixture() override { QTest::keyRelease(&window, Qt::Key_Shift); }
 
     /// A sheet that opens on a playlist of these URLs and these options.
     ConfigSheet& open(const QStringList& urls, QVariantMap options = {})
@@ -56,6 +59,16 @@ protected:
         auto& button = control<QAbstractButton>(name);
         ASSERT_TRUE(button.isEnabled()) << name;
         button.click();
+    }
+
+    /// The playlist.
+    RQTableViewRowMove& table() { return control<RQTableViewRowMove>("playListView"); }
+    void select(const QList<int>& rows)
+    {
+        table().clearSelection();
+        for (const int row : rows)
+            table().selectionModel()->select(table().model()->index(row, 0), QItemSelectionModel::Select);
+        table().setFocus();
     }
 
     /// Calls `answer` with the modal window that comes next, once it is shown.

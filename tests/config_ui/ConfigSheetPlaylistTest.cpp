@@ -1,8 +1,7 @@
-// Adding, deleting, editing and moving entries on the sheet.
+// Adding and editing entries on the sheet.
 
 #include "config_ui/ConfigSheetFixture.h"
 #include "config_ui/PlaylistPane.h"
-#include "config_ui/RQTableViewRowMove.h"
 #include "config_ui/ThemePanel.h"
 #include "config_ui/URLPanel.h"
 #include "platform/base/ScopedEnvironment.h"
@@ -22,14 +21,6 @@ namespace {
 
 class ConfigSheetPlaylistTest : public ConfigSheetFixture {
 protected:
-    RQTableViewRowMove& table() { return control<RQTableViewRowMove>("playListView"); }
-    void select(const QList<int>& rows)
-    {
-        table().clearSelection();
-        for (const int row : rows)
-            table().selectionModel()->select(table().model()->index(row, 0), QItemSelectionModel::Select);
-        table().setFocus();
-    }
     QString makeFile(const QString& name) const
     {
         QFile file(folder.filePath(name));
@@ -142,75 +133,6 @@ TEST_F(ConfigSheetPlaylistTest, drop_copies_andIsRefusedWhereFilesCanOnlyBeMoved
     EXPECT_EQ(drop({file}, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
     EXPECT_EQ(drop({file}, Qt::MoveAction), Qt::IgnoreAction);
     EXPECT_EQ(listed().size(), 1);
-}
-
-TEST_F(ConfigSheetPlaylistTest, deleteKey_deletesTheSelectedRows)
-{
-    open({movie("0"), movie("1"), movie("2"), movie("3")});
-    select({0, 2});
-    QTest::keyClick(&table(), Qt::Key_Delete);
-    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("3")}));
-    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
-}
-
-TEST_F(ConfigSheetPlaylistTest, deleteButton_isForASelectionOnly)
-{
-    open({movie("0"), movie("1")});
-    table().clearSelection();
-    EXPECT_FALSE(isEnabled("deleteBtn"));
-    select({1});
-    click("deleteBtn");
-    EXPECT_EQ(listed(), QStringList{movie("0")});
-    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
-    click("deleteBtn");
-    EXPECT_TRUE(listed().isEmpty());
-    EXPECT_FALSE(isEnabled("deleteBtn"));
-}
-
-TEST_F(ConfigSheetPlaylistTest, sheet_opensWithTheRowSelectedThatTheKeysStartFrom)
-{
-    open({movie("0"), movie("1"), movie("2")});
-    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
-    QTest::keyClick(&table(), Qt::Key_Down);
-    QTest::keyClick(&table(), Qt::Key_Delete);
-    sheet->reject();
-    table().clearSelection();
-    sheet->open();
-    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{table().currentIndex().row()});
-    open({});
-    EXPECT_TRUE(sheet->playlist().selectedRows().isEmpty());
-}
-
-TEST_F(ConfigSheetPlaylistTest, homeAndEnd_goToTheEndsOfTheList)
-{
-    open({movie("0"), movie("1"), movie("2")});
-    QTest::keyClick(&table(), Qt::Key_End);
-    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{2});
-    EXPECT_EQ(table().currentIndex().row(), 2);
-    QTest::keyClick(&table(), Qt::Key_Home);
-    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
-}
-
-TEST_F(ConfigSheetPlaylistTest, altDown_movesTheRow)
-{
-    open({movie("0"), movie("1"), movie("2")});
-    EXPECT_TRUE(table().needsCommandKey());
-    table().setFocus();
-    table().selectRow(0);
-    QTest::keyClick(&table(), Qt::Key_Down, Qt::AltModifier);
-    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("0"), movie("2")}));
-    QTest::keyClick(&table(), Qt::Key_Down, Qt::AltModifier);
-    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("2"), movie("0")}));
-    QTest::keyClick(&table(), Qt::Key_Up, Qt::AltModifier);
-    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("0"), movie("2")}));
-    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{1});
-}
-
-TEST_F(ConfigSheetPlaylistTest, drag_movesTheRowToWhereItWasDropped)
-{
-    open({movie("0"), movie("1"), movie("2"), movie("3")});
-    EXPECT_TRUE(table().startRowEndedAt(0, 2));
-    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("2"), movie("0"), movie("3")}));
 }
 
 TEST_F(ConfigSheetPlaylistTest, editor_holdsTheURL_andPutsWhatIsTyped)

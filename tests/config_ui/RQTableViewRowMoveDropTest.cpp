@@ -165,6 +165,41 @@ TEST_F(RowMoveTest, keys_askTheDelegate_whenAltIsHeld)
     EXPECT_EQ(m_deposits, none);
 }
 
+TEST_F(RowMoveTest, shift_extendsFromTheRowThatWasDropped)
+{
+    press(onRow(0));
+    release(onRow(0));
+    dragRow(4, 2);
+    pressKey(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(selectedRows(), (std::vector<int>{2, 3}));
+    dragRow(4, 2);
+    press(onRow(4), Qt::ShiftModifier);
+    release(onRow(4));
+    EXPECT_EQ(selectedRows(), (std::vector<int>{2, 3, 4}));
+}
+
+TEST_F(RowMoveTest, shift_extendsFromTheRowThatTheKeysHaveMoved)
+{
+    press(onRow(3));
+    release(onRow(3));
+    pressKey(Qt::Key_Up, Qt::AltModifier);
+    pressKey(Qt::Key_Up, Qt::AltModifier);
+    pressKey(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(selectedRows(), (std::vector<int>{1, 2}));
+}
+
+TEST_F(RowMoveTest, shift_extendsFromTheRowWhoseMoveWasGivenUp)
+{
+    press(onRow(0));
+    release(onRow(0));
+    press(onRow(3));
+    drag(onRow(1));
+    pressKey(Qt::Key_Escape, Qt::NoModifier);
+    release(onRow(1));
+    pressKey(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(selectedRows(), (std::vector<int>{3, 4}));
+}
+
 TEST_F(RowMoveTest, keys_moveNothing_whenAtAnEnd)
 {
     m_table.selectRow(0);
