@@ -92,6 +92,10 @@ Bitte versuchen Sie es noch einmal.</translation>
         <translation>Der Film konnte nicht als %1 gespeichert werden.
 %2</translation>
     </message>
+    <message>
+        <source>The folder %1 cannot be shown.</source>
+        <translation>Der Ordner %1 kann nicht angezeigt werden.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -409,6 +413,22 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>Where a movie was, its picture stays behind and fades out</source>
         <translation>Wo ein Film war, bleibt sein Bild zurück und verblasst</translation>
     </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie up (Alt+Up)</source>
+        <translation>Verschiebt den ausgewählten Film nach oben (Alt+Auf)</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie down (Alt+Down)</source>
+        <translation>Verschiebt den ausgewählten Film nach unten (Alt+Ab)</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -675,6 +695,17 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::PlaylistMenu</name>
+    <message>
+        <source>&amp;Open Folder</source>
+        <translation>&amp;Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Look Again</source>
+        <translation>Noch einmal an&amp;sehen</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PlaylistTable</name>
     <message>
         <source>Movie</source>
@@ -714,12 +745,12 @@ Bitte versuchen Sie es noch einmal.</translation>
 <context>
     <name>kestro::RQTableViewRowMove</name>
     <message>
-        <source>To move a row, drag it, or select it and press Alt+Up or Alt+Down.</source>
-        <translation>Um eine Zeile zu verschieben, ziehen Sie sie, oder wählen Sie sie aus und drücken Sie Alt+Aufwärts oder Alt+Abwärts.</translation>
+        <source>Rows are moved by dragging with Alt held, or with Alt+Up and Alt+Down.</source>
+        <translation>Zeilen werden mit gedrückter Alt-Taste gezogen oder mit Alt+Auf und Alt+Ab verschoben.</translation>
     </message>
     <message>
-        <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
-        <translation>Um eine Zeile zu verschieben, ziehen Sie sie bei gedrückter Alt-Taste, oder wählen Sie sie aus und drücken Sie Alt+Aufwärts oder Alt+Abwärts. Manche Fenstermanager verschieben beim Ziehen mit Alt das Fenster: Benutzen Sie dort die Tasten.</translation>
+        <source>Rows are moved by dragging, or with Alt+Up and Alt+Down.</source>
+        <translation>Zeilen werden gezogen oder mit Alt+Auf und Alt+Ab verschoben.</translation>
     </message>
 </context>
 <context>

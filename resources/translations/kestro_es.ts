@@ -92,6 +92,10 @@ Inténtelo de nuevo.</translation>
         <translation>No se ha podido guardar la película como %1.
 %2</translation>
     </message>
+    <message>
+        <source>The folder %1 cannot be shown.</source>
+        <translation>No se puede mostrar la carpeta %1.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -409,6 +413,22 @@ Inténtelo de nuevo.</translation>
         <source>Where a movie was, its picture stays behind and fades out</source>
         <translation>Donde estuvo una película, su imagen permanece y se desvanece</translation>
     </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Subir</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie up (Alt+Up)</source>
+        <translation>Sube la película seleccionada (Alt+Arriba)</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Bajar</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie down (Alt+Down)</source>
+        <translation>Baja la película seleccionada (Alt+Abajo)</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -675,6 +695,17 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::PlaylistMenu</name>
+    <message>
+        <source>&amp;Open Folder</source>
+        <translation>Abrir la &amp;carpeta</translation>
+    </message>
+    <message>
+        <source>&amp;Look Again</source>
+        <translation>&amp;Volver a comprobar</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PlaylistTable</name>
     <message>
         <source>Movie</source>
@@ -714,12 +745,12 @@ Inténtelo de nuevo.</translation>
 <context>
     <name>kestro::RQTableViewRowMove</name>
     <message>
-        <source>To move a row, drag it, or select it and press Alt+Up or Alt+Down.</source>
-        <translation>Para mover una fila, arrástrela, o selecciónela y pulse Alt+Arriba o Alt+Abajo.</translation>
+        <source>Rows are moved by dragging with Alt held, or with Alt+Up and Alt+Down.</source>
+        <translation>Las filas se mueven arrastrándolas con Alt pulsada, o con Alt+Arriba y Alt+Abajo.</translation>
     </message>
     <message>
-        <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
-        <translation>Para mover una fila, arrástrela con la tecla Alt pulsada, o selecciónela y pulse Alt+Arriba o Alt+Abajo. Algunos gestores de ventanas mueven la ventana al arrastrar con Alt: use ahí las teclas.</translation>
+        <source>Rows are moved by dragging, or with Alt+Up and Alt+Down.</source>
+        <translation>Las filas se mueven arrastrándolas, o con Alt+Arriba y Alt+Abajo.</translation>
     </message>
 </context>
 <context>

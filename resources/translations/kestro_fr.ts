@@ -92,6 +92,10 @@ Veuillez réessayer.</translation>
         <translation>Impossible d’enregistrer le film sous %1.
 %2</translation>
     </message>
+    <message>
+        <source>The folder %1 cannot be shown.</source>
+        <translation>Impossible d’afficher le dossier %1.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -409,6 +413,22 @@ Veuillez réessayer.</translation>
         <source>Where a movie was, its picture stays behind and fades out</source>
         <translation>Là où était un film, son image reste et s’estompe</translation>
     </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Monter</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie up (Alt+Up)</source>
+        <translation>Monte le film sélectionné (Alt+Haut)</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Descendre</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie down (Alt+Down)</source>
+        <translation>Descend le film sélectionné (Alt+Bas)</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -675,6 +695,17 @@ Veuillez réessayer.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::PlaylistMenu</name>
+    <message>
+        <source>&amp;Open Folder</source>
+        <translation>&amp;Ouvrir le dossier</translation>
+    </message>
+    <message>
+        <source>&amp;Look Again</source>
+        <translation>&amp;Vérifier de nouveau</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PlaylistTable</name>
     <message>
         <source>Movie</source>
@@ -714,12 +745,12 @@ Veuillez réessayer.</translation>
 <context>
     <name>kestro::RQTableViewRowMove</name>
     <message>
-        <source>To move a row, drag it, or select it and press Alt+Up or Alt+Down.</source>
-        <translation>Pour déplacer une ligne, faites-la glisser, ou sélectionnez-la et appuyez sur Alt+Haut ou Alt+Bas.</translation>
+        <source>Rows are moved by dragging with Alt held, or with Alt+Up and Alt+Down.</source>
+        <translation>Les lignes se déplacent en les faisant glisser avec Alt enfoncée, ou avec Alt+Haut et Alt+Bas.</translation>
     </message>
     <message>
-        <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
-        <translation>Pour déplacer une ligne, faites-la glisser en maintenant Alt, ou sélectionnez-la et appuyez sur Alt+Haut ou Alt+Bas. Certains gestionnaires de fenêtres déplacent la fenêtre quand on glisse avec Alt&#xa0;: utilisez alors les touches.</translation>
+        <source>Rows are moved by dragging, or with Alt+Up and Alt+Down.</source>
+        <translation>Les lignes se déplacent en les faisant glisser, ou avec Alt+Haut et Alt+Bas.</translation>
     </message>
 </context>
 <context>

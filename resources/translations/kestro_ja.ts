@@ -92,6 +92,10 @@ Please try again.</source>
         <translation>ムービーを %1 として保存できませんでした。
 %2</translation>
     </message>
+    <message>
+        <source>The folder %1 cannot be shown.</source>
+        <translation>フォルダ %1 を表示できません。</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -409,6 +413,22 @@ Please try again.</source>
         <source>Where a movie was, its picture stays behind and fades out</source>
         <translation>ムービーがあった場所に画像が残り、次第に消えていきます</translation>
     </message>
+    <message>
+        <source>Move Up</source>
+        <translation>上へ移動</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie up (Alt+Up)</source>
+        <translation>選択したムービーを上へ移動します (Alt+↑)</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>下へ移動</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie down (Alt+Down)</source>
+        <translation>選択したムービーを下へ移動します (Alt+↓)</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -675,6 +695,17 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::PlaylistMenu</name>
+    <message>
+        <source>&amp;Open Folder</source>
+        <translation>フォルダを開く(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Look Again</source>
+        <translation>もう一度調べる(&amp;L)</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PlaylistTable</name>
     <message>
         <source>Movie</source>
@@ -714,12 +745,12 @@ Please try again.</source>
 <context>
     <name>kestro::RQTableViewRowMove</name>
     <message>
-        <source>To move a row, drag it, or select it and press Alt+Up or Alt+Down.</source>
-        <translation>行を移動するには、ドラッグするか、選択してAlt+上矢印またはAlt+下矢印を押します。</translation>
+        <source>Rows are moved by dragging with Alt held, or with Alt+Up and Alt+Down.</source>
+        <translation>行は Alt を押しながらドラッグするか、Alt+↑ と Alt+↓ で移動します。</translation>
     </message>
     <message>
-        <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
-        <translation>行を移動するには、Altキーを押しながらドラッグするか、選択してAlt+上矢印またはAlt+下矢印を押します。Altキーを押しながらのドラッグでウインドウが移動するウインドウマネージャでは、キーを使ってください。</translation>
+        <source>Rows are moved by dragging, or with Alt+Up and Alt+Down.</source>
+        <translation>行はドラッグするか、Alt+↑ と Alt+↓ で移動します。</translation>
     </message>
 </context>
 <context>

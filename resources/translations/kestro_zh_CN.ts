@@ -92,6 +92,10 @@ Please try again.</source>
         <translation>无法将影片存储为 %1。
 %2</translation>
     </message>
+    <message>
+        <source>The folder %1 cannot be shown.</source>
+        <translation>无法显示文件夹 %1。</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -409,6 +413,22 @@ Please try again.</source>
         <source>Where a movie was, its picture stays behind and fades out</source>
         <translation>影片离开后，其画面留在原处并渐渐隐去</translation>
     </message>
+    <message>
+        <source>Move Up</source>
+        <translation>上移</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie up (Alt+Up)</source>
+        <translation>上移所选影片（Alt+↑）</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>下移</translation>
+    </message>
+    <message>
+        <source>Moves the selected movie down (Alt+Down)</source>
+        <translation>下移所选影片（Alt+↓）</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -675,6 +695,17 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::PlaylistMenu</name>
+    <message>
+        <source>&amp;Open Folder</source>
+        <translation>打开文件夹(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Look Again</source>
+        <translation>重新检查(&amp;L)</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PlaylistTable</name>
     <message>
         <source>Movie</source>
@@ -714,12 +745,12 @@ Please try again.</source>
 <context>
     <name>kestro::RQTableViewRowMove</name>
     <message>
-        <source>To move a row, drag it, or select it and press Alt+Up or Alt+Down.</source>
-        <translation>要移动一行，请拖动它，或选中它后按 Alt+上箭头或 Alt+下箭头。</translation>
+        <source>Rows are moved by dragging with Alt held, or with Alt+Up and Alt+Down.</source>
+        <translation>按住 Alt 拖动，或用 Alt+↑ 和 Alt+↓ 可移动行。</translation>
     </message>
     <message>
-        <source>To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. Some window managers take the drag with Alt for moving the window: use the keys there.</source>
-        <translation>要移动一行，请按住 Alt 拖动它，或选中它后按 Alt+上箭头或 Alt+下箭头。有些窗口管理器会把按住 Alt 的拖动用于移动窗口：此时请使用按键。</translation>
+        <source>Rows are moved by dragging, or with Alt+Up and Alt+Down.</source>
+        <translation>拖动，或用 Alt+↑ 和 Alt+↓ 可移动行。</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,8 @@ public:
 
     virtual ~ConfigPanels() = default;
 
+    /// Shows a folder of this machine in the desktop's own file manager.
+    virtual void openFolder(const QString& folder) = 0;
     /// Takes the sheet from sight.
     virtual void endSheet() = 0;
     /// Shows an alert with one button.

@@ -2,6 +2,7 @@
 
 #include "config_ui/DecimalValidator.h"
 #include "config_ui/PlaylistDelegate.h"
+#include "config_ui/PlaylistMenu.h"
 #include "config_ui/PlaylistPane.h"
 #include "config_ui/SheetPanels.h"
 #include "config_ui/ThemePanel.h"
@@ -116,6 +117,7 @@ ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, con
     connectControls();
     connectFields();
     connectButtons();
+    connectRowButtons();
 }
 
 ConfigSheet::~ConfigSheet() = default;
@@ -125,7 +127,6 @@ void ConfigSheet::setUpGroups()
     m_playModeRadio = groupOf({m_ui->playModeFit, m_ui->playModeStretch, m_ui->playModeEnlarge}, this);
     m_partialModeRadio = groupOf({m_ui->partialModeFly, m_ui->partialModeBounce}, this);
     m_reposRadio = groupOf({m_ui->reposInterval, m_ui->reposMovieEnd}, this);
-    m_ui->moveHint->setText(m_ui->playListView->rowMoveHint());
 }
 
 void ConfigSheet::setUpFields()
@@ -142,9 +143,12 @@ void ConfigSheet::setUpButtons(bool hasTrailers)
 {
     m_ui->trailersBtn->setEnabled(hasTrailers);
     m_ui->idvdBtn->setEnabled(QFileInfo::exists(platformPath(dvdProgram)));
-    m_ui->deleteBtn->setEnabled(false);
-    connect(m_ui->playListView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this] { m_ui->deleteBtn->setEnabled(!m_playlist->selectedRows().isEmpty()); });
+    for (QPushButton* const arrow : {m_ui->moveUpBtn, m_ui->moveDownBtn})
+        arrow->setMaximumWidth(arrow->sizeHint().height() * 3 / 2);
+    m_playlistMenu = std::make_unique<PlaylistMenu>(
+        *m_ui->playListView, *m_playlist, *m_panels,
+        QList<QAbstractButton*>{m_ui->addMovieBtn, m_ui->addURLBtn, m_ui->trailersBtn, m_ui->idvdBtn, nullptr,
+                                m_ui->moveUpBtn, m_ui->moveDownBtn, m_ui->deleteBtn});
 }
 
 void ConfigSheet::connectControls()
@@ -199,7 +203,25 @@ void ConfigSheet::connectButtons()
             [this] { m_playlist->showFrom(m_ui->playListView->model()->rowCount() - 1); });
     connect(m_ui->trailersBtn, &QPushButton::clicked, m_model.get(), &ConfigModel::openTrailerPanel);
     connect(m_ui->idvdBtn, &QPushButton::clicked, this, &ConfigSheet::openThemePanel);
+}
+
+void ConfigSheet::connectRowButtons()
+{
+    RQTableViewRowMove& table = *m_ui->playListView;
     connect(m_ui->deleteBtn, &QPushButton::clicked, m_playlist.get(), &PlaylistPane::deleteSelected);
+    connect(m_ui->moveUpBtn, &QPushButton::clicked, this, [&table] { table.moveSelectedRowBy(-1); });
+    connect(m_ui->moveDownBtn, &QPushButton::clicked, this, [&table] { table.moveSelectedRowBy(1); });
+    connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ConfigSheet::showRowButtons);
+    connect(&m_model->playList(), &EditedPlaylist::changed, this, &ConfigSheet::showRowButtons);
+    showRowButtons();
+}
+
+void ConfigSheet::showRowButtons()
+{
+    m_ui->deleteBtn->setEnabled(!m_playlist->selectedRows().isEmpty());
+    m_ui->moveUpBtn->setEnabled(m_ui->playListView->hasPlaceForSelectedRow(-1));
+    m_ui->moveDownBtn->setEnabled(m_ui->playListView->hasPlaceForSelectedRow(1));
 }
 
 void ConfigSheet::openThemePanel()

@@ -17,6 +17,7 @@ class SSConfig;
 namespace kestro {
 
 class MovieLibrary;
+class PlaylistMenu;
 class PlaylistPane;
 class SheetPanels;
 class ThemePanel;
@@ -57,11 +58,13 @@ private:
     void connectControls();
     void connectFields();
     void connectButtons();
+    void connectRowButtons();
     void openThemePanel();
     void fitToScreen();
     template <typename Add>
     void showWhatAdds(Add add);
 
+    void showRowButtons();
     void showBackSavers();
     void showControls();
     void showEnabling();
@@ -74,6 +77,7 @@ private:
     std::unique_ptr<SheetPanels> m_panels;
     std::unique_ptr<ConfigModel> m_model;
     std::unique_ptr<PlaylistPane> m_playlist;
+    std::unique_ptr<PlaylistMenu> m_playlistMenu;
     std::unique_ptr<ThemePanel> m_themePanel; ///< from its first opening on
     int m_rowsBeforeThemes = 0;               ///< in the playlist, when that panel was opened
     QButtonGroup* m_playModeRadio = nullptr;

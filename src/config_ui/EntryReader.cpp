@@ -41,6 +41,11 @@ void EntryReader::want(const QList<QUrl>& urls)
     m_servers.want(onServers);
 }
 
+void EntryReader::forget(const QUrl& url)
+{
+    if (m_known.remove(url)) Q_EMIT learned(url);
+}
+
 void EntryReader::keep(const QUrl& url, const EntryFacts& facts)
 {
     const qsizetype kibibytes = 1 + facts.picture.sizeInBytes() / 1024;

@@ -23,11 +23,13 @@ public:
 
     /// Reads what is not known yet of these, in this order, and nothing else any more.
     void want(const QList<QUrl>& urls);
+    /// Knows nothing of the movie at `url` any more; what is read of it now still counts.
+    void forget(const QUrl& url);
     /// What is known of the movie at `url`; null as long as nothing is. Good until the events go on.
     [[nodiscard]] const EntryFacts* facts(const QUrl& url) const { return m_known.object(url); }
 
 Q_SIGNALS:
-    /// More is known of the movie at `url`.
+    /// More, or nothing any more, is known of the movie at `url`.
     void learned(const QUrl& url);
 
 private:

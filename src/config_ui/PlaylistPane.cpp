@@ -4,8 +4,10 @@
 #include "config_ui/EntryText.h"
 #include "config_ui/PlaylistDelegate.h"
 #include "config_ui/RQTableViewRowMove.h"
+#include "platform/base/FileURL.h"
 
 #include <QEvent>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QShortcut>
@@ -95,6 +97,21 @@ void PlaylistPane::deleteSelected()
     m_model.deleteMovie(rows);
     const int next = std::min(rows.first(), m_table.rowCount() - 1);
     if (next >= 0) m_view.selectRowAlone(next);
+}
+
+std::optional<QString> PlaylistPane::folderOfSelected() const
+{
+    const QList<int> rows = selectedRows();
+    if (rows.size() != 1) return {};
+    const auto path = localPath(m_table.entry(rows.first()).url);
+    return path ? std::optional(QFileInfo(*path).absolutePath()) : std::nullopt;
+}
+
+void PlaylistPane::lookAgain()
+{
+    for (const int row : selectedRows())
+        m_reader.forget(m_table.entry(row).url);
+    m_look.start(0);
 }
 
 void PlaylistPane::showFrom(int first)

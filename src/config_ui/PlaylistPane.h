@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <optional>
+
 namespace kestro {
 
 class ConfigModel;
@@ -25,6 +27,10 @@ public:
     [[nodiscard]] QList<int> selectedRows() const;
     /// Deletes them, and selects what stands there then.
     void deleteSelected();
+    /// The folder of the one selected row, where that is a file of this machine.
+    [[nodiscard]] std::optional<QString> folderOfSelected() const;
+    /// Has the movies of the selected rows looked into as if nothing was known of them.
+    void lookAgain();
     /// Selects the rows from `first` to the last, scrolls to them and gives them the keys; nothing where
     /// there is none.
     void showFrom(int first);

@@ -58,9 +58,8 @@ void RQTableViewRowMove::setNeedsCommandKey(bool needed)
 
 QString RQTableViewRowMove::rowMoveHint() const
 {
-    if (!m_needsCommandKey) return tr("To move a row, drag it, or select it and press Alt+Up or Alt+Down.");
-    return tr("To move a row, hold Alt and drag it, or select it and press Alt+Up or Alt+Down. "
-              "Some window managers take the drag with Alt for moving the window: use the keys there.");
+    return m_needsCommandKey ? tr("Rows are moved by dragging with Alt held, or with Alt+Up and Alt+Down.")
+                             : tr("Rows are moved by dragging, or with Alt+Up and Alt+Down.");
 }
 
 void RQTableViewRowMove::updateHint()

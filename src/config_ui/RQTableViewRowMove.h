@@ -63,8 +63,14 @@ public:
     bool move(const RowMoveEvent& press);
     /// The drop: asks and tells the delegate, reloads and selects. False when nothing was moved.
     bool startRowEndedAt(int from, int to);
-    /// Ends a move inside the table with every row where it was; nothing when there is none.
+    /// Ends a move inside the table with every row where it was; nothing when there is none. Escape does, and
+    /// whatever takes the keys from the window: some window managers keep Alt+Escape for themselves.
     void cancelMove();
+    /// Moves the one selected row by so many places. False when none is moved: several are selected, or none,
+    /// it would leave the table, or the delegate refuses.
+    bool moveSelectedRowBy(int step);
+    /// Whether there is one selected row, and a place for it so many places further.
+    [[nodiscard]] bool hasPlaceForSelectedRow(int step) const;
 
     /// Selects a row and no other, makes it the current one, shows it, and has Shift extend from there.
     void selectRowAlone(int row);
@@ -151,7 +157,6 @@ private:
     void followEvent(const RowMoveEvent& event);
     void depositAt(const QPoint& release);
     void endMove();
-    bool moveSelectedRowBy(int step);
     void updateHint();
 
     void grabTableBits();

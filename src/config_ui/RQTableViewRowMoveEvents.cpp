@@ -106,14 +106,20 @@ void RQTableViewRowMove::keyPressEvent(QKeyEvent* event)
     }
 }
 
-bool RQTableViewRowMove::moveSelectedRowBy(int step)
+bool RQTableViewRowMove::hasPlaceForSelectedRow(int step) const
 {
     const QModelIndexList selected =
         selectionModel() != nullptr ? selectionModel()->selectedRows() : QModelIndexList();
-    if (selected.size() != 1 || !m_delegate.tableViewShouldMoveRowInColumn) return false;
-    const int from = selected.front().row();
+    if (selected.size() != 1) return false;
+    const int to = selected.front().row() + step;
+    return to >= 0 && to < verticalHeader()->count();
+}
+
+bool RQTableViewRowMove::moveSelectedRowBy(int step)
+{
+    if (!hasPlaceForSelectedRow(step) || !m_delegate.tableViewShouldMoveRowInColumn) return false;
+    const int from = selectionModel()->selectedRows().front().row();
     const int to = from + step;
-    if (to < 0 || to >= verticalHeader()->count()) return false;
     const int column = std::max(currentIndex().column(), 0);
     if (!m_delegate.tableViewShouldMoveRowInColumn(*this, from, column)) return false;
     m_draggedRow = from;
@@ -171,7 +177,8 @@ void RQTableViewRowMove::hideEvent(QHideEvent* event)
 
 void RQTableViewRowMove::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::EnabledChange) cancelMove();
+    const bool isLeft = event->type() == QEvent::ActivationChange && !isActiveWindow();
+    if (event->type() == QEvent::EnabledChange || isLeft) cancelMove();
     if (event->type() == QEvent::LanguageChange) updateHint();
     QTableView::changeEvent(event);
 }

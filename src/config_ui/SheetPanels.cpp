@@ -1,5 +1,8 @@
 #include "config_ui/SheetPanels.h"
 
+#include "platform/base/ChildProcess.h"
+#include "platform/base/Log.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -7,6 +10,19 @@
 #include <QStandardPaths>
 
 namespace kestro {
+
+// The file manager goes on when this program ends.
+void SheetPanels::openFolder(const QString& folder)
+{
+    ChildProgram program;
+    program.file = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    program.arguments = {folder};
+    program.group = ChildProgram::Group::OwnSession;
+    auto process = ChildProcess::start(program);
+    if (process) return ChildProcess::leave(std::move(process.value()));
+    logLine(QStringLiteral("Cannot show %1: %2.").arg(folder, process.error()));
+    runAlert(QCoreApplication::translate("Kestro", "The folder %1 cannot be shown.").arg(folder));
+}
 
 void SheetPanels::endSheet()
 {

@@ -15,6 +15,7 @@ public:
     {
     }
 
+    void openFolder(const QString& folder) override;
     void endSheet() override;
     void runAlert(const QString& message) override;
     [[nodiscard]] std::optional<Choice> runOpenPanel(const QString& folder) override;

@@ -67,6 +67,7 @@ public:
     {
     }
 
+    void openFolder(const QString& folder) override { m_calls.push_back(folder); }
     void endSheet() override { m_calls.push_back(QStringLiteral("end sheet")); }
     void runAlert(const QString& message) override
     {

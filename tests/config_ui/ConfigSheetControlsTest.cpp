@@ -119,14 +119,6 @@ TEST_F(ConfigSheetControlsTest, sheet_fitsOnTheScreen_whateverTheLengthOfItsText
     EXPECT_TRUE(control<QScrollArea>("optionsArea").horizontalScrollBar()->isVisible());
 }
 
-TEST_F(ConfigSheetControlsTest, hint_saysHowRowsAreMoved)
-{
-    open({});
-    const QString hint = control<QLabel>("moveHint").text();
-    EXPECT_FALSE(hint.isEmpty());
-    EXPECT_EQ(hint, control<RQTableViewRowMove>("playListView").rowMoveHint());
-}
-
 TEST_F(ConfigSheetControlsTest, radioGroups_showNoButton_forNumbersThatNoneStandsFor)
 {
     open({}, {{"PlayMode", "7"}, {"FullScreenMode", "0"}, {"PartialMode", "2"}, {"Reposition", "-1"}});
@@ -303,8 +295,8 @@ TEST_F(ConfigSheetControlsTest, everyControl_hasANameAndIsReachedWithTab)
 TEST_F(ConfigSheetControlsTest, tab_goesThroughTheControlsAsTheyStand)
 {
     open({movie("a.mov")}, {{"FullScreenMode", "0"}});
-    QStringList expected{"playListView",      "addMovieBtn",     "addURLBtn",         "trailersBtn",
-                         "idvdBtn",           "deleteBtn",       "soundChk",          "randomChk",
+    QStringList expected{"playListView",      "addMovieBtn",     "addURLBtn",         "deleteBtn",
+                         "trailersBtn",       "idvdBtn",         "soundChk",          "randomChk",
                          "continueChk",       "backAndForthChk", "fullScreenChk",     "partialModeFly",
                          "partialModeBounce", "reposInterval",   "timeIntervalField", "reposMovieEnd",
                          "scaleSlider",       "scaleField",      "backSaverPopup",    "fadeoutChk"};

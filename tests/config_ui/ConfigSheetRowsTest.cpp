@@ -2,12 +2,33 @@
 
 #include "config_ui/ConfigSheetFixture.h"
 #include "config_ui/PlaylistPane.h"
+#include "support/WaitUntil.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
 
 namespace kestro {
 
 namespace {
 
-class ConfigSheetRowsTest : public ConfigSheetFixture {};
+class ConfigSheetRowsTest : public ConfigSheetFixture {
+protected:
+    /// The menu that opens on a row, as the mouse asks for it.
+    QMenu& menuOn(int row)
+    {
+        const QPoint at = table().visualRect(table().model()->index(row, 0)).center();
+        QContextMenuEvent wish(QContextMenuEvent::Mouse, at, table().viewport()->mapToGlobal(at));
+        QApplication::sendEvent(table().viewport(), &wish);
+        return *table().findChild<QMenu*>();
+    }
+    /// The entry of that text in a menu.
+    static QAction& entry(const QMenu& menu, const char* text)
+    {
+        for (QAction* const action : menu.actions())
+            if (action->text().remove(u'&') == QString::fromUtf8(text)) return *action;
+        throw std::runtime_error(text);
+    }
+};
 
 } // namespace
 
@@ -99,6 +120,80 @@ TEST_F(ConfigSheetRowsTest, drag_movesTheRowToWhereItWasDropped)
     open({movie("0"), movie("1"), movie("2"), movie("3")});
     EXPECT_TRUE(table().startRowEndedAt(0, 2));
     EXPECT_EQ(listed(), (QStringList{movie("1"), movie("2"), movie("0"), movie("3")}));
+}
+
+TEST_F(ConfigSheetRowsTest, arrows_moveTheRow)
+{
+    open({movie("0"), movie("1"), movie("2")});
+    click("moveDownBtn");
+    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("0"), movie("2")}));
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{1});
+    click("moveUpBtn");
+    EXPECT_EQ(listed(), (QStringList{movie("0"), movie("1"), movie("2")}));
+}
+
+TEST_F(ConfigSheetRowsTest, arrows_areForOneRowThatHasAPlaceToGoTo)
+{
+    open({movie("0"), movie("1")});
+    const auto canMove = [this] { return std::pair(isEnabled("moveUpBtn"), isEnabled("moveDownBtn")); };
+    EXPECT_EQ(canMove(), std::pair(false, true));
+    click("moveDownBtn");
+    EXPECT_EQ(canMove(), std::pair(true, false));
+    select({0, 1});
+    EXPECT_EQ(canMove(), std::pair(false, false));
+    select({1});
+    sheet->model().addURLList({QUrl(movie("2"))});
+    select({1});
+    EXPECT_EQ(canMove(), std::pair(true, true));
+    sheet->model().deleteMovie({2});
+    EXPECT_EQ(canMove(), std::pair(true, false));
+}
+
+TEST_F(ConfigSheetRowsTest, menu_doesWhatTheButtonsDo)
+{
+    open({movie("0"), movie("1")});
+    QMenu& menu = menuOn(0);
+    for (const char* text : {"Add Movie…", "Add URL…", "Move Down", "Delete", "Look Again"})
+        EXPECT_TRUE(entry(menu, text).isEnabled()) << text;
+    EXPECT_FALSE(entry(menu, "Move Up").isEnabled());
+    entry(menu, "Move Down").trigger();
+    EXPECT_EQ(listed(), (QStringList{movie("1"), movie("0")}));
+    entry(menu, "Delete").trigger();
+    EXPECT_EQ(listed(), QStringList{movie("1")});
+}
+
+TEST_F(ConfigSheetRowsTest, menu_opensWithItsKey_atTheRowThatTheKeysAreOn)
+{
+    open({movie("0"), movie("1"), movie("2")});
+    table().selectRowAlone(2);
+    QContextMenuEvent wish(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(&table(), &wish);
+    const auto* const menu = table().findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    const QRect row = table().visualRect(table().model()->index(2, 0));
+    EXPECT_TRUE(row.contains(table().viewport()->mapFromGlobal(menu->pos())));
+}
+
+TEST_F(ConfigSheetRowsTest, menu_opensTheFolderOfAFileAlone)
+{
+    open({movie("0"), "file:///movies/a%20b/c.mov"});
+    EXPECT_FALSE(entry(menuOn(0), "Open Folder").isEnabled());
+    select({1});
+    EXPECT_EQ(sheet->playlist().folderOfSelected(), "/movies/a b");
+    select({0, 1});
+    EXPECT_EQ(sheet->playlist().folderOfSelected(), std::nullopt);
+}
+
+TEST_F(ConfigSheetRowsTest, menu_looksAgainIntoTheMoviesThatAreSelected)
+{
+    open({movie("0"), movie("1")});
+    const auto isWaiting = [this](int row) {
+        return table().model()->index(row, 0).data(PlaylistTable::WaitingRole).toBool();
+    };
+    ASSERT_TRUE(waitUntil([&] { return !isWaiting(0) && !isWaiting(1); }));
+    entry(menuOn(0), "Look Again").trigger();
+    ASSERT_TRUE(waitUntil([this] { return looked().size() == 3; }));
+    EXPECT_EQ(looked().last(), QUrl(movie("0")));
 }
 
 } // namespace kestro

@@ -236,6 +236,18 @@ TEST_F(RowMoveTest, move_endsWithoutADrop_whenEscapeIsPressed)
     EXPECT_EQ(m_deposits, none);
 }
 
+TEST_F(RowMoveTest, move_endsWithoutADrop_whenTheWindowLosesTheKeys)
+{
+    QApplication::setActiveWindow(&m_table);
+    press(onRow(0));
+    drag(onRow(2));
+    ASSERT_TRUE(m_table.isMovingRow());
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_FALSE(m_table.isMovingRow());
+    release(onRow(2));
+    EXPECT_EQ(m_deposits, none);
+}
+
 TEST_F(RowMoveTest, mouse_selectsNothing_whenItsMoveWasGivenUp)
 {
     press(onRow(1));

@@ -229,14 +229,13 @@ TEST_F(RowMoveTest, move_showsItsRowWhole_whenPressedOnOneHalfOutOfView)
     EXPECT_EQ(offset(), rowHeight);
 }
 
-TEST_F(RowMoveTest, hint_namesTheKeyAndTheWindowManager_whenTheKeyIsNeeded)
+TEST_F(RowMoveTest, hint_namesTheKey_whenItIsNeeded)
 {
-    EXPECT_FALSE(m_table.toolTip().contains(QStringLiteral("hold Alt")));
-    EXPECT_TRUE(m_table.toolTip().contains(QStringLiteral("Alt+Up or Alt+Down")));
+    EXPECT_FALSE(m_table.toolTip().contains(QStringLiteral("Alt held")));
+    EXPECT_TRUE(m_table.toolTip().contains(QStringLiteral("Alt+Up and Alt+Down")));
     m_table.setNeedsCommandKey(true);
-    EXPECT_TRUE(m_table.toolTip().contains(QStringLiteral("hold Alt and drag")));
-    EXPECT_TRUE(m_table.toolTip().contains(QStringLiteral("window managers")));
-    EXPECT_TRUE(m_table.toolTip().contains(QStringLiteral("Alt+Up or Alt+Down")));
+    EXPECT_TRUE(m_table.toolTip().contains(QStringLiteral("dragging with Alt held")));
+    EXPECT_TRUE(m_table.toolTip().contains(QStringLiteral("Alt+Up and Alt+Down")));
     EXPECT_EQ(m_table.accessibleDescription(), m_table.toolTip());
 }
 
