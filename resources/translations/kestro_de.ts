@@ -31,6 +31,14 @@
         <source>Web content, %1</source>
         <translation>Webinhalt, %1</translation>
     </message>
+    <message>
+        <source>%1: cannot be opened, %2</source>
+        <translation>%1: kann nicht geöffnet werden, %2</translation>
+    </message>
+    <message>
+        <source>A click on the sign looks again.</source>
+        <translation>Ein Klick auf das Zeichen sieht noch einmal nach.</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

@@ -31,6 +31,14 @@
         <source>Web content, %1</source>
         <translation>Contenido web, %1</translation>
     </message>
+    <message>
+        <source>%1: cannot be opened, %2</source>
+        <translation>%1: no se puede abrir, %2</translation>
+    </message>
+    <message>
+        <source>A click on the sign looks again.</source>
+        <translation>Un clic en el signo vuelve a comprobarlo.</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

@@ -31,6 +31,14 @@
         <source>Web content, %1</source>
         <translation>Webコンテンツ、%1</translation>
     </message>
+    <message>
+        <source>%1: cannot be opened, %2</source>
+        <translation>%1: 開けません、%2</translation>
+    </message>
+    <message>
+        <source>A click on the sign looks again.</source>
+        <translation>印をクリックするともう一度調べます。</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

@@ -31,6 +31,14 @@
         <source>Web content, %1</source>
         <translation>网页内容，%1</translation>
     </message>
+    <message>
+        <source>%1: cannot be opened, %2</source>
+        <translation>%1：无法打开，%2</translation>
+    </message>
+    <message>
+        <source>A click on the sign looks again.</source>
+        <translation>点击该标志可重新检查。</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

@@ -46,6 +46,12 @@ void EntryReader::forget(const QUrl& url)
     if (m_known.remove(url)) Q_EMIT learned(url);
 }
 
+void EntryReader::forgetFaults()
+{
+    for (const QUrl& url : m_known.keys())
+        if (facts(url)->fault) forget(url);
+}
+
 void EntryReader::keep(const QUrl& url, const EntryFacts& facts)
 {
     const qsizetype kibibytes = 1 + facts.picture.sizeInBytes() / 1024;

@@ -31,6 +31,14 @@ QString inOwnLanguage(const MovieFault& fault)
 
 } // namespace
 
+// Which server it is says more than that one cannot be reached.
+QString EntryText::faultText(const QUrl& url, const MovieFault& fault)
+{
+    const QString reason = inOwnLanguage(fault);
+    return url.host().isEmpty() ? tr("Cannot be opened: %1").arg(reason)
+                                : tr("%1: cannot be opened, %2").arg(url.host(), reason);
+}
+
 bool EntryText::hasMovie(const QUrl& url)
 {
     return !isAutomaticEntry(url) && !namesWebContent(url) && isValidURL(url);
@@ -56,7 +64,7 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
                          : tr("All there are, %1 pixels wide").arg(width);
     }
     if (!isValidURL(url)) return tr("Left out: a web page, no movie");
-    if (facts != nullptr && facts->fault) return tr("Cannot be opened: %1").arg(inOwnLanguage(*facts->fault));
+    if (facts != nullptr && facts->fault) return faultText(url, *facts->fault);
     const auto folder = localPath(url.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash));
     const QString place = folder.value_or(url.host());
     return namesWebContent(url) ? tr("Web content, %1").arg(place) : QDir::toNativeSeparators(place);
@@ -76,7 +84,10 @@ QString EntryText::duration(const EntryFacts* facts)
 
 QString EntryText::toolTip(const PlaylistEntry& entry, const EntryFacts* facts)
 {
-    return isFault(entry, facts) ? entry.text + u'\n' + detail(entry, facts) : entry.text;
+    if (!isFault(entry, facts)) return entry.text;
+    const QString why = entry.text + u'\n' + detail(entry, facts);
+    const bool mayChange = hasMovie(entry.url);
+    return mayChange ? why + u'\n' + tr("A click on the sign looks again.") : why;
 }
 
 } // namespace kestro

@@ -7,6 +7,7 @@
 namespace kestro {
 
 struct EntryFacts;
+struct MovieFault;
 
 /// What a row of the playlist says of its entry. Any thread.
 class EntryText final {
@@ -25,8 +26,11 @@ public:
     [[nodiscard]] static bool isFault(const PlaylistEntry& entry, const EntryFacts* facts);
     /// How long it is: "1:05", "1:02:03"; empty when that is unknown.
     [[nodiscard]] static QString duration(const EntryFacts* facts);
-    /// The whole of it, for a tool tip: the URL, and why it does not play.
+    /// The whole of it, for a tool tip: the URL, why it does not play, and what can be done about it.
     [[nodiscard]] static QString toolTip(const PlaylistEntry& entry, const EntryFacts* facts);
+
+private:
+    [[nodiscard]] static QString faultText(const QUrl& url, const MovieFault& fault);
 };
 
 } // namespace kestro

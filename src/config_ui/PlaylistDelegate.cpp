@@ -3,6 +3,7 @@
 #include "config_ui/PlaylistTable.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QWidget>
 
@@ -158,6 +159,17 @@ void PlaylistDelegate::setEditorData(QWidget* editor, const QModelIndex& index) 
     if (editor->property(shownText) == text) return;
     editor->setProperty(shownText, text);
     QStyledItemDelegate::setEditorData(editor, index);
+}
+
+bool PlaylistDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
+                                   const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    if (event->type() == QEvent::MouseButtonRelease && index.data(PlaylistTable::FaultRole).toBool()) {
+        const auto& release = static_cast<const QMouseEvent&>(*event);
+        const bool isOnSign = picturePlace(option).contains(release.position().toPoint());
+        if (release.button() == Qt::LeftButton && isOnSign) Q_EMIT signClicked(index);
+    }
+    return QStyledItemDelegate::editorEvent(event, model, option, index);
 }
 
 // Both lines of the row are behind it.

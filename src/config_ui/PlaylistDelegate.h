@@ -20,8 +20,15 @@ public:
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    /// Takes a click on the sign of what does not play.
+    bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
+
+Q_SIGNALS:
+    /// The sign that stands where the picture of a movie would, had it been opened, was clicked.
+    void signClicked(const QModelIndex& index);
 
 private:
     static void paintPicture(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,

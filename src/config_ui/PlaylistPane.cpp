@@ -37,7 +37,10 @@ PlaylistPane::PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const 
 void PlaylistPane::setUpTable()
 {
     m_view.setModel(&m_table);
-    m_view.setItemDelegate(new PlaylistDelegate(&m_view));
+    auto* const delegate = new PlaylistDelegate(&m_view);
+    m_view.setItemDelegate(delegate);
+    connect(delegate, &PlaylistDelegate::signClicked, this,
+            [this](const QModelIndex& index) { lookAgainAt(index.row()); });
     m_view.setSelectionBehavior(QAbstractItemView::SelectRows);
     m_view.setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_view.setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
@@ -110,7 +113,12 @@ std::optional<QString> PlaylistPane::folderOfSelected() const
 void PlaylistPane::lookAgain()
 {
     for (const int row : selectedRows())
-        m_reader.forget(m_table.entry(row).url);
+        lookAgainAt(row);
+}
+
+void PlaylistPane::lookAgainAt(int row)
+{
+    m_reader.forget(m_table.entry(row).url);
     m_look.start(0);
 }
 
@@ -126,9 +134,11 @@ void PlaylistPane::showFrom(int first)
     m_view.setFocus();
 }
 
-// The row that the keys would start from looks like the selected one: it is.
-void PlaylistPane::selectCurrentRow()
+// The row that the keys would start from looks like the selected one: it is. What could not be opened last
+// time may be back.
+void PlaylistPane::begin()
 {
+    m_reader.forgetFaults();
     if (!m_view.selectionModel()->hasSelection())
         m_view.selectRowAlone(std::max(m_view.currentIndex().row(), 0));
 }
@@ -136,7 +146,7 @@ void PlaylistPane::selectCurrentRow()
 bool PlaylistPane::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Show) m_look.start(0);
-    if (event->type() == QEvent::Show && !event->spontaneous()) selectCurrentRow();
+    if (event->type() == QEvent::Show && !event->spontaneous()) begin();
     if (event->type() == QEvent::FontChange)
         m_view.verticalHeader()->setDefaultSectionSize(PlaylistDelegate::rowHeight(m_view.fontMetrics()));
     return QObject::eventFilter(watched, event);

@@ -41,7 +41,8 @@ private:
     void setUpTable();
     void setUpMoves();
     void addKeys();
-    void selectCurrentRow();
+    void begin();
+    void lookAgainAt(int row);
     void readRowsInSight();
 
     RQTableViewRowMove& m_view;

@@ -1,10 +1,12 @@
 #include "config_ui/PlaylistTable.h"
 
 #include "config_ui/ConfigModel.h"
+#include "config_ui/EntryPlaces.h"
 #include "config_ui/EntryReader.h"
 #include "config_ui/EntryText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kestro {
 
@@ -13,6 +15,7 @@ PlaylistTable::PlaylistTable(ConfigModel& model, const EntryReader& reader, QObj
     , m_model(model)
     , m_reader(reader)
     , m_entries(model.playList().entries())
+    , m_places(tellingPlaces(m_entries))
 {
     connect(&model.playList(), &EditedPlaylist::changed, this, &PlaylistTable::follow);
     connect(&reader, &EntryReader::learned, this, &PlaylistTable::showFacts);
@@ -35,7 +38,7 @@ QVariant PlaylistTable::data(const QModelIndex& index, int role) const
     const EntryFacts* const known = facts(row);
     switch (role) {
     case Qt::DisplayRole:
-        return EntryText::name(row);
+        return name(index.row());
     case Qt::EditRole:
         return row.text;
     case Qt::ToolTipRole:
@@ -43,7 +46,7 @@ QVariant PlaylistTable::data(const QModelIndex& index, int role) const
     case Qt::DecorationRole:
         return known != nullptr ? QVariant(known->picture) : QVariant();
     case Qt::AccessibleTextRole:
-        return spokenText(row);
+        return spokenText(index.row());
     case DetailRole:
         return EntryText::detail(row, known);
     case DurationRole:
@@ -62,10 +65,18 @@ const EntryFacts* PlaylistTable::facts(const PlaylistEntry& entry) const
     return EntryText::hasMovie(entry.url) ? m_reader.facts(entry.url) : nullptr;
 }
 
-QString PlaylistTable::spokenText(const PlaylistEntry& entry) const
+QString PlaylistTable::name(int row) const
 {
+    const QString place = m_places.value(row);
+    const QString name = EntryText::name(m_entries[row]);
+    return place.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, place);
+}
+
+QString PlaylistTable::spokenText(int row) const
+{
+    const PlaylistEntry& entry = m_entries[row];
     const EntryFacts* const known = facts(entry);
-    QStringList parts{EntryText::name(entry), EntryText::duration(known), EntryText::detail(entry, known)};
+    QStringList parts{name(row), EntryText::duration(known), EntryText::detail(entry, known)};
     parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));
 }
@@ -100,6 +111,16 @@ void PlaylistTable::follow()
     const auto kept = sameAtEnd - m_entries.rbegin();
     replaceRows(static_cast<int>(first), static_cast<int>(m_entries.size() - first - kept),
                 now.sliced(first, now.size() - first - kept));
+    showPlaces();
+}
+
+// An entry that comes or goes also changes what is said of others with its name.
+void PlaylistTable::showPlaces()
+{
+    const QStringList before = std::exchange(m_places, tellingPlaces(m_entries));
+    for (int row = 0; row < rowCount(); ++row)
+        if (m_places[row] != before.value(row))
+            Q_EMIT dataChanged(index(row, 0), index(row, 0), {Qt::DisplayRole});
 }
 
 void PlaylistTable::replaceRows(int first, int oldCount, const QList<PlaylistEntry>& rows)

@@ -44,11 +44,14 @@ private:
     void replaceRows(int first, int oldCount, const QList<PlaylistEntry>& rows);
     void showFacts(const QUrl& url);
     [[nodiscard]] const EntryFacts* facts(const PlaylistEntry& entry) const;
-    [[nodiscard]] QString spokenText(const PlaylistEntry& entry) const;
+    [[nodiscard]] QString name(int row) const;
+    [[nodiscard]] QString spokenText(int row) const;
+    void showPlaces();
 
     ConfigModel& m_model;
     const EntryReader& m_reader;
     QList<PlaylistEntry> m_entries; ///< what the views know; changes with their knowledge only
+    QStringList m_places;           ///< of each row what tells it from others of its name
 };
 
 } // namespace kestro

@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <memory>
 #include <mutex>
@@ -112,6 +113,7 @@ protected:
     {
         const std::lock_guard lock(m_mutex);
         m_looked.append(url);
+        if (!isThere) return {.seconds = 0, .picture = {}, .fault = MovieFault{MovieFault::Kind::NoFile}};
         return {.seconds = 60, .picture = {}, .fault = {}};
     }
     QList<QUrl> looked()
@@ -120,6 +122,7 @@ protected:
         return m_looked;
     }
 
+    std::atomic<bool> isThere = true; ///< the movie that is looked into
     Calls calls;
     QTemporaryDir folder;
     QSettings defaults{folder.filePath(QStringLiteral("host.conf")), QSettings::IniFormat};

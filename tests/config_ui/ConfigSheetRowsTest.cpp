@@ -21,6 +21,13 @@ protected:
         QApplication::sendEvent(table().viewport(), &wish);
         return *table().findChild<QMenu*>();
     }
+    /// Waits until nothing is left to be looked into, and answers what is said of the first row.
+    QString learnedOfFirstRow()
+    {
+        const auto has = [this](int role) { return table().model()->index(0, 0).data(role); };
+        EXPECT_TRUE(waitUntil([&] { return !has(PlaylistTable::WaitingRole).toBool(); }));
+        return has(PlaylistTable::FaultRole).toBool() ? has(PlaylistTable::DetailRole).toString() : QString();
+    }
     /// The entry of that text in a menu.
     static QAction& entry(const QMenu& menu, const char* text)
     {
@@ -194,6 +201,30 @@ TEST_F(ConfigSheetRowsTest, menu_looksAgainIntoTheMoviesThatAreSelected)
     entry(menuOn(0), "Look Again").trigger();
     ASSERT_TRUE(waitUntil([this] { return looked().size() == 3; }));
     EXPECT_EQ(looked().last(), QUrl(movie("0")));
+}
+
+TEST_F(ConfigSheetRowsTest, faults_areLookedIntoAgain_whenTheSheetOpens)
+{
+    isThere = false;
+    open({movie("0")});
+    EXPECT_EQ(learnedOfFirstRow(), "m: cannot be opened, no such file");
+    isThere = true;
+    sheet->reject();
+    sheet->open();
+    EXPECT_EQ(learnedOfFirstRow(), "");
+}
+
+TEST_F(ConfigSheetRowsTest, faults_areLookedIntoAgain_whenTheirSignIsClicked)
+{
+    isThere = false;
+    open({movie("0")});
+    EXPECT_NE(learnedOfFirstRow(), "");
+    isThere = true;
+    const QRect row = table().visualRect(table().model()->index(0, 0));
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, row.center());
+    EXPECT_NE(learnedOfFirstRow(), "");
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, row.topLeft() + QPoint(20, row.height() / 2));
+    EXPECT_EQ(learnedOfFirstRow(), "");
 }
 
 } // namespace kestro

@@ -101,6 +101,24 @@ TEST_F(EntryReaderTest, reader_forgetsWhatWasLearnedFirst_whenThereAreManyPictur
     EXPECT_NE(reader.facts(remote), nullptr);
 }
 
+TEST_F(EntryReaderTest, forgetFaults_forgetsWhatCannotBeOpenedAlone)
+{
+    std::vector<QUrl> learned;
+    EntryReader reader([&](const QUrl& url, const std::stop_token&) {
+        return url == file
+                   ? EntryFacts{.seconds = 0, .picture = {}, .fault = MovieFault{MovieFault::Kind::NoFile}}
+                   : EntryFacts{.seconds = 5, .picture = {}, .fault = {}};
+    });
+    noting(reader, learned);
+    reader.want({file, other});
+    ASSERT_TRUE(waitUntil([&] { return learned.size() == 2; }));
+    learned.clear();
+    reader.forgetFaults();
+    EXPECT_EQ(learned, std::vector<QUrl>{file});
+    EXPECT_EQ(reader.facts(file), nullptr);
+    EXPECT_NE(reader.facts(other), nullptr);
+}
+
 TEST_F(EntryReaderTest, end_stopsWhatIsBeingRead)
 {
     std::atomic<bool> begun = false;

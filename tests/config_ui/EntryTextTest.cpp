@@ -71,9 +71,22 @@ TEST(EntryText, detail_saysWhyAnEntryDoesNotPlay)
                              Case{"file:///a.mov", &broken, "Cannot be opened: no such file"}}) {
         EXPECT_EQ(EntryText::detail(entry(each.text), each.facts), each.reason);
         EXPECT_TRUE(EntryText::isFault(entry(each.text), each.facts)) << each.text;
-        EXPECT_EQ(EntryText::toolTip(entry(each.text), each.facts),
-                  QString::fromUtf8(each.text) + u'\n' + QString::fromUtf8(each.reason));
+        EXPECT_TRUE(EntryText::toolTip(entry(each.text), each.facts)
+                        .startsWith(QString::fromUtf8(each.text) + u'\n' + QString::fromUtf8(each.reason)));
     }
+}
+
+TEST(EntryText, detail_namesTheServerBesideTheReason)
+{
+    EXPECT_EQ(EntryText::detail(entry("http://example.com/a.mov"), &broken),
+              "example.com: cannot be opened, no such file");
+}
+
+TEST(EntryText, toolTip_saysHowToLookAgain_whereThatMayHelp)
+{
+    const QString way = "\nA click on the sign looks again.";
+    EXPECT_TRUE(EntryText::toolTip(entry("file:///a.mov"), &broken).endsWith(way));
+    EXPECT_FALSE(EntryText::toolTip(entry("http://m/page.html"), nullptr).endsWith(way));
 }
 
 TEST(EntryText, detail_saysTheReasonInTheUsersLanguage)

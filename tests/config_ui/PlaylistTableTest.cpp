@@ -52,6 +52,16 @@ TEST_F(PlaylistTableTest, rows_areTheEntries)
     EXPECT_FALSE(table->data(table->index(4, 0), Qt::DisplayRole).isValid());
 }
 
+TEST_F(PlaylistTableTest, names_sayMore_whereAnotherRowHasTheSame)
+{
+    m_model->addURLList({QUrl("http://other/1")});
+    EXPECT_EQ(shown(1, Qt::DisplayRole), "1 (m)");
+    EXPECT_EQ(shown(4, Qt::DisplayRole), "1 (other)");
+    EXPECT_EQ(shown(4, Qt::AccessibleTextRole), "1 (other), other");
+    m_model->deleteMovie({4});
+    EXPECT_EQ(shown(1, Qt::DisplayRole), "1");
+}
+
 TEST_F(PlaylistTableTest, facts_areShownOnceTheyAreLearned)
 {
     QSignalSpy changed(table.get(), &QAbstractItemModel::dataChanged);
@@ -70,8 +80,9 @@ TEST_F(PlaylistTableTest, faults_areShownAndTold)
     facts = {.seconds = 0, .picture = {}, .fault = MovieFault{MovieFault::Kind::NoFile}};
     learn("1");
     EXPECT_TRUE(shown(1, PlaylistTable::FaultRole).toBool());
-    EXPECT_EQ(shown(1, PlaylistTable::DetailRole), "Cannot be opened: no such file");
-    EXPECT_EQ(shown(1, Qt::ToolTipRole), movie("1") + "\nCannot be opened: no such file");
+    EXPECT_EQ(shown(1, PlaylistTable::DetailRole), "m: cannot be opened, no such file");
+    EXPECT_EQ(shown(1, Qt::ToolTipRole),
+              movie("1") + "\nm: cannot be opened, no such file\nA click on the sign looks again.");
 }
 
 TEST_F(PlaylistTableTest, setData_editsTheEntry_unlessTheTextIsNoURL)
