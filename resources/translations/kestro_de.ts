@@ -104,6 +104,10 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>The folder %1 cannot be shown.</source>
         <translation>Der Ordner %1 kann nicht angezeigt werden.</translation>
     </message>
+    <message>
+        <source>There are no movies in what was dropped.</source>
+        <translation>Unter dem, was abgelegt wurde, ist kein Film.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -711,6 +715,13 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>&amp;Look Again</source>
         <translation>Noch einmal an&amp;sehen</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistPane</name>
+    <message>
+        <source>Add movies with the buttons below, or drop files and folders here.</source>
+        <translation>Fügen Sie mit den Knöpfen unten Filme hinzu, oder legen Sie Dateien und Ordner hier ab.</translation>
     </message>
 </context>
 <context>

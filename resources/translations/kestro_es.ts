@@ -104,6 +104,10 @@ Inténtelo de nuevo.</translation>
         <source>The folder %1 cannot be shown.</source>
         <translation>No se puede mostrar la carpeta %1.</translation>
     </message>
+    <message>
+        <source>There are no movies in what was dropped.</source>
+        <translation>No hay ninguna película en lo que se ha soltado.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -711,6 +715,13 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>&amp;Look Again</source>
         <translation>&amp;Volver a comprobar</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistPane</name>
+    <message>
+        <source>Add movies with the buttons below, or drop files and folders here.</source>
+        <translation>Añada películas con los botones de abajo, o suelte aquí archivos y carpetas.</translation>
     </message>
 </context>
 <context>

@@ -104,6 +104,10 @@ Veuillez réessayer.</translation>
         <source>The folder %1 cannot be shown.</source>
         <translation>Impossible d’afficher le dossier %1.</translation>
     </message>
+    <message>
+        <source>There are no movies in what was dropped.</source>
+        <translation>Il n’y a aucun film dans ce qui a été déposé.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -711,6 +715,13 @@ Veuillez réessayer.</translation>
     <message>
         <source>&amp;Look Again</source>
         <translation>&amp;Vérifier de nouveau</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistPane</name>
+    <message>
+        <source>Add movies with the buttons below, or drop files and folders here.</source>
+        <translation>Ajoutez des films avec les boutons ci-dessous, ou déposez ici des fichiers et des dossiers.</translation>
     </message>
 </context>
 <context>

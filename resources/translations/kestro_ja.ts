@@ -104,6 +104,10 @@ Please try again.</source>
         <source>The folder %1 cannot be shown.</source>
         <translation>フォルダ %1 を表示できません。</translation>
     </message>
+    <message>
+        <source>There are no movies in what was dropped.</source>
+        <translation>ドロップされたものにムービーはありません。</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -711,6 +715,13 @@ Please try again.</source>
     <message>
         <source>&amp;Look Again</source>
         <translation>もう一度調べる(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistPane</name>
+    <message>
+        <source>Add movies with the buttons below, or drop files and folders here.</source>
+        <translation>下のボタンでムービーを追加するか、ファイルやフォルダをここにドロップしてください。</translation>
     </message>
 </context>
 <context>

@@ -104,6 +104,10 @@ Please try again.</source>
         <source>The folder %1 cannot be shown.</source>
         <translation>无法显示文件夹 %1。</translation>
     </message>
+    <message>
+        <source>There are no movies in what was dropped.</source>
+        <translation>拖放的内容中没有影片。</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>
@@ -711,6 +715,13 @@ Please try again.</source>
     <message>
         <source>&amp;Look Again</source>
         <translation>重新检查(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::PlaylistPane</name>
+    <message>
+        <source>Add movies with the buttons below, or drop files and folders here.</source>
+        <translation>用下面的按钮添加影片，或将文件和文件夹拖放到此处。</translation>
     </message>
 </context>
 <context>

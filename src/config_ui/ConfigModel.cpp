@@ -1,6 +1,7 @@
 #include "config_ui/ConfigModel.h"
 
 #include "config_ui/ConfigPanels.h"
+#include "config_ui/DroppedMovies.h"
 #include "platform/base/FileName.h"
 #include "platform/base/StoredValue.h"
 #include "settings/BackSaverMenu.h"
@@ -211,6 +212,14 @@ void ConfigModel::addMovieFiles(const QStringList& files)
         if (const auto entry = entryOfFile(file); isValidURL(entry.url)) accepted.append(entry);
     if (files.size() == 1 && accepted.isEmpty()) alertOfURL();
     append(accepted);
+}
+
+void ConfigModel::addDropped(const QList<QUrl>& urls)
+{
+    const QStringList movies = droppedMovies(urls);
+    if (!movies.isEmpty()) return addMovieFiles(movies);
+    m_sources.panels.runAlert(
+        QCoreApplication::translate("Kestro", "There are no movies in what was dropped."));
 }
 
 void ConfigModel::deleteMovie(const QList<int>& rows)

@@ -58,6 +58,8 @@ public:
     void selectMovie();
     /// Adds movie files as if chosen: one alone is refused with an alert, among several in silence.
     void addMovieFiles(const QStringList& files);
+    /// Adds the files, and the movies in the folders, that were dropped; an alert says where there are none.
+    void addDropped(const QList<QUrl>& urls);
     /// Removes the entries at these rows.
     void deleteMovie(const QList<int>& rows);
     /// OK (`tag` not 0) adds the typed URL; Cancel (0) does nothing. Answers whether the URL panel closes.

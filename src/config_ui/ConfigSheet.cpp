@@ -1,6 +1,7 @@
 #include "config_ui/ConfigSheet.h"
 
 #include "config_ui/DecimalValidator.h"
+#include "config_ui/DroppedMovies.h"
 #include "config_ui/PlaylistDelegate.h"
 #include "config_ui/PlaylistMenu.h"
 #include "config_ui/PlaylistPane.h"
@@ -8,6 +9,7 @@
 #include "config_ui/ThemePanel.h"
 #include "config_ui/URLPanel.h"
 #include "platform/base/Paths.h"
+#include "platform/base/PostTo.h"
 #include "platform/base/StoredValue.h"
 #include "settings/ConfigurableSaver.h"
 #include "ui_SSConfig.h"
@@ -69,14 +71,6 @@ void enable(const QButtonGroup& group, bool isEnabled)
 {
     for (QAbstractButton* const button : group.buttons())
         button->setEnabled(isEnabled);
-}
-
-QStringList filesOf(const QMimeData& dropped)
-{
-    QStringList files;
-    for (const QUrl& url : dropped.urls())
-        if (const QString path = url.toLocalFile(); QFileInfo(path).isFile()) files.append(path);
-    return files;
 }
 
 /// Takes what is dragged here as a copy: who hands over files to be moved may take them away.
@@ -196,11 +190,8 @@ void ConfigSheet::connectFields()
 
 void ConfigSheet::connectButtons()
 {
-    connect(m_ui->addMovieBtn, &QPushButton::clicked, this,
-            [this] { showWhatAdds([this] { m_model->selectMovie(); }); });
+    connect(m_ui->addMovieBtn, &QPushButton::clicked, m_model.get(), &ConfigModel::selectMovie);
     connect(m_ui->addURLBtn, &QPushButton::clicked, m_urlPanel, &URLPanel::openURLPanel);
-    connect(m_urlPanel, &QDialog::accepted, this,
-            [this] { m_playlist->showFrom(m_ui->playListView->model()->rowCount() - 1); });
     connect(m_ui->trailersBtn, &QPushButton::clicked, m_model.get(), &ConfigModel::openTrailerPanel);
     connect(m_ui->idvdBtn, &QPushButton::clicked, this, &ConfigSheet::openThemePanel);
 }
@@ -226,22 +217,8 @@ void ConfigSheet::showRowButtons()
 
 void ConfigSheet::openThemePanel()
 {
-    if (!m_themePanel) {
-        m_themePanel = std::make_unique<ThemePanel>(*m_model, m_movies, this);
-        connect(m_themePanel.get(), &QDialog::accepted, this,
-                [this] { m_playlist->showFrom(m_rowsBeforeThemes); });
-    }
-    m_rowsBeforeThemes = m_ui->playListView->model()->rowCount();
+    if (!m_themePanel) m_themePanel = std::make_unique<ThemePanel>(*m_model, m_movies, this);
     m_themePanel->showIDVDThemes();
-}
-
-// What was added is selected and in sight afterwards.
-template <typename Add>
-void ConfigSheet::showWhatAdds(Add add)
-{
-    const auto before = m_model->playList().entries().size();
-    add();
-    m_playlist->showFrom(static_cast<int>(before));
 }
 
 void ConfigSheet::showBackSavers()
@@ -344,7 +321,7 @@ void ConfigSheet::done(int result)
 void ConfigSheet::dragEnterEvent(QDragEnterEvent* event)
 {
     const bool canCopy = event->possibleActions().testFlag(Qt::CopyAction);
-    if (canCopy && !filesOf(*event->mimeData()).isEmpty()) acceptCopy(*event);
+    if (canCopy && holdsFiles(*event->mimeData())) acceptCopy(*event);
 }
 
 void ConfigSheet::dragMoveEvent(QDragMoveEvent* event)
@@ -352,12 +329,11 @@ void ConfigSheet::dragMoveEvent(QDragMoveEvent* event)
     acceptCopy(*event);
 }
 
+// Whoever drags waits for the answer: what takes time, or a person, comes after it.
 void ConfigSheet::dropEvent(QDropEvent* event)
 {
-    const QStringList files = filesOf(*event->mimeData());
-    if (files.isEmpty()) return;
     acceptCopy(*event);
-    showWhatAdds([&] { m_model->addMovieFiles(files); });
+    postTo(*m_model, [this, urls = event->mimeData()->urls()] { m_model->addDropped(urls); });
 }
 
 } // namespace kestro

@@ -61,9 +61,6 @@ private:
     void connectRowButtons();
     void openThemePanel();
     void fitToScreen();
-    template <typename Add>
-    void showWhatAdds(Add add);
-
     void showRowButtons();
     void showBackSavers();
     void showControls();
@@ -79,7 +76,6 @@ private:
     std::unique_ptr<PlaylistPane> m_playlist;
     std::unique_ptr<PlaylistMenu> m_playlistMenu;
     std::unique_ptr<ThemePanel> m_themePanel; ///< from its first opening on
-    int m_rowsBeforeThemes = 0;               ///< in the playlist, when that panel was opened
     QButtonGroup* m_playModeRadio = nullptr;
     QButtonGroup* m_partialModeRadio = nullptr;
     QButtonGroup* m_reposRadio = nullptr;

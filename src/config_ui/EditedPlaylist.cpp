@@ -12,8 +12,10 @@ void EditedPlaylist::reset(const QList<PlaylistEntry>& entries)
 
 void EditedPlaylist::append(const QList<PlaylistEntry>& entries)
 {
+    const auto first = static_cast<int>(m_entries.size());
     m_entries.append(entries);
     Q_EMIT changed();
+    if (!entries.isEmpty()) Q_EMIT appended(first);
 }
 
 void EditedPlaylist::remove(const QList<int>& rows)

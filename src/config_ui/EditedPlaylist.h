@@ -29,6 +29,8 @@ public:
 
 Q_SIGNALS:
     void changed();
+    /// New entries stand from this row on, after changed().
+    void appended(int first);
 
 private:
     [[nodiscard]] bool isRow(int row) const { return row >= 0 && row < m_entries.size(); }

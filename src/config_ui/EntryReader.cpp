@@ -46,10 +46,16 @@ void EntryReader::forget(const QUrl& url)
     if (m_known.remove(url)) Q_EMIT learned(url);
 }
 
+void EntryReader::forgetFault(const QUrl& url)
+{
+    const EntryFacts* const known = facts(url);
+    if (known != nullptr && known->fault) forget(url);
+}
+
 void EntryReader::forgetFaults()
 {
     for (const QUrl& url : m_known.keys())
-        if (facts(url)->fault) forget(url);
+        forgetFault(url);
 }
 
 void EntryReader::keep(const QUrl& url, const EntryFacts& facts)

@@ -25,7 +25,8 @@ public:
     void want(const QList<QUrl>& urls);
     /// Knows nothing of the movie at `url` any more; what is read of it now still counts.
     void forget(const QUrl& url);
-    /// The same of all that cannot be opened.
+    /// The same where it cannot be opened; of all that cannot be.
+    void forgetFault(const QUrl& url);
     void forgetFaults();
     /// What is known of the movie at `url`; null as long as nothing is. Good until the events go on.
     [[nodiscard]] const EntryFacts* facts(const QUrl& url) const { return m_known.object(url); }

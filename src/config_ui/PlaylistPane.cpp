@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QLabel>
 #include <QScrollBar>
 #include <QShortcut>
 
@@ -21,6 +22,8 @@ PlaylistPane::PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const 
     , m_model(model)
     , m_reader(read)
     , m_table(model, m_reader, nullptr)
+    , m_hint(new QLabel(tr("Add movies with the buttons below, or drop files and folders here."),
+                        table.viewport()))
 {
     setUpTable();
     setUpMoves();
@@ -31,12 +34,18 @@ PlaylistPane::PlaylistPane(RQTableViewRowMove& table, ConfigModel& model, const 
     const auto lookSoon = [this] { m_look.start(0); };
     connect(m_view.verticalScrollBar(), &QScrollBar::valueChanged, this, lookSoon);
     connect(&m_model.playList(), &EditedPlaylist::changed, this, lookSoon);
+    connect(&m_model.playList(), &EditedPlaylist::changed, this, &PlaylistPane::showHint);
+    connect(&m_model.playList(), &EditedPlaylist::appended, this, &PlaylistPane::takeAdded);
+    showHint();
     m_view.viewport()->installEventFilter(this);
 }
 
 void PlaylistPane::setUpTable()
 {
     m_view.setModel(&m_table);
+    m_hint->setAlignment(Qt::AlignCenter);
+    m_hint->setWordWrap(true);
+    m_hint->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto* const delegate = new PlaylistDelegate(&m_view);
     m_view.setItemDelegate(delegate);
     connect(delegate, &PlaylistDelegate::signClicked, this,
@@ -122,6 +131,20 @@ void PlaylistPane::lookAgainAt(int row)
     m_look.start(0);
 }
 
+// What is added anew is looked into anew: it may be back.
+void PlaylistPane::takeAdded(int first)
+{
+    for (int row = first; row < m_table.rowCount(); ++row)
+        m_reader.forgetFault(m_table.entry(row).url);
+    showFrom(first);
+}
+
+void PlaylistPane::showHint()
+{
+    m_hint->setVisible(m_model.playList().entries().isEmpty());
+    m_hint->setGeometry(m_view.viewport()->rect());
+}
+
 void PlaylistPane::showFrom(int first)
 {
     const int last = m_table.rowCount() - 1;
@@ -139,13 +162,13 @@ void PlaylistPane::showFrom(int first)
 void PlaylistPane::begin()
 {
     m_reader.forgetFaults();
-    if (!m_view.selectionModel()->hasSelection())
-        m_view.selectRowAlone(std::max(m_view.currentIndex().row(), 0));
+    m_view.selectRowAlone(std::max(m_view.currentIndex().row(), 0));
 }
 
 bool PlaylistPane::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Show) m_look.start(0);
+    if (event->type() == QEvent::Resize) showHint();
     if (event->type() == QEvent::Show && !event->spontaneous()) begin();
     if (event->type() == QEvent::FontChange)
         m_view.verticalHeader()->setDefaultSectionSize(PlaylistDelegate::rowHeight(m_view.fontMetrics()));

@@ -8,6 +8,8 @@
 
 #include <optional>
 
+class QLabel;
+
 namespace kestro {
 
 class ConfigModel;
@@ -43,13 +45,16 @@ private:
     void addKeys();
     void begin();
     void lookAgainAt(int row);
+    void takeAdded(int first);
+    void showHint();
     void readRowsInSight();
 
     RQTableViewRowMove& m_view;
     ConfigModel& m_model;
     EntryReader m_reader;
     PlaylistTable m_table;
-    QTimer m_look; ///< coalesces the looks at which rows are in sight
+    QLabel* m_hint; ///< what to do where there is no row; the table owns it
+    QTimer m_look;  ///< coalesces the looks at which rows are in sight
 };
 
 } // namespace kestro

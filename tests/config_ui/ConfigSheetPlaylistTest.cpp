@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
@@ -107,22 +108,59 @@ TEST_F(ConfigSheetPlaylistTest, drop_addsFiles_byTheRulesOfTheOpenPanel)
     open({});
     const QUrl good = QUrl::fromLocalFile(makeFile("a.mov"));
     const QUrl page = QUrl::fromLocalFile(makeFile("page.html"));
-    EXPECT_EQ(drop({page, good, QUrl::fromLocalFile(folder.path()), QUrl("http://m/x.mov")}), Qt::CopyAction);
+    EXPECT_EQ(drop({page, good, QUrl("http://m/x.mov")}), Qt::CopyAction);
+    ASSERT_TRUE(waitUntil([this] { return !listed().isEmpty(); }));
     EXPECT_EQ(listed(), QStringList{good.toString(QUrl::FullyEncoded)});
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
+}
+
+TEST_F(ConfigSheetPlaylistTest, drop_isAnsweredBeforeAnAlertOpens)
+{
+    open({});
+    const QUrl page = QUrl::fromLocalFile(makeFile("page.html"));
     QString message;
     whenShown<QMessageBox>([&](QMessageBox& alert) {
         message = alert.text();
         alert.accept();
     });
     EXPECT_EQ(drop({page}), Qt::CopyAction);
+    EXPECT_EQ(message, "");
+    ASSERT_TRUE(waitUntil([&] { return !message.isEmpty(); }));
     EXPECT_EQ(message, "Invalid URL string.");
-    EXPECT_EQ(listed().size(), 1);
+    EXPECT_TRUE(listed().isEmpty());
+}
+
+TEST_F(ConfigSheetPlaylistTest, drop_ofAFolder_addsTheMoviesInIt)
+{
+    open({});
+    ASSERT_TRUE(QDir(folder.path()).mkpath("in/more"));
+    const QStringList movies{makeFile("in/a.mov"), makeFile("in/more/b.mp4"), makeFile("in/z.webm")};
+    makeFile("in/notes.txt");
+    EXPECT_EQ(drop({QUrl::fromLocalFile(folder.filePath("in"))}), Qt::CopyAction);
+    ASSERT_TRUE(waitUntil([this] { return !listed().isEmpty(); }));
+    QStringList urls;
+    for (const QString& path : movies)
+        urls.append(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded));
+    EXPECT_EQ(listed(), urls);
+}
+
+TEST_F(ConfigSheetPlaylistTest, drop_ofAFolderWithoutMovies_isSaidToHaveNone)
+{
+    open({});
+    QString message;
+    whenShown<QMessageBox>([&](QMessageBox& alert) {
+        message = alert.text();
+        alert.accept();
+    });
+    EXPECT_EQ(drop({QUrl::fromLocalFile(folder.path())}), Qt::CopyAction);
+    ASSERT_TRUE(waitUntil([&] { return !message.isEmpty(); }));
+    EXPECT_EQ(message, "There are no movies in what was dropped.");
 }
 
 TEST_F(ConfigSheetPlaylistTest, drop_isRefused_whereThereIsNoFile)
 {
     open({});
-    EXPECT_EQ(drop({QUrl::fromLocalFile(folder.path())}), Qt::IgnoreAction);
+    EXPECT_EQ(drop({QUrl::fromLocalFile(folder.filePath("missing.mov"))}), Qt::IgnoreAction);
     EXPECT_EQ(drop({QUrl("http://m/a.mov")}), Qt::IgnoreAction);
 }
 
@@ -132,6 +170,7 @@ TEST_F(ConfigSheetPlaylistTest, drop_copies_andIsRefusedWhereFilesCanOnlyBeMoved
     const QUrl file = QUrl::fromLocalFile(makeFile("a.mov"));
     EXPECT_EQ(drop({file}, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
     EXPECT_EQ(drop({file}, Qt::MoveAction), Qt::IgnoreAction);
+    QApplication::processEvents();
     EXPECT_EQ(listed().size(), 1);
 }
 
@@ -249,6 +288,27 @@ TEST_F(ConfigSheetPlaylistTest, trailers_areShownForTheSheet)
     ASSERT_NE(trailers.shownFor, nullptr);
     trailers.shownFor->addURLList({QUrl("auto://LatestTrailers/6/480")});
     EXPECT_EQ(listed(), QStringList{"auto://LatestTrailers/6/480"});
+}
+
+TEST_F(ConfigSheetPlaylistTest, trailers_areSelectedOnceTheyAreAdded)
+{
+    open({movie("0"), movie("1")});
+    click("trailersBtn");
+    trailers.shownFor->addURLList({QUrl(movie("2")), QUrl(movie("3"))});
+    EXPECT_EQ(sheet->playlist().selectedRows(), (QList<int>{2, 3}));
+    trailers.shownFor->addURLList({});
+    EXPECT_EQ(sheet->playlist().selectedRows(), (QList<int>{2, 3}));
+}
+
+TEST_F(ConfigSheetPlaylistTest, emptyList_saysWhatToDo)
+{
+    open({});
+    const auto& hint = *table().viewport()->findChild<QLabel*>();
+    EXPECT_TRUE(hint.isVisible());
+    EXPECT_EQ(hint.size(), table().viewport()->size());
+    EXPECT_EQ(hint.text(), "Add movies with the buttons below, or drop files and folders here.");
+    sheet->model().addURLList({QUrl(movie("0"))});
+    EXPECT_FALSE(hint.isVisible());
 }
 
 TEST_F(ConfigSheetPlaylistTest, themeMovies_areForMachinesThatHaveThem)

@@ -227,4 +227,27 @@ TEST_F(ConfigSheetRowsTest, faults_areLookedIntoAgain_whenTheirSignIsClicked)
     EXPECT_EQ(learnedOfFirstRow(), "");
 }
 
+TEST_F(ConfigSheetRowsTest, faults_areLookedIntoAgain_whenTheirEntryIsAdded)
+{
+    isThere = false;
+    open({movie("0")});
+    EXPECT_NE(learnedOfFirstRow(), "");
+    isThere = true;
+    sheet->model().addURLList({QUrl(movie("0"))});
+    EXPECT_EQ(learnedOfFirstRow(), "");
+}
+
+TEST_F(ConfigSheetRowsTest, oneRowIsSelected_whenTheSheetOpensAgain)
+{
+    open({movie("0"), movie("1"), movie("2")});
+    table().selectAll();
+    sheet->reject();
+    sheet->open();
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
+    table().selectAll();
+    sheet->accept();
+    sheet->open();
+    EXPECT_EQ(sheet->playlist().selectedRows(), QList<int>{0});
+}
+
 } // namespace kestro
