@@ -573,6 +573,10 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>Disable</source>
         <translation>Deaktiviert</translation>
     </message>
+    <message>
+        <source>seconds: all the time</source>
+        <translation>Sekunden: ständig</translation>
+    </message>
 </context>
 <context>
     <name>kestro::IdlePanel</name>

@@ -573,6 +573,10 @@ Inténtelo de nuevo.</translation>
         <source>Disable</source>
         <translation>Desactivado</translation>
     </message>
+    <message>
+        <source>seconds: all the time</source>
+        <translation>segundos: sin parar</translation>
+    </message>
 </context>
 <context>
     <name>kestro::IdlePanel</name>

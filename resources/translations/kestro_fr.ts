@@ -573,6 +573,10 @@ Veuillez réessayer.</translation>
         <source>Disable</source>
         <translation>Désactivé</translation>
     </message>
+    <message>
+        <source>seconds: all the time</source>
+        <translation>secondes : sans cesse</translation>
+    </message>
 </context>
 <context>
     <name>kestro::IdlePanel</name>

@@ -573,6 +573,10 @@ Please try again.</source>
         <source>Disable</source>
         <translation>使用しない</translation>
     </message>
+    <message>
+        <source>seconds: all the time</source>
+        <translation>秒: 絶え間なく</translation>
+    </message>
 </context>
 <context>
     <name>kestro::IdlePanel</name>

@@ -573,6 +573,10 @@ Please try again.</source>
         <source>Disable</source>
         <translation>不使用</translation>
     </message>
+    <message>
+        <source>seconds: all the time</source>
+        <translation>秒：不停移动</translation>
+    </message>
 </context>
 <context>
     <name>kestro::IdlePanel</name>

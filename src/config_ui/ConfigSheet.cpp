@@ -125,8 +125,11 @@ void ConfigSheet::setUpGroups()
 
 void ConfigSheet::setUpFields()
 {
+    m_secondsWord = m_ui->secondsLabel->text();
+    m_ui->timeIntervalField->setValidator(new DecimalValidator(m_ui->timeIntervalField));
+    m_ui->scaleField->setValidator(new DecimalValidator(
+        m_ui->scaleField, [this] { return fieldText(m_model->controls().scaleSlider); }));
     for (QLineEdit* const field : {m_ui->timeIntervalField, m_ui->scaleField}) {
-        field->setValidator(new DecimalValidator(field));
         const int text = field->fontMetrics().horizontalAdvance(QString(fieldDigits, u'0'));
         field->setMaximumWidth(text + field->sizeHint().height());
         field->setMinimumWidth(field->maximumWidth());
@@ -178,10 +181,12 @@ void ConfigSheet::connectFields()
 {
     connect(m_ui->timeIntervalField, &QLineEdit::textEdited, this,
             [this](const QString& text) { m_model->controls().timeIntervalField = text; });
+    connect(m_ui->timeIntervalField, &QLineEdit::textChanged, this, &ConfigSheet::showInterval);
     connect(m_ui->scaleSlider, &QSlider::valueChanged, this,
             [this](int steps) { takeScale(static_cast<float>(steps) / sliderStepsPerUnit); });
     connect(m_ui->scaleField, &QLineEdit::textEdited, this, [this](const QString& text) {
         if (const float scale = floatValue(text); scale > 0) m_model->controls().scaleSlider = scale;
+        showSlider();
     });
     connect(m_ui->scaleField, &QLineEdit::editingFinished, this, &ConfigSheet::showScale);
     connect(m_ui->backSaverPopup, &QComboBox::currentIndexChanged, this,
@@ -248,6 +253,7 @@ void ConfigSheet::showControls()
     m_ui->backSaverPopup->setCurrentIndex(shown.backSaverPopup);
     if (m_ui->timeIntervalField->text() != shown.timeIntervalField)
         m_ui->timeIntervalField->setText(shown.timeIntervalField);
+    showInterval();
     showScale();
     showEnabling();
 }
@@ -276,12 +282,27 @@ void ConfigSheet::takeScale(float scale)
     showScale();
 }
 
-// A size beyond the slider's ends is kept until the slider is moved.
-void ConfigSheet::showScale()
+// The slider's ends are those of the size, whoever sets it.
+void ConfigSheet::showSlider()
 {
-    const float scale = m_model->controls().scaleSlider;
+    float& scale = m_model->controls().scaleSlider;
+    const float least = static_cast<float>(m_ui->scaleSlider->minimum()) / sliderStepsPerUnit;
+    const float most = static_cast<float>(m_ui->scaleSlider->maximum()) / sliderStepsPerUnit;
+    scale = scale >= least ? std::min(scale, most) : least;
     const QSignalBlocker quiet(m_ui->scaleSlider);
     m_ui->scaleSlider->setValue(static_cast<int>(std::lround(scale * sliderStepsPerUnit)));
+}
+
+void ConfigSheet::showInterval()
+{
+    const bool isWait = floatValue(m_ui->timeIntervalField->text()) > 0;
+    m_ui->secondsLabel->setText(isWait ? m_secondsWord : tr("seconds: all the time"));
+}
+
+void ConfigSheet::showScale()
+{
+    showSlider();
+    const float scale = m_model->controls().scaleSlider;
     if (!m_ui->scaleField->hasFocus() || floatValue(m_ui->scaleField->text()) != scale)
         m_ui->scaleField->setText(fieldText(scale));
 }

@@ -66,6 +66,8 @@ private:
     void showControls();
     void showEnabling();
     void showScale();
+    void showSlider();
+    void showInterval();
     void takeScale(float scale);
 
     MovieLibrary& m_movies;
@@ -80,6 +82,7 @@ private:
     QButtonGroup* m_partialModeRadio = nullptr;
     QButtonGroup* m_reposRadio = nullptr;
     URLPanel* m_urlPanel = nullptr;
+    QString m_secondsWord; ///< beside the interval
 };
 
 } // namespace kestro

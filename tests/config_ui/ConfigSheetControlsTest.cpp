@@ -266,12 +266,52 @@ TEST_F(ConfigSheetControlsTest, scale_goesBack_whenTheFieldHoldsNone)
     EXPECT_EQ(sheet->model().controls().scaleSlider, 0.5F);
 }
 
-TEST_F(ConfigSheetControlsTest, scale_isKeptBeyondTheSlidersEnds)
+TEST_F(ConfigSheetControlsTest, scale_goesBack_whenTheFieldIsEmpty)
 {
-    open({}, {{"FullScreenMode", "0"}, {"Scale", "12.5"}});
-    EXPECT_EQ(textOf("scaleField"), "12.5");
-    EXPECT_EQ(control<QSlider>("scaleSlider").value(), control<QSlider>("scaleSlider").maximum());
-    EXPECT_EQ(sheet->model().controls().scaleSlider, 12.5F);
+    open({}, {{"FullScreenMode", "0"}, {"Scale", "0.5"}});
+    control<QLineEdit>("scaleField").setFocus();
+    control<QLineEdit>("scaleField").selectAll();
+    QTest::keyClick(&control<QLineEdit>("scaleField"), Qt::Key_Delete);
+    QTest::keyClick(&control<QLineEdit>("scaleField"), Qt::Key_Tab);
+    EXPECT_EQ(textOf("scaleField"), "0.5");
+    EXPECT_EQ(sheet->model().controls().scaleSlider, 0.5F);
+}
+
+TEST_F(ConfigSheetControlsTest, scale_staysBetweenTheSlidersEnds_whatIsStored)
+{
+    for (const auto& [stored, shown] :
+         {std::pair("12.5", "3"), std::pair("0.01", "0.1"), std::pair("-2", "0.1"),
+          std::pair("21474837", "3"), std::pair("1e30", "3")}) {
+        open({}, {{"FullScreenMode", "0"}, {"Scale", stored}});
+        EXPECT_EQ(textOf("scaleField"), shown) << stored;
+        EXPECT_EQ(control<QSlider>("scaleSlider").value() / 100.0F, sheet->model().controls().scaleSlider);
+    }
+}
+
+TEST_F(ConfigSheetControlsTest, scale_staysBetweenTheSlidersEnds_whatIsTyped)
+{
+    open({}, {{"FullScreenMode", "0"}});
+    for (const auto& [typed, shown] : {std::pair("12345678", "3"), std::pair("0.05", "0.1")}) {
+        type("scaleField", typed);
+        EXPECT_EQ(textOf("scaleField"), typed);
+        EXPECT_EQ(control<QSlider>("scaleSlider").value() / 100.0F, sheet->model().controls().scaleSlider);
+        QTest::keyClick(&control<QLineEdit>("scaleField"), Qt::Key_Tab);
+        EXPECT_EQ(textOf("scaleField"), shown);
+    }
+}
+
+TEST_F(ConfigSheetControlsTest, interval_saysWhatNoTimeMeans)
+{
+    open({}, {{"FullScreenMode", "0"}, {"Interval", "0"}});
+    const auto word = [this] { return control<QLabel>("secondsLabel").text(); };
+    EXPECT_EQ(word(), "seconds: all the time");
+    type("timeIntervalField", "2");
+    EXPECT_EQ(word(), "seconds");
+    control<QLineEdit>("timeIntervalField").selectAll();
+    QTest::keyClick(&control<QLineEdit>("timeIntervalField"), Qt::Key_Delete);
+    QTest::keyClick(&control<QLineEdit>("timeIntervalField"), Qt::Key_Tab);
+    EXPECT_EQ(word(), "seconds: all the time");
+    EXPECT_EQ(sheet->model().controls().timeIntervalField, "");
 }
 
 TEST_F(ConfigSheetControlsTest, everyControl_hasANameAndIsReachedWithTab)
