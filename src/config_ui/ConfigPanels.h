@@ -14,7 +14,7 @@ public:
     /// What was chosen in the panel that opens files.
     struct Choice {
         QStringList files; ///< absolute paths, in the panel's order
-        QString folder;    ///< where the panel stood at the end
+        QString folder;    ///< that they lie in
     };
 
     virtual ~ConfigPanels() = default;
@@ -25,8 +25,8 @@ public:
     virtual void endSheet() = 0;
     /// Shows an alert with one button.
     virtual void runAlert(const QString& message) = 0;
-    /// Lets files be chosen, several at once, no folders, starting in `folder` (where empty, in the
-    /// user's folder of movies); nothing when that was cancelled.
+    /// Lets files be chosen, several at once, no folders, starting in `folder` (where there is
+    /// none, in the user's folder of movies, else at home); nothing when that was cancelled.
     [[nodiscard]] virtual std::optional<Choice> runOpenPanel(const QString& folder) = 0;
 };
 

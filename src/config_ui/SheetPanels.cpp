@@ -39,14 +39,21 @@ void SheetPanels::runAlert(const QString& message)
     alert.exec();
 }
 
-std::optional<ConfigPanels::Choice> SheetPanels::runOpenPanel(const QString& folder)
+static QString firstFolder(const QString& wanted)
 {
     const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
-    QFileDialog panel(&m_sheet, QCoreApplication::translate("Kestro", "Add Movie"),
-                      folder.isEmpty() ? movies : folder);
+    for (const QString& folder : {wanted, movies})
+        if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
+    return QDir::homePath();
+}
+
+std::optional<ConfigPanels::Choice> SheetPanels::runOpenPanel(const QString& folder)
+{
+    QFileDialog panel(&m_sheet, QCoreApplication::translate("Kestro", "Add Movie"), firstFolder(folder));
     panel.setFileMode(QFileDialog::ExistingFiles);
     if (panel.exec() != QDialog::Accepted) return {};
-    return Choice{panel.selectedFiles(), panel.directory().absolutePath()};
+    const QStringList files = panel.selectedFiles();
+    return Choice{files, QFileInfo(files.value(0)).absolutePath()};
 }
 
 } // namespace kestro

@@ -74,7 +74,25 @@ TEST_F(ConfigSheetPlaylistTest, addMovie_addsWhatIsChosen_andSelectsIt)
     EXPECT_EQ(defaults.value("SSLastPath"), QDir(folder.path()).absolutePath());
 }
 
-TEST_F(ConfigSheetPlaylistTest, addMovie_startsWhereItWasLast_elseAmongTheMovies)
+TEST_F(ConfigSheetPlaylistTest, addMovie_remembersTheFolderOfWhatWasTaken)
+{
+    open({});
+    ASSERT_TRUE(QDir(folder.path()).mkpath("stands"));
+    ASSERT_TRUE(QDir(folder.path()).mkpath("taken"));
+    const QString file = makeFile("taken/b.mov");
+    defaults.setValue("SSLastPath", folder.filePath("stands"));
+    whenShown<QFileDialog>([&](QFileDialog& panel) {
+        panel.findChild<QLineEdit*>()->setText(file);
+        panel.setDirectory(folder.filePath("stands"));
+        panel.findChild<QLineEdit*>()->setText(file);
+        static_cast<QDialog&>(panel).accept();
+    });
+    click("addMovieBtn");
+    EXPECT_EQ(listed().size(), 1);
+    EXPECT_EQ(defaults.value("SSLastPath"), folder.filePath("taken"));
+}
+
+TEST_F(ConfigSheetPlaylistTest, addMovie_startsWhereItWasLast_elseAmongTheMovies_elseAtHome)
 {
     const ScopedEnvironment home("HOME", folder.path());
     const ScopedEnvironment configuration("XDG_CONFIG_HOME", folder.path());
@@ -91,7 +109,13 @@ TEST_F(ConfigSheetPlaylistTest, addMovie_startsWhereItWasLast_elseAmongTheMovies
     defaults.setValue("SSLastPath", folder.filePath("last"));
     whenShown<QFileDialog>(note);
     click("addMovieBtn");
-    EXPECT_EQ(starts, (QStringList{"Videos", "last"}));
+    defaults.setValue("SSLastPath", folder.filePath("gone"));
+    whenShown<QFileDialog>(note);
+    click("addMovieBtn");
+    ASSERT_TRUE(QDir(folder.path()).rmdir("Videos"));
+    whenShown<QFileDialog>(note);
+    click("addMovieBtn");
+    EXPECT_EQ(starts, (QStringList{"Videos", "last", "Videos", QDir(folder.path()).dirName()}));
 }
 
 TEST_F(ConfigSheetPlaylistTest, addMovie_changesNothing_whenCancelled)
