@@ -12,14 +12,6 @@
         <translation>Wird ausgelassen: Es steht nicht darin, wie viele Trailer welcher Breite gemeint sind</translation>
     </message>
     <message>
-        <source>The newest %1, %2 pixels wide</source>
-        <translation>Anzahl: %1, %2 Pixel breit</translation>
-    </message>
-    <message>
-        <source>All there are, %1 pixels wide</source>
-        <translation>Alle vorhandenen, %1 Pixel breit</translation>
-    </message>
-    <message>
         <source>Left out: a web page, no movie</source>
         <translation>Wird ausgelassen: eine Webseite, kein Film</translation>
     </message>
@@ -38,6 +30,18 @@
     <message>
         <source>A click on the sign looks again.</source>
         <translation>Ein Klick auf das Zeichen sieht noch einmal nach.</translation>
+    </message>
+    <message>
+        <source>The newest trailer, %1 pixels wide</source>
+        <translation>Der neueste Trailer, %1 Pixel breit</translation>
+    </message>
+    <message>
+        <source>%1 newest trailers, each %2 pixels wide</source>
+        <translation>Die %1 neuesten Trailer, je %2 Pixel breit</translation>
+    </message>
+    <message>
+        <source>All trailers, each %1 pixels wide</source>
+        <translation>Alle Trailer, je %1 Pixel breit</translation>
     </message>
 </context>
 <context>
@@ -258,10 +262,6 @@ Bitte versuchen Sie es noch einmal.</translation>
         <translation>Th&amp;emenfilme…</translation>
     </message>
     <message>
-        <source>Browses the background movies of an installed DVD program</source>
-        <translation>Zeigt die Hintergrundfilme eines installierten DVD-Programms</translation>
-    </message>
-    <message>
         <source>Playback</source>
         <translation>Wiedergabe</translation>
     </message>
@@ -441,6 +441,10 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>Moves the selected movie down (Alt+Down)</source>
         <translation>Verschiebt den ausgewählten Film nach unten (Alt+Ab)</translation>
     </message>
+    <message>
+        <source>Browses the background movies that come with Kestro</source>
+        <translation>Zeigt die Hintergrundfilme, die zu Kestro gehören</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -570,12 +574,12 @@ Bitte versuchen Sie es noch einmal.</translation>
 <context>
     <name>kestro::ConfigSheet</name>
     <message>
-        <source>Disable</source>
-        <translation>Deaktiviert</translation>
-    </message>
-    <message>
         <source>seconds: all the time</source>
         <translation>Sekunden: ständig</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
     </message>
 </context>
 <context>

@@ -12,14 +12,6 @@
         <translation>Se omite: no dice cuántos tráileres ni de qué anchura</translation>
     </message>
     <message>
-        <source>The newest %1, %2 pixels wide</source>
-        <translation>Cantidad: %1, de %2 píxeles de ancho</translation>
-    </message>
-    <message>
-        <source>All there are, %1 pixels wide</source>
-        <translation>Todos los que haya, de %1 píxeles de ancho</translation>
-    </message>
-    <message>
         <source>Left out: a web page, no movie</source>
         <translation>Se omite: es una página web, no una película</translation>
     </message>
@@ -38,6 +30,18 @@
     <message>
         <source>A click on the sign looks again.</source>
         <translation>Un clic en el signo vuelve a comprobarlo.</translation>
+    </message>
+    <message>
+        <source>The newest trailer, %1 pixels wide</source>
+        <translation>El tráiler más reciente, de %1 píxeles de ancho</translation>
+    </message>
+    <message>
+        <source>%1 newest trailers, each %2 pixels wide</source>
+        <translation>Los %1 tráileres más recientes, cada uno de %2 píxeles de ancho</translation>
+    </message>
+    <message>
+        <source>All trailers, each %1 pixels wide</source>
+        <translation>Todos los tráileres, cada uno de %1 píxeles de ancho</translation>
     </message>
 </context>
 <context>
@@ -258,10 +262,6 @@ Inténtelo de nuevo.</translation>
         <translation>Películas te&amp;máticas…</translation>
     </message>
     <message>
-        <source>Browses the background movies of an installed DVD program</source>
-        <translation>Muestra las películas de fondo de un programa de DVD instalado</translation>
-    </message>
-    <message>
         <source>Playback</source>
         <translation>Reproducción</translation>
     </message>
@@ -441,6 +441,10 @@ Inténtelo de nuevo.</translation>
         <source>Moves the selected movie down (Alt+Down)</source>
         <translation>Baja la película seleccionada (Alt+Abajo)</translation>
     </message>
+    <message>
+        <source>Browses the background movies that come with Kestro</source>
+        <translation>Muestra las películas de fondo que vienen con Kestro</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -570,12 +574,12 @@ Inténtelo de nuevo.</translation>
 <context>
     <name>kestro::ConfigSheet</name>
     <message>
-        <source>Disable</source>
-        <translation>Desactivado</translation>
-    </message>
-    <message>
         <source>seconds: all the time</source>
         <translation>segundos: sin parar</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguno</translation>
     </message>
 </context>
 <context>

@@ -12,14 +12,6 @@
         <translation>Ignorée&#xa0;: elle ne dit pas combien de bandes-annonces ni de quelle largeur</translation>
     </message>
     <message>
-        <source>The newest %1, %2 pixels wide</source>
-        <translation>Nombre : %1, larges de %2 pixels</translation>
-    </message>
-    <message>
-        <source>All there are, %1 pixels wide</source>
-        <translation>Toutes celles qui existent, larges de %1 pixels</translation>
-    </message>
-    <message>
         <source>Left out: a web page, no movie</source>
         <translation>Ignorée&#xa0;: une page web, pas un film</translation>
     </message>
@@ -38,6 +30,18 @@
     <message>
         <source>A click on the sign looks again.</source>
         <translation>Un clic sur le signe vérifie de nouveau.</translation>
+    </message>
+    <message>
+        <source>The newest trailer, %1 pixels wide</source>
+        <translation>La bande-annonce la plus récente, %1 pixels de large</translation>
+    </message>
+    <message>
+        <source>%1 newest trailers, each %2 pixels wide</source>
+        <translation>Les %1 bandes-annonces les plus récentes, chacune de %2 pixels de large</translation>
+    </message>
+    <message>
+        <source>All trailers, each %1 pixels wide</source>
+        <translation>Toutes les bandes-annonces, chacune de %1 pixels de large</translation>
     </message>
 </context>
 <context>
@@ -258,10 +262,6 @@ Veuillez réessayer.</translation>
         <translation>Films de t&amp;hème…</translation>
     </message>
     <message>
-        <source>Browses the background movies of an installed DVD program</source>
-        <translation>Parcourt les films d’arrière-plan d’un logiciel de DVD installé</translation>
-    </message>
-    <message>
         <source>Playback</source>
         <translation>Lecture</translation>
     </message>
@@ -441,6 +441,10 @@ Veuillez réessayer.</translation>
         <source>Moves the selected movie down (Alt+Down)</source>
         <translation>Descend le film sélectionné (Alt+Bas)</translation>
     </message>
+    <message>
+        <source>Browses the background movies that come with Kestro</source>
+        <translation>Parcourt les films d’arrière-plan fournis avec Kestro</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -570,12 +574,12 @@ Veuillez réessayer.</translation>
 <context>
     <name>kestro::ConfigSheet</name>
     <message>
-        <source>Disable</source>
-        <translation>Désactivé</translation>
-    </message>
-    <message>
         <source>seconds: all the time</source>
         <translation>secondes : sans cesse</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucun</translation>
     </message>
 </context>
 <context>

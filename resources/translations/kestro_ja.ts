@@ -12,14 +12,6 @@
         <translation>省略されます: 予告編の数と幅が指定されていません</translation>
     </message>
     <message>
-        <source>The newest %1, %2 pixels wide</source>
-        <translation>最新の%1本、幅%2ピクセル</translation>
-    </message>
-    <message>
-        <source>All there are, %1 pixels wide</source>
-        <translation>あるものすべて、幅%1ピクセル</translation>
-    </message>
-    <message>
         <source>Left out: a web page, no movie</source>
         <translation>省略されます: ムービーではなくWebページです</translation>
     </message>
@@ -38,6 +30,18 @@
     <message>
         <source>A click on the sign looks again.</source>
         <translation>印をクリックするともう一度調べます。</translation>
+    </message>
+    <message>
+        <source>The newest trailer, %1 pixels wide</source>
+        <translation>最新の予告編、幅 %1 ピクセル</translation>
+    </message>
+    <message>
+        <source>%1 newest trailers, each %2 pixels wide</source>
+        <translation>最新の予告編 %1 本、それぞれ幅 %2 ピクセル</translation>
+    </message>
+    <message>
+        <source>All trailers, each %1 pixels wide</source>
+        <translation>すべての予告編、それぞれ幅 %1 ピクセル</translation>
     </message>
 </context>
 <context>
@@ -258,10 +262,6 @@ Please try again.</source>
         <translation>テーマムービー(&amp;E)…</translation>
     </message>
     <message>
-        <source>Browses the background movies of an installed DVD program</source>
-        <translation>インストールされているDVDソフトの背景ムービーを表示します</translation>
-    </message>
-    <message>
         <source>Playback</source>
         <translation>再生</translation>
     </message>
@@ -441,6 +441,10 @@ Please try again.</source>
         <source>Moves the selected movie down (Alt+Down)</source>
         <translation>選択したムービーを下へ移動します (Alt+↓)</translation>
     </message>
+    <message>
+        <source>Browses the background movies that come with Kestro</source>
+        <translation>Kestro に付属する背景ムービーを一覧表示します</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -570,12 +574,12 @@ Please try again.</source>
 <context>
     <name>kestro::ConfigSheet</name>
     <message>
-        <source>Disable</source>
-        <translation>使用しない</translation>
-    </message>
-    <message>
         <source>seconds: all the time</source>
         <translation>秒: 絶え間なく</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
     </message>
 </context>
 <context>

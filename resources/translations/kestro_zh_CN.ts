@@ -12,14 +12,6 @@
         <translation>已略过：未指明预告片的数量和宽度</translation>
     </message>
     <message>
-        <source>The newest %1, %2 pixels wide</source>
-        <translation>最新 %1 个，宽 %2 像素</translation>
-    </message>
-    <message>
-        <source>All there are, %1 pixels wide</source>
-        <translation>全部，宽 %1 像素</translation>
-    </message>
-    <message>
         <source>Left out: a web page, no movie</source>
         <translation>已略过：是网页而不是影片</translation>
     </message>
@@ -38,6 +30,18 @@
     <message>
         <source>A click on the sign looks again.</source>
         <translation>点击该标志可重新检查。</translation>
+    </message>
+    <message>
+        <source>The newest trailer, %1 pixels wide</source>
+        <translation>最新的预告片，宽 %1 像素</translation>
+    </message>
+    <message>
+        <source>%1 newest trailers, each %2 pixels wide</source>
+        <translation>最新的 %1 部预告片，每部宽 %2 像素</translation>
+    </message>
+    <message>
+        <source>All trailers, each %1 pixels wide</source>
+        <translation>所有预告片，每部宽 %1 像素</translation>
     </message>
 </context>
 <context>
@@ -258,10 +262,6 @@ Please try again.</source>
         <translation>主题影片(&amp;E)…</translation>
     </message>
     <message>
-        <source>Browses the background movies of an installed DVD program</source>
-        <translation>浏览已安装的 DVD 程序的背景影片</translation>
-    </message>
-    <message>
         <source>Playback</source>
         <translation>播放</translation>
     </message>
@@ -441,6 +441,10 @@ Please try again.</source>
         <source>Moves the selected movie down (Alt+Down)</source>
         <translation>下移所选影片（Alt+↓）</translation>
     </message>
+    <message>
+        <source>Browses the background movies that come with Kestro</source>
+        <translation>浏览 Kestro 附带的背景影片</translation>
+    </message>
 </context>
 <context>
     <name>ThemePanel</name>
@@ -570,12 +574,12 @@ Please try again.</source>
 <context>
     <name>kestro::ConfigSheet</name>
     <message>
-        <source>Disable</source>
-        <translation>不使用</translation>
-    </message>
-    <message>
         <source>seconds: all the time</source>
         <translation>秒：不停移动</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
     </message>
 </context>
 <context>

@@ -230,8 +230,9 @@ void ConfigSheet::showBackSavers()
 {
     const QSignalBlocker quiet(m_ui->backSaverPopup);
     m_ui->backSaverPopup->clear();
-    m_ui->backSaverPopup->addItems(m_model->backSaverItems());
-    m_ui->backSaverPopup->setItemText(0, tr("Disable"));
+    m_ui->backSaverPopup->addItem(tr("None"));
+    for (const QString& item : m_model->backSaverItems().sliced(1))
+        m_ui->backSaverPopup->addItem(QFileInfo(item).completeBaseName());
     for (int i = 0; i < m_model->backSaverList().size(); ++i)
         m_ui->backSaverPopup->setItemData(i + 1, m_model->backSaverList()[i], Qt::ToolTipRole);
 }

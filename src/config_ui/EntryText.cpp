@@ -60,8 +60,9 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
         if (numbers.isEmpty()) return tr("Left out: it does not say how many trailers of which width");
         const int count = intValue(numbers[0]);
         const int width = intValue(numbers[1]);
-        return count > 0 ? tr("The newest %1, %2 pixels wide").arg(count).arg(width)
-                         : tr("All there are, %1 pixels wide").arg(width);
+        if (count == 1) return tr("The newest trailer, %1 pixels wide").arg(width);
+        return count > 0 ? tr("%1 newest trailers, each %2 pixels wide").arg(count).arg(width)
+                         : tr("All trailers, each %1 pixels wide").arg(width);
     }
     if (!isValidURL(url)) return tr("Left out: a web page, no movie");
     if (facts != nullptr && facts->fault) return faultText(url, *facts->fault);

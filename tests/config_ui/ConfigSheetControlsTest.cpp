@@ -82,8 +82,8 @@ TEST_F(ConfigSheetControlsTest, controls_showTheSettings)
     EXPECT_EQ(textOf("timeIntervalField"), "2.5");
     EXPECT_EQ(textOf("scaleField"), "0.35");
     EXPECT_EQ(control<QSlider>("scaleSlider").value(), 35);
-    EXPECT_EQ(control<QComboBox>("backSaverPopup").currentText(), "B.saver");
-    EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(0), "Disable");
+    EXPECT_EQ(control<QComboBox>("backSaverPopup").currentText(), "B");
+    EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(0), "None");
     EXPECT_EQ(control<QComboBox>("backSaverPopup").count(), 3);
 }
 
@@ -92,8 +92,8 @@ TEST_F(ConfigSheetControlsTest, backSaverPopup_translatesItsOwnItemAlone)
     const ShoutingTranslator translator;
     saver.backSavers = {"/s/A.saver"};
     open({movie("a.mov")});
-    EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(0), "DISABLE");
-    EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(1), "A.saver");
+    EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(0), "NONE");
+    EXPECT_EQ(control<QComboBox>("backSaverPopup").itemText(1), "A");
 }
 
 TEST_F(ConfigSheetControlsTest, backSaverPopup_tellsWhereEachSaverLies)

@@ -52,9 +52,11 @@ TEST(EntryText, detail_isWhereAMovieLies)
 TEST(EntryText, detail_saysWhatAnAutomaticEntryStandsFor)
 {
     EXPECT_EQ(EntryText::detail(entry("auto://LatestTrailers/6/480"), nullptr),
-              "The newest 6, 480 pixels wide");
+              "6 newest trailers, each 480 pixels wide");
     EXPECT_EQ(EntryText::detail(entry("auto://LatestTrailers/0/640"), nullptr),
-              "All there are, 640 pixels wide");
+              "All trailers, each 640 pixels wide");
+    EXPECT_EQ(EntryText::detail(entry("auto://LatestTrailers/1/640"), nullptr),
+              "The newest trailer, 640 pixels wide");
     EXPECT_FALSE(EntryText::isFault(entry("auto://LatestTrailers/6/480"), nullptr));
 }
 
