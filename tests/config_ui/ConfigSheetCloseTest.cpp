@@ -45,6 +45,15 @@ TEST_F(ConfigSheetCloseTest, sheet_isModalOverItsWindow)
     EXPECT_EQ(sheet->parentWidget(), &window);
 }
 
+TEST_F(ConfigSheetCloseTest, ok_changesNoLetterOfAnEntry_whereNothingWasEdited)
+{
+    const QStringList entries{"http://Example.COM/a.mov", "http://example.com/a.mov", "auto://Anything/3/640",
+                              "file:///Films/B%c3%bc.mov"};
+    open(entries);
+    press(QDialogButtonBox::Ok);
+    EXPECT_EQ(stored()["FileList"].toStringList(), entries);
+}
+
 TEST_F(ConfigSheetCloseTest, ok_storesAndTells)
 {
     open({movie("a.mov")});
