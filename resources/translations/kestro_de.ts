@@ -468,14 +468,6 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>&amp;Stop</source>
         <translation>A&amp;nhalten</translation>
     </message>
-    <message>
-        <source>&amp;Cancel</source>
-        <translation>&amp;Abbrechen</translation>
-    </message>
-    <message>
-        <source>&amp;Add</source>
-        <translation>Hin&amp;zufügen</translation>
-    </message>
 </context>
 <context>
     <name>TrailerCont</name>
@@ -871,6 +863,10 @@ Ersetzen?</translation>
     <message>
         <source>No theme movies were found.</source>
         <translation>Es wurden keine Themenfilme gefunden.</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>Hin&amp;zufügen</translation>
     </message>
 </context>
 <context>

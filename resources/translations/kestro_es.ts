@@ -468,14 +468,6 @@ Inténtelo de nuevo.</translation>
         <source>&amp;Stop</source>
         <translation>&amp;Detener</translation>
     </message>
-    <message>
-        <source>&amp;Cancel</source>
-        <translation>&amp;Cancelar</translation>
-    </message>
-    <message>
-        <source>&amp;Add</source>
-        <translation>&amp;Añadir</translation>
-    </message>
 </context>
 <context>
     <name>TrailerCont</name>
@@ -871,6 +863,10 @@ Replace it?</source>
     <message>
         <source>No theme movies were found.</source>
         <translation>No se han encontrado películas temáticas.</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Añadir</translation>
     </message>
 </context>
 <context>

@@ -468,14 +468,6 @@ Veuillez réessayer.</translation>
         <source>&amp;Stop</source>
         <translation>A&amp;rrêter</translation>
     </message>
-    <message>
-        <source>&amp;Cancel</source>
-        <translation>&amp;Annuler</translation>
-    </message>
-    <message>
-        <source>&amp;Add</source>
-        <translation>A&amp;jouter</translation>
-    </message>
 </context>
 <context>
     <name>TrailerCont</name>
@@ -871,6 +863,10 @@ Le remplacer&#xa0;?</translation>
     <message>
         <source>No theme movies were found.</source>
         <translation>Aucun film de thème n’a été trouvé.</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>A&amp;jouter</translation>
     </message>
 </context>
 <context>

@@ -468,14 +468,6 @@ Please try again.</source>
         <source>&amp;Stop</source>
         <translation>停止(&amp;S)</translation>
     </message>
-    <message>
-        <source>&amp;Cancel</source>
-        <translation>キャンセル(&amp;C)</translation>
-    </message>
-    <message>
-        <source>&amp;Add</source>
-        <translation>追加(&amp;A)</translation>
-    </message>
 </context>
 <context>
     <name>TrailerCont</name>
@@ -871,6 +863,10 @@ Replace it?</source>
     <message>
         <source>No theme movies were found.</source>
         <translation>テーマムービーが見つかりませんでした。</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>追加(&amp;A)</translation>
     </message>
 </context>
 <context>

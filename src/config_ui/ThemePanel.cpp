@@ -4,9 +4,11 @@
 #include "platform/movie/NSMovie.h"
 #include "platform/movie/QTMovie.h"
 #include "ui_ThemePanel.h"
+#include "widgets/ControllerBar.h"
 #include "widgets/MoviePreview.h"
 
 #include <QHeaderView>
+#include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
 #include <QStyle>
@@ -38,6 +40,7 @@ ThemePanel::ThemePanel(URLListReceiver& playlist, MovieLibrary& movies, QWidget*
     setWindowModality(Qt::ApplicationModal);
     m_themeMovieView->setAccessibleName(tr("Preview of the selected movie"));
     m_themeMovieView->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_themeMovieView->controller().hide(); // the buttons below it are the controls
     m_ui->previewPlace->addWidget(m_themeMovieView);
     setUpTable();
     setUpButtons();
@@ -72,9 +75,12 @@ void ThemePanel::setUpButtons()
 {
     connect(m_ui->playButton, &QPushButton::clicked, this, &ThemePanel::selectIDVDTheme);
     connect(m_ui->stopButton, &QPushButton::clicked, this, &ThemePanel::stopTheme);
-    connect(m_ui->addButton, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_ui->buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    m_addButton = m_ui->buttons->addButton(tr("&Add"), QDialogButtonBox::AcceptRole);
+    m_addButton->setObjectName(QStringLiteral("addButton"));
+    m_addButton->setDefault(true);
     connect(m_themeMovieView, &MoviePreview::movieFailed, this, &ThemePanel::showWhatCanBeDone);
-    connect(m_ui->cancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void ThemePanel::showIDVDThemes()
@@ -83,8 +89,17 @@ void ThemePanel::showIDVDThemes()
     m_browser.showIDVDThemes();
     if (m_browser.themeList().size() != before) m_rows.reload();
     if (m_browser.themeList().isEmpty()) m_ui->explanation->setText(tr("No theme movies were found."));
+    selectFirstRow();
     m_ui->themeTable->setFocus();
     show();
+}
+
+// What the keys start from looks like it.
+void ThemePanel::selectFirstRow()
+{
+    if (m_rows.rowCount() == 0 || m_ui->themeTable->selectionModel()->hasSelection()) return;
+    m_ui->themeTable->selectionModel()->setCurrentIndex(
+        m_rows.index(0, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void ThemePanel::closeIDVDThemesPanel(int tag)
@@ -117,15 +132,18 @@ QList<int> ThemePanel::selectedRows() const
     return rows;
 }
 
-// Of several selected movies it is the one that was selected last; what plays already is not opened anew.
-void ThemePanel::previewSelection()
+// Of several selected movies it is the one that was selected last. One that stays selected while others come
+// and go plays on.
+void ThemePanel::previewSelection(const QItemSelection& selected)
 {
     const QList<int> rows = selectedRows();
     if (!rows.isEmpty()) {
         const int current = m_ui->themeTable->currentIndex().row();
-        const QUrl url = m_browser.movieURL(rows.contains(current) ? current : rows.last());
+        const int row = rows.contains(current) ? current : rows.last();
+        const QUrl url = m_browser.movieURL(row);
         const bool isShown = hasMovie() && m_themeMovieView->movie()->url() == url;
-        if (!isShown) m_themeMovieView->setMovie(NSMovie(m_movies.movieWithURL(url)));
+        if (!isShown || selected.contains(m_rows.index(row, 0)))
+            m_themeMovieView->setMovie(NSMovie(m_movies.movieWithURL(url)));
         selectIDVDTheme();
     }
     showWhatCanBeDone();
@@ -141,7 +159,7 @@ void ThemePanel::showWhatCanBeDone()
 {
     m_ui->playButton->setEnabled(hasMovie());
     m_ui->stopButton->setEnabled(hasMovie());
-    m_ui->addButton->setEnabled(!selectedRows().isEmpty());
+    m_addButton->setEnabled(!selectedRows().isEmpty());
 }
 
 void ThemePanel::colourRows()

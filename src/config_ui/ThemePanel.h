@@ -8,6 +8,9 @@
 
 #include <memory>
 
+class QItemSelection;
+class QPushButton;
+
 namespace Ui {
 class ThemePanel;
 }
@@ -18,7 +21,8 @@ class MovieLibrary;
 class MoviePreview;
 
 /// The theme browser's panel ("themePanel"), modal to the whole program: the theme movies in a table, the
-/// selected one beside it in motion. Several can be added at once. Owned by the sheet. Main thread.
+/// selected one beside it in motion from its beginning; the first is selected when nothing else is. Several
+/// can be added at once. Owned by the sheet. Main thread.
 class ThemePanel final : public QDialog {
     Q_OBJECT
 
@@ -51,7 +55,8 @@ private:
     void setUpTable();
     void setUpButtons();
     void fitToScreen();
-    void previewSelection();
+    void previewSelection(const QItemSelection& selected);
+    void selectFirstRow();
     void showWhatCanBeDone();
     [[nodiscard]] bool hasMovie() const;
     void colourRows();
@@ -61,7 +66,8 @@ private:
     ThemeBrowser m_browser;
     ThemeTableModel m_rows{m_browser};
     MovieLibrary& m_movies;
-    MoviePreview* m_themeMovieView; ///< Qt's parent owns it
+    MoviePreview* m_themeMovieView; ///< Qt's parent owns it and the button
+    QPushButton* m_addButton = nullptr;
 };
 
 } // namespace kestro

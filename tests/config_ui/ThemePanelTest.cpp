@@ -5,8 +5,10 @@
 #include "platform/base/Random.h"
 #include "platform/display/desktop/ManualTimerSource.h"
 #include "platform/movie/MemoryMovie.h"
+#include "widgets/ControllerBar.h"
 #include "widgets/MoviePreview.h"
 
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -170,9 +172,9 @@ TEST_F(ThemePanelTest, red_canBeRead_onALightAndOnADarkGround)
 
 TEST_F(ThemePanelTest, selecting_playsTheMovie_whenItCanBeRead)
 {
-    m_panel.showIDVDThemes();
     EXPECT_FALSE(button("playButton").isEnabled());
     EXPECT_FALSE(button("stopButton").isEnabled());
+    m_panel.showIDVDThemes();
     select({1});
     EXPECT_EQ(shown(), m_urls[1]);
     EXPECT_EQ(rate(), 1);
@@ -245,21 +247,46 @@ TEST_F(ThemePanelTest, doubleClick_playsTheMovieOn_whenItWasStopped)
     EXPECT_EQ(rate(), 1);
 }
 
-TEST_F(ThemePanelTest, movie_playsOn_whenItWasStoppedAndItsRowIsSelectedOnceMore)
+TEST_F(ThemePanelTest, movie_beginsAnew_whenItsRowIsSelectedAgain)
 {
     m_panel.showIDVDThemes();
-    select({0});
-    const auto movie = m_panel.themeMovieView().movie();
-    button("stopButton").click();
+    m_clock.advance(1);
+    EXPECT_GT(m_panel.themeMovieView().movie()->currentTime().timeValue, 0);
     table().clearSelection();
     select({0});
+    EXPECT_EQ(m_panel.themeMovieView().movie()->currentTime().timeValue, 0);
     EXPECT_EQ(rate(), 1);
+}
+
+TEST_F(ThemePanelTest, movie_playsOn_whileOtherRowsAreSelectedToo)
+{
+    m_panel.showIDVDThemes();
+    const auto movie = m_panel.themeMovieView().movie();
+    table().selectionModel()->select(table().model()->index(1, 0),
+                                     QItemSelectionModel::Select | QItemSelectionModel::Rows);
     EXPECT_EQ(m_panel.themeMovieView().movie(), movie);
+}
+
+TEST_F(ThemePanelTest, panel_opensWithItsFirstRowSelected_soThatDownGoesToTheSecond)
+{
+    m_panel.showIDVDThemes();
+    EXPECT_EQ(shown(), m_urls[0]);
+    EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1);
+    QTest::keyClick(&table(), Qt::Key_Down);
+    EXPECT_EQ(shown(), m_urls[1]);
+}
+
+TEST_F(ThemePanelTest, panel_hasOneSetOfPlayControls)
+{
+    m_panel.showIDVDThemes();
+    EXPECT_FALSE(m_panel.themeMovieView().controller().isVisible());
+    EXPECT_TRUE(button("playButton").isVisible() && button("stopButton").isVisible());
 }
 
 TEST_F(ThemePanelTest, add_handsOnTheSelectedMoviesAndCloses_whenClicked)
 {
     m_panel.showIDVDThemes();
+    table().clearSelection();
     EXPECT_FALSE(button("addButton").isEnabled());
     select({2, 0, 1});
     button("addButton").click();
@@ -272,7 +299,7 @@ TEST_F(ThemePanelTest, cancel_handsOnNothingAndCloses_whenClicked)
 {
     m_panel.showIDVDThemes();
     select({0});
-    button("cancelButton").click();
+    m_panel.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
     EXPECT_EQ(m_playlist.calls, 0);
     EXPECT_FALSE(m_panel.isVisible());
 }
@@ -312,7 +339,7 @@ TEST_F(ThemePanelTest, controls_canBeNamedAndReachedByKeys)
 {
     EXPECT_FALSE(table().accessibleName().isEmpty());
     EXPECT_FALSE(m_panel.themeMovieView().accessibleName().isEmpty());
-    for (const char* name : {"playButton", "stopButton", "cancelButton", "addButton"})
+    for (const char* name : {"playButton", "stopButton", "addButton"})
         EXPECT_TRUE(button(name).text().contains(u'&')) << name;
 }
 
