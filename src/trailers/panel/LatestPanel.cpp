@@ -2,6 +2,8 @@
 
 #include "ui_LatestPanel.h"
 
+#include <QPushButton>
+
 namespace kestro {
 
 namespace {
@@ -21,8 +23,13 @@ LatestPanel::LatestPanel(QWidget* parent)
     , m_ui(std::make_unique<Ui::LatestPanel>())
 {
     m_ui->setupUi(this);
-    for (QPushButton* button : {m_ui->okBtn, m_ui->cancelBtn})
+    const auto tagged = [this](QDialogButtonBox::StandardButton which, int tag) {
+        QPushButton* const button = m_ui->buttons->button(which);
+        button->setProperty("tag", tag);
         connect(button, &QPushButton::clicked, this, [this, button] { stopModal(*button); });
+    };
+    tagged(QDialogButtonBox::Ok, 1);
+    tagged(QDialogButtonBox::Cancel, 0);
 }
 
 LatestPanel::~LatestPanel() = default;

@@ -4,15 +4,17 @@
 #include "trailers/panel/PanelTest.h"
 #include "ui_LatestPanel.h"
 
+#include <QDialogButtonBox>
+#include <QPushButton>
 #include <QTest>
 
 namespace kestro {
 
 namespace {
 
-QPushButton& button(QWidget& window, const char* name)
+QPushButton& button(QWidget& window, QDialogButtonBox::StandardButton which)
 {
-    return *window.findChild<QPushButton*>(QLatin1String(name));
+    return *window.findChild<QDialogButtonBox*>()->button(which);
 }
 
 QComboBox& popup(QWidget& window)
@@ -28,9 +30,9 @@ QStringList titles(QComboBox& box)
     return texts;
 }
 
-void press(const char* name)
+void press(QDialogButtonBox::StandardButton which)
 {
-    answerModal([name](QWidget& window) { button(window, name).click(); });
+    answerModal([which](QWidget& window) { button(window, which).click(); });
 }
 
 } // namespace
@@ -56,7 +58,7 @@ TEST(LatestPanelTest, runModal_answersTheEntry_whenOKIsPressed)
     answerModal([](QWidget& window) {
         window.findChild<QSpinBox*>(QStringLiteral("countField"))->setValue(12);
         popup(window).setCurrentIndex(1);
-        button(window, "okBtn").click();
+        button(window, QDialogButtonBox::Ok).click();
     });
     EXPECT_EQ(panel.runModal(), QUrl(QStringLiteral("auto://LatestTrailers/12/640")));
     EXPECT_FALSE(panel.isVisible());
@@ -66,7 +68,7 @@ TEST(LatestPanelTest, runModal_answersNothing_whenItIsGivenUp)
 {
     LatestPanel panel;
     panel.setResolutions({QStringLiteral("320")});
-    press("cancelBtn");
+    press(QDialogButtonBox::Cancel);
     EXPECT_FALSE(panel.runModal());
     answerModal([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
     EXPECT_FALSE(panel.runModal());

@@ -6,6 +6,7 @@
 #include "widgets/MoviePreview.h"
 
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QScreen>
 
 namespace kestro {
@@ -109,7 +110,7 @@ TEST_F(TrailerPanelTest, addLatest_sendsTheEntryAlone)
         for (int item = 0; item < popup.count(); ++item)
             offered.append(popup.itemText(item));
         popup.setCurrentIndex(1);
-        window.findChild<QPushButton*>(QStringLiteral("okBtn"))->click();
+        window.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
     });
     controls().latestBtn->click();
     EXPECT_EQ(offered, (QStringList{QStringLiteral("320"), QStringLiteral("640")}));
@@ -119,8 +120,9 @@ TEST_F(TrailerPanelTest, addLatest_sendsTheEntryAlone)
 TEST_F(TrailerPanelTest, addLatest_sendsNothing_whenItIsGivenUp)
 {
     openWith(1);
-    answerModal(
-        [](QWidget& window) { window.findChild<QPushButton*>(QStringLiteral("cancelBtn"))->click(); });
+    answerModal([](QWidget& window) {
+        window.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
+    });
     controls().latestBtn->click();
     EXPECT_TRUE(m_receiver.given.isEmpty());
 }
