@@ -135,14 +135,6 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>Frame &amp;width:</source>
         <translation>&amp;Bildbreite:</translation>
     </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
 </context>
 <context>
     <name>MovieFault</name>

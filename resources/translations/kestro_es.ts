@@ -135,14 +135,6 @@ Inténtelo de nuevo.</translation>
         <source>Frame &amp;width:</source>
         <translation>&amp;Anchura de imagen:</translation>
     </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>Aceptar</translation>
-    </message>
 </context>
 <context>
     <name>MovieFault</name>

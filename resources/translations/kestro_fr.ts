@@ -135,14 +135,6 @@ Veuillez réessayer.</translation>
         <source>Frame &amp;width:</source>
         <translation>&amp;Largeur d’image&#xa0;:</translation>
     </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
 </context>
 <context>
     <name>MovieFault</name>

@@ -135,14 +135,6 @@ Please try again.</source>
         <source>Frame &amp;width:</source>
         <translation>フレームの幅(&amp;W):</translation>
     </message>
-    <message>
-        <source>Cancel</source>
-        <translation>キャンセル</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
 </context>
 <context>
     <name>MovieFault</name>

@@ -135,14 +135,6 @@ Please try again.</source>
         <source>Frame &amp;width:</source>
         <translation>画面宽度(&amp;W)：</translation>
     </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>确定</translation>
-    </message>
 </context>
 <context>
     <name>MovieFault</name>

@@ -128,7 +128,7 @@ void ConfigSheet::setUpFields()
     m_secondsWord = m_ui->secondsLabel->text();
     m_ui->timeIntervalField->setValidator(new DecimalValidator(m_ui->timeIntervalField));
     m_ui->scaleField->setValidator(new DecimalValidator(
-        m_ui->scaleField, [this] { return fieldText(m_model->controls().scaleSlider); }));
+        m_ui->scaleField, [this] { return shownDecimal(fieldText(m_model->controls().scaleSlider)); }));
     for (QLineEdit* const field : {m_ui->timeIntervalField, m_ui->scaleField}) {
         const int text = field->fontMetrics().horizontalAdvance(QString(fieldDigits, u'0'));
         field->setMaximumWidth(text + field->sizeHint().height());
@@ -138,6 +138,9 @@ void ConfigSheet::setUpFields()
 
 void ConfigSheet::setUpButtons(bool hasTrailers)
 {
+    for (QWidget* const wheeled :
+         {static_cast<QWidget*>(m_ui->scaleSlider), static_cast<QWidget*>(m_ui->backSaverPopup)})
+        wheeled->installEventFilter(this);
     m_ui->trailersBtn->setEnabled(hasTrailers);
     m_ui->idvdBtn->setEnabled(QFileInfo::exists(platformPath(dvdProgram)));
     for (QPushButton* const arrow : {m_ui->moveUpBtn, m_ui->moveDownBtn})
@@ -180,12 +183,13 @@ void ConfigSheet::connectControls()
 void ConfigSheet::connectFields()
 {
     connect(m_ui->timeIntervalField, &QLineEdit::textEdited, this,
-            [this](const QString& text) { m_model->controls().timeIntervalField = text; });
+            [this](const QString& text) { m_model->controls().timeIntervalField = storedDecimal(text); });
     connect(m_ui->timeIntervalField, &QLineEdit::textChanged, this, &ConfigSheet::showInterval);
     connect(m_ui->scaleSlider, &QSlider::valueChanged, this,
             [this](int steps) { takeScale(static_cast<float>(steps) / sliderStepsPerUnit); });
     connect(m_ui->scaleField, &QLineEdit::textEdited, this, [this](const QString& text) {
-        if (const float scale = floatValue(text); scale > 0) m_model->controls().scaleSlider = scale;
+        if (const float scale = floatValue(storedDecimal(text)); scale > 0)
+            m_model->controls().scaleSlider = scale;
         showSlider();
     });
     connect(m_ui->scaleField, &QLineEdit::editingFinished, this, &ConfigSheet::showScale);
@@ -252,8 +256,9 @@ void ConfigSheet::showControls()
     check(*m_playModeRadio, shown.playModeRadio);
     check(*m_reposRadio, shown.reposRadio);
     m_ui->backSaverPopup->setCurrentIndex(shown.backSaverPopup);
-    if (m_ui->timeIntervalField->text() != shown.timeIntervalField)
-        m_ui->timeIntervalField->setText(shown.timeIntervalField);
+    if (const QString interval = shownDecimal(shown.timeIntervalField);
+        m_ui->timeIntervalField->text() != interval)
+        m_ui->timeIntervalField->setText(interval);
     showInterval();
     showScale();
     showEnabling();
@@ -296,7 +301,7 @@ void ConfigSheet::showSlider()
 
 void ConfigSheet::showInterval()
 {
-    const bool isWait = floatValue(m_ui->timeIntervalField->text()) > 0;
+    const bool isWait = floatValue(storedDecimal(m_ui->timeIntervalField->text())) > 0;
     m_ui->secondsLabel->setText(isWait ? m_secondsWord : tr("seconds: all the time"));
 }
 
@@ -304,8 +309,8 @@ void ConfigSheet::showScale()
 {
     showSlider();
     const float scale = m_model->controls().scaleSlider;
-    if (!m_ui->scaleField->hasFocus() || floatValue(m_ui->scaleField->text()) != scale)
-        m_ui->scaleField->setText(fieldText(scale));
+    if (!m_ui->scaleField->hasFocus() || floatValue(storedDecimal(m_ui->scaleField->text())) != scale)
+        m_ui->scaleField->setText(shownDecimal(fieldText(scale)));
 }
 
 // The options are as wide and as high as they want if the screen has room for that; else they scroll.
@@ -338,6 +343,14 @@ void ConfigSheet::done(int result)
     if (m_themePanel) m_themePanel->hide();
     m_model->closeConfig(result == Accepted ? 1 : 0);
     QDialog::done(result);
+}
+
+// The wheel scrolls the options, wherever it is turned: what it is over by chance stays as it was.
+bool ConfigSheet::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Wheel) return QDialog::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void ConfigSheet::dragEnterEvent(QDragEnterEvent* event)

@@ -44,6 +44,7 @@ public:
 
     /// OK for Accepted, Cancel for anything else.
     void done(int result) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -4,6 +4,16 @@
 
 namespace kestro {
 
+QString shownDecimal(QString stored)
+{
+    return stored.replace(u'.', QLocale().decimalPoint());
+}
+
+QString storedDecimal(QString shown)
+{
+    return shown.replace(QLocale().decimalPoint(), QStringLiteral("."));
+}
+
 DecimalValidator::DecimalValidator(QObject* parent, Fallback fallback)
     : QDoubleValidator(parent)
     , m_fallback(std::move(fallback))
@@ -14,8 +24,10 @@ DecimalValidator::DecimalValidator(QObject* parent, Fallback fallback)
 
 QValidator::State DecimalValidator::validate(QString& input, int& position) const
 {
-    input.replace(u',', u'.');
-    return QDoubleValidator::validate(input, position);
+    const QString sign = QLocale().decimalPoint();
+    input.replace(u',', sign).replace(u'.', sign);
+    QString stored = storedDecimal(input);
+    return QDoubleValidator::validate(stored, position);
 }
 
 void DecimalValidator::fixup(QString& input) const

@@ -6,8 +6,13 @@
 
 namespace kestro {
 
-/// Lets a decimal number be typed as it is stored, with a point; a comma becomes one. Owned by its field.
-/// Main thread. Tested by ConfigSheetControlsTest.
+/// A decimal number as a field shows it, with the decimal sign of the person's language, of its stored text,
+/// which has a point; and the other way round. Any other text stays as it is.
+[[nodiscard]] QString shownDecimal(QString stored);
+[[nodiscard]] QString storedDecimal(QString shown);
+
+/// Lets a decimal number be typed with a point or a comma: both become the decimal sign of the person's
+/// language. Owned by its field. Main thread. Tested by ConfigSheetNumbersTest.
 class DecimalValidator final : public QDoubleValidator {
     Q_OBJECT
 

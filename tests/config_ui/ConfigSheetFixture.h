@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
+#include <QLineEdit>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
@@ -60,6 +61,15 @@ protected:
         auto& button = control<QAbstractButton>(name);
         ASSERT_TRUE(button.isEnabled()) << name;
         button.click();
+    }
+
+    /// What a field shows, and typing into it.
+    QString textOf(const char* name) { return control<QLineEdit>(name).text(); }
+    void type(const char* name, const QString& text)
+    {
+        control<QLineEdit>(name).setFocus();
+        control<QLineEdit>(name).selectAll();
+        QTest::keyClicks(&control<QLineEdit>(name), text);
     }
 
     /// The playlist.
