@@ -2,6 +2,7 @@
 
 #include "config_ui/EntryText.h"
 #include "config_ui/ThemeTableModel.h"
+#include "settings/MovieURL.h"
 
 #include <QHash>
 #include <QSet>
@@ -86,7 +87,7 @@ QStringList tellingPlaces(const QList<PlaylistEntry>& entries)
 {
     QHash<QString, QList<int>> rowsOf;
     for (int row = 0; row < entries.size(); ++row)
-        rowsOf[EntryText::name(entries[row])].append(row);
+        if (!isAutomaticEntry(entries[row].url)) rowsOf[EntryText::name(entries[row])].append(row);
     QStringList places(entries.size());
     for (const QList<int>& rows : rowsOf)
         if (rows.size() > 1) NameSakes(entries, rows).fill(places);

@@ -47,6 +47,12 @@ TEST(EntryPlaces, areWhole_whereNoOneFolderTellsThemAll)
               (QStringList{"a/1", "2", "b"}));
 }
 
+TEST(EntryPlaces, areEmpty_forTheNewestTrailers)
+{
+    EXPECT_EQ(placesOf({"auto://LatestTrailers/6/480", "auto://LatestTrailers/1/640"}),
+              (QStringList{"", ""}));
+}
+
 TEST(EntryPlaces, areEmpty_forTheSameEntryTwice)
 {
     EXPECT_EQ(placesOf({"file:///a/x.mov", "file:///a/x.mov"}), (QStringList{"", ""}));
