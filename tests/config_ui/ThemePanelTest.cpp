@@ -250,6 +250,7 @@ TEST_F(ThemePanelTest, doubleClick_playsTheMovieOn_whenItWasStopped)
 TEST_F(ThemePanelTest, movie_beginsAnew_whenItsRowIsSelectedAgain)
 {
     m_panel.showIDVDThemes();
+    select({0});
     m_clock.advance(1);
     EXPECT_GT(m_panel.themeMovieView().movie()->currentTime().timeValue, 0);
     table().clearSelection();
@@ -261,6 +262,7 @@ TEST_F(ThemePanelTest, movie_beginsAnew_whenItsRowIsSelectedAgain)
 TEST_F(ThemePanelTest, movie_playsOn_whileOtherRowsAreSelectedToo)
 {
     m_panel.showIDVDThemes();
+    select({0});
     const auto movie = m_panel.themeMovieView().movie();
     table().selectionModel()->select(table().model()->index(1, 0),
                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
@@ -270,6 +272,7 @@ TEST_F(ThemePanelTest, movie_playsOn_whileOtherRowsAreSelectedToo)
 TEST_F(ThemePanelTest, panel_opensWithItsFirstRowSelected_soThatDownGoesToTheSecond)
 {
     m_panel.showIDVDThemes();
+    ASSERT_NE(m_panel.themeMovieView().movie(), nullptr);
     EXPECT_EQ(shown(), m_urls[0]);
     EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1);
     QTest::keyClick(&table(), Qt::Key_Down);
