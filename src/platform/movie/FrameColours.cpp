@@ -28,6 +28,51 @@ bool hasFullRange(const AVFrame& frame)
 
 namespace {
 
+MovieLight::Curve curveOf(AVColorTransferCharacteristic transfer)
+{
+    switch (transfer) {
+    case AVCOL_TRC_SMPTE2084:
+        return MovieLight::Curve::Pq;
+    case AVCOL_TRC_ARIB_STD_B67:
+        return MovieLight::Curve::Hlg;
+    default:
+        return MovieLight::Curve::Plain;
+    }
+}
+
+/// Where it does not say, its matrix does.
+MovieLight::Gamut gamutOf(const AVFrame& frame)
+{
+    const bool isUnknown = frame.color_primaries == AVCOL_PRI_UNSPECIFIED;
+    const bool hasMatrixOf2020 =
+        frame.colorspace == AVCOL_SPC_BT2020_NCL || frame.colorspace == AVCOL_SPC_BT2020_CL;
+    if (frame.color_primaries == AVCOL_PRI_BT2020 || (isUnknown && hasMatrixOf2020))
+        return MovieLight::Gamut::Bt2020;
+    return frame.color_primaries == AVCOL_PRI_SMPTE432 ? MovieLight::Gamut::P3 : MovieLight::Gamut::Screen;
+}
+
+/// In cd/m2; 0 where it does not say. What was measured counts more than the display that it was made on.
+double namedPeak(const AVFrame& frame)
+{
+    if (const auto* const data = av_frame_get_side_data(&frame, AV_FRAME_DATA_CONTENT_LIGHT_LEVEL)) {
+        const auto& level = *reinterpret_cast<const AVContentLightMetadata*>(data->data);
+        if (level.MaxCLL > 0) return level.MaxCLL;
+    }
+    const auto* const data = av_frame_get_side_data(&frame, AV_FRAME_DATA_MASTERING_DISPLAY_METADATA);
+    if (!data) return 0;
+    const auto& display = *reinterpret_cast<const AVMasteringDisplayMetadata*>(data->data);
+    return display.has_luminance && display.max_luminance.den != 0 ? av_q2d(display.max_luminance) : 0;
+}
+
+} // namespace
+
+MovieLight lightOf(const AVFrame& frame)
+{
+    return {curveOf(frame.color_trc), gamutOf(frame), peakOf(namedPeak(frame))};
+}
+
+namespace {
+
 /// What a scaler is set to.
 struct Colours {
     int* source = nullptr;

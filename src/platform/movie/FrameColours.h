@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/movie/MovieLight.h"
+
 struct AVFrame;
 struct SwsContext;
 
@@ -14,6 +16,9 @@ namespace kestro {
 
 /// Whether the frame uses all of its numbers, as frames of cameras do.
 [[nodiscard]] bool hasFullRange(const AVFrame& frame);
+
+/// The light that its numbers stand for.
+[[nodiscard]] MovieLight lightOf(const AVFrame& frame);
 
 /// Tells `scaler` the colours of `frame`. What it makes of it has the same where it `keeps` them, else those
 /// that it has by itself.

@@ -41,12 +41,13 @@ Frame FrameShrinker::shrunk(Frame frame, QSize size)
 Frame FrameShrinker::copyOf(const AVFrame& frame, QSize size)
 {
     Frame copy(av_frame_alloc());
+    const AVPixelFormat format = lightOf(frame).isPlain() ? AV_PIX_FMT_YUV420P : AV_PIX_FMT_YUV420P10;
     m_scaler = sws_getCachedContext(m_scaler, frame.width, frame.height,
                                     static_cast<AVPixelFormat>(frame.format), size.width(), size.height(),
-                                    AV_PIX_FMT_YUV420P, SWS_FAST_BILINEAR, nullptr, nullptr, nullptr);
+                                    format, SWS_FAST_BILINEAR, nullptr, nullptr, nullptr);
     if (!copy || !m_scaler || av_frame_copy_props(copy.get(), &frame) < 0) return nullptr;
     setColours(m_scaler, frame, true);
-    copy->format = AV_PIX_FMT_YUV420P;
+    copy->format = format;
     copy->width = size.width();
     copy->height = size.height();
     copy->colorspace = static_cast<AVColorSpace>(coloursOf(frame));

@@ -16,7 +16,8 @@ static QByteArray quoted(const QByteArray& value)
     return '%' + QByteArray::number(value.size()) + '%' + value;
 }
 
-QByteArray rotationFilter(int rotation)
+/// Empty for none.
+static QByteArray rotationFilter(int rotation)
 {
     switch (rotation) {
     case 90:
@@ -28,6 +29,14 @@ QByteArray rotationFilter(int rotation)
     default:
         return {};
     }
+}
+
+QByteArray videoFilters(int rotation, bool inSoftware)
+{
+    const QByteArray rotated = rotationFilter(rotation);
+    if (!inSoftware) return rotated;
+    static const QByteArray plain = "format=gamma=bt.1886:primaries=bt.709";
+    return rotated.isEmpty() ? plain : rotated + ',' + plain;
 }
 
 QByteArray decoderBound(qint64 pixels)
@@ -66,13 +75,14 @@ static MpvHandle::Options plainOptions()
     };
 }
 
-/// The frame upright, stretched over the target, by the cheapest way.
+/// The frame upright, stretched over the target. libswscale is cheapest where nothing is scaled; for scaling
+/// the player lets zimg take its place, which does it better for less.
 static MpvHandle::Options pictureOptions()
 {
     return {
         {"video-rotate", "no"}, // turning by mpv itself aborts in software
-        {"keepaspect", "no"},         {"sws-allow-zimg", "no"},
-        {"sws-fast", "yes"},          {"sws-scaler", "fast-bilinear"},
+        {"keepaspect", "no"},         {"sws-allow-zimg", "no"}, {"sws-fast", "yes"},
+        {"sws-scaler", "bicubic"},    {"zimg-threads", "1"},    {"zimg-dither", "no"},
         {"video-timing-offset", "0"}, // frames come when they are due: drawing them does not wait
     };
 }
@@ -116,7 +126,6 @@ MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
         options.insert(options.end(), group.begin(), group.end());
     options.emplace_back("vd-lavc-threads", QByteArray::number(setup.decoderThreads));
     options.emplace_back("vd-lavc-o", decoderBound(setup.mostFramePixels));
-    options.emplace_back("vf", rotationFilter(setup.rotation));
     options.emplace_back("aid", setup.muted ? "no" : "auto");
     options.emplace_back("volume", mpvVolume(setup.volume));
     return options;

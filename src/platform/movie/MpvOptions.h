@@ -12,8 +12,9 @@ struct MpvPlayerSetup;
 /// Tested by DecoderMemoryTest and DecoderThreadsTest.
 [[nodiscard]] MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup);
 
-/// mpv's video filter that turns a frame by `rotation` degrees clockwise; empty for none.
-[[nodiscard]] QByteArray rotationFilter(int rotation);
+/// mpv's video filters that turn a frame by `rotation` degrees clockwise and, where it is to be drawn in
+/// software, keep the scaler from changing its light, of which it knows too little.
+[[nodiscard]] QByteArray videoFilters(int rotation, bool inSoftware);
 
 /// The option of libavcodec's decoders that has them refuse frames of more than so many pixels.
 [[nodiscard]] QByteArray decoderBound(qint64 pixels);

@@ -38,6 +38,7 @@ MpvPlayer::MpvPlayer(const MpvPlayerSetup& setup, MpvPlayerListener& listener,
 {
     prepareTimers();
     observe();
+    setFilters(m_setup.rotation);
     if (isRemote()) m_loadTimer.start(loadLimits * std::chrono::seconds(m_setup.options.networkTimeout));
     load(m_setup.start);
 }
@@ -72,6 +73,12 @@ QByteArray MpvPlayer::mpvTarget(double seconds) const
 {
     const double before = std::max(0.0, m_setup.frameSeconds - mpvSlack - 0.001);
     return QByteArray::number(std::max(0.0, seconds - before), 'f', 6);
+}
+
+void MpvPlayer::setFilters(int rotation)
+{
+    m_setup.rotation = rotation;
+    m_handle->set("vf", videoFilters(rotation, !drawsWithOpenGL()));
 }
 
 void MpvPlayer::seek(double seconds)
@@ -148,7 +155,19 @@ bool MpvPlayer::render(const PixelTarget& target)
 {
     if (!hasFrame()) return false;
     noteDrawing();
+    m_drawnSize = {target.width, target.height};
+    chooseScaler();
     return m_handle->render(target);
+}
+
+/// Light that is to be mapped needs more than eight bits, which libswscale does not give.
+void MpvPlayer::chooseScaler()
+{
+    if (drawsWithOpenGL() || m_frameSize.isEmpty()) return;
+    const bool isScaled = !m_drawnSize.isEmpty() && m_drawnSize != m_frameSize;
+    const bool usesZimg = isScaled || !m_light.isPlain();
+    if (std::exchange(m_usesZimg, usesZimg) != usesZimg)
+        m_handle->set("sws-allow-zimg", usesZimg ? "yes" : "no");
 }
 
 bool MpvPlayer::renderWithOpenGL(const FramebufferTarget& target)

@@ -2,6 +2,7 @@
 
 #include "platform/base/Bounds.h"
 #include "platform/display/view/Geometry.h"
+#include "platform/movie/MovieLight.h"
 #include "platform/movie/MpvHandle.h"
 #include "platform/movie/MpvMovieOptions.h"
 #include "platform/movie/PlayerState.h"
@@ -9,6 +10,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QSize>
 #include <QTimer>
 #include <QUrl>
 
@@ -92,6 +94,7 @@ private:
         Duration,
         LaterDuration,
         Decoder,
+        FrameParameters,
         ReadAhead,
         BytesRead,
         BytesInAll,
@@ -125,6 +128,10 @@ private:
     void handleReply(const mpv_event& event);
     void handleTime(double time);
     void handleDecoder(const QByteArray& name);
+    void handleFrameParameters(const mpv_event& event);
+    void logLight() const;
+    void setFilters(int rotation);
+    void chooseScaler();
     void takeNumbers();
     void takeDuration(double seconds);
     void handleLoaded();
@@ -164,6 +171,10 @@ private:
     Numbers m_asked;                  ///< answered so far
     std::optional<Numbers> m_numbers; ///< once all are
     StreamBytes m_source;
+    QSize m_frameSize; ///< pixels, upright; empty until it is known
+    MovieLight m_light;
+    QSize m_drawnSize;           ///< pixels that the last frame was drawn with
+    bool m_usesZimg = false;     ///< as mpv was told last
     QByteArray m_decoder;        ///< how mpv says that the movie is decoded; empty until it is known
     bool m_isIdle = true;        ///< mpv shows no frames: paused, seeking or waiting for data
     bool m_decodesSound = false; ///< as mpv was told last

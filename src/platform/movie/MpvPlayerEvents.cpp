@@ -5,6 +5,7 @@
 #include "platform/base/ShownURL.h"
 #include "platform/display/gl/OpenGL.h"
 #include "platform/movie/DecoderMemory.h"
+#include "platform/movie/MpvLight.h"
 #include "platform/movie/MpvOptions.h"
 #include "platform/movie/MpvPlayer.h"
 #include "platform/movie/MpvTracks.h"
@@ -14,6 +15,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace kestro {
@@ -29,6 +31,7 @@ void MpvPlayer::observe()
     mpv_request_log_messages(m_handle->raw(), "error");
     m_handle->observe(TimePosition, "time-pos", MPV_FORMAT_DOUBLE);
     m_handle->observe(EndReached, "eof-reached", MPV_FORMAT_FLAG);
+    m_handle->observe(FrameParameters, "video-dec-params", MPV_FORMAT_NODE);
     m_handle->observe(LaterDuration, "duration", MPV_FORMAT_DOUBLE);
     if (isRemote()) m_handle->observe(Idle, "core-idle", MPV_FORMAT_FLAG);
     if (m_setup.openGL && m_setup.openGL->isHardware())
@@ -101,6 +104,8 @@ void MpvPlayer::handleProperty(const mpv_event& event)
         return;
     case LaterDuration:
         return takeDuration(valueOf(event, MPV_FORMAT_DOUBLE, 0.0));
+    case FrameParameters:
+        return handleFrameParameters(event);
     case Decoder:
         return handleDecoder(valueOf<char*>(event, MPV_FORMAT_STRING, nullptr));
     case Idle:
@@ -119,6 +124,30 @@ void MpvPlayer::handleDecoder(const QByteArray& name)
     const QString by = name == "no" ? QStringLiteral("the processor")
                                     : QStringLiteral("the graphics card (%1)").arg(QString::fromLatin1(name));
     logLine(QStringLiteral("%1: decoded by %2.").arg(shownURL(m_setup.url), by));
+}
+
+/// Comes before the first frame with them.
+void MpvPlayer::handleFrameParameters(const mpv_event& event)
+{
+    const auto params = valueOf(event, MPV_FORMAT_NODE, mpv_node{});
+    const QSize size = frameSizeOf(params);
+    if (size.isEmpty()) return; // between two frames of a kind
+    m_frameSize = m_setup.rotation % 180 == 0 ? size : size.transposed();
+    const MovieLight before = std::exchange(m_light, lightOf(params));
+    chooseScaler();
+    if (before == m_light) return;
+    if (!drawsWithOpenGL()) m_setup.shown->setLight(m_light);
+    if (m_light.isHdr()) logLight();
+}
+
+void MpvPlayer::logLight() const
+{
+    const QString curve =
+        m_light.curve == MovieLight::Curve::Pq ? QStringLiteral("PQ") : QStringLiteral("HLG");
+    const QString how = drawsWithOpenGL()
+                            ? QStringLiteral("by OpenGL")
+                            : QStringLiteral("in software, up to %1 cd/m2").arg(std::lround(m_light.peak));
+    logLine(QStringLiteral("%1: HDR (%2), tone-mapped %3.").arg(shownURL(m_setup.url), curve, how));
 }
 
 void MpvPlayer::handleTime(double time)
@@ -319,7 +348,7 @@ void MpvPlayer::prepareFor(const MovieFacts& facts)
 {
     if (facts.rotation > 0) {
         m_handle->set("hwdec", "no"); // the filter turns frames in memory
-        m_handle->set("vf", rotationFilter(facts.rotation));
+        setFilters(facts.rotation);
     }
     m_handle->set("vd-lavc-threads", QByteArray::number(threadsThatFit(facts, m_setup.decoderThreads)));
     m_handle->set("vd-lavc-o", decoderBound(mostFramePixels(facts)));

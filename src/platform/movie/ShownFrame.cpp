@@ -3,6 +3,7 @@
 #include "platform/display/view/AlignedImage.h"
 #include "platform/display/view/Layer.h"
 #include "platform/movie/MpvRenderer.h"
+#include "platform/movie/ToneMap.h"
 
 #include <mpv/render.h>
 #include <utility>
@@ -17,6 +18,16 @@ constexpr double latest = 0.05;
 constexpr double rounding = 0.002;
 
 } // namespace
+
+ShownFrame::ShownFrame() = default;
+ShownFrame::~ShownFrame() = default;
+
+void ShownFrame::setLight(const MovieLight& light)
+{
+    auto toneMap = light.isPlain() ? nullptr : std::make_unique<const ToneMap>(light);
+    const std::lock_guard lock(m_mutex);
+    m_toneMap = std::move(toneMap);
+}
 
 void ShownFrame::setRenderer(mpv_render_context* renderer)
 {
@@ -72,14 +83,26 @@ void ShownFrame::skip()
     if (m_renderer) skipFrameOf(m_renderer);
 }
 
+/// Ten bits of a colour take the room of a pixel as well; eight of that light would show as steps.
 bool ShownFrame::drawLocked(const PixelTarget& target)
+{
+    if (!m_toneMap) return renderLocked(target, "bgr0");
+    if (!renderLocked(target, "rgb30")) return false;
+    for (int row = 0; row < target.height; ++row) {
+        auto* const pixels = target.pixels + static_cast<std::ptrdiff_t>(row) * target.stride;
+        m_toneMap->mapTenBits(reinterpret_cast<std::uint32_t*>(pixels), target.width);
+    }
+    return true;
+}
+
+bool ShownFrame::renderLocked(const PixelTarget& target, const char* format)
 {
     int size[2] = {target.width, target.height};
     auto stride = static_cast<std::size_t>(target.stride);
     int off = 0;
     mpv_render_param params[] = {
         {MPV_RENDER_PARAM_SW_SIZE, size},
-        {MPV_RENDER_PARAM_SW_FORMAT, const_cast<char*>("bgr0")},
+        {MPV_RENDER_PARAM_SW_FORMAT, const_cast<char*>(format)},
         {MPV_RENDER_PARAM_SW_STRIDE, &stride},
         {MPV_RENDER_PARAM_SW_POINTER, target.pixels},
         {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &off},

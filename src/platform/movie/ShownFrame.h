@@ -4,13 +4,16 @@
 
 #include <QSize>
 
+#include <memory>
 #include <mutex>
 
 struct mpv_render_context;
 
 namespace kestro {
 
+struct MovieLight;
 struct PixelTarget;
+class ToneMap;
 
 /// The frame that a movie shows now, as its player can draw it once more, which takes a small part of what
 /// decoding it anew would. mpv lets one thread at a time use a renderer, so whoever draws in software does it
@@ -18,10 +21,18 @@ struct PixelTarget;
 /// Any thread; seconds.
 class ShownFrame final {
 public:
+    ShownFrame();
+    ~ShownFrame();
+    ShownFrame(const ShownFrame&) = delete;
+    ShownFrame& operator=(const ShownFrame&) = delete;
+
     /// What draws from now on; before it goes, it is taken back.
     void setRenderer(mpv_render_context* renderer);
     /// Nothing, where another has come since.
     void takeBack(mpv_render_context* renderer);
+
+    /// What light the numbers of frames stand for: what a screen has not is mapped from the next drawing on.
+    void setLight(const MovieLight& light);
 
     /// The frame that shows began at `seconds` and is on for `lasts` (0: unknown).
     void began(double seconds, double lasts);
@@ -42,9 +53,11 @@ public:
 private:
     [[nodiscard]] bool isOn(double seconds) const;
     bool drawLocked(const PixelTarget& target);
+    bool renderLocked(const PixelTarget& target, const char* format);
 
     std::mutex m_mutex;
     mpv_render_context* m_renderer = nullptr;
+    std::unique_ptr<const ToneMap> m_toneMap; ///< null where frames are drawn as they are
     bool m_hasBegun = false;
     double m_seconds = 0;
     double m_lasts = 0;

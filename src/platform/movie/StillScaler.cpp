@@ -12,6 +12,7 @@
 namespace kestro {
 
 static constexpr std::size_t bytesPerPixel = 4;
+static constexpr int numbersPerPixel = 4;
 // Rows are scaled so many pixels at a time, the last few past their end.
 static constexpr int pixelsAtOnce = 16;
 
@@ -28,9 +29,32 @@ static bool hasAlpha(const AVFrame& frame)
 
 bool StillScaler::scale(const AVFrame& frame, const PixelTarget& target)
 {
-    m_scaler = sws_getCachedContext(m_scaler, frame.width, frame.height,
-                                    static_cast<AVPixelFormat>(frame.format), target.width, target.height,
-                                    AV_PIX_FMT_BGRA, SWS_FAST_BILINEAR, nullptr, nullptr, nullptr);
+    const MovieLight light = lightOf(frame);
+    return light.isPlain() ? scaleInto(frame, target, AV_PIX_FMT_BGRA) : scaleAndMap(frame, light, target);
+}
+
+bool StillScaler::scaleAndMap(const AVFrame& frame, const MovieLight& light, const PixelTarget& target)
+{
+    if (!m_toneMap || m_light != light) m_toneMap = std::make_unique<const ToneMap>(light);
+    m_light = light;
+    const int numbers = alignedStride(target.width) / static_cast<int>(bytesPerPixel) * numbersPerPixel;
+    m_wide.resize(static_cast<std::size_t>(numbers) * static_cast<std::size_t>(target.height + 1));
+    const PixelTarget wide{reinterpret_cast<unsigned char*>(m_wide.data()), target.width, target.height,
+                           numbers * static_cast<int>(sizeof(std::uint16_t))};
+    if (!scaleInto(frame, wide, AV_PIX_FMT_RGBA64)) return false;
+    for (int row = 0; row < target.height; ++row) {
+        auto* const pixels = target.pixels + static_cast<std::ptrdiff_t>(row) * target.stride;
+        m_toneMap->mapSixteenBits(m_wide.data() + static_cast<std::ptrdiff_t>(row) * numbers,
+                                  reinterpret_cast<std::uint32_t*>(pixels), target.width);
+    }
+    return true;
+}
+
+bool StillScaler::scaleInto(const AVFrame& frame, const PixelTarget& target, int format)
+{
+    m_scaler = sws_getCachedContext(
+        m_scaler, frame.width, frame.height, static_cast<AVPixelFormat>(frame.format), target.width,
+        target.height, static_cast<AVPixelFormat>(format), SWS_FAST_BILINEAR, nullptr, nullptr, nullptr);
     if (!m_scaler) return false;
     setColours(m_scaler, frame, false);
     std::uint8_t* planes[4] = {target.pixels, nullptr, nullptr, nullptr};

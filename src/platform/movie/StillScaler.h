@@ -1,7 +1,13 @@
 #pragma once
 
+#include "platform/movie/ToneMap.h"
+
 #include <QImage>
 #include <QSize>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
 
 struct AVFrame;
 struct SwsContext;
@@ -28,8 +34,13 @@ public:
 private:
     [[nodiscard]] QImage scaled(const AVFrame& frame, QSize size);
     [[nodiscard]] bool scale(const AVFrame& frame, const PixelTarget& target);
+    [[nodiscard]] bool scaleAndMap(const AVFrame& frame, const MovieLight& light, const PixelTarget& target);
+    [[nodiscard]] bool scaleInto(const AVFrame& frame, const PixelTarget& target, int format);
 
     SwsContext* m_scaler = nullptr;
+    MovieLight m_light; ///< what the next was made for
+    std::unique_ptr<const ToneMap> m_toneMap;
+    std::vector<std::uint16_t> m_wide; ///< pixels on their way through it
 };
 
 } // namespace kestro
