@@ -19,6 +19,9 @@ static constexpr int loadLimits = 3;
 static constexpr milliseconds drawnWithin{30};
 // A seek takes tens of milliseconds; where there can be none (a stream), mpv may not say so.
 static constexpr milliseconds longestMove{3000};
+// So many frames that are not scaled, one after the other, are all to be so; before, one that is drawn in
+// several sizes would have mpv change its mind with each.
+static constexpr int settled = 8;
 // mpv seeks to the first frame that begins no earlier than this before the target.
 static constexpr double mpvSlack = 0.005;
 
@@ -155,7 +158,7 @@ bool MpvPlayer::render(const PixelTarget& target)
 {
     if (!hasFrame()) return false;
     noteDrawing();
-    m_drawnSize = {target.width, target.height};
+    m_unscaledDraws = QSize(target.width, target.height) == m_frameSize ? m_unscaledDraws + 1 : 0;
     chooseScaler();
     return m_handle->render(target);
 }
@@ -164,7 +167,7 @@ bool MpvPlayer::render(const PixelTarget& target)
 void MpvPlayer::chooseScaler()
 {
     if (drawsWithOpenGL() || m_frameSize.isEmpty()) return;
-    const bool isScaled = !m_drawnSize.isEmpty() && m_drawnSize != m_frameSize;
+    const bool isScaled = m_unscaledDraws == 0 || (m_usesZimg && m_unscaledDraws < settled);
     const bool usesZimg = isScaled || !m_light.isPlain();
     if (std::exchange(m_usesZimg, usesZimg) != usesZimg)
         m_handle->set("sws-allow-zimg", usesZimg ? "yes" : "no");

@@ -173,7 +173,7 @@ private:
     StreamBytes m_source;
     QSize m_frameSize; ///< pixels, upright; empty until it is known
     MovieLight m_light;
-    QSize m_drawnSize;           ///< pixels that the last frame was drawn with
+    int m_unscaledDraws = 1;     ///< one after the other; the first is taken for one
     bool m_usesZimg = false;     ///< as mpv was told last
     QByteArray m_decoder;        ///< how mpv says that the movie is decoded; empty until it is known
     bool m_isIdle = true;        ///< mpv shows no frames: paused, seeking or waiting for data
