@@ -43,6 +43,11 @@ class Screen:
         subprocess.run(["xrandr", "--setmonitor", name, geometry, output], env=self.environment(), check=True,
                        stdout=subprocess.DEVNULL)
 
+    def row(self, y):
+        """The pixels of a row counted from the top, four bytes each, blue first."""
+        at = self.start + y * self.stride
+        return self.pixels[at:at + self.width * 4]
+
     def environment(self, **more):
         env = {**os.environ, "DISPLAY": self.display, **more}
         env.pop("WAYLAND_DISPLAY", None)

@@ -1,4 +1,5 @@
-// The colours of movies, of their stills and of what is played backwards, which are alike.
+// How movies are scaled; the colours of movies, of their stills and of what is played backwards, which are
+// alike.
 
 #include "platform/base/Log.h"
 #include "platform/display/view/AlignedImage.h"
@@ -39,6 +40,16 @@ static std::vector<int> greysOf(const QImage& picture)
         greys.push_back(colour.green());
     }
     return greys;
+}
+
+/// Of the green of all pixels.
+static double meanDifference(const QImage& one, const QImage& other)
+{
+    double sum = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            sum += std::abs(qGreen(one.pixel(x, y)) - qGreen(other.pixel(x, y)));
+    return sum / one.width() / one.height();
 }
 
 static bool areNear(const std::vector<int>& greys, const std::vector<int>& expected)
@@ -110,6 +121,24 @@ TEST(MovieColours, areNotToneMapped_whereNothingIsBrighterThanAScreen)
     movie->play();
     ASSERT_TRUE(waitUntil([&] { return movie->rate() == 0; }));
     EXPECT_EQ(lines, std::vector<QString>());
+}
+
+TEST(MovieScaling, isThatOfLanczos)
+{
+    const auto movie = openMovie(testMovie("plate.mp4"));
+    movie->setAttribute(MovieAttribute::Loops, true);
+    movie->play();
+    for (const QSize size : {QSize(320, 180), QSize(960, 540)}) {
+        const QImage lanczos(testMovie("plate.mp4")
+                                 .toLocalFile()
+                                 .replace(QLatin1String(".mp4"),
+                                          QStringLiteral("%1x%2.png").arg(size.width()).arg(size.height())));
+        ASSERT_EQ(lanczos.size(), size);
+        EXPECT_TRUE(waitUntil([&] {
+            const QImage seen = drawn(*movie, size.width(), size.height());
+            return !seen.isNull() && meanDifference(seen, lanczos) < 1;
+        })) << meanDifference(drawn(*movie, size.width(), size.height()), lanczos);
+    }
 }
 
 TEST(MovieColours, ofAFrame_areThoseThatItNames)
