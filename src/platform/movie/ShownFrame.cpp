@@ -1,5 +1,6 @@
 #include "platform/movie/ShownFrame.h"
 
+#include "platform/base/Widest.h"
 #include "platform/display/view/AlignedImage.h"
 #include "platform/display/view/Layer.h"
 #include "platform/movie/MpvRenderer.h"
@@ -83,10 +84,28 @@ void ShownFrame::skip()
     if (m_renderer) skipFrameOf(m_renderer);
 }
 
+/// libswscale fills the fourth bytes with 255, zimg with 0, which some windows take for transparent.
+KESTRO_WIDEST static void fillRow(std::uint32_t* pixels, int count)
+{
+    for (int i = 0; i < count; ++i)
+        pixels[i] |= 0xff000000U;
+}
+
+[[nodiscard]] static bool makeOpaque(const PixelTarget& target)
+{
+    constexpr int fourth = 3;
+    if (target.pixels[fourth] == 255) return true;
+    for (int row = 0; row < target.height; ++row)
+        fillRow(reinterpret_cast<std::uint32_t*>(target.pixels +
+                                                 static_cast<std::ptrdiff_t>(row) * target.stride),
+                target.width);
+    return true;
+}
+
 /// Ten bits of a colour take the room of a pixel as well; eight of that light would show as steps.
 bool ShownFrame::drawLocked(const PixelTarget& target)
 {
-    if (!m_toneMap) return renderLocked(target, "bgr0");
+    if (!m_toneMap) return renderLocked(target, "bgr0") && makeOpaque(target);
     if (!renderLocked(target, "rgb30")) return false;
     for (int row = 0; row < target.height; ++row) {
         auto* const pixels = target.pixels + static_cast<std::ptrdiff_t>(row) * target.stride;

@@ -51,6 +51,7 @@ TEST_F(ShownFrame, isDrawnOnceMore_inTheSizeOfStills)
     ASSERT_TRUE(waitUntil(taken));
     EXPECT_EQ(still.image.size(), QSize(320, 180));
     EXPECT_EQ(still.size, (Size{320, 180}));
+    EXPECT_EQ(still.image.constBits()[3], 255); // else it is lost in the transparent window of a fade
     EXPECT_LE(std::abs(numberIn(still.image) - shown), 1);
 }
 

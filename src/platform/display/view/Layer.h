@@ -6,8 +6,8 @@
 
 namespace kestro {
 
-/// Pixels to draw into: 32 bits a pixel, blue first, the fourth byte ignored. Rows run downwards from the
-/// top.
+/// Pixels to draw into: 32 bits a pixel, blue first, the fourth byte 255, without which some windows are
+/// transparent. Rows run downwards from the top.
 struct PixelTarget {
     unsigned char* pixels = nullptr; ///< the top left pixel
     int width = 0;                   ///< pixels, even
