@@ -184,8 +184,9 @@ class Bounce(Desk):
         return tuple(box[:2] for box in boxes) if all(box and self.is_whole(box) for box in boxes) else None
 
     def is_whole(self, box):
-        """What a picture that was taken in the middle of a step shows counts as well."""
-        return all(abs(length - wanted) <= 8 for length, wanted in zip(box[2:], self.size))
+        """A movie turns once it is over the border, by a step at most, and a picture may be of the middle of the next."""
+        step = 8
+        return all(abs(length - wanted) <= 2 * step for length, wanted in zip(box[2:], self.size))
 
     def test_each_movie_keeps_to_its_own_monitor(self):
         process = self.start()
