@@ -109,7 +109,7 @@ class Site(Kind):
 
     def state(self):
         text = (self.folder / "page.html").read_text()
-        assert text == text[0] * 20_000
+        assert text and text == text[: len(text) // 20_000] * 20_000  # a number, so often
         movies = json.loads((self.folder / ".kestro-site.json").read_text())["movies"]
         return int(only(movies).removesuffix(".mov"))
 
