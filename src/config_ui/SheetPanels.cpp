@@ -2,9 +2,11 @@
 
 #include "platform/base/ChildProcess.h"
 #include "platform/base/Log.h"
+#include "widgets/StartFolder.h"
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -39,17 +41,9 @@ void SheetPanels::runAlert(const QString& message)
     alert.exec();
 }
 
-static QString firstFolder(const QString& wanted)
-{
-    const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
-    for (const QString& folder : {wanted, movies})
-        if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
-    return QDir::homePath();
-}
-
 std::optional<ConfigPanels::Choice> SheetPanels::runOpenPanel(const QString& folder)
 {
-    QFileDialog panel(&m_sheet, QCoreApplication::translate("Kestro", "Add Movie"), firstFolder(folder));
+    QFileDialog panel(&m_sheet, QCoreApplication::translate("Kestro", "Add Movie"), startFolder(folder));
     panel.setFileMode(QFileDialog::ExistingFiles);
     if (panel.exec() != QDialog::Accepted) return {};
     const QStringList files = panel.selectedFiles();

@@ -1,8 +1,8 @@
 #include "engine/Dissolve.h"
 
+#include "engine/PictureWindow.h"
 #include "platform/base/Clock.h"
 #include "platform/display/desktop/Timer.h"
-#include "platform/display/view/Window.h"
 
 namespace kestro {
 
@@ -33,12 +33,7 @@ void Dissolve::begin(const Picture& picture, const Rect& place, Screen* screen,
     m_shownAt = m_clock.now();
     m_view.setFrame({{0, 0}, place.size});
     m_view.setImageFrame(picture, {{0, 0}, place.size});
-    m_window = std::make_unique<Window>(Window::Description{place, screen, QStringLiteral("dissolve")});
-    m_window->setOpaque(false);
-    m_window->setBackgroundColor(Qt::transparent);
-    m_window->setLevel(WindowLevel::Shielding);
-    m_window->setContentView(&m_view);
-    m_window->orderFront();
+    m_window = openPictureWindow({place, screen, QStringLiteral("dissolve")}, m_view);
     m_timer = m_timers.repeating(stepInterval, [this] { step(); });
 }
 
@@ -57,10 +52,7 @@ void Dissolve::end()
     m_timer.reset();
     m_fadesFrom.reset();
     m_view.setImageFrame({}, {});
-    if (!m_window) return;
-    m_window->close();
-    m_window->setContentView(nullptr);
-    m_window.reset();
+    closePictureWindow(m_window);
 }
 
 } // namespace kestro

@@ -1,5 +1,6 @@
 #include "engine/FadeOut.h"
 
+#include "engine/PictureWindow.h"
 #include "platform/display/desktop/Timer.h"
 
 #include <utility>
@@ -23,22 +24,14 @@ FadeOut::~FadeOut() = default;
 
 void FadeOut::open(Screen* screen)
 {
-    m_backWindow = std::make_unique<Window>(Window::Description{parked, screen, QStringLiteral("fade")});
-    m_backWindow->setOpaque(false);
-    m_backWindow->setBackgroundColor(Qt::transparent);
-    m_backWindow->setLevel(WindowLevel::Shielding);
-    m_backWindow->setContentView(&m_aiview);
-    m_backWindow->orderFront();
+    m_backWindow = openPictureWindow({parked, screen, QStringLiteral("fade")}, m_aiview);
 }
 
 void FadeOut::close()
 {
     stopTimer();
     m_isPaused = false;
-    if (!m_backWindow) return;
-    m_backWindow->close();
-    m_backWindow->setContentView(nullptr);
-    m_backWindow.reset();
+    closePictureWindow(m_backWindow);
 }
 
 void FadeOut::stopTimer()

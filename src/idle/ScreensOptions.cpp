@@ -2,6 +2,8 @@
 
 #include "platform/base/ConfigurationFile.h"
 
+#include <algorithm>
+
 namespace kestro {
 
 namespace {
@@ -9,18 +11,14 @@ namespace {
 const QString section = QStringLiteral("screens");
 const QString modeKey = QStringLiteral("mode");
 const QString monitorsKey = QStringLiteral("monitors");
-const QString each = QStringLiteral("each");
-const QString mirror = QStringLiteral("mirror");
-const QString span = QStringLiteral("span");
 
 void readMode(const ConfigurationFile& file, ScreensMode& mode)
 {
     const auto text = file.value(section, modeKey);
-    if (!text || *text == each) return;
-    if (*text == mirror)
-        mode = ScreensMode::Mirror;
-    else if (*text == span)
-        mode = ScreensMode::Span;
+    if (!text) return;
+    const auto* const named = std::ranges::find(screensModes, *text, textOf);
+    if (named != screensModes.end())
+        mode = *named;
     else
         file.warnAbout(section, modeKey,
                        QStringLiteral("\"%1\" is neither each, mirror nor span").arg(*text));
@@ -36,19 +34,6 @@ void readMonitors(const ConfigurationFile& file, MonitorChoice& monitors)
         file.warnAbout(section, monitorsKey, read.error());
 }
 
-const QString& wordOf(ScreensMode mode)
-{
-    switch (mode) {
-    case ScreensMode::Each:
-        return each;
-    case ScreensMode::Mirror:
-        return mirror;
-    case ScreensMode::Span:
-        return span;
-    }
-    return each;
-}
-
 } // namespace
 
 ScreenChoice screenChoiceFrom(const ConfigurationFile& file)
@@ -62,7 +47,7 @@ ScreenChoice screenChoiceFrom(const ConfigurationFile& file)
 
 void putScreenChoice(const ScreenChoice& choice, ConfigurationFile& file)
 {
-    file.set(section, modeKey, wordOf(choice.mode));
+    file.set(section, modeKey, textOf(choice.mode));
     file.set(section, monitorsKey, choice.monitors.text());
 }
 

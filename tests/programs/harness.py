@@ -1,5 +1,6 @@
 """What the tests of the program share: a home of their own, runs of kestro with a bound, movies, pictures, traces."""
 
+import contextlib
 import functools
 import json
 import os
@@ -122,6 +123,15 @@ class Home:
         kept.setdefault("KESTRO_PATIENCE", "5000")  # tests run side by side, on machines of any speed
         kept.update(more)
         return kept
+
+
+def thread_names(number):
+    """The names of the threads that a process has."""
+    names = []
+    for task in pathlib.Path(f"/proc/{number}/task").iterdir():
+        with contextlib.suppress(OSError):  # it may be over by now
+            names.append((task / "comm").read_text().strip())
+    return names
 
 
 class ProgramTest(unittest.TestCase):

@@ -29,11 +29,6 @@ class ScanTest(ProgramTest):
     def latest(self, count, width):
         return self.run_kestro("latest", str(count), str(width)).stdout.splitlines()
 
-    def configure(self, text):
-        folder = self.home.path / ".config" / "kestro"
-        folder.mkdir(parents=True)
-        (folder / "kestro.conf").write_text(text)
-
     def small_site(self):
         self.pages["/trailers/"] = page(link("a/"), link("b/"))
         self.pages["/trailers/a/"] = page(movie("a_480.mov"), movie("a_640.mov", 640))

@@ -1,14 +1,12 @@
 """`kestro` in the overlay layer of a Wayland compositor: what it leaves as it was, and what becomes of it where the compositor
 is slow, odd or rude."""
 
-import contextlib
 import os
-import pathlib
 import re
 import signal
 import unittest
 
-from harness import BLUE, RED, ProgramTest, movie, wait_until
+from harness import BLUE, RED, ProgramTest, movie, thread_names, wait_until
 from inputclient import InputClient
 from wayland import Listening, OddCompositor, Pointer, Session
 from xserver import XServer
@@ -219,11 +217,7 @@ class OddCompositors(OverlayTest):
     @staticmethod
     def plays(process):
         """Whether it has a movie's player."""
-        for task in pathlib.Path(f"/proc/{process.pid}/task").iterdir():
-            with contextlib.suppress(OSError):  # it may be over by now
-                if (task / "comm").read_text().startswith("mpv"):
-                    return True
-        return False
+        return any(name.startswith("mpv") for name in thread_names(process.pid))
 
     def shown(self):
         return [line for line in self.compositor.lines() if line.startswith("shown")]

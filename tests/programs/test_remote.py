@@ -115,9 +115,7 @@ class SomeDead(RemoteTest):
         records = [{"URL": each, "Size": "480 x 204", "Date": today, "AC": "Y"} for each in urls]
         contents = {"Ver": "010901", "Trailers": records, "Sites": []}
         (self.home.preferences / "Kestro_Scanned_Trailers.lst").write_bytes(plistlib.dumps(contents))
-        folder = self.home.path / ".config" / "kestro"
-        folder.mkdir(parents=True)
-        (folder / "kestro.conf").write_text(f"[trailers]\nstart={self.server.url('/trailers/')}\n")
+        self.home.trailer_site(self.server.url("/trailers/"))
 
     def test_the_only_good_movie_loops_and_the_dead_one_is_not_asked_for_again(self):
         for good in (url(self.short[0]), self.serve("/a.mp4", self.short[0])):

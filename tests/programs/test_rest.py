@@ -8,7 +8,7 @@ import unittest
 
 from background import FLY, commands_of, savers_of
 from bus import Bus
-from harness import BLACK, BOUND, end_process, movie, wait_until
+from harness import BLACK, BOUND, end_process, movie, thread_names, wait_until
 from inputclient import InputClient
 from sessiontest import SCREEN, Session
 from test_given_window import GivenWindow
@@ -27,8 +27,7 @@ def tree_of(process):
 
 def decoders_of(process):
     """The threads that read and decode movies, by their names."""
-    names = [(task / "comm").read_text().strip() for task in pathlib.Path(f"/proc/{process}/task").iterdir()]
-    return [name for name in names if name.startswith("mpv")]
+    return [name for name in thread_names(process) if name.startswith("mpv")]
 
 
 class Rest(Session):
@@ -66,16 +65,12 @@ class StopAfter(Rest):
         self.assertGreater(int(self.home.resume_point()["LastPos"]), 600)
 
     def test_the_file_says_it_too(self):
-        folder = self.home.path / ".config" / "kestro"
-        folder.mkdir(parents=True)
-        (folder / "kestro.conf").write_text("[idle]\nstop-after=3s\n")
+        self.home.configure("[idle]\nstop-after=3s\n")
         self.showing()
         self.await_black()
 
     def test_the_words_of_one_run_win_over_the_file(self):
-        folder = self.home.path / ".config" / "kestro"
-        folder.mkdir(parents=True)
-        (folder / "kestro.conf").write_text("[idle]\nstop-after=24h\n")
+        self.home.configure("[idle]\nstop-after=24h\n")
         self.showing("--stop-after=3s")
         self.await_black()
 
@@ -113,9 +108,7 @@ class Power(Rest):
         return subprocess.run(command, capture_output=True, timeout=BOUND, stdin=subprocess.DEVNULL).returncode == 0
 
     def choose(self, choice):
-        folder = self.home.path / ".config" / "kestro"
-        folder.mkdir(parents=True)
-        (folder / "kestro.conf").write_text(f"[power]\non-battery={choice}\n")
+        self.home.configure(f"[power]\non-battery={choice}\n")
 
     def box(self):
         return self.server.picture().box_of_red(0, 0, *SCREEN)

@@ -95,7 +95,7 @@ class Scan(ScanTest):
 
     def test_the_site_of_the_configuration_is_scanned(self):
         self.small_site()
-        self.configure(f"[trailers]\nstart={self.site.url()}\nhost=127.0.0.1\n")
+        self.home.configure(f"[trailers]\nstart={self.site.url()}\nhost=127.0.0.1\n")
         self.assertRegex(self.run_kestro("scan").stdout, "^3 pages")
         self.assertRegex(self.run_kestro("scan", "--forget", "--host", "elsewhere").stdout, "^1 pages")
 
@@ -105,7 +105,7 @@ class Scan(ScanTest):
         self.assertOneLine(self.run_kestro("scan", "--start", "trailers/", status=1).stderr, '"trailers/"')
 
     def test_a_broken_configuration_is_a_line(self):
-        self.configure("[trailers]\nstart\n")
+        self.home.configure("[trailers]\nstart\n")
         self.assertIn("kestro.conf, line 2: ", self.run_kestro("latest", "1", "480").stderr)
 
     def test_a_list_file_that_is_none_is_kept_aside(self):
@@ -197,7 +197,7 @@ class Played(ScanTest):
         super().setUp()
         for name, colour in (("older", "green"), ("old", "red"), ("new", "blue")):
             self.pages[f"/movies/{name}/{name}_480.mov"] = movie_file(name, colour, seconds=1).read_bytes()
-        self.configure(f"[trailers]\nstart={self.site.url()}\n")
+        self.home.configure(f"[trailers]\nstart={self.site.url()}\n")
         self.on_record = [self.site.url(f"/movies/{name}/{name}_480.mov") for name in ("old", "older")]
         self.put_on_record(*self.on_record)
 

@@ -1,11 +1,10 @@
 """`kestro` on several monitors that share the saver: the same movie on all, one across all, or on some of them alone."""
 
 import functools
-import pathlib
 import subprocess
 import unittest
 
-from harness import BLACK, BLUE, BOUND, RED, ProgramTest, Rendering, movie_folder, wait_until
+from harness import BLACK, BLUE, BOUND, RED, ProgramTest, Rendering, movie_folder, thread_names, wait_until
 from test_given_window import GivenWindow
 from test_monitors import Desk, Monitor
 from wayland import Session
@@ -37,8 +36,7 @@ def pattern():
 
 def decoders_of(process):
     """The names of its threads that read and decode movies."""
-    names = [(task / "comm").read_text().strip() for task in pathlib.Path(f"/proc/{process.pid}/task").iterdir()]
-    return sorted(name for name in names if name.startswith("mpv") or name.startswith("av:"))
+    return sorted(name for name in thread_names(process.pid) if name.startswith("mpv") or name.startswith("av:"))
 
 
 def part_of(picture, left, width):
@@ -114,11 +112,6 @@ class Sharing(Desk):
             return tuple(self.colours(monitor, picture) for monitor, _ in zip((self.main, self.side), wanted)) == wanted
         self.until(process, shown, f"{wanted} on the monitors")
 
-    def configure(self, text):
-        folder = self.home.path / ".config" / "kestro"
-        folder.mkdir(parents=True)
-        (folder / "kestro.conf").write_text(text)
-
 
 class Mirror(Sharing):
     def test_every_monitor_shows_the_movie_and_one_player_decodes_it(self):
@@ -166,7 +159,7 @@ class Mirror(Sharing):
         self.assertEndsWell(process)
 
     def test_kestro_conf_asks_for_it_and_a_word_counts_more(self):
-        self.configure("[screens]\nmode=span\n")
+        self.home.configure("[screens]\nmode=span\n")
         process = self.start()
         self.await_colours(process, (RED, RED), (BLUE, BLUE))
         self.assertEndsWell(process)
@@ -209,7 +202,7 @@ class Chosen(Sharing):
         self.assertEqual(self.ended(process)[0], 0)
 
     def test_the_first_alone(self):
-        self.configure("[screens]\nmonitors=first\n")
+        self.home.configure("[screens]\nmonitors=first\n")
         process = self.start()
         self.await_colours(process, (RED, BLUE), (BLACK, BLACK))
         self.assertEndsWell(process)

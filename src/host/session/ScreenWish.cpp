@@ -1,17 +1,10 @@
 #include "host/session/ScreenWish.h"
 
-#include <array>
-#include <utility>
-
 namespace kestro {
 
 namespace {
 
 const QString monitorsOption = QStringLiteral("monitors");
-
-const std::array<std::pair<QString, ScreensMode>, 3> modes{{{QStringLiteral("each"), ScreensMode::Each},
-                                                            {QStringLiteral("mirror"), ScreensMode::Mirror},
-                                                            {QStringLiteral("span"), ScreensMode::Span}}};
 
 } // namespace
 
@@ -23,9 +16,9 @@ ScreenChoice ScreenWish::over(const ScreenChoice& configured) const
 QList<Option> ScreenWish::options()
 {
     return {
-        {QStringLiteral("each"), {}, QStringLiteral("another movie on every monitor")},
-        {QStringLiteral("mirror"), {}, QStringLiteral("the same movie on every monitor")},
-        {QStringLiteral("span"), {}, QStringLiteral("one movie across all monitors as they stand")},
+        {textOf(ScreensMode::Each), {}, QStringLiteral("another movie on every monitor")},
+        {textOf(ScreensMode::Mirror), {}, QStringLiteral("the same movie on every monitor")},
+        {textOf(ScreensMode::Span), {}, QStringLiteral("one movie across all monitors as they stand")},
         {monitorsOption, QStringLiteral("LIST"),
          QStringLiteral("all, first, or names with commas between them; the others are black")},
     };
@@ -34,8 +27,8 @@ QList<Option> ScreenWish::options()
 Result<ScreenWish> ScreenWish::from(const Arguments& arguments)
 {
     ScreenWish wish;
-    for (const auto& [word, mode] : modes) {
-        if (!arguments.has(word)) continue;
+    for (const ScreensMode mode : screensModes) {
+        if (!arguments.has(textOf(mode))) continue;
         if (wish.mode) return Error{QStringLiteral("--each, --mirror and --span exclude each other")};
         wish.mode = mode;
     }

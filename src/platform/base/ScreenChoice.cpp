@@ -10,6 +10,19 @@ const QString comma = QStringLiteral(",");
 
 } // namespace
 
+QString textOf(ScreensMode mode)
+{
+    switch (mode) {
+    case ScreensMode::Mirror:
+        return QStringLiteral("mirror");
+    case ScreensMode::Span:
+        return QStringLiteral("span");
+    case ScreensMode::Each:
+        break;
+    }
+    return QStringLiteral("each");
+}
+
 Result<MonitorChoice> MonitorChoice::from(const QString& text)
 {
     if (text == all) return MonitorChoice{};

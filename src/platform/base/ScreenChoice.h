@@ -5,11 +5,16 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
+
 namespace kestro {
 
 /// How the screens that show the saver share it: each has one of its own, all show the same one, or one goes
 /// across all of them as they stand on the desk.
 enum class ScreensMode { Each, Mirror, Span };
+inline constexpr std::array screensModes{ScreensMode::Each, ScreensMode::Mirror, ScreensMode::Span};
+/// "each", "mirror" or "span".
+[[nodiscard]] QString textOf(ScreensMode mode);
 
 /// Which monitors show the saver; the others are black meanwhile. A plain value.
 struct MonitorChoice {

@@ -84,6 +84,11 @@ void ShownFrame::skip()
     if (m_renderer) skipFrameOf(m_renderer);
 }
 
+static std::uint32_t* rowOf(const PixelTarget& target, int row)
+{
+    return reinterpret_cast<std::uint32_t*>(target.pixels + static_cast<std::ptrdiff_t>(row) * target.stride);
+}
+
 /// libswscale fills the fourth bytes with 255, zimg with 0, which some windows take for transparent.
 KESTRO_WIDEST static void fillRow(std::uint32_t* pixels, int count)
 {
@@ -91,26 +96,28 @@ KESTRO_WIDEST static void fillRow(std::uint32_t* pixels, int count)
         pixels[i] |= 0xff000000U;
 }
 
-[[nodiscard]] static bool makeOpaque(const PixelTarget& target)
+static void makeOpaque(const PixelTarget& target)
 {
     constexpr int fourth = 3;
-    if (target.pixels[fourth] == 255) return true;
+    if (target.pixels[fourth] == 255) return;
     for (int row = 0; row < target.height; ++row)
-        fillRow(reinterpret_cast<std::uint32_t*>(target.pixels +
-                                                 static_cast<std::ptrdiff_t>(row) * target.stride),
-                target.width);
-    return true;
+        fillRow(rowOf(target, row), target.width);
+}
+
+static void mapLight(const ToneMap& toneMap, const PixelTarget& target)
+{
+    for (int row = 0; row < target.height; ++row)
+        toneMap.mapTenBits(rowOf(target, row), target.width);
 }
 
 /// Ten bits of a colour take the room of a pixel as well; eight of that light would show as steps.
 bool ShownFrame::drawLocked(const PixelTarget& target)
 {
-    if (!m_toneMap) return renderLocked(target, "bgr0") && makeOpaque(target);
-    if (!renderLocked(target, "rgb30")) return false;
-    for (int row = 0; row < target.height; ++row) {
-        auto* const pixels = target.pixels + static_cast<std::ptrdiff_t>(row) * target.stride;
-        m_toneMap->mapTenBits(reinterpret_cast<std::uint32_t*>(pixels), target.width);
-    }
+    if (!renderLocked(target, m_toneMap ? "rgb30" : "bgr0")) return false;
+    if (m_toneMap)
+        mapLight(*m_toneMap, target);
+    else
+        makeOpaque(target);
     return true;
 }
 

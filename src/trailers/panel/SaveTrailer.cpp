@@ -2,11 +2,12 @@
 
 #include "platform/base/FileName.h"
 #include "platform/base/URLKind.h"
+#include "widgets/StartFolder.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
-#include <QStandardPaths>
 #include <QUrl>
 
 namespace kestro {
@@ -18,16 +19,10 @@ QString translated(const char* text)
     return QCoreApplication::translate("kestro::SaveTrailer", text);
 }
 
-QString firstFolder()
-{
-    const QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
-    return QFileInfo(movies).isDir() ? movies : QDir::homePath();
-}
-
 // The folder chosen last, as long as the program runs.
 QString& lastFolder()
 {
-    static QString folder = firstFolder();
+    static QString folder = startFolder();
     return folder;
 }
 
