@@ -17,7 +17,7 @@ FakeIdleMonitor::FakeIdleMonitor(PrivateBus& bus, BusAddress address, uint first
 
 FakeIdleMonitor::~FakeIdleMonitor()
 {
-    PrivateBus::disconnect(m_connection);
+    PrivateBus::disconnect(m_connection, *this);
 }
 
 void FakeIdleMonitor::stayAway()

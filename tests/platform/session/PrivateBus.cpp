@@ -1,5 +1,6 @@
 #include "platform/session/PrivateBus.h"
 
+#include <QCoreApplication>
 #include <QDBusVariant>
 #include <QFile>
 
@@ -64,6 +65,15 @@ void PrivateBus::disconnect(const QDBusConnection& connection)
     QDBusConnection::disconnectFromBus(connection.name());
 }
 
+void PrivateBus::disconnect(QDBusConnection& connection, QDBusVirtualObject& object)
+{
+    connection.unregisterObject(QStringLiteral("/"), QDBusConnection::UnregisterTree);
+    // A call that ends undelivered is answered by its connection: there must be one.
+    QCoreApplication::removePostedEvents(&object);
+    disconnect(connection);
+    connection = QDBusConnection(QString()); // the last one who holds it
+}
+
 FakeService::FakeService(PrivateBus& bus, QString name)
     : m_connection(bus.connect())
     , m_name(std::move(name))
@@ -94,8 +104,7 @@ void FakeService::signalChange(const QString& path, const QString& interface)
 
 void FakeService::leave()
 {
-    PrivateBus::disconnect(m_connection);
-    m_connection = QDBusConnection(QString()); // the last one who holds it
+    PrivateBus::disconnect(m_connection, *this);
 }
 
 bool FakeService::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)

@@ -24,6 +24,8 @@ public:
     [[nodiscard]] QDBusConnection connect();
     [[nodiscard]] const QString& address() const { return m_address; }
     static void disconnect(const QDBusConnection& connection);
+    /// Takes `object`, which answered there, off the bus. No call that was on its way reaches it any more.
+    static void disconnect(QDBusConnection& connection, QDBusVirtualObject& object);
 
 private:
     QTemporaryDir m_folder;
