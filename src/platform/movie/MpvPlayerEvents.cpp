@@ -34,8 +34,6 @@ void MpvPlayer::observe()
     m_handle->observe(FrameParameters, "video-dec-params", MPV_FORMAT_NODE);
     m_handle->observe(LaterDuration, "duration", MPV_FORMAT_DOUBLE);
     if (isRemote()) m_handle->observe(Idle, "core-idle", MPV_FORMAT_FLAG);
-    if (m_setup.openGL && m_setup.openGL->isHardware())
-        m_handle->observe(Decoder, "hwdec-current", MPV_FORMAT_STRING);
     m_handle->setNotifier([this] { wake(); });
 }
 
@@ -106,8 +104,6 @@ void MpvPlayer::handleProperty(const mpv_event& event)
         return takeDuration(valueOf(event, MPV_FORMAT_DOUBLE, 0.0));
     case FrameParameters:
         return handleFrameParameters(event);
-    case Decoder:
-        return handleDecoder(valueOf<char*>(event, MPV_FORMAT_STRING, nullptr));
     case Idle:
         m_isIdle = valueOf(event, MPV_FORMAT_FLAG, 1);
         return watchProgress();
@@ -116,7 +112,7 @@ void MpvPlayer::handleProperty(const mpv_event& event)
     }
 }
 
-/// Once for each way that the movie is decoded, which is one where the card can go on as it began.
+/// Once for each way that frames of the movie were decoded.
 void MpvPlayer::handleDecoder(const QByteArray& name)
 {
     if (name.isEmpty() || name == m_decoder) return;
@@ -133,6 +129,9 @@ void MpvPlayer::handleFrameParameters(const mpv_event& event)
     const QSize size = frameSizeOf(params);
     if (size.isEmpty()) return; // between two frames of a kind
     m_frameSize = m_setup.rotation % 180 == 0 ? size : size.transposed();
+    // Not before there is a frame: a card may take a movie on and refuse its first frame.
+    if (m_setup.openGL && m_setup.openGL->isHardware())
+        m_handle->ask(Decoder, "hwdec-current", MPV_FORMAT_STRING);
     const MovieLight before = std::exchange(m_light, lightOf(params));
     chooseScaler();
     if (before == m_light) return;
@@ -195,6 +194,8 @@ void MpvPlayer::handleReply(const mpv_event& event)
         return;
     case ReadAhead:
         return handleReadAhead(valueOf(event, MPV_FORMAT_FLAG, 1) != 0);
+    case Decoder:
+        return handleDecoder(valueOf<char*>(event, MPV_FORMAT_STRING, nullptr));
     case Move:
         if (event.error >= 0) return m_state.accepted(move);
         if (m_state.refused(move)) arrive();
