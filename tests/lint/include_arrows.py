@@ -45,6 +45,7 @@ ALLOWED = PLATFORM | {
         "host/publish",
         "idle",
     },
+    "host/doctor": BELOW_ENGINE | {"trailers", "host", "host/start", "host/xscreensaver", "idle"},
     "host/preferences": {"platform/base", "platform/session", "host/start", "host/xscreensaver", "idle"},
     "host/preferences/live": BELOW_ENGINE
     | {"trailers", "trailers/panel", "widgets", "config_ui", "host", "host/preferences"},

@@ -23,6 +23,8 @@ WRONG = [
     ["--scale", "0"],
     ["--fade", "--no-fade"],
     ["show-settings", "now"],
+    ["doctor", "now"],
+    ["doctor", "--graphics"],
     ["install-xscreensaver", "now"],
     ["install-xscreensaver", "--remove=yes"],
     ["show-settings", "--json"],

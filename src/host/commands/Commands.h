@@ -6,6 +6,9 @@ struct Command;
 
 // The commands of the program, one source file each: what is said of each is what it does, and what it needs.
 
+/// `kestro doctor`: becomes the program that looks whether everything is there that Kestro needs.
+[[nodiscard]] Command doctorCommand();
+
 /// `kestro import-hacks`: makes saver bundles of xscreensaver's hacks, or lists them.
 [[nodiscard]] Command importHacksCommand();
 

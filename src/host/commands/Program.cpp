@@ -70,9 +70,19 @@ QString Program::overview() const
 
 QList<Command> allCommands()
 {
-    return {runCommand(),         settingsCommand(), idleCommand(),        showSettingsCommand(),
-            playlistCommand(),    scanCommand(),     latestCommand(),      renderCommand(),
-            inspectPageCommand(), publishCommand(),  importHacksCommand(), installXscreensaverCommand()};
+    return {runCommand(),
+            settingsCommand(),
+            idleCommand(),
+            doctorCommand(),
+            showSettingsCommand(),
+            playlistCommand(),
+            scanCommand(),
+            latestCommand(),
+            renderCommand(),
+            inspectPageCommand(),
+            publishCommand(),
+            importHacksCommand(),
+            installXscreensaverCommand()};
 }
 
 } // namespace kestro

@@ -43,15 +43,15 @@ HelperEngine::~HelperEngine()
 bool HelperEngine::isAvailable()
 {
     if (m_isGivenUp) return false;
-    const auto machine = checkMachine();
+    const auto machine = checkMachine(m_settings);
     if (!machine && !std::exchange(m_isExplained, true))
         logLine(QStringLiteral("No web content: ") + machine.error());
     return machine.isOk();
 }
 
-Result<void> HelperEngine::checkMachine() const
+Result<void> checkMachine(const HelperSettings& settings)
 {
-    for (const QString& file : {m_settings.program, m_settings.needed})
+    for (const QString& file : {settings.program, settings.needed})
         if (!file.isEmpty() && !QFileInfo(file).isFile())
             return Error{file + QStringLiteral(" is not there")};
     if (geteuid() == 0 && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))

@@ -34,6 +34,9 @@ struct HelperSettings {
     [[nodiscard]] static HelperSettings ofPackage();
 };
 
+/// Whether such a helper can run here at all; the error says why not.
+[[nodiscard]] Result<void> checkMachine(const HelperSettings& settings);
+
 /// Shows web content through a helper process, which is started for the first page and then serves all of
 /// them until this process ends, or until it is told to end the unused one. When the helper ends, no longer
 /// answers, says more than anybody needs to or takes more memory or processes than it may, its pages are
@@ -62,7 +65,6 @@ public:
     [[nodiscard]] Descriptor share(const QByteArray& bytes);
 
 private:
-    [[nodiscard]] Result<void> checkMachine() const;
     [[nodiscard]] bool start();
     void receive(const WebMessage& message);
     void hearPong(quint32 question);

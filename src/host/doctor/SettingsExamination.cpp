@@ -1,0 +1,80 @@
+#include "host/doctor/Examinations.h"
+#include "idle/IdleOptions.h"
+#include "idle/PowerOptions.h"
+#include "idle/ScreensOptions.h"
+#include "platform/base/ConfigurationFile.h"
+#include "platform/base/Log.h"
+#include "platform/base/Paths.h"
+#include "settings/MovieOptions.h"
+#include "settings/SettingsStore.h"
+#include "trailers/TrailerSite.h"
+
+#include <QFileInfo>
+#include <QMutex>
+
+namespace kestro {
+
+namespace {
+
+/// What reading the files says.
+class Complaints final {
+public:
+    Complaints()
+        : m_capture([this](const QString& line) {
+            const QMutexLocker lock(&m_mutex);
+            if (!m_lines.contains(line)) m_lines += line;
+        })
+    {
+    }
+    [[nodiscard]] QStringList lines()
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_lines;
+    }
+
+private:
+    QMutex m_mutex;
+    QStringList m_lines;
+    LogCapture m_capture;
+};
+
+QString stateOf(const QString& path)
+{
+    return QFileInfo::exists(path) ? path : path + QStringLiteral(": not there, everything is as it comes");
+}
+
+void readConfiguration()
+{
+    const ConfigurationFile file = ConfigurationFile::ofUser();
+    (void)IdleOptions::from(file);
+    (void)powerRuleFrom(file);
+    (void)screenChoiceFrom(file);
+    (void)movieOptionsFrom(file);
+    (void)configuredTrailerSite();
+}
+
+Findings look()
+{
+    Complaints complaints;
+    SettingsStore store(homeFolder());
+    (void)store.plist();
+    (void)store.defaultsPlist();
+    readConfiguration();
+    Findings findings{fine(stateOf(store.plistPath())), fine(stateOf(configurationFile()))};
+    for (const QString& line : complaints.lines())
+        findings += broken(line, QStringLiteral("mend the file, or take it away"));
+    const QFileInfo folder(QFileInfo(store.plistPath()).absolutePath());
+    if (folder.exists() && !folder.isWritable())
+        findings += broken(folder.filePath() + QStringLiteral(": cannot be written"),
+                           QStringLiteral("make the folder one that you may write in"));
+    return findings;
+}
+
+} // namespace
+
+std::unique_ptr<Examination> settingsExamination()
+{
+    return std::make_unique<QuickExamination>(QStringLiteral("Settings"), look);
+}
+
+} // namespace kestro
