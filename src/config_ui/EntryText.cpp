@@ -3,7 +3,6 @@
 #include "config_ui/EntryFacts.h"
 #include "platform/base/DurationText.h"
 #include "platform/base/FileURL.h"
-#include "platform/base/StoredValue.h"
 #include "platform/base/URLKind.h"
 #include "settings/MovieURL.h"
 
@@ -16,11 +15,10 @@ namespace kestro {
 
 namespace {
 
-/// The two numbers that end an automatic entry's path; none where it has fewer parts.
-QStringList numbersOf(const QUrl& url)
+// "auto:" alone stands for nothing that has a name.
+bool namesTrailers(const QUrl& url)
 {
-    const QStringList parts = url.path(QUrl::FullyDecoded).split(u'/');
-    return parts.size() < 3 ? QStringList() : parts.sliced(parts.size() - 2);
+    return isAutomaticEntry(url) && (!url.host().isEmpty() || trailerChoice(url));
 }
 
 QString inOwnLanguage(const MovieFault& fault)
@@ -46,7 +44,8 @@ bool EntryText::hasMovie(const QUrl& url)
 
 QString EntryText::name(const PlaylistEntry& entry)
 {
-    if (isAutomaticEntry(entry.url)) return tr("Newest trailers");
+    if (namesTrailers(entry.url)) return tr("Newest trailers");
+    if (isAutomaticEntry(entry.url)) return entry.text;
     const QString last = lastPathComponent(entry.url);
     if (!last.isEmpty()) return last;
     return entry.url.host().isEmpty() ? entry.text : entry.url.host();
@@ -56,10 +55,9 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
 {
     const QUrl& url = entry.url;
     if (isAutomaticEntry(url)) {
-        const QStringList numbers = numbersOf(url);
-        if (numbers.isEmpty()) return tr("Left out: it does not say how many trailers of which width");
-        const int count = intValue(numbers[0]);
-        const int width = intValue(numbers[1]);
+        const auto choice = trailerChoice(url);
+        if (!choice) return tr("Left out: it does not say how many trailers of which width");
+        const auto [count, width] = *choice;
         if (count == 1) return tr("The newest trailer, %1 pixels wide").arg(width);
         return count > 0 ? tr("%1 newest trailers, each %2 pixels wide").arg(count).arg(width)
                          : tr("All trailers, each %1 pixels wide").arg(width);
@@ -73,7 +71,7 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
 
 bool EntryText::isFault(const PlaylistEntry& entry, const EntryFacts* facts)
 {
-    if (isAutomaticEntry(entry.url)) return numbersOf(entry.url).isEmpty();
+    if (isAutomaticEntry(entry.url)) return !trailerChoice(entry.url);
     return !isValidURL(entry.url) || (facts != nullptr && facts->fault);
 }
 

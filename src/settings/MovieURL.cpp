@@ -1,8 +1,10 @@
 #include "settings/MovieURL.h"
 
+#include "platform/base/StoredValue.h"
 #include "platform/base/URLKind.h"
 
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <algorithm>
@@ -32,6 +34,18 @@ bool isValidURL(const QUrl& url)
 bool isAutomaticEntry(const QUrl& url)
 {
     return url.scheme() == automaticScheme;
+}
+
+// The empty part before the path's first slash counts as one.
+std::optional<TrailerChoice> trailerChoice(const QUrl& url)
+{
+    QString path = url.path(QUrl::FullyDecoded);
+    if (!isAutomaticEntry(url) || !path.startsWith(u'/')) return {};
+    if (path.size() > 1 && path.endsWith(u'/')) path.chop(1);
+    const QStringList parts = path.split(u'/');
+    const qsizetype last = parts.size() - 1;
+    if (last < 2) return {};
+    return TrailerChoice{intValue(parts[last - 1]), intValue(parts[last])};
 }
 
 QString absoluteString(const QUrl& url)

@@ -4,7 +4,6 @@
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
 #include "platform/base/ShownURL.h"
-#include "platform/base/StoredValue.h"
 #include "platform/base/URLKind.h"
 #include "settings/LatestTrailers.h"
 #include "settings/MovieURL.h"
@@ -156,14 +155,11 @@ void Playlist::cut(QList<Entry>& entries)
     entries.resize(Bounds::playlistEntries);
 }
 
-// The path is /N/W; the empty part before its first slash counts as one.
 QList<QUrl> Playlist::latestTrailers(const QUrl& entry)
 {
-    const QStringList parts = entry.path(QUrl::FullyDecoded).split(u'/');
-    const qsizetype last = parts.size() - 1;
-    if (last < 2) return {};
-    const QList<QUrl> found =
-        m_trailers.lastTrailers(intValue(parts[last - 1]), intValue(parts[last]), m_failedURLList);
+    const auto choice = trailerChoice(entry);
+    if (!choice) return {};
+    const QList<QUrl> found = m_trailers.lastTrailers(choice->count, choice->width, m_failedURLList);
     scanOnce();
     return moviesOnWeb(found);
 }

@@ -42,6 +42,16 @@ TEST(EntryText, name_isTheLastPartOfThePath)
     EXPECT_EQ(EntryText::name(entry("auto://LatestTrailers/6/480")), "Newest trailers");
 }
 
+TEST(EntryText, name_isTheTextItself_whereAnAutomaticEntryNamesNothing)
+{
+    for (const char* text : {"auto:", "auto:6/480", "auto:x/6/480"}) {
+        EXPECT_EQ(EntryText::name(entry(text)), text);
+        EXPECT_TRUE(EntryText::isFault(entry(text), nullptr)) << text;
+    }
+    for (const char* text : {"auto:///6/480", "auto:/6/480", "auto://LatestTrailers"})
+        EXPECT_EQ(EntryText::name(entry(text)), "Newest trailers") << text;
+}
+
 TEST(EntryText, detail_isWhereAMovieLies)
 {
     EXPECT_EQ(EntryText::detail(entry("file:///movies/new/a.mov"), nullptr), "/movies/new");

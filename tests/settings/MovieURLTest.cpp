@@ -39,6 +39,20 @@ TEST(MovieURL, isAutomaticEntry_isTold_byTheSchemeAlone)
         EXPECT_FALSE(isAutomaticEntry(urlOf(url))) << url;
 }
 
+TEST(MovieURL, trailerChoice_isTheSame_whetherASlashFollowsOrNot)
+{
+    for (const char* url : {"auto://LatestTrailers/2/480", "auto://LatestTrailers/2/480/", "auto:///2/480"})
+        EXPECT_EQ(trailerChoice(urlOf(url)), (TrailerChoice{2, 480})) << url;
+    EXPECT_EQ(trailerChoice(urlOf("auto://LatestTrailers/2/480//")), (TrailerChoice{480, 0}));
+}
+
+TEST(MovieURL, trailerChoice_isNothing_withoutAPathOfTwoParts)
+{
+    for (const char* url : {"auto:", "auto:6/480", "auto:x/6/480", "auto://LatestTrailers", "auto://x/",
+                            "auto://x//", "auto://x/480", "auto://x/480/", "http://x/6/480"})
+        EXPECT_FALSE(trailerChoice(urlOf(url))) << url;
+}
+
 TEST(MovieURL, absoluteString_isFullyEncoded)
 {
     for (const URLCase& c :

@@ -108,8 +108,8 @@ TEST_F(PlaylistOfURLs, automaticEntry_takesItsNumbers_fromTheLastTwoParts)
     for (const Case& c :
          {Case{"auto://LatestTrailers/6/480", 6, 480}, Case{"auto://Anything/3/640", 3, 640},
           Case{"auto://LatestTrailers/1/2/3", 2, 3}, Case{"auto:///4/320", 4, 320},
-          Case{"auto://x/6/480/", 480, 0}, Case{"auto://x/six/wide", 0, 0}, Case{"auto://x/2nd/480p", 2, 480},
-          Case{"auto://x//", 0, 0}, Case{"auto://x/%36/480?1/2", 6, 480}}) {
+          Case{"auto://x/6/480/", 6, 480}, Case{"auto://x/six/wide", 0, 0}, Case{"auto://x/2nd/480p", 2, 480},
+          Case{"auto://x///", 0, 0}, Case{"auto://x/%36/480?1/2", 6, 480}}) {
         m_trailers.calls.clear();
         useList("5", QStringList(QString::fromUtf8(c.url)));
         EXPECT_EQ(playlist().fileList().size(), c.count) << c.url;
@@ -146,7 +146,7 @@ TEST_F(PlaylistOfURLs, automaticEntry_isDropped_whenItsPathHasTooFewParts)
 {
     const QStringList stored{QStringLiteral("auto://LatestTrailers/480"),
                              QStringLiteral("auto://LatestTrailers"),
-                             QStringLiteral("auto://LatestTrailers/")};
+                             QStringLiteral("auto://LatestTrailers/"), QStringLiteral("auto:x/6/480")};
     useList("5", stored);
     EXPECT_EQ(texts(playlist().plistFileList()), stored);
     EXPECT_TRUE(playlist().fileList().isEmpty());
