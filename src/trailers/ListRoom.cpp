@@ -62,6 +62,11 @@ qint64 bytesOf(const QVariant& value, qint64 level)
     }
 }
 
+qint64 bytesOfPage(QByteArrayView page)
+{
+    return elementBytes + levelOfEntries + bytesOf(QString::fromUtf8(page), 0);
+}
+
 } // namespace
 
 qint64 bytesInFile(const TrailerRecord& record)
@@ -84,10 +89,15 @@ bool ListRoom::takeTrailer(const TrailerRecord& record, const TrailerRecord* old
 
 bool ListRoom::takePage(QByteArrayView page)
 {
-    const qint64 bytes = elementBytes + levelOfEntries + bytesOf(QString::fromUtf8(page), 0);
-    if (!take(m_pages < Bounds::listedPages, bytes)) return false;
+    if (!take(m_pages < Bounds::listedPages, bytesOfPage(page))) return false;
     ++m_pages;
     return true;
+}
+
+void ListRoom::givePage(QByteArrayView page)
+{
+    m_bytes -= bytesOfPage(page);
+    --m_pages;
 }
 
 bool ListRoom::take(bool isBelowBound, qint64 bytes)

@@ -17,6 +17,8 @@ public:
     bool takeTrailer(const TrailerRecord& record, const TrailerRecord* old);
     /// Counts one more page; answers as takeTrailer() does.
     bool takePage(QByteArrayView page);
+    /// Counts a page less that was taken.
+    void givePage(QByteArrayView page);
 
     /// Whether something had to be left out.
     [[nodiscard]] bool isFull() const { return m_isFull; }

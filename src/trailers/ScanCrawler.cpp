@@ -11,6 +11,7 @@
 
 #include <QUrl>
 
+#include <unordered_set>
 #include <utility>
 
 namespace kestro {
@@ -99,11 +100,13 @@ bool ScanCrawler::step(bool progress)
     const bool isAtEnd = page.next == page.links.size();
     if (isAtEnd || !m_hooks.isWanted())
         return leavePage(isAtEnd && (!page.endsWithOtherLink || m_hooks.isWanted()), progress);
-    if (!goesOn()) return leavePage(true, progress);
-    const std::string& link = *page.links[page.next++];
-    --m_queue;
-    // Another page may have led there meanwhile.
-    return mayFollow(link) && m_budget.reaches(qsizetype(m_path.size())) && enterPage(link);
+    Link& link = *page.links[page.next];
+    // Asked now: another page may have led there meanwhile, or the list may have been cleared.
+    const bool isPassed = m_list.isPassed(link.first);
+    if (!isPassed && !goesOn()) return leavePage(true, progress);
+    ++page.next;
+    unqueue(link);
+    return !isPassed && m_budget.reaches(qsizetype(m_path.size())) && enterPage(link.first);
 }
 
 // Pages that were not followed to their end keep their movies to themselves.
@@ -111,7 +114,6 @@ bool ScanCrawler::leavePage(bool isWhole, bool progress)
 {
     OpenPage page = std::move(m_path.back());
     m_path.pop_back();
-    m_queue -= static_cast<qsizetype>(page.links.size() - page.next);
     m_budget.release(page.held);
     if (!isWhole) return false;
     m_list.store(std::move(page.movies));
@@ -122,17 +124,17 @@ bool ScanCrawler::leavePage(bool isWhole, bool progress)
 bool ScanCrawler::enterPage(const std::string& url)
 {
     if (m_watcher) m_watcher->pageBegins(url, counts());
-    m_list.addPassed(url);
+    const bool isNew = m_list.addPassed(url);
     m_budget.addPage();
     auto page = openPage(url);
     if (!page) {
+        if (isNew && m_isCutShort) m_list.forgetPassed(url);
         if (m_path.empty()) m_startFailure = page.error();
         if (m_watcher) m_watcher->pageEnds(url, page.error());
         return false;
     }
     ++m_pages;
-    m_queue += static_cast<qsizetype>(page.value().links.size());
-    if (m_watcher) m_watcher->pageEnds(url, outcomeOf(page.value().links.size(), page.value().movies.size()));
+    if (m_watcher) m_watcher->pageEnds(url, outcomeOf(page.value().fresh, page.value().movies.size()));
     m_path.push_back(std::move(page.value()));
     return true;
 }
@@ -164,6 +166,7 @@ Result<ScanCrawler::OpenPage> ScanCrawler::openPage(const std::string& url)
 Result<QByteArray> ScanCrawler::textOf(const std::string& url)
 {
     auto page = m_fetch.fetch(urlOf(url));
+    m_isCutShort = !page && !m_hooks.isWanted();
     if (!page) return page;
     if (page.value().size() < shortestPage) return Error{QStringLiteral("nothing in it")};
     if (PageUnpacker::isPacked(page.value())) {
@@ -196,23 +199,42 @@ QByteArray ScanCrawler::feedText(const QUrl& feed)
     return text ? std::move(text.value()) : QByteArray();
 }
 
-// What can not be followed now never can, because a page that was visited stays so. Left out here it takes no
-// room while the page waits.
+// What leads off the site never can be followed; left out here it takes no room while the page waits. A page
+// that was visited may be forgotten meanwhile, when the list is cleared.
 void ScanCrawler::takeLinks(std::vector<std::string> links, OpenPage& page)
 {
-    std::unordered_set<const std::string*> taken;
-    for (std::string& link : links) {
-        page.endsWithOtherLink = !mayFollow(link);
+    std::unordered_set<const Link*> taken;
+    for (std::string& text : links) {
+        page.endsWithOtherLink = !isOnSite(text);
         if (page.endsWithOtherLink) continue;
-        const auto size = qint64(link.size());
-        const auto [known, isNew] = m_known.insert(std::move(link));
+        const auto size = qint64(text.size());
+        const auto [known, isNew] = m_known.try_emplace(std::move(text), false);
         if (isNew && !m_budget.hold(bytesOfNode + size)) break;
         page.endsWithOtherLink = !taken.insert(&*known).second;
         if (page.endsWithOtherLink) continue;
-        if (!hold(page, sizeof(const std::string*))) break;
-        page.links.push_back(&*known);
+        if (!take(*known, page)) break;
     }
     page.links.shrink_to_fit();
+}
+
+bool ScanCrawler::take(Link& link, OpenPage& page)
+{
+    if (!hold(page, sizeof(Link*))) return false;
+    page.links.push_back(&link);
+    if (m_list.isPassed(link.first)) return true;
+    ++page.fresh;
+    queue(link);
+    return true;
+}
+
+void ScanCrawler::queue(Link& link)
+{
+    if (!std::exchange(link.second, true)) ++m_queue;
+}
+
+void ScanCrawler::unqueue(Link& link)
+{
+    if (std::exchange(link.second, false)) --m_queue;
 }
 
 void ScanCrawler::takeMovies(std::vector<TrailerRecord> movies, OpenPage& page)
@@ -241,9 +263,9 @@ bool ScanCrawler::goesOn()
     return m_budget.goesOn();
 }
 
-bool ScanCrawler::mayFollow(const std::string& link) const
+bool ScanCrawler::isOnSite(const std::string& link) const
 {
-    return m_site.isValidURL(link, [this](std::string_view page) { return m_list.isPassed(page); });
+    return m_site.isValidURL(link, [](std::string_view) { return false; });
 }
 
 CrawlCounts ScanCrawler::counts() const

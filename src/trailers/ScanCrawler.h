@@ -13,7 +13,7 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 class QUrl;
@@ -57,12 +57,16 @@ public:
     [[nodiscard]] const QString& bound() const { return m_budget.bound(); }
 
 private:
+    /// Each link once, however many pages have it, and whether it counts as one that is still to be followed.
+    using KnownLinks = std::unordered_map<std::string, bool>;
+    using Link = KnownLinks::value_type;
+
     /// A page on the way down, and how far its links are followed.
     struct OpenPage {
-        std::vector<const std::string*>
-            links; ///< in m_known; those that could be followed when it was opened
+        std::vector<Link*> links; ///< those on the site, visited or not
         std::size_t next = 0;
         bool endsWithOtherLink = false; ///< the page ends with a link that is not in `links`
+        std::size_t fresh = 0;          ///< of the links, those that nobody had visited when it was opened
         std::vector<TrailerRecord> movies;
         qint64 held = 0; ///< bytes of all this
     };
@@ -77,10 +81,13 @@ private:
     [[nodiscard]] bool canBeDecoded(const Result<QByteArray>& page, const std::string& url);
     [[nodiscard]] QByteArray feedText(const QUrl& feed);
     void takeLinks(std::vector<std::string> links, OpenPage& page);
+    bool take(Link& link, OpenPage& page);
+    void queue(Link& link);
+    void unqueue(Link& link);
     void takeMovies(std::vector<TrailerRecord> movies, OpenPage& page);
     [[nodiscard]] bool hold(OpenPage& page, qint64 bytes);
     [[nodiscard]] bool goesOn();
-    [[nodiscard]] bool mayFollow(const std::string& link) const;
+    [[nodiscard]] bool isOnSite(const std::string& link) const;
     [[nodiscard]] CrawlCounts counts() const;
 
     Fetch& m_fetch;
@@ -92,8 +99,9 @@ private:
     CrawledSite m_site;
     PageEncoding m_encoding = PageEncoding::IsoLatin1; ///< once switched, for good
     std::vector<OpenPage> m_path;                      ///< from the start page to the present one
-    std::unordered_set<std::string> m_known;           ///< each link once, however many pages have it
+    KnownLinks m_known;
     QString m_startFailure;
+    bool m_isCutShort = false; ///< the fetch before, by a stop
     int m_pages = 0;
     qsizetype m_queue = 0;
     qint64 m_bytesBefore = 0; ///< that came before this crawl

@@ -159,11 +159,18 @@ bool TrailerList::isPassed(std::string_view page) const
     return m_contents.sites.contains(borrowed(page));
 }
 
-void TrailerList::addPassed(std::string_view page)
+bool TrailerList::addPassed(std::string_view page)
 {
     const std::lock_guard guard(m_mutex);
-    if (m_contents.sites.contains(borrowed(page))) return;
+    if (m_contents.sites.contains(borrowed(page))) return false;
     if (m_contents.keepSite(borrowed(page))) m_isChanged = true;
+    return true;
+}
+
+void TrailerList::forgetPassed(std::string_view page)
+{
+    const std::lock_guard guard(m_mutex);
+    if (m_contents.forgetSite(borrowed(page))) m_isChanged = true;
 }
 
 bool TrailerList::isFull() const

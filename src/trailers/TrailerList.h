@@ -49,8 +49,10 @@ public:
     // Pages, absolute strings.
     [[nodiscard]] QSet<QByteArray> passedList() const;
     [[nodiscard]] bool isPassed(std::string_view page) const;
-    /// Keeps a page, unless there is no room for more.
-    void addPassed(std::string_view page);
+    /// Keeps a page, unless there is no room for more; answers whether it was not there before.
+    bool addPassed(std::string_view page);
+    /// Takes a page away again.
+    void forgetPassed(std::string_view page);
 
     /// Whether a record or a page had to be left out because there are too many.
     [[nodiscard]] bool isFull() const;

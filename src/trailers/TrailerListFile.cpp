@@ -134,6 +134,13 @@ bool TrailerListContents::keepSite(QByteArrayView site)
     return true;
 }
 
+bool TrailerListContents::forgetSite(QByteArrayView site)
+{
+    if (!sites.remove(QByteArray::fromRawData(site.data(), site.size()))) return false;
+    room.givePage(site);
+    return true;
+}
+
 TrailerListContents TrailerListFile::load() const
 {
     if (!isThere(m_path)) installSeed();

@@ -18,6 +18,8 @@ struct TrailerListContents {
     bool keep(const QString& url, TrailerRecord record);
     /// Keeps a page that was visited; likewise.
     bool keepSite(QByteArrayView site);
+    /// Takes a page away; answers whether it was there.
+    bool forgetSite(QByteArrayView site);
 
     QHash<QString, TrailerRecord> trailers; ///< by URL string
     QSet<QByteArray> sites;                 ///< the pages that a crawl has visited, absolute strings in UTF-8

@@ -148,6 +148,15 @@ TEST_F(CrawlBoundsTest, crawl_endsAndSaysSo_whenTheListIsFull)
     EXPECT_TRUE(m_list.saveList());
 }
 
+TEST_F(CrawlBoundsTest, crawl_namesNoBound_whenAllThatIsLeftWasVisited)
+{
+    m_limits.pages = 2;
+    m_site.more = "<a href=\"/trailers/0/\">";
+    m_list.addPassed("http://h/trailers/2/");
+    EXPECT_EQ(crawl(), QString());
+    EXPECT_EQ(m_site.pages, 2);
+}
+
 TEST_F(CrawlBoundsTest, crawl_namesNoBound_whenItComesToNone)
 {
     for (int number = 2; number < 5; ++number)

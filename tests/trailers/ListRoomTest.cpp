@@ -92,6 +92,15 @@ TEST_F(ListRoomTest, takePage_leavesOut_whatIsOneTooMany)
     EXPECT_TRUE(m_room.isFull());
 }
 
+TEST_F(ListRoomTest, givePage_makesRoomForOneMore)
+{
+    const std::string half(std::size_t(Bounds::listBytes) / 2, 'x');
+    ASSERT_TRUE(m_room.takePage(half));
+    ASSERT_FALSE(m_room.takePage(half));
+    m_room.givePage(half);
+    EXPECT_TRUE(m_room.takePage(half));
+}
+
 // Whatever a site names, its list is saved, and read again as it was.
 TEST_F(ListRoomTest, listThatIsFull_isSavedAndReadAgain_whateverFilledIt)
 {

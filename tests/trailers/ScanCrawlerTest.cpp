@@ -1,32 +1,11 @@
-#include "trailers/ScanCrawler.h"
-
-#include "platform/base/Clock.h"
-#include "trailers/MemoryFetch.h"
 #include "trailers/PageBase.h"
-#include "trailers/TrailerListFixture.h"
+#include "trailers/ScanCrawlerFixture.h"
 
 #include <QProcess>
 
 namespace kestro {
 
 namespace {
-
-const QString site = QStringLiteral("http://h");
-
-QByteArray linkTo(const QByteArray& address)
-{
-    return "<a href=\"" + address + "\">";
-}
-
-QByteArray movieCall(const QByteArray& name)
-{
-    return "AC.Quicktime.packageMovie('m','" + name + "',{width:480, height:204})";
-}
-
-QString full(const char* path)
-{
-    return site + QLatin1String(path);
-}
 
 QByteArray gzipped(const QByteArray& text, const QStringList& words = {QStringLiteral("-nc")})
 {
@@ -37,45 +16,17 @@ QByteArray gzipped(const QByteArray& text, const QStringList& words = {QStringLi
     return gzip.waitForFinished() ? gzip.readAllStandardOutput() : QByteArray();
 }
 
-} // namespace
+/// Keeps what it is told.
+class NotingWatcher final : public CrawlWatcher {
+public:
+    void pageBegins(const std::string&, const CrawlCounts& counts) override { queues.append(counts.queue); }
+    void pageEnds(const std::string&, const QString& outcome) override { outcomes.append(outcome); }
 
-/// A crawl of a site in memory, whose start page is http://h/trailers/.
-class ScanCrawlerTest : public TrailerListFixture {
-protected:
-    ScanCrawlerTest()
-    {
-        m_list.load();
-        m_crawler.setSiteHost("h");
-    }
-
-    void page(const char* path, const QByteArray& text) { m_fetch.put(full(path), "<html>" + text); }
-    void raw(const char* path, const QByteArray& bytes) { m_fetch.put(full(path), bytes); }
-    bool scan(const char* path = "/trailers/", bool progress = false)
-    {
-        return m_crawler.scanURLProgress(full(path).toStdString(), progress);
-    }
-    [[nodiscard]] QStringList asked() const
-    {
-        QStringList paths;
-        for (const QString& url : m_fetch.asked())
-            paths.append(url.mid(site.size()));
-        return paths;
-    }
-    [[nodiscard]] bool hasMovie(const char* path) const { return m_list.record(full(path)).has_value(); }
-    [[nodiscard]] bool isPassed(const char* path) const { return m_list.isPassed(full(path).toStdString()); }
-    [[nodiscard]] QString scratchFolder() const { return m_home.filePath(QStringLiteral("scratch")); }
-
-    MemoryFetch m_fetch;
-    TrailerList m_list{m_home.path(), seed()};
-    bool m_isWanted = true;
-    int m_reloads = 0;
-    ManualClock m_clock;
-    ScanCrawler m_crawler{m_fetch,
-                          m_list,
-                          scratchFolder(),
-                          {[this] { return m_isWanted; }, [this] { ++m_reloads; }},
-                          CrawlBudget(CrawlLimits(), m_clock)};
+    QList<qsizetype> queues; ///< as each page began
+    QStringList outcomes;    ///< in the order in which the pages were read
 };
+
+} // namespace
 
 TEST_F(ScanCrawlerTest, scan_goesDepthFirstInPageOrder_whenPagesLinkOn)
 {
@@ -154,50 +105,33 @@ TEST_F(ScanCrawlerTest, scan_answersWhy_whenTheStartPageCannotBeRead)
     EXPECT_FALSE(m_list.scanedURLList());
 }
 
-TEST_F(ScanCrawlerTest, scan_leavesOpenPagesUnstored_whenItIsStopped)
+TEST_F(ScanCrawlerTest, scan_followsWhatWasVisited_whenTheListIsClearedMeanwhile)
 {
-    page("/trailers/", linkTo("a/") + linkTo("b/") + movieCall("top.mov"));
-    page("/trailers/a/", linkTo("a1/") + linkTo("a2/") + movieCall("a.mov"));
-    page("/trailers/a/a1/", movieCall("a1.mov"));
-    page("/trailers/a/a2/", linkTo("deep/") + movieCall("a2.mov"));
+    page("/trailers/", linkTo("old/") + linkTo("a/") + linkTo("old/") + linkTo("b/"));
+    page("/trailers/old/", movieCall("old.mov"));
+    page("/trailers/a/", {});
+    page("/trailers/b/", movieCall("b.mov"));
+    m_list.addPassed("http://h/trailers/b/");
     m_fetch.setHandler([this](const QString& url) {
-        if (url.endsWith(u"/a2/")) m_isWanted = false;
-    });
-    EXPECT_FALSE(scan());
-    EXPECT_TRUE(hasMovie("/trailers/a/a1/a1.mov"));
-    EXPECT_FALSE(hasMovie("/trailers/a/a2/a2.mov"));
-    EXPECT_FALSE(hasMovie("/trailers/top.mov"));
-    EXPECT_EQ(asked().back(), QStringLiteral("/trailers/a/a2/"));
-    EXPECT_FALSE(isPassed("/trailers/b/"));
-}
-
-// The question whether to go on comes before each link and at no other place.
-TEST_F(ScanCrawlerTest, scan_storesPagesWithoutFurtherLinks_whenItIsStopped)
-{
-    page("/trailers/", linkTo("a/") + movieCall("top.mov"));
-    page("/trailers/a/", movieCall("a.mov"));
-    m_fetch.setHandler([this](const QString& url) {
-        if (url.endsWith(u"/a/")) m_isWanted = false;
+        if (url.endsWith(u"/a/")) m_list.clear();
     });
     EXPECT_TRUE(scan());
-    EXPECT_TRUE(hasMovie("/trailers/a/a.mov"));
-    EXPECT_TRUE(hasMovie("/trailers/top.mov"));
+    EXPECT_TRUE(hasMovie("/trailers/b/b.mov"));
+    EXPECT_EQ(asked().count(QStringLiteral("/trailers/b/")), 1);
 }
 
-TEST_F(ScanCrawlerTest, scan_storesNothingOfAPage_whenItIsStoppedBeforeALinkThatLeadsNowhere)
+TEST_F(ScanCrawlerTest, scan_countsEachLinkOnce_thatIsStillToBeFollowed)
 {
-    for (const char* last : {"/elsewhere/", "a/", "/trailers/"}) {
-        m_list.clear();
-        m_isWanted = true;
-        page("/trailers/", linkTo("a/") + linkTo(last) + movieCall("top.mov"));
-        page("/trailers/a/", movieCall("a.mov"));
-        m_fetch.setHandler([this](const QString& url) {
-            if (url.endsWith(u"/a/")) m_isWanted = false;
-        });
-        EXPECT_FALSE(scan()) << last;
-        EXPECT_FALSE(hasMovie("/trailers/top.mov")) << last;
-        EXPECT_TRUE(hasMovie("/trailers/a/a.mov")) << last;
-    }
+    page("/trailers/", linkTo("a/") + linkTo("b/") + linkTo("old/"));
+    page("/trailers/a/", linkTo("/trailers/b/") + linkTo("a1/"));
+    page("/trailers/a/a1/", {});
+    page("/trailers/b/", {});
+    m_list.addPassed("http://h/trailers/old/");
+    NotingWatcher watcher;
+    m_crawler.setWatcher(&watcher);
+    EXPECT_TRUE(scan());
+    EXPECT_EQ(watcher.queues, (QList<qsizetype>{0, 1, 1, 0}));
+    EXPECT_EQ(watcher.outcomes.front(), QStringLiteral("2 links to follow, 0 movies"));
 }
 
 TEST_F(ScanCrawlerTest, scan_readsPackedPages_whenTheirHeaderHasNoFlags)
@@ -329,21 +263,6 @@ TEST_F(ScanCrawlerTest, scan_takesAwayWhatAKilledOneLeft_whenItBegins)
     page("/trailers/", {});
     EXPECT_TRUE(scan());
     EXPECT_TRUE(QDir(scratchFolder()).isEmpty());
-}
-
-// The page is cut off within its calls: what was found is not the whole of it.
-TEST_F(ScanCrawlerTest, scan_storesNothingOfAPage_whenItIsStoppedWithinIt)
-{
-    page("/trailers/", linkTo("a/") + movieCall("top.mov"));
-    QByteArray large = movieCall("a.mov");
-    while (large.size() < 3 * 1024 * 1024)
-        large += "href=\"x\"";
-    page("/trailers/a/", large);
-    m_fetch.setHandler([this](const QString& url) {
-        if (url.endsWith(u"/a/")) m_isWanted = false;
-    });
-    scan();
-    EXPECT_FALSE(hasMovie("/trailers/a/a.mov"));
 }
 
 TEST_F(ScanCrawlerTest, baseOfPage_isItsFolder_whateverItsForm)

@@ -107,6 +107,16 @@ TEST_F(TrailerListTest, store_replacesTheWholeRecord_whenItsUrlIsThere)
     EXPECT_EQ(m_list.count(), 1);
 }
 
+TEST_F(TrailerListTest, addPassed_saysWhetherThePageIsNew_andForgetPassedTakesItAway)
+{
+    EXPECT_TRUE(m_list.addPassed("http://h/a/"));
+    EXPECT_FALSE(m_list.addPassed("http://h/a/"));
+    m_list.forgetPassed("http://h/a/");
+    m_list.forgetPassed("http://h/b/");
+    EXPECT_FALSE(m_list.isPassed("http://h/a/"));
+    EXPECT_TRUE(m_list.addPassed("http://h/a/"));
+}
+
 TEST_F(TrailerListTest, scanedURLList_isThere_whenAPageWithoutMoviesWasStored)
 {
     EXPECT_FALSE(m_list.scanedURLList());
