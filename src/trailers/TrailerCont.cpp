@@ -6,7 +6,7 @@
 #include "platform/base/PostTo.h"
 #include "platform/base/ShownURL.h"
 #include "platform/network/CurlFetch.h"
-#include "trailers/CrawlLock.h"
+#include "trailers/ListLock.h"
 #include "trailers/PageBase.h"
 
 #include <system_error>
@@ -72,6 +72,7 @@ TrailerCont::~TrailerCont()
 
 QList<QUrl> TrailerCont::lastTrailers(int count, int width, const QSet<QString>& excluded)
 {
+    if (m_list.refresh() && m_observer) m_observer->reloadTableView();
     return m_list.lastTrailers(count, width, excluded);
 }
 
@@ -136,11 +137,11 @@ void TrailerCont::scanTralersWithNoProgress(const TrailerSite& site)
 void TrailerCont::crawl(const TrailerSite& site, bool progress)
 {
     const std::string url = site.start.trimmed().toStdString();
-    const auto lock = CrawlLock::take(m_list.file().path());
+    const auto lock = ListLock::takeToCrawl(m_list.file().path());
     if (!PageBase::from(url))
         m_end = notStarted(QStringLiteral("No address of a page: \"%1\"").arg(site.start));
     else if (!lock)
-        m_end = notStarted(lock.error());
+        m_end = notStarted(lock.failure().message);
     else
         crawlWithLock(url, site.hostFor(url), progress);
     m_onThreading = false;
@@ -152,6 +153,7 @@ void TrailerCont::crawlWithLock(const std::string& url, const std::string& host,
 {
     logLine(QStringLiteral("Thread started."));
     m_inThreading = true;
+    m_list.refresh();
     m_crawler.setSiteHost(host);
     m_end = scanFrom(url, progress);
     if (!progress && m_list.isChanged()) m_list.saveList();

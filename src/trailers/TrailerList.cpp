@@ -4,6 +4,7 @@
 #include "platform/base/Log.h"
 #include "platform/base/StoredValue.h"
 #include "settings/MovieURL.h"
+#include "trailers/ListLock.h"
 #include "trailers/TrailerRecordMap.h"
 
 #include <set>
@@ -61,26 +62,64 @@ TrailerList::TrailerList(const QString& homeFolder, QString seed)
 
 void TrailerList::load()
 {
+    const auto mark = m_file.mark();
     auto contents = m_file.load();
     const std::lock_guard guard(m_mutex);
     m_contents = std::move(contents);
+    m_mark = mark;
+    m_changes = {};
     m_sorted.reset();
     m_isChanged = false;
 }
 
-bool TrailerList::saveList()
+bool TrailerList::refresh()
 {
-    TrailerListContents contents;
+    return read() == Reading::Taken;
+}
+
+TrailerList::Reading TrailerList::read()
+{
+    const auto mark = m_file.mark();
     {
         const std::lock_guard guard(m_mutex);
-        contents = m_contents;
-        m_isChanged = false;
+        if (!mark || mark == m_mark) return Reading::Same;
     }
-    if (m_file.save(contents)) return true;
-    logLine(QStringLiteral("Failed to save list."));
+    const auto theirs = m_file.read();
+    if (!theirs) return Reading::Unreadable;
     const std::lock_guard guard(m_mutex);
-    m_isChanged = true;
-    return false;
+    m_contents = m_changes.merged(m_contents, *theirs);
+    m_changes.rebase(*theirs);
+    m_mark = mark;
+    m_sorted.reset();
+    return Reading::Taken;
+}
+
+// Without the lock, too: whoever keeps it for so long shall not keep the list from being saved.
+bool TrailerList::saveList()
+{
+    const auto turn = ListLock::takeToSave(m_file.path());
+    if (!turn) logLine(turn.failure().message);
+    if (read() == Reading::Unreadable) m_file.setAside();
+    ListChanges changes;
+    const bool isSaved = m_file.save(contentsToSave(changes));
+    if (!isSaved) logLine(QStringLiteral("Failed to save list."));
+    const std::lock_guard guard(m_mutex);
+    if (isSaved) {
+        m_mark = m_file.mark();
+    } else {
+        m_changes.prepend(std::move(changes));
+        m_isChanged = true;
+    }
+    return isSaved;
+}
+
+// What changes while it is being saved counts for the next time.
+TrailerListContents TrailerList::contentsToSave(ListChanges& changes)
+{
+    const std::lock_guard guard(m_mutex);
+    changes = std::exchange(m_changes, {});
+    m_isChanged = false;
+    return m_contents;
 }
 
 bool TrailerList::isChanged() const
@@ -92,6 +131,7 @@ bool TrailerList::isChanged() const
 void TrailerList::clear()
 {
     const std::lock_guard guard(m_mutex);
+    m_changes.noteClearing(m_contents);
     m_contents = {};
     m_sorted.reset();
     m_isChanged = true;
@@ -123,7 +163,7 @@ void TrailerList::store(std::vector<TrailerRecord> records)
         record.url = storableText(record.url);
         if (record.size) record.size = storableText(*record.size);
         const QString url = record.url;
-        if (m_contents.keep(url, std::move(record))) m_isChanged = true;
+        keep(url, std::move(record));
     }
     m_contents.hasTrailers = true;
     m_sorted.reset();
@@ -136,7 +176,16 @@ void TrailerList::setSel(const QString& url, const QVariant& value)
     if (found == m_contents.trailers.end()) return;
     TrailerRecord record = *found;
     record.other.insert(selKey, value);
-    if (m_contents.keep(url, std::move(record))) m_isChanged = true;
+    keep(url, std::move(record));
+}
+
+void TrailerList::keep(const QString& url, TrailerRecord record)
+{
+    const auto found = m_contents.trailers.constFind(url);
+    const auto before = found == m_contents.trailers.constEnd() ? std::nullopt : std::optional(*found);
+    if (!m_contents.keep(url, std::move(record))) return;
+    m_changes.noteRecord(url, before);
+    m_isChanged = true;
 }
 
 std::optional<QStringList> TrailerList::scanedURLList() const
@@ -163,14 +212,21 @@ bool TrailerList::addPassed(std::string_view page)
 {
     const std::lock_guard guard(m_mutex);
     if (m_contents.sites.contains(borrowed(page))) return false;
-    if (m_contents.keepSite(borrowed(page))) m_isChanged = true;
+    if (m_contents.keepSite(borrowed(page))) noteSite(*m_contents.sites.constFind(borrowed(page)), true);
     return true;
 }
 
 void TrailerList::forgetPassed(std::string_view page)
 {
     const std::lock_guard guard(m_mutex);
-    if (m_contents.forgetSite(borrowed(page))) m_isChanged = true;
+    const QByteArray site(page.data(), static_cast<qsizetype>(page.size()));
+    if (m_contents.forgetSite(site)) noteSite(site, false);
+}
+
+void TrailerList::noteSite(const QByteArray& site, bool isVisited)
+{
+    m_changes.noteSite(site, isVisited);
+    m_isChanged = true;
 }
 
 bool TrailerList::isFull() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "trailers/ListChanges.h"
 #include "trailers/TrailerListFile.h"
 #include "trailers/TrailerSort.h"
 
@@ -26,8 +27,12 @@ public:
 
     /// Reads the list file, in place of what is here.
     void load();
-    /// Writes the list file, whole or not at all; logs a failure and answers whether it was written.
+    /// Writes the list file, whole or not at all; logs a failure and answers whether it was written. What
+    /// another process has saved there meanwhile stays, with the changes that were made here.
     bool saveList();
+    /// Takes on what another process has saved, with the changes that were made here; answers whether there
+    /// was anything.
+    bool refresh();
     /// Whether there is anything that was not read from the file nor written to it.
     [[nodiscard]] bool isChanged() const;
     /// Forgets every record and every page. The file stays until the next saving.
@@ -78,11 +83,19 @@ public:
     [[nodiscard]] const TrailerListFile& file() const { return m_file; }
 
 private:
+    enum class Reading { Same, Taken, Unreadable };
+
+    [[nodiscard]] Reading read();
+    [[nodiscard]] TrailerListContents contentsToSave(ListChanges& changes);
+    void keep(const QString& url, TrailerRecord record);
+    void noteSite(const QByteArray& site, bool isVisited);
     [[nodiscard]] TrailerEntries entriesOfWidth(int width) const;
 
     const TrailerListFile m_file;
     mutable std::mutex m_mutex; ///< guards what follows
     TrailerListContents m_contents;
+    std::optional<FileMark> m_mark; ///< of the file as it was read or written last
+    ListChanges m_changes;          ///< since then
     TrailerOrder m_order;
     mutable std::optional<QStringList> m_sorted; ///< nothing where it has to be sorted anew
     bool m_isChanged = false;

@@ -13,6 +13,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <sys/stat.h>
 #include <utility>
 
 namespace kestro {
@@ -154,6 +155,19 @@ TrailerListContents TrailerListFile::load() const
     return contentsOf(stored.value_or(QVariantMap()));
 }
 
+std::optional<TrailerListContents> TrailerListFile::read() const
+{
+    const auto stored = readPropertyListDictionary(m_path);
+    return stored ? std::optional(contentsOf(*stored)) : std::nullopt;
+}
+
+std::optional<FileMark> TrailerListFile::mark() const
+{
+    struct stat found = {};
+    if (stat(QFile::encodeName(m_path).constData(), &found) != 0) return {};
+    return FileMark{found.st_dev, found.st_ino, found.st_size, found.st_mtim.tv_sec, found.st_mtim.tv_nsec};
+}
+
 TrailerListContents TrailerListFile::contentsOf(const QVariantMap& stored) const
 {
     ListReader reader;
@@ -184,10 +198,12 @@ void TrailerListFile::installSeed() const
 // the next saving.
 void TrailerListFile::retire(bool isReadable) const
 {
-    if (isReadable) {
-        if (!isThere(m_backup)) QFile::rename(m_path, m_backup);
-        return;
-    }
+    if (!isReadable) return setAside();
+    if (!isThere(m_backup)) QFile::rename(m_path, m_backup);
+}
+
+void TrailerListFile::setAside() const
+{
     const auto kept = setAsidePropertyListFile(m_path);
     logLine(kept ? QStringLiteral("Cannot read %1: kept as %2.").arg(m_path, *kept)
                  : QStringLiteral("Cannot read %1.").arg(m_path));

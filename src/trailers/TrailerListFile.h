@@ -27,6 +27,16 @@ struct TrailerListContents {
     ListRoom room;
 };
 
+/// Tells one state of a file from another: each that was saved has another one.
+struct FileMark {
+    quint64 device = 0;
+    quint64 number = 0;
+    qint64 size = 0;
+    qint64 seconds = 0;
+    qint64 nanoseconds = 0;
+    [[nodiscard]] bool operator==(const FileMark&) const = default;
+};
+
 /// The file that the scanned trailers are kept in, in the user's "Library/Preferences". A stateless name of a
 /// place; owned by the list. Any one thread at a time. Tested by TrailerListLoadTest.
 class TrailerListFile final {
@@ -39,6 +49,12 @@ public:
     /// a version is outdated, as is one that cannot be read; it goes to the backup name, and one that cannot
     /// be read to a further name where there is a backup already.
     [[nodiscard]] TrailerListContents load() const;
+    /// What the file holds as it is; nothing where it cannot be read.
+    [[nodiscard]] std::optional<TrailerListContents> read() const;
+    /// Moves a file that nobody can read to a further name, with a log line, before it is written over.
+    void setAside() const;
+    /// The state that the file is in; nothing where there is none.
+    [[nodiscard]] std::optional<FileMark> mark() const;
     /// Writes all of it, atomically; answers whether it did.
     [[nodiscard]] bool save(const TrailerListContents& contents) const;
 

@@ -155,6 +155,19 @@ class Interrupted(ScanTest):
                 self.assertRegex(output, "^2 pages, 2 records")
                 self.assertEqual(len(self.urls()), 2)
 
+    def test_what_another_process_saves_meanwhile_stays_on_record(self):
+        process = self.start_scan()
+        other = "http://h/other.mov"
+        self.home.write({"Ver": "010901", "Sites": ["http://h/"],
+                         "Trailers": [{"URL": other, "Size": "480 x 204", "Date": "2008/01/01"}]}, name=LIST)
+        self.hanging.is_over.set()
+        process.communicate(timeout=BOUND)
+        self.assertEqual(process.returncode, 0)
+        self.assertEqual(self.urls() - {other}, {self.site.url("/trailers/a/a_480.mov"),
+                                                 self.site.url("/trailers/a/a_640.mov")})
+        self.assertIn(other, self.urls())
+        self.assertIn("http://h/", self.saved()["Sites"])
+
     def test_a_second_scan_is_refused_while_one_runs(self):
         process = self.start_scan()
         done = self.scan(status=1)
@@ -232,6 +245,17 @@ class Played(ScanTest):
         self.assertEqual(list(dict.fromkeys(played)), [*self.on_record, found])
         self.assertEqual(self.site.count("/trailers/"), 1)
         self.assertIn(found, self.urls())
+
+    def test_the_next_round_has_what_another_process_saved(self):
+        self.home.configure("")
+        self.home.play(["auto://LatestTrailers/6/480"])
+        process = self.start_kestro(QT_QPA_PLATFORM="offscreen")
+        wait_until(lambda: self.site.count("/movies/old/old_480.mov"), "a trailer that was on record")
+        self.put_on_record(*self.on_record, self.site.url("/movies/new/new_480.mov"))
+        wait_until(lambda: self.site.count("/movies/new/new_480.mov"), "the trailer that was saved meanwhile")
+        process.terminate()
+        status, log = self.ended(process)
+        self.assertEqual(status, 0, log)
 
     def test_trailers_that_fail_are_left_out_of_the_next_round(self):
         gone = self.site.url("/movies/gone/gone_480.mov")

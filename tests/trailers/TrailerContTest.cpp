@@ -2,7 +2,7 @@
 
 #include "platform/base/ConfigurationFile.h"
 #include "support/WaitUntil.h"
-#include "trailers/CrawlLock.h"
+#include "trailers/ListLock.h"
 #include "trailers/MemoryFetch.h"
 #include "trailers/TrailerListFixture.h"
 
@@ -157,7 +157,7 @@ TEST_F(TrailerContTest, scanLatest_endsWithALine_whenTheStartIsNoAddress)
 
 TEST_F(TrailerContTest, scanLatest_leavesTheCrawlOut_whenAnotherProcessCrawls)
 {
-    auto other = CrawlLock::take(path());
+    auto other = ListLock::takeToCrawl(path());
     ASSERT_TRUE(other.isOk());
     m_controller->scanLatest();
     ASSERT_TRUE(waitForEnd());
@@ -165,7 +165,7 @@ TEST_F(TrailerContTest, scanLatest_leavesTheCrawlOut_whenAnotherProcessCrawls)
     EXPECT_EQ(m_log, QStringList(QStringLiteral("Another crawl is running")));
     EXPECT_TRUE(m_fetch->asked().isEmpty());
 
-    other = Error{};
+    other = LockFault{};
     m_controller->scanLatest();
     ASSERT_TRUE(waitForEnd());
     m_controller->stopThreading();
@@ -237,6 +237,27 @@ TEST_F(TrailerContTest, scan_staysOnTheConfiguredHost_whenThereIsOne)
     m_controller->scan();
     ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
     EXPECT_EQ(m_fetch->asked(), QStringList(startUrl));
+}
+
+TEST_F(TrailerContTest, lastTrailers_knowsWhatAnotherProcessSaved_andMakesTheTableReload)
+{
+    EXPECT_TRUE(m_controller->lastTrailers(6, 480, {}).isEmpty());
+    EXPECT_EQ(m_observer.reloads, 0);
+    TrailerList other(m_home.path(), seed());
+    other.store({record("http://h/a.mov")});
+    ASSERT_TRUE(other.saveList());
+    EXPECT_EQ(m_controller->lastTrailers(6, 480, {}).size(), 1);
+    EXPECT_EQ(m_observer.reloads, 1);
+}
+
+TEST_F(TrailerContTest, scan_asksForNoPage_thatAnotherProcessHasVisitedMeanwhile)
+{
+    TrailerList other(m_home.path(), seed());
+    other.addPassed(innerUrl.toStdString());
+    ASSERT_TRUE(other.saveList());
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_FALSE(m_fetch->asked().contains(innerUrl));
 }
 
 TEST_F(TrailerContTest, clear_makesTheTableReload_whenAsked)

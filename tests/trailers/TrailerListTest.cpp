@@ -70,7 +70,10 @@ TEST_F(TrailerListTest, saveList_logsAndKeepsMemory_whenItsFolderCannotBeMade)
     ASSERT_TRUE(blocked.open(QIODevice::WriteOnly));
     m_list.store({record("http://h/a/a.mov")});
     EXPECT_FALSE(m_list.saveList());
-    EXPECT_EQ(m_log, QStringList(QStringLiteral("Failed to save list.")));
+    EXPECT_EQ(m_log,
+              (QStringList{
+                  QStringLiteral("Cannot make the folder %1: Not a directory").arg(QFileInfo(path()).path()),
+                  QStringLiteral("Failed to save list.")}));
     EXPECT_EQ(m_list.count(), 1);
     EXPECT_TRUE(m_list.isChanged());
 }
@@ -80,6 +83,10 @@ TEST_F(TrailerListTest, saveList_leavesTheFileWhole_whenTheDiskIsFull)
     m_list.store({record("http://h/a/a.mov")});
     ASSERT_TRUE(m_list.saveList());
     const QByteArray before = bytesOf(path());
+    const auto files = [](const QString& folder) {
+        return QDir(folder).entryList(QDir::Files | QDir::Hidden);
+    };
+    const QStringList filesBefore = files(QFileInfo(path()).path());
     for (int i = 0; i < 100; ++i)
         m_list.store({record(qPrintable(QStringLiteral("http://h/b%1/b.mov").arg(i)))});
 
@@ -94,7 +101,7 @@ TEST_F(TrailerListTest, saveList_leavesTheFileWhole_whenTheDiskIsFull)
 
     EXPECT_FALSE(isSaved);
     EXPECT_EQ(bytesOf(path()), before);
-    EXPECT_EQ(QDir(QFileInfo(path()).path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    EXPECT_EQ(files(QFileInfo(path()).path()), filesBefore);
 }
 
 TEST_F(TrailerListTest, store_replacesTheWholeRecord_whenItsUrlIsThere)

@@ -1,4 +1,4 @@
-#include "trailers/CrawlLock.h"
+#include "trailers/ListLock.h"
 #include "trailers/panel/PanelTest.h"
 #include "trailers/panel/PanelWindow.h"
 #include "ui_TrailerCont.h"
@@ -168,7 +168,7 @@ TEST_F(PanelScanTest, scan_saysWhy_whenNothingCanBeScanned)
 
 TEST_F(PanelScanTest, scan_saysThatAnotherScans_whenAnotherProcessDoes)
 {
-    const auto other = CrawlLock::take(path());
+    const auto other = ListLock::takeToCrawl(path());
     ASSERT_TRUE(other.isOk());
     controls().scanBtn->click();
     ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
