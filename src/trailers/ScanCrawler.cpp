@@ -3,7 +3,6 @@
 #include "platform/base/FileName.h"
 #include "platform/base/Log.h"
 #include "platform/base/ShownURL.h"
-#include "platform/network/Fetch.h"
 #include "trailers/PageBase.h"
 #include "trailers/PageParser.h"
 #include "trailers/TrailerList.h"
@@ -165,9 +164,14 @@ Result<ScanCrawler::OpenPage> ScanCrawler::openPage(const std::string& url)
 
 Result<QByteArray> ScanCrawler::textOf(const std::string& url)
 {
-    auto page = m_fetch.fetch(urlOf(url));
-    m_isCutShort = !page && !m_hooks.isWanted();
-    if (!page) return page;
+    auto fetched = m_fetch.fetch(urlOf(url));
+    m_isCutShort = !fetched && fetched.failure().kind == FetchFault::Kind::Cancelled;
+    if (!fetched) {
+        // Of the first page whoever crawls says it.
+        if (!m_path.empty()) logOverLimit(urlOf(url), fetched.failure());
+        return Error{fetched.failure().message};
+    }
+    Result<QByteArray> page = std::move(fetched.value());
     if (page.value().size() < shortestPage) return Error{QStringLiteral("nothing in it")};
     if (PageUnpacker::isPacked(page.value())) {
         page = m_unpacker.unpack(page.value(), m_hooks.isWanted);
@@ -175,6 +179,13 @@ Result<QByteArray> ScanCrawler::textOf(const std::string& url)
     }
     if (!canBeDecoded(page, url)) return Error{page ? QStringLiteral("no text in it") : page.error()};
     return page;
+}
+
+// What cannot be reached is left out without a line.
+void ScanCrawler::logOverLimit(const QUrl& url, const FetchFault& fault)
+{
+    if (fault.kind == FetchFault::Kind::OverLimit)
+        logLine(QStringLiteral("Cannot read %1: %2").arg(shownURL(url), fault.message));
 }
 
 // Only the first page of a crawl decides about the encoding.
@@ -196,7 +207,9 @@ QByteArray ScanCrawler::feedText(const QUrl& feed)
 {
     if (!goesOn()) return {};
     auto text = m_fetch.fetch(feed);
-    return text ? std::move(text.value()) : QByteArray();
+    if (text) return std::move(text.value());
+    logOverLimit(feed, text.failure());
+    return {};
 }
 
 // What leads off the site never can be followed; left out here it takes no room while the page waits. A page

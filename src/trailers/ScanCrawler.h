@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/Result.h"
+#include "platform/network/Fetch.h"
 #include "trailers/CrawlBudget.h"
 #include "trailers/CrawlWatcher.h"
 #include "trailers/LinkResolver.h"
@@ -20,7 +21,6 @@ class QUrl;
 
 namespace kestro {
 
-class Fetch;
 class PageBase;
 class TrailerList;
 
@@ -77,6 +77,7 @@ private:
     [[nodiscard]] bool enterPage(const std::string& url);
 
     [[nodiscard]] Result<OpenPage> openPage(const std::string& url);
+    static void logOverLimit(const QUrl& url, const FetchFault& fault);
     [[nodiscard]] Result<QByteArray> textOf(const std::string& url);
     [[nodiscard]] bool canBeDecoded(const Result<QByteArray>& page, const std::string& url);
     [[nodiscard]] QByteArray feedText(const QUrl& feed);

@@ -58,7 +58,8 @@ class Scan(ScanTest):
         self.pages.clear()
         for words in ([], ["--forget"]):
             done = self.scan(*words, status=1)
-            self.assertIn(f"kestro: Cannot read {self.site.url()}", done.stderr)
+            self.assertRegex(done.stderr, rf"kestro: Cannot read {self.site.url()}: .*404\n")
+            self.assertEqual(done.stderr.count("Cannot read"), 1)
             self.assertEqual(self.list_path().read_bytes(), before)
 
     def test_pages_of_every_kind_are_scanned_or_passed_over(self):
@@ -81,6 +82,10 @@ class Scan(ScanTest):
         folders = ("packed", "moved", "a%20b", "fed")
         self.assertEqual(self.urls(), {self.site.url(f"/trailers/{folder}/t_480.mov") for folder in folders})
         self.assertIn("too large", done.stderr)
+        for folder in ("loop", "large"):
+            self.assertEqual(done.stderr.count(f"Cannot read {self.site.url(f'/trailers/{folder}/')}: "), 1)
+        self.assertNotIn(f"Cannot read {self.site.url('/trailers/gone/')}", done.stderr)
+        self.assertNotRegex(done.stderr, "Cannot read .*Cannot read")
         for folder in ("loop", "gone", "large", "bomb"):
             self.assertRegex(done.stderr, rf"{self.site.url(f'/trailers/{folder}/')}: .+")
         self.assertRegex(done.stdout, "^6 pages, 4 records")

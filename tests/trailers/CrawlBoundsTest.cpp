@@ -12,7 +12,7 @@ const QString start = QStringLiteral("http://h/trailers/0/");
 /// Page N leads to page N + 1 and has a movie, without end.
 class EndlessSite final : public Fetch {
 public:
-    Result<QByteArray> fetch(const QUrl& url) override
+    FetchResult fetch(const QUrl& url) override
     {
         const int number = url.path().section(u'/', 2, 2).toInt();
         ++pages;

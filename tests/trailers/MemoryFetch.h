@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 #include <QUrl>
 
@@ -20,19 +21,22 @@ namespace kestro {
 class MemoryFetch final : public Fetch {
 public:
     void put(const QString& url, const QByteArray& page) { m_pages.insert(url, page); }
+    void putTooLarge(const QString& url) { m_tooLarge.insert(url); }
     void setHanging(const QString& url) { m_hanging = url; }
     /// Called at each fetch, before its page is answered.
     void setHandler(std::function<void(const QString& url)> handler) { m_handler = std::move(handler); }
 
-    Result<QByteArray> fetch(const QUrl& url) override
+    FetchResult fetch(const QUrl& url) override
     {
         const QString asked = url.toString(QUrl::FullyEncoded);
         if (m_handler) m_handler(asked);
         note(asked);
         if (asked == m_hanging) m_isCancelled.wait(false);
-        if (m_isCancelled) return Error{QStringLiteral("cancelled")};
+        if (m_isCancelled) return FetchFault{FetchFault::Kind::Cancelled, QStringLiteral("cancelled")};
         const auto page = m_pages.constFind(asked);
-        if (page == m_pages.constEnd()) return Error{QStringLiteral("no such page")};
+        if (m_tooLarge.contains(asked))
+            return FetchFault{FetchFault::Kind::OverLimit, QStringLiteral("too large")};
+        if (page == m_pages.constEnd()) return FetchFault{.message = QStringLiteral("no such page")};
         m_received += page->size();
         return *page;
     }
@@ -74,6 +78,7 @@ private:
     }
 
     QHash<QString, QByteArray> m_pages;
+    QSet<QString> m_tooLarge;
     QString m_hanging;
     qint64 m_received = 0;
     std::function<void(const QString&)> m_handler;

@@ -97,6 +97,25 @@ TEST_F(ScanCrawlerTest, scan_marksPagesBeforeTheFetchAndForGood_whenTheyFail)
     EXPECT_EQ(asked(), QStringList(QStringLiteral("/trailers/")));
 }
 
+TEST_F(ScanCrawlerTest, scan_logsALine_whenAPageOrAFeedIsOverALimit)
+{
+    page("/trailers/", linkTo("large/") + linkTo("gone/") + "feed('large.json')");
+    m_fetch.putTooLarge(full("/trailers/large/"));
+    m_fetch.putTooLarge(full("/trailers/large.json"));
+    EXPECT_TRUE(scan());
+    EXPECT_EQ(m_log, (QStringList{QStringLiteral("Cannot read http://h/trailers/large.json: too large"),
+                                  QStringLiteral("Cannot read http://h/trailers/large/: too large")}));
+    EXPECT_TRUE(isPassed("/trailers/large/"));
+}
+
+TEST_F(ScanCrawlerTest, scan_leavesTheLineToItsOwner_whenTheStartPageIsOverALimit)
+{
+    m_fetch.putTooLarge(full("/trailers/"));
+    EXPECT_FALSE(scan());
+    EXPECT_EQ(m_crawler.startFailure(), QStringLiteral("too large"));
+    EXPECT_TRUE(m_log.isEmpty());
+}
+
 TEST_F(ScanCrawlerTest, scan_answersWhy_whenTheStartPageCannotBeRead)
 {
     EXPECT_FALSE(scan());

@@ -1,6 +1,5 @@
 #include "platform/network/CurlFetch.h"
 
-#include "platform/base/ShownURL.h"
 #include "platform/network/HttpReader.h"
 #include "platform/network/LocalFile.h"
 
@@ -16,29 +15,27 @@ CurlFetch::CurlFetch(FetchLimits limits)
 
 CurlFetch::~CurlFetch() = default;
 
-Result<QByteArray> CurlFetch::fetch(const QUrl& url)
+FetchResult CurlFetch::fetch(const QUrl& url)
 {
     const Cancellation::Watch watch(m_cancellation);
-    const auto failed = [&](const QString& why) {
-        return Error{QStringLiteral("Cannot read %1: %2").arg(shownURL(url), why).simplified()};
-    };
-    if (watch.isCancelled()) return failed(QStringLiteral("cancelled"));
+    const auto cancelled = FetchFault{FetchFault::Kind::Cancelled, QStringLiteral("cancelled")};
+    if (watch.isCancelled()) return cancelled;
     auto bytes = read(url, watch);
-    if (watch.isCancelled()) return failed(QStringLiteral("cancelled"));
-    if (!bytes) return failed(bytes.error());
+    if (watch.isCancelled()) return cancelled;
+    if (!bytes) return FetchFault{bytes.failure().kind, bytes.failure().message.simplified()};
     return bytes;
 }
 
-Result<QByteArray> CurlFetch::read(const QUrl& url, const Cancellation::Watch& watch)
+FetchResult CurlFetch::read(const QUrl& url, const Cancellation::Watch& watch)
 {
-    if (!url.isValid()) return Error{QStringLiteral("no valid URL")};
+    if (!url.isValid()) return FetchFault{.message = QStringLiteral("no valid URL")};
     if (url.scheme() == u"file") {
         auto bytes = readLocalFile(url, m_limits.bytes, watch);
         if (bytes) m_fileBytes += bytes.value().size();
         return bytes;
     }
     if (url.scheme() == u"http" || url.scheme() == u"https") return m_http->read(url, watch);
-    return Error{QStringLiteral("neither http, https nor file")};
+    return FetchFault{.message = QStringLiteral("neither http, https nor file")};
 }
 
 void CurlFetch::cancel()

@@ -16,13 +16,13 @@ public:
     explicit CurlFetch(FetchLimits limits = {});
     ~CurlFetch() override;
 
-    Result<QByteArray> fetch(const QUrl& url) override;
+    FetchResult fetch(const QUrl& url) override;
     void cancel() override;
     void allow() override;
     [[nodiscard]] qint64 received() const override;
 
 private:
-    Result<QByteArray> read(const QUrl& url, const Cancellation::Watch& watch);
+    FetchResult read(const QUrl& url, const Cancellation::Watch& watch);
 
     FetchLimits m_limits;
     Cancellation m_cancellation;

@@ -4,6 +4,7 @@
 #include "platform/base/Result.h"
 
 #include <QByteArray>
+#include <QString>
 
 class QUrl;
 
@@ -18,6 +19,19 @@ struct FetchLimits {
     int redirects = Bounds::redirects;
 };
 
+/// Why a fetch has brought nothing.
+struct FetchFault {
+    enum class Kind {
+        Unreadable,
+        OverLimit, ///< it would cost more than it may
+        Cancelled,
+    };
+    Kind kind = Kind::Unreadable;
+    QString message; ///< the reason alone, in one line
+};
+
+using FetchResult = Result<QByteArray, FetchFault>;
+
 /// Reads what a URL holds, whole, on the thread that asks. http, https and file only; a redirect leads to
 /// http or https only. Content is taken as it is sent, packed or not. Owned by who crawls; one fetch at a
 /// time. Tested by CurlFetchHttpTest.
@@ -30,7 +44,7 @@ public:
 
     /// The bytes at `url`, none for what is empty; an error for a server's error status too. Any one thread
     /// at a time, which waits meanwhile.
-    virtual Result<QByteArray> fetch(const QUrl& url) = 0;
+    virtual FetchResult fetch(const QUrl& url) = 0;
     /// Fails the fetch that runs, within 100 ms, and each later one at once, until allow(). Any thread.
     virtual void cancel() = 0;
     /// Lets fetches succeed again. Any thread.

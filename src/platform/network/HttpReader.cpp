@@ -127,9 +127,10 @@ HttpReader::HttpReader(const FetchLimits& limits, Reach reach)
 
 HttpReader::~HttpReader() = default;
 
-Result<QByteArray> HttpReader::read(const QUrl& url, const Cancellation::Watch& watch)
+FetchResult HttpReader::read(const QUrl& url, const Cancellation::Watch& watch)
 {
-    if (!m_handles->easy || !m_handles->multi) return Error{QStringLiteral("libcurl does not start")};
+    if (!m_handles->easy || !m_handles->multi)
+        return FetchFault{.message = QStringLiteral("libcurl does not start")};
     m_handles->mayBePrivate = isOwnHost(url.host());
     m_handles->isRefused = false;
     HttpTransfer transfer(m_handles->easy, m_limits, watch);
@@ -139,21 +140,21 @@ Result<QByteArray> HttpReader::read(const QUrl& url, const Cancellation::Watch& 
     return result;
 }
 
-Result<QByteArray> HttpReader::run(HttpTransfer& transfer, const Cancellation::Watch& watch)
+FetchResult HttpReader::run(HttpTransfer& transfer, const Cancellation::Watch& watch)
 {
     const Running running(m_handles->multi, m_handles->easy);
     for (int count = 1;;) {
         if (curl_multi_perform(m_handles->multi, &count) != CURLM_OK) break;
         if (count == 0) break;
-        if (watch.isCancelled()) return Error{QStringLiteral("cancelled")};
-        if (transfer.isTooSilent()) return Error{QStringLiteral("the server keeps silent")};
+        if (watch.isCancelled()) return FetchFault{FetchFault::Kind::Cancelled, QStringLiteral("cancelled")};
+        if (transfer.isTooSilent()) return overLimit(QStringLiteral("the server keeps silent"));
         if (transfer.isTooLong())
-            return Error{QStringLiteral("not whole after %1 seconds").arg(m_limits.seconds)};
+            return overLimit(QStringLiteral("not whole after %1 seconds").arg(m_limits.seconds));
         curl_multi_poll(m_handles->multi, nullptr, 0, transfer.patience(), nullptr);
     }
     const CURLcode code = running.code();
     if (code != CURLE_OK && m_handles->isRefused)
-        return Error{QStringLiteral("its name leads to a private address")};
+        return FetchFault{.message = QStringLiteral("its name leads to a private address")};
     return transfer.result(code);
 }
 

@@ -26,7 +26,7 @@ public:
     HttpReader& operator=(const HttpReader&) = delete;
 
     /// What a server of status 200 to 299 sends; an error for all else, and once `watch` is cancelled.
-    [[nodiscard]] Result<QByteArray> read(const QUrl& url, const Cancellation::Watch& watch);
+    [[nodiscard]] FetchResult read(const QUrl& url, const Cancellation::Watch& watch);
     /// Does not look up the name in HOST:PORT:ADDRESS any more.
     void knowHost(const QString& host);
     /// Where the answer before leads to instead; empty where it leads nowhere. With OneSite alone.
@@ -41,7 +41,7 @@ public:
 private:
     class Handles;
 
-    [[nodiscard]] Result<QByteArray> run(HttpTransfer& transfer, const Cancellation::Watch& watch);
+    [[nodiscard]] FetchResult run(HttpTransfer& transfer, const Cancellation::Watch& watch);
 
     std::unique_ptr<Handles> m_handles;
     FetchLimits m_limits;

@@ -17,6 +17,11 @@ HttpTransfer& transferOf(void* self)
 
 } // namespace
 
+FetchFault overLimit(const QString& message)
+{
+    return {FetchFault::Kind::OverLimit, message};
+}
+
 HttpTransfer::HttpTransfer(CURL* easy, const FetchLimits& limits, const Cancellation::Watch& watch)
     : m_easy(easy)
     , m_limits(limits)
@@ -103,17 +108,17 @@ bool HttpTransfer::hasGoodStatus() const
     return status >= 200 && status < 300;
 }
 
-Result<QByteArray> HttpTransfer::result(CURLcode code)
+FetchResult HttpTransfer::result(CURLcode code)
 {
-    if (m_isTooLarge || code == CURLE_FILESIZE_EXCEEDED) return Error{tooLarge(m_limits.bytes)};
+    if (m_isTooLarge || code == CURLE_FILESIZE_EXCEEDED) return overLimit(tooLarge(m_limits.bytes));
     if (code != CURLE_OK) {
-        const char* words = m_words[0] != '\0' ? m_words.data() : curl_easy_strerror(code);
-        return Error{QString::fromUtf8(words)};
+        const auto words = QString::fromUtf8(m_words[0] != '\0' ? m_words.data() : curl_easy_strerror(code));
+        return code == CURLE_TOO_MANY_REDIRECTS ? overLimit(words) : FetchFault{.message = words};
     }
     if (hasGoodStatus()) return m_body;
     long status = 0;
     curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
-    return Error{QStringLiteral("the server answers with status %1").arg(status)};
+    return FetchFault{.message = QStringLiteral("the server answers with status %1").arg(status)};
 }
 
 } // namespace kestro

@@ -10,6 +10,9 @@
 
 namespace kestro {
 
+/// It would cost more than a fetch may.
+[[nodiscard]] FetchFault overLimit(const QString& message);
+
 /// One transfer: what libcurl calls back while it runs, and what comes of it. Lives on the stack of
 /// HttpReader::read, on its thread. Tested by CurlFetchHttpTest.
 class HttpTransfer final {
@@ -29,7 +32,7 @@ public:
     /// Milliseconds until something has to be looked at at the latest.
     [[nodiscard]] int patience() const;
     /// The bytes that came, or why there are none, once libcurl has ended with `code`.
-    [[nodiscard]] Result<QByteArray> result(CURLcode code);
+    [[nodiscard]] FetchResult result(CURLcode code);
 
 private:
     using Clock = std::chrono::steady_clock;

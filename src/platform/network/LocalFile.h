@@ -1,9 +1,7 @@
 #pragma once
 
-#include "platform/base/Result.h"
 #include "platform/network/Cancellation.h"
-
-#include <QByteArray>
+#include "platform/network/Fetch.h"
 
 class QUrl;
 
@@ -11,7 +9,6 @@ namespace kestro {
 
 /// The bytes of the plain file that a file URL names, `limit` at most. A folder, a pipe or a device is an
 /// error, never a wait. Any thread. Tested by CurlFetchFileTest.
-[[nodiscard]] Result<QByteArray> readLocalFile(const QUrl& url, qint64 limit,
-                                               const Cancellation::Watch& watch);
+[[nodiscard]] FetchResult readLocalFile(const QUrl& url, qint64 limit, const Cancellation::Watch& watch);
 
 } // namespace kestro

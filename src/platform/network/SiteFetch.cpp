@@ -28,7 +28,7 @@ Result<SiteFetch::Content> SiteFetch::fetch(const QUrl& url)
         auto bytes = m_http->read(address, watch);
         const QUrl next = m_http->redirection();
         if (next.isEmpty()) {
-            if (!bytes) return bytes.failure();
+            if (!bytes) return Error{bytes.failure().message};
             return Content{std::move(bytes.value()), m_http->type()};
         }
         if (!isSameSite(next, url)) return Error{QStringLiteral("it leads to another site")};

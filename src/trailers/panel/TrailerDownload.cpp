@@ -43,13 +43,13 @@ std::optional<QByteArray> TrailerDownload::run(const QUrl& url, QWidget* parent)
     const auto contents = fetchBehind(progress, url);
     if (progress.wasCanceled()) return {};
     if (contents) return contents.value();
-    logLine(QStringLiteral("Cannot save %1: %2").arg(shownURL(url), contents.error()));
+    logLine(QStringLiteral("Cannot save %1: %2").arg(shownURL(url), contents.failure().message));
     return {};
 }
 
-Result<QByteArray> TrailerDownload::fetchBehind(QProgressDialog& progress, const QUrl& url)
+FetchResult TrailerDownload::fetchBehind(QProgressDialog& progress, const QUrl& url)
 {
-    Result<QByteArray> contents = Error{QStringLiteral("no thread")};
+    FetchResult contents = FetchFault{.message = QStringLiteral("no thread")};
     const auto work = [&] {
         contents = m_fetch->fetch(url);
         postTo(progress, [&progress] { progress.accept(); });

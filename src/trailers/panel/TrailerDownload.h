@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/base/Result.h"
+#include "platform/network/Fetch.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -13,8 +13,6 @@ class QUrl;
 class QWidget;
 
 namespace kestro {
-
-class Fetch;
 
 /// Brings the contents of one URL while a person waits in front of a progress window, which can be cancelled.
 /// Lives on the stack of who saves a trailer. Main thread; the fetch works on one of its own.
@@ -36,7 +34,7 @@ public:
     [[nodiscard]] static std::unique_ptr<Fetch> movieFetch();
 
 private:
-    [[nodiscard]] Result<QByteArray> fetchBehind(QProgressDialog& progress, const QUrl& url);
+    [[nodiscard]] FetchResult fetchBehind(QProgressDialog& progress, const QUrl& url);
 
     std::unique_ptr<Fetch> m_fetch;
 };

@@ -128,7 +128,9 @@ void TrailerPanel::stopProgress()
     m_reloads.finish();
     m_isScanning = false;
     m_panel->showScanning(false);
-    m_panel->showEndOfScan(endOfScan(), m_controller.lastEnd().reason);
+    const ScanEnd& end = m_controller.lastEnd();
+    if (end.kind == ScanEnd::Kind::NoPage) logLine(end.reason);
+    m_panel->showEndOfScan(endOfScan(), end.reason);
 }
 
 QString TrailerPanel::endOfScan() const

@@ -105,6 +105,7 @@ TEST(CurlFetchCancel, cancel_isSafe_whenNothingRuns)
     fetch.cancel();
     fetch.cancel();
     EXPECT_NE(errorAt(fetch, "http://127.0.0.1/").find("cancelled"), std::string::npos);
+    EXPECT_EQ(faultAt(fetch, "http://127.0.0.1/"), FetchFault::Kind::Cancelled);
 }
 
 } // namespace kestro

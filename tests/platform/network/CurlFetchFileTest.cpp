@@ -58,6 +58,8 @@ TEST_F(CurlFetchFile, fetch_takesAFileOfTheLimit_andNothingLarger)
     write("more", QByteArray(3'000'001, 'x'));
     EXPECT_EQ(bytesAt(m_fetch, url("full")), std::string(3'000'000, 'x'));
     EXPECT_NE(errorAt(m_fetch, url("more")).find("larger than 3000000 bytes"), std::string::npos);
+    EXPECT_EQ(faultAt(m_fetch, url("more")), FetchFault::Kind::OverLimit);
+    EXPECT_EQ(faultAt(m_fetch, url("missing")), FetchFault::Kind::Unreadable);
 }
 
 TEST_F(CurlFetchFile, fetch_fails_whenThereIsNoSuchFile)

@@ -211,6 +211,24 @@ TEST(CurlFetchHttp, fetch_fails_whenTheServerSendsWithoutEnd)
         EXPECT_FALSE(bytesAt(fetch, server.url(path))) << path;
 }
 
+TEST(CurlFetchHttp, fetch_tellsWhatIsOverALimit_fromWhatCannotBeRead)
+{
+    const LoopbackServer server([](const std::string& path, const std::string&) -> Answer {
+        if (path == "/large") return LoopbackServer::whole(std::string(fewBytes + 1, 'x'));
+        if (path == "/round") return movedTo(path);
+        if (path == "/silent") return {"", Then::Hang};
+        if (path == "/broken") return {"HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhalf", Then::Close};
+        return LoopbackServer::whole("gone", "404 Not Found");
+    });
+    FetchLimits limits = smallLimits();
+    limits.silenceSeconds = 0.2;
+    CurlFetch fetch(limits);
+    for (const char* path : {"/large", "/round", "/silent"})
+        EXPECT_EQ(faultAt(fetch, server.url(path)), FetchFault::Kind::OverLimit) << path;
+    for (const char* path : {"/gone", "/broken"})
+        EXPECT_EQ(faultAt(fetch, server.url(path)), FetchFault::Kind::Unreadable) << path;
+}
+
 TEST(CurlFetchHttp, fetch_fails_whenTheServerKeepsSilent)
 {
     const LoopbackServer server([](const std::string& path, const std::string&) -> Answer {
@@ -232,6 +250,7 @@ TEST(CurlFetchHttp, fetch_fails_whenTheServerSendsForTooLong)
     limits.seconds = 0.05;
     CurlFetch fetch(limits);
     EXPECT_NE(errorAt(fetch, server.url("/")).find("not whole after 0.05 seconds"), std::string::npos);
+    EXPECT_EQ(faultAt(fetch, server.url("/")), FetchFault::Kind::OverLimit);
 }
 
 TEST(CurlFetchHttp, received_countsAllThatCame_failuresToo)

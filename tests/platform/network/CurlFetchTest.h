@@ -11,13 +11,14 @@
 
 namespace kestro {
 
-/// The bytes at `url`; nothing for an error, which must be one line that names the URL.
+/// The bytes at `url`; nothing for an error, whose reason must be one line and leave the URL to the caller.
 inline std::optional<std::string> bytesAt(Fetch& fetch, const std::string& url)
 {
     const auto bytes = fetch.fetch(QUrl(QString::fromStdString(url)));
     if (bytes) return bytes.value().toStdString();
-    EXPECT_TRUE(bytes.error().startsWith(QStringLiteral("Cannot read "))) << bytes.error().toStdString();
-    EXPECT_FALSE(bytes.error().contains(u'\n')) << bytes.error().toStdString();
+    const QString reason = bytes.failure().message;
+    EXPECT_TRUE(!reason.isEmpty() && reason == reason.simplified()) << reason.toStdString();
+    EXPECT_FALSE(reason.contains(QStringLiteral("Cannot read "))) << reason.toStdString();
     return {};
 }
 
@@ -25,7 +26,14 @@ inline std::optional<std::string> bytesAt(Fetch& fetch, const std::string& url)
 inline std::string errorAt(Fetch& fetch, const std::string& url)
 {
     const auto bytes = fetch.fetch(QUrl(QString::fromStdString(url)));
-    return bytes ? std::string() : bytes.error().toStdString();
+    return bytes ? std::string() : bytes.failure().message.toStdString();
+}
+
+/// The kind of reason for which nothing is read at `url`; nothing when something is.
+inline std::optional<FetchFault::Kind> faultAt(Fetch& fetch, const std::string& url)
+{
+    const auto bytes = fetch.fetch(QUrl(QString::fromStdString(url)));
+    return bytes ? std::nullopt : std::optional(bytes.failure().kind);
 }
 
 } // namespace kestro

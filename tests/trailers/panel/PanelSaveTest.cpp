@@ -207,7 +207,7 @@ TEST_F(PanelSaveTest, movieFetch_bringsMoreThanAPageMayHold)
     ASSERT_TRUE(movie.open(QIODevice::WriteOnly));
     ASSERT_TRUE(movie.resize(FetchLimits().bytes + 1));
     const auto fetched = TrailerDownload::movieFetch()->fetch(QUrl::fromLocalFile(movie.fileName()));
-    ASSERT_TRUE(fetched) << fetched.error().toStdString();
+    ASSERT_TRUE(fetched) << fetched.failure().message.toStdString();
     EXPECT_EQ(fetched.value().size(), movie.size());
 }
 

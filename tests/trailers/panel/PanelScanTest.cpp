@@ -164,6 +164,7 @@ TEST_F(PanelScanTest, scan_saysWhy_whenNothingCanBeScanned)
     EXPECT_EQ(endOf(QStringLiteral("http://none/trailers/")),
               QStringLiteral("The page at this address cannot be read."));
     EXPECT_EQ(controls().scanEnd->toolTip(), m_controller->lastEnd().reason);
+    EXPECT_EQ(m_log.last(), m_controller->lastEnd().reason);
 }
 
 TEST_F(PanelScanTest, scan_saysThatAnotherScans_whenAnotherProcessDoes)
