@@ -800,6 +800,45 @@ Ersetzen?</translation>
     </message>
 </context>
 <context>
+    <name>kestro::ScanEndText</name>
+    <message>
+        <source>Scan finished. Pages read: %1</source>
+        <translation>Suche beendet. Gelesene Seiten: %1</translation>
+    </message>
+    <message>
+        <source>Scan stopped. Pages read: %1</source>
+        <translation>Suche angehalten. Gelesene Seiten: %1</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>Suche beendet: Die Website hat mehr, als Platz findet. Gelesene Seiten: %1</translation>
+    </message>
+    <message>
+        <source>The page at this address cannot be read.</source>
+        <translation>Die Seite unter dieser Adresse kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>This is not the address of a page.</source>
+        <translation>Dies ist nicht die Adresse einer Seite.</translation>
+    </message>
+    <message>
+        <source>The site is being scanned already.</source>
+        <translation>Die Site wird bereits durchsucht.</translation>
+    </message>
+    <message>
+        <source>The site&apos;s host is set to %1, but this page is on %2: no link is followed.</source>
+        <translation>Als Host der Site ist %1 eingestellt, diese Seite liegt aber auf %2: Keinem Link wird gefolgt.</translation>
+    </message>
+    <message>
+        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
+        <translation>Alle Seiten, zu denen sie führt, wurden schon gelesen; nach „Liste leeren“ liest eine Suche sie erneut.</translation>
+    </message>
+    <message>
+        <source>A second scan at the same time cannot be kept away: %1</source>
+        <translation>Eine zweite Suche zur gleichen Zeit lässt sich nicht fernhalten: %1</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScreensPanel</name>
     <message>
         <source>a movie on each</source>
@@ -893,33 +932,6 @@ Ersetzen?</translation>
     <message>
         <source>Save Trailer</source>
         <translation>Trailer speichern</translation>
-    </message>
-</context>
-<context>
-    <name>kestro::TrailerPanel</name>
-    <message>
-        <source>Scan finished. Pages read: %1</source>
-        <translation>Suche beendet. Gelesene Seiten: %1</translation>
-    </message>
-    <message>
-        <source>Scan stopped. Pages read: %1</source>
-        <translation>Suche angehalten. Gelesene Seiten: %1</translation>
-    </message>
-    <message>
-        <source>The page at this address cannot be read.</source>
-        <translation>Die Seite unter dieser Adresse kann nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>The site is being scanned already.</source>
-        <translation>Die Site wird bereits durchsucht.</translation>
-    </message>
-    <message>
-        <source>This is not the address of a page.</source>
-        <translation>Dies ist nicht die Adresse einer Seite.</translation>
-    </message>
-    <message>
-        <source>Scan ended: the site has more than fits. Pages read: %1</source>
-        <translation>Suche beendet: Die Website hat mehr, als Platz findet. Gelesene Seiten: %1</translation>
     </message>
 </context>
 <context>

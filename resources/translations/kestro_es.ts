@@ -800,6 +800,45 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::ScanEndText</name>
+    <message>
+        <source>Scan finished. Pages read: %1</source>
+        <translation>Rastreo terminado. Páginas leídas: %1</translation>
+    </message>
+    <message>
+        <source>Scan stopped. Pages read: %1</source>
+        <translation>Rastreo detenido. Páginas leídas: %1</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>Rastreo terminado: el sitio tiene más de lo que cabe. Páginas leídas: %1</translation>
+    </message>
+    <message>
+        <source>The page at this address cannot be read.</source>
+        <translation>No se puede leer la página de esta dirección.</translation>
+    </message>
+    <message>
+        <source>This is not the address of a page.</source>
+        <translation>Esta no es la dirección de una página.</translation>
+    </message>
+    <message>
+        <source>The site is being scanned already.</source>
+        <translation>El sitio ya se está rastreando.</translation>
+    </message>
+    <message>
+        <source>The site&apos;s host is set to %1, but this page is on %2: no link is followed.</source>
+        <translation>El host configurado del sitio es %1, pero esta página está en %2: no se sigue ningún enlace.</translation>
+    </message>
+    <message>
+        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
+        <translation>Todas las páginas a las que lleva ya se habían leído; después de «Vaciar lista», un rastreo las lee de nuevo.</translation>
+    </message>
+    <message>
+        <source>A second scan at the same time cannot be kept away: %1</source>
+        <translation>No se puede impedir un segundo rastreo al mismo tiempo: %1</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScreensPanel</name>
     <message>
         <source>a movie on each</source>
@@ -893,33 +932,6 @@ Replace it?</source>
     <message>
         <source>Save Trailer</source>
         <translation>Guardar tráiler</translation>
-    </message>
-</context>
-<context>
-    <name>kestro::TrailerPanel</name>
-    <message>
-        <source>Scan finished. Pages read: %1</source>
-        <translation>Rastreo terminado. Páginas leídas: %1</translation>
-    </message>
-    <message>
-        <source>Scan stopped. Pages read: %1</source>
-        <translation>Rastreo detenido. Páginas leídas: %1</translation>
-    </message>
-    <message>
-        <source>The page at this address cannot be read.</source>
-        <translation>No se puede leer la página de esta dirección.</translation>
-    </message>
-    <message>
-        <source>The site is being scanned already.</source>
-        <translation>El sitio ya se está rastreando.</translation>
-    </message>
-    <message>
-        <source>This is not the address of a page.</source>
-        <translation>Esta no es la dirección de una página.</translation>
-    </message>
-    <message>
-        <source>Scan ended: the site has more than fits. Pages read: %1</source>
-        <translation>Rastreo terminado: el sitio tiene más de lo que cabe. Páginas leídas: %1</translation>
     </message>
 </context>
 <context>

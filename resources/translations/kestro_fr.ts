@@ -800,6 +800,45 @@ Le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>kestro::ScanEndText</name>
+    <message>
+        <source>Scan finished. Pages read: %1</source>
+        <translation>Analyse terminée. Pages lues : %1</translation>
+    </message>
+    <message>
+        <source>Scan stopped. Pages read: %1</source>
+        <translation>Analyse arrêtée. Pages lues : %1</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>Analyse terminée : le site contient plus que ce qui peut être gardé. Pages lues : %1</translation>
+    </message>
+    <message>
+        <source>The page at this address cannot be read.</source>
+        <translation>La page à cette adresse ne peut pas être lue.</translation>
+    </message>
+    <message>
+        <source>This is not the address of a page.</source>
+        <translation>Ce n’est pas l’adresse d’une page.</translation>
+    </message>
+    <message>
+        <source>The site is being scanned already.</source>
+        <translation>Le site est déjà en cours d’analyse.</translation>
+    </message>
+    <message>
+        <source>The site&apos;s host is set to %1, but this page is on %2: no link is followed.</source>
+        <translation>L’hôte du site est défini sur %1, mais cette page se trouve sur %2 : aucun lien n’est suivi.</translation>
+    </message>
+    <message>
+        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
+        <translation>Toutes les pages vers lesquelles elle mène ont déjà été lues ; après « Vider la liste », une analyse les lit à nouveau.</translation>
+    </message>
+    <message>
+        <source>A second scan at the same time cannot be kept away: %1</source>
+        <translation>Une seconde analyse simultanée ne peut pas être empêchée : %1</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScreensPanel</name>
     <message>
         <source>a movie on each</source>
@@ -893,33 +932,6 @@ Le remplacer&#xa0;?</translation>
     <message>
         <source>Save Trailer</source>
         <translation>Enregistrer la bande-annonce</translation>
-    </message>
-</context>
-<context>
-    <name>kestro::TrailerPanel</name>
-    <message>
-        <source>Scan finished. Pages read: %1</source>
-        <translation>Analyse terminée. Pages lues&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>Scan stopped. Pages read: %1</source>
-        <translation>Analyse arrêtée. Pages lues&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>The page at this address cannot be read.</source>
-        <translation>La page à cette adresse ne peut pas être lue.</translation>
-    </message>
-    <message>
-        <source>The site is being scanned already.</source>
-        <translation>Le site est déjà en cours d’analyse.</translation>
-    </message>
-    <message>
-        <source>This is not the address of a page.</source>
-        <translation>Ce n’est pas l’adresse d’une page.</translation>
-    </message>
-    <message>
-        <source>Scan ended: the site has more than fits. Pages read: %1</source>
-        <translation>Analyse terminée&#xa0;: le site contient plus que ce qui peut être gardé. Pages lues&#xa0;: %1</translation>
     </message>
 </context>
 <context>

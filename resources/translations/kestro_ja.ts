@@ -800,6 +800,45 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::ScanEndText</name>
+    <message>
+        <source>Scan finished. Pages read: %1</source>
+        <translation>スキャンが終わりました。読み込んだページ: %1</translation>
+    </message>
+    <message>
+        <source>Scan stopped. Pages read: %1</source>
+        <translation>スキャンを中止しました。読み込んだページ: %1</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>スキャンが終わりました。サイトが大きすぎるため、すべては読み込めません。読み込んだページ: %1</translation>
+    </message>
+    <message>
+        <source>The page at this address cannot be read.</source>
+        <translation>このアドレスのページを読み込めません。</translation>
+    </message>
+    <message>
+        <source>This is not the address of a page.</source>
+        <translation>これはページのアドレスではありません。</translation>
+    </message>
+    <message>
+        <source>The site is being scanned already.</source>
+        <translation>このサイトはすでにスキャン中です。</translation>
+    </message>
+    <message>
+        <source>The site&apos;s host is set to %1, but this page is on %2: no link is followed.</source>
+        <translation>サイトのホストは%1に設定されていますが、このページは%2にあります。リンクはたどられません。</translation>
+    </message>
+    <message>
+        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
+        <translation>リンク先のページはすべて読み込み済みです。「リストを消去」の後にスキャンすると、もう一度読み込みます。</translation>
+    </message>
+    <message>
+        <source>A second scan at the same time cannot be kept away: %1</source>
+        <translation>同時に行われる別のスキャンを防げません: %1</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScreensPanel</name>
     <message>
         <source>a movie on each</source>
@@ -893,33 +932,6 @@ Replace it?</source>
     <message>
         <source>Save Trailer</source>
         <translation>予告編を保存</translation>
-    </message>
-</context>
-<context>
-    <name>kestro::TrailerPanel</name>
-    <message>
-        <source>Scan finished. Pages read: %1</source>
-        <translation>スキャンが終わりました。読み込んだページ: %1</translation>
-    </message>
-    <message>
-        <source>Scan stopped. Pages read: %1</source>
-        <translation>スキャンを中止しました。読み込んだページ: %1</translation>
-    </message>
-    <message>
-        <source>The page at this address cannot be read.</source>
-        <translation>このアドレスのページを読み込めません。</translation>
-    </message>
-    <message>
-        <source>The site is being scanned already.</source>
-        <translation>このサイトはすでにスキャン中です。</translation>
-    </message>
-    <message>
-        <source>This is not the address of a page.</source>
-        <translation>これはページのアドレスではありません。</translation>
-    </message>
-    <message>
-        <source>Scan ended: the site has more than fits. Pages read: %1</source>
-        <translation>スキャンが終わりました。サイトが大きすぎるため、すべては読み込めません。読み込んだページ: %1</translation>
     </message>
 </context>
 <context>

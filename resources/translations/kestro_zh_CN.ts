@@ -800,6 +800,45 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::ScanEndText</name>
+    <message>
+        <source>Scan finished. Pages read: %1</source>
+        <translation>扫描完成。已读取页面：%1</translation>
+    </message>
+    <message>
+        <source>Scan stopped. Pages read: %1</source>
+        <translation>扫描已停止。已读取页面：%1</translation>
+    </message>
+    <message>
+        <source>Scan ended: the site has more than fits. Pages read: %1</source>
+        <translation>扫描完成：网站内容过多，无法全部读取。已读取页面：%1</translation>
+    </message>
+    <message>
+        <source>The page at this address cannot be read.</source>
+        <translation>无法读取此地址的页面。</translation>
+    </message>
+    <message>
+        <source>This is not the address of a page.</source>
+        <translation>这不是页面的地址。</translation>
+    </message>
+    <message>
+        <source>The site is being scanned already.</source>
+        <translation>该网站正在扫描中。</translation>
+    </message>
+    <message>
+        <source>The site&apos;s host is set to %1, but this page is on %2: no link is followed.</source>
+        <translation>网站主机设置为 %1，但此页面位于 %2：不会跟随任何链接。</translation>
+    </message>
+    <message>
+        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
+        <translation>它链接到的所有页面都已读取过；清空列表后，扫描会重新读取这些页面。</translation>
+    </message>
+    <message>
+        <source>A second scan at the same time cannot be kept away: %1</source>
+        <translation>无法阻止同时进行的另一次扫描：%1</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ScreensPanel</name>
     <message>
         <source>a movie on each</source>
@@ -893,33 +932,6 @@ Replace it?</source>
     <message>
         <source>Save Trailer</source>
         <translation>保存预告片</translation>
-    </message>
-</context>
-<context>
-    <name>kestro::TrailerPanel</name>
-    <message>
-        <source>Scan finished. Pages read: %1</source>
-        <translation>扫描完成。已读取页面：%1</translation>
-    </message>
-    <message>
-        <source>Scan stopped. Pages read: %1</source>
-        <translation>扫描已停止。已读取页面：%1</translation>
-    </message>
-    <message>
-        <source>The page at this address cannot be read.</source>
-        <translation>无法读取此地址的页面。</translation>
-    </message>
-    <message>
-        <source>The site is being scanned already.</source>
-        <translation>该网站正在扫描中。</translation>
-    </message>
-    <message>
-        <source>This is not the address of a page.</source>
-        <translation>这不是页面的地址。</translation>
-    </message>
-    <message>
-        <source>Scan ended: the site has more than fits. Pages read: %1</source>
-        <translation>扫描完成：网站内容过多，无法全部读取。已读取页面：%1</translation>
     </message>
 </context>
 <context>

@@ -115,8 +115,7 @@ std::optional<std::string> mergeURLStringToURL(std::string_view link, const Page
     return mergedStringFromToURL(link, base);
 }
 
-bool CrawledSite::isValidURL(std::string_view url,
-                             const std::function<bool(std::string_view url)>& isPassed) const
+bool CrawledSite::isOnHost(std::string_view url) const
 {
     const auto parts = URLText::parse(url);
     if (!parts || host.empty()) return false;
@@ -124,8 +123,14 @@ bool CrawledSite::isValidURL(std::string_view url,
     site.authority = host;
     if (parts->host() != site.host()) return false;
     const auto port = site.port({});
-    if (!port.empty() && port != parts->port(parts->scheme)) return false;
-    const auto path = parts->path();
+    return port.empty() || port == parts->port(parts->scheme);
+}
+
+bool CrawledSite::isValidURL(std::string_view url,
+                             const std::function<bool(std::string_view url)>& isPassed) const
+{
+    if (!isOnHost(url)) return false;
+    const auto path = URLText::parse(url)->path();
     return path.starts_with("/trailers") && !hasExtension(path, "css") && !isPassed(url);
 }
 

@@ -22,6 +22,8 @@ class PageBase;
 struct CrawledSite {
     std::string host; ///< without a port it stands for every port of that host; empty for no site
 
+    /// Whether `url`, an absolute string, is on the host, letter by letter.
+    [[nodiscard]] bool isOnHost(std::string_view url) const;
     /// Whether the crawler may fetch `url`, an absolute string: it lies below "/trailers" on the host, is no
     /// style sheet and was not passed before.
     [[nodiscard]] bool isValidURL(std::string_view url,

@@ -10,6 +10,7 @@
 
 #include <QUrl>
 
+#include <algorithm>
 #include <unordered_set>
 #include <utility>
 
@@ -85,6 +86,7 @@ void ScanCrawler::begin()
     m_path.clear();
     m_known.clear();
     m_startFailure.clear();
+    m_isAllVisited = false;
     m_pages = 0;
     m_queue = 0;
     m_budget.begin();
@@ -132,10 +134,18 @@ bool ScanCrawler::enterPage(const std::string& url)
         if (m_watcher) m_watcher->pageEnds(url, page.error());
         return false;
     }
+    if (m_path.empty()) m_isAllVisited = leadsToVisitedOnly(page.value(), url);
     ++m_pages;
     if (m_watcher) m_watcher->pageEnds(url, outcomeOf(page.value().fresh, page.value().movies.size()));
     m_path.push_back(std::move(page.value()));
     return true;
+}
+
+// A page that leads to itself counts as visited, but says nothing.
+bool ScanCrawler::leadsToVisitedOnly(const OpenPage& page, const std::string& url)
+{
+    const auto isOther = [&url](const Link* link) { return link->first != url; };
+    return page.fresh == 0 && std::any_of(page.links.begin(), page.links.end(), isOther);
 }
 
 // The page's bytes are gone when its links are followed.

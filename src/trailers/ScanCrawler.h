@@ -53,6 +53,8 @@ public:
     /// Pages that the last crawl has read, and why its first page could not be read.
     [[nodiscard]] int pageCount() const { return m_pages; }
     [[nodiscard]] const QString& startFailure() const { return m_startFailure; }
+    /// Whether its first page led to pages that had been visited before, and to no other.
+    [[nodiscard]] bool isAllVisited() const { return m_isAllVisited; }
     /// The bound that kept the last crawl from pages that it would have asked for, in words; empty for none.
     [[nodiscard]] const QString& bound() const { return m_budget.bound(); }
 
@@ -76,6 +78,7 @@ private:
     bool leavePage(bool isWhole, bool progress);
     [[nodiscard]] bool enterPage(const std::string& url);
 
+    [[nodiscard]] static bool leadsToVisitedOnly(const OpenPage& page, const std::string& url);
     [[nodiscard]] Result<OpenPage> openPage(const std::string& url);
     static void logOverLimit(const QUrl& url, const FetchFault& fault);
     [[nodiscard]] Result<QByteArray> textOf(const std::string& url);
@@ -103,6 +106,7 @@ private:
     KnownLinks m_known;
     QString m_startFailure;
     bool m_isCutShort = false; ///< the fetch before, by a stop
+    bool m_isAllVisited = false;
     int m_pages = 0;
     qsizetype m_queue = 0;
     qint64 m_bytesBefore = 0; ///< that came before this crawl

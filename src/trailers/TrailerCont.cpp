@@ -31,9 +31,13 @@ TrailerCont::Parts partsOfThisUser()
             unpackingFolder(), configuredTrailerSite(), std::make_unique<CurlFetch>()};
 }
 
-ScanEnd notStarted(const QString& reason)
+ScanEnd endOf(ScanEnd::Kind kind, const QString& reason, int pages = 0)
 {
-    return {ScanEnd::Kind::NotStarted, reason};
+    ScanEnd end;
+    end.kind = kind;
+    end.reason = reason;
+    end.pages = pages;
+    return end;
 }
 
 QString cannotRead(const std::string& url, const QString& reason)
@@ -138,38 +142,58 @@ void TrailerCont::crawl(const TrailerSite& site, bool progress)
 {
     const std::string url = site.start.trimmed().toStdString();
     const auto lock = ListLock::takeToCrawl(m_list.file().path());
-    if (!PageBase::from(url))
-        m_end = notStarted(QStringLiteral("No address of a page: \"%1\"").arg(site.start));
-    else if (!lock)
-        m_end = notStarted(lock.failure().message);
-    else
-        crawlWithLock(url, site.hostFor(url), progress);
+    if (!PageBase::from(url)) {
+        m_end =
+            endOf(ScanEnd::Kind::NoAddress, QStringLiteral("No address of a page: \"%1\"").arg(site.start));
+    } else if (!lock && lock.failure().kind == LockFault::Kind::Taken) {
+        m_end = endOf(ScanEnd::Kind::Taken, lock.failure().message);
+    } else {
+        const QString fault = lock ? QString() : lock.failure().message;
+        if (!lock) logLine(fault);
+        m_end = crawlWithLock(url, site, progress);
+        m_end.lockFault = fault;
+    }
     m_onThreading = false;
     m_inThreading = false;
 }
 
 // Saving belongs to the crawl: whoever stops it waits for that too.
-void TrailerCont::crawlWithLock(const std::string& url, const std::string& host, bool progress)
+ScanEnd TrailerCont::crawlWithLock(const std::string& url, const TrailerSite& site, bool progress)
 {
     logLine(QStringLiteral("Thread started."));
     m_inThreading = true;
     m_list.refresh();
-    m_crawler.setSiteHost(host);
-    m_end = scanFrom(url, progress);
+    m_crawler.setSiteHost(site.hostFor(url));
+    ScanEnd end = scanFrom(url, progress);
+    if (end.pages > 0 && !site.isOnHost(url)) noteOtherHost(url, site, end);
     if (!progress && m_list.isChanged()) m_list.saveList();
     logLine(QStringLiteral("Thread exited."));
+    return end;
 }
 
 ScanEnd TrailerCont::scanFrom(const std::string& url, bool progress)
 {
     m_crawler.scanURLProgress(url, progress);
     const int pages = m_crawler.pageCount();
-    if (!m_onThreading) return {ScanEnd::Kind::Stopped, {}, pages};
-    if (pages == 0) return {ScanEnd::Kind::NoPage, cannotRead(url, m_crawler.startFailure()), pages};
-    if (m_crawler.bound().isEmpty()) return {ScanEnd::Kind::Whole, {}, pages};
+    if (!m_onThreading) return endOf(ScanEnd::Kind::Stopped, {}, pages);
+    if (pages == 0) return endOf(ScanEnd::Kind::NoPage, cannotRead(url, m_crawler.startFailure()));
+    if (m_crawler.bound().isEmpty()) {
+        ScanEnd end = endOf(ScanEnd::Kind::Whole, {}, pages);
+        end.isAllVisited = m_crawler.isAllVisited();
+        return end;
+    }
     const QString reason = QStringLiteral("The crawl came to a bound: %1.").arg(m_crawler.bound());
     logLine(reason);
-    return {ScanEnd::Kind::Bounded, reason, pages};
+    return endOf(ScanEnd::Kind::Bounded, reason, pages);
+}
+
+// Links are resolved against the start page, so none of them leads to another host than its own.
+void TrailerCont::noteOtherHost(const std::string& url, const TrailerSite& site, ScanEnd& end)
+{
+    end.otherHost = site.host;
+    end.host = QString::fromStdString(TrailerSite().hostFor(url));
+    logLine(QStringLiteral("The site's host is set to \"%1\", but %2 is on \"%3\": no link is followed.")
+                .arg(end.otherHost, shownURL(QUrl(QString::fromStdString(url))), end.host));
 }
 
 void TrailerCont::leaveThread()

@@ -3,6 +3,7 @@
 #include "platform/base/Clock.h"
 #include "settings/LatestTrailers.h"
 #include "trailers/ScanCrawler.h"
+#include "trailers/ScanEnd.h"
 #include "trailers/TrailerList.h"
 #include "trailers/TrailerSite.h"
 
@@ -25,20 +26,6 @@ public:
     virtual void reloadTableView() = 0;
     /// A crawl that was started by scan() is over.
     virtual void stopProgress() = 0;
-};
-
-/// How a crawl ended.
-struct ScanEnd {
-    enum class Kind {
-        Whole,      ///< the start page was scanned to its end
-        Bounded,    ///< the same, but for what a bound kept it from
-        Stopped,    ///< by stopThreading()
-        NoPage,     ///< the start page could not be read
-        NotStarted, ///< there is no address, or the lock is with somebody else
-    };
-    Kind kind = Kind::NotStarted;
-    QString reason; ///< in one line, where not everything was scanned and nobody stopped it
-    int pages = 0;
 };
 
 /// The trailer scanner: the list of trailers and the crawl that fills it, on a thread of its own. One a
@@ -100,8 +87,9 @@ private:
     void scanTralers(const TrailerSite& site);
     void scanTralersWithNoProgress(const TrailerSite& site);
     void crawl(const TrailerSite& site, bool progress);
-    void crawlWithLock(const std::string& url, const std::string& host, bool progress);
+    [[nodiscard]] ScanEnd crawlWithLock(const std::string& url, const TrailerSite& site, bool progress);
     [[nodiscard]] ScanEnd scanFrom(const std::string& url, bool progress);
+    static void noteOtherHost(const std::string& url, const TrailerSite& site, ScanEnd& end);
     void leaveThread();
     void postReload();
     void postStopProgress();

@@ -1,6 +1,7 @@
 #include "trailers/TrailerSite.h"
 
 #include "platform/base/ConfigurationFile.h"
+#include "trailers/LinkResolver.h"
 #include "trailers/URLText.h"
 
 namespace kestro {
@@ -25,6 +26,11 @@ std::string TrailerSite::hostFor(const std::string& startUrl) const
     if (!host.isEmpty()) return host.toStdString();
     const auto parts = URLText::parse(startUrl);
     return parts ? std::string(parts->hostAndPort()) : std::string();
+}
+
+bool TrailerSite::isOnHost(const std::string& startUrl) const
+{
+    return CrawledSite{hostFor(startUrl)}.isOnHost(startUrl);
 }
 
 TrailerSite readTrailerSite(const QByteArray& text, const QString& path)

@@ -14,6 +14,8 @@ struct TrailerSite {
 
     /// The host that a crawl from `startUrl` stays on.
     [[nodiscard]] std::string hostFor(const std::string& startUrl) const;
+    /// Whether `startUrl` itself is on it: if not, no link of that page is.
+    [[nodiscard]] bool isOnHost(const std::string& startUrl) const;
 };
 
 /// The site that the user's configuration names: keys "start" and "host" of [trailers] in the file

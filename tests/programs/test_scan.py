@@ -102,7 +102,35 @@ class Scan(ScanTest):
         self.small_site()
         self.home.configure(f"[trailers]\nstart={self.site.url()}\nhost=127.0.0.1\n")
         self.assertRegex(self.run_kestro("scan").stdout, "^3 pages")
-        self.assertRegex(self.run_kestro("scan", "--forget", "--host", "elsewhere").stdout, "^1 pages")
+
+    def test_a_host_that_the_start_page_is_not_on_is_a_line(self):
+        self.small_site()
+        for host in ("elsewhere", "http://127.0.0.1", "127.0.0.1/"):
+            done = self.scan("--forget", "--host", host)
+            self.assertRegex(done.stdout, "^1 pages")
+            lines = [line for line in done.stderr.splitlines() if host in line]
+            self.assertEqual(lines, [f'The site\'s host is set to "{host}", but {self.site.url()} is on '
+                                     f'"{self.site.host}": no link is followed.'])
+        self.assertNotIn("host", self.scan("--forget", "--host", "127.0.0.1").stderr)
+
+    def test_a_lock_that_cannot_be_made_is_a_line_and_the_scan_runs(self):
+        self.small_site()
+        lock = self.list_path("Kestro_Scanned_Trailers.lock")
+        lock.mkdir()
+        done = self.scan()
+        self.assertEqual(done.stderr.count(f"Cannot make the lock {lock}: Is a directory\n"), 1)
+        self.assertRegex(done.stdout, "^3 pages")
+        self.assertEqual(len(self.urls()), 3)
+
+    def test_a_folder_that_cannot_be_made_is_a_line_and_the_scan_runs(self):
+        self.small_site()
+        self.home.preferences.rmdir()
+        self.home.preferences.touch()
+        done = self.scan(status=1)
+        self.assertEqual(set(done.stderr.splitlines()),
+                         {f"Cannot make the folder {self.home.preferences}: Not a directory", "Thread started.",
+                          "Thread exited.", "Failed to save list."})
+        self.assertRegex(done.stdout, "^3 pages, 3 records")
 
     def test_no_site_is_one_line_and_status_1(self):
         done = self.run_kestro("scan", status=1)

@@ -239,6 +239,77 @@ TEST_F(TrailerContTest, scan_staysOnTheConfiguredHost_whenThereIsOne)
     EXPECT_EQ(m_fetch->asked(), QStringList(startUrl));
 }
 
+TEST_F(TrailerContTest, scan_saysInOneLine_thatTheHostIsNotThatOfThePage)
+{
+    for (const char* host : {"http://h", "H", "elsewhere", "h:81"}) {
+        m_log.clear();
+        m_observer.stops = 0;
+        m_controller->setSite({startUrl, QLatin1String(host)});
+        m_controller->scan();
+        ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+        EXPECT_EQ(m_log, (QStringList{QStringLiteral("Thread started."),
+                                      QStringLiteral("The site's host is set to \"%1\", but "
+                                                     "http://h/trailers/ is on \"h\": no link is followed.")
+                                          .arg(QLatin1String(host)),
+                                      QStringLiteral("Thread exited.")}));
+        EXPECT_EQ(m_controller->lastEnd().otherHost, QLatin1String(host));
+        EXPECT_EQ(m_controller->lastEnd().host, QStringLiteral("h"));
+    }
+}
+
+TEST_F(TrailerContTest, scan_saysNothingOfTheHost_whenItIsThatOfThePage)
+{
+    for (const char* host : {"h", "h:80", ""}) {
+        m_observer.stops = 0;
+        m_controller->clear();
+        m_controller->setSite({startUrl, QLatin1String(host)});
+        m_controller->scan();
+        ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+        EXPECT_EQ(m_controller->lastEnd().pages, 3) << host;
+        EXPECT_TRUE(m_controller->lastEnd().otherHost.isEmpty()) << host;
+    }
+}
+
+TEST_F(TrailerContTest, scan_runsAllTheSame_whenTheLockCannotBeMade)
+{
+    ASSERT_TRUE(QDir().mkpath(path("Kestro_Scanned_Trailers.lock")));
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_EQ(m_controller->lastEnd().kind, ScanEnd::Kind::Whole);
+    EXPECT_EQ(
+        m_controller->lastEnd().lockFault,
+        QStringLiteral("Cannot make the lock %1: Is a directory").arg(path("Kestro_Scanned_Trailers.lock")));
+    EXPECT_EQ(m_log.front(), m_controller->lastEnd().lockFault);
+    EXPECT_EQ(m_controller->list().count(), 1);
+}
+
+TEST_F(TrailerContTest, scan_runsAllTheSame_whenTheFolderCannotBeMade)
+{
+    QFile blocked(m_home.filePath(QStringLiteral("Library")));
+    ASSERT_TRUE(blocked.open(QIODevice::WriteOnly));
+    m_controller->scanLatest();
+    ASSERT_TRUE(waitForEnd());
+    m_controller->stopThreading();
+    EXPECT_EQ(m_controller->list().count(), 1);
+    EXPECT_TRUE(m_controller->lastEnd().lockFault.startsWith(QStringLiteral("Cannot make the folder ")));
+    EXPECT_EQ(m_log.count(m_controller->lastEnd().lockFault), 2); // of the crawl, and of saving
+}
+
+TEST_F(TrailerContTest, scan_knowsWhetherAllWasVisited)
+{
+    for (const bool isVisited : {false, true}) {
+        m_observer.stops = 0;
+        m_controller->scan();
+        ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+        EXPECT_EQ(m_controller->lastEnd().isAllVisited, isVisited);
+    }
+    m_observer.stops = 0;
+    m_fetch->put(startUrl, "<html><a href=\"/trailers/\"><a href=\"/elsewhere/\">");
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_FALSE(m_controller->lastEnd().isAllVisited); // it leads nowhere but to itself
+}
+
 TEST_F(TrailerContTest, lastTrailers_knowsWhatAnotherProcessSaved_andMakesTheTableReload)
 {
     EXPECT_TRUE(m_controller->lastTrailers(6, 480, {}).isEmpty());

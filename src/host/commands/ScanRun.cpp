@@ -49,7 +49,7 @@ int ScanRun::exec()
 
     const ScanEnd& end = m_controller.lastEnd();
     const ExitCode status = finish();
-    if (end.kind == ScanEnd::Kind::NotStarted) return status;
+    if (!end.isStarted()) return status;
     const bool isBounded = end.kind == ScanEnd::Kind::Bounded;
     const ExitCode printed = print(QStringLiteral("%1 pages, %2 records, %3 seconds%4\n")
                                        .arg(end.pages)
@@ -81,8 +81,7 @@ ExitCode ScanRun::finish()
     const ScanEnd& end = m_controller.lastEnd();
     if (end.pages == 0 && !end.reason.isEmpty()) printError(end.reason);
     if (end.pages > 0 && !saveList()) return ExitFailure;
-    const bool isNotDone = end.kind == ScanEnd::Kind::NoPage || end.kind == ScanEnd::Kind::NotStarted;
-    return isNotDone ? ExitFailure : ExitSuccess;
+    return end.isStarted() && end.kind != ScanEnd::Kind::NoPage ? ExitSuccess : ExitFailure;
 }
 
 // A long list takes its time, and would be lost with the process.

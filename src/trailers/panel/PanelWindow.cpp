@@ -29,6 +29,8 @@ PanelWindow::PanelWindow(TrailerTableModel& model)
         button->setAutoDefault(true);
     addShortcuts();
     addMenu();
+    m_ui->scanBtn->installEventFilter(this);
+    connect(m_ui->scanBtn, &QPushButton::clicked, this, [this] { m_wasStopClicked = m_isScanning; });
     showScanning(false);
     showEndOfScan({}, {});
 }
@@ -73,6 +75,7 @@ void PanelWindow::addMenu()
 
 void PanelWindow::showScanning(bool isScanning)
 {
+    m_isScanning = isScanning;
     m_ui->scanBtn->setText(isScanning ? tr("Stop") : tr("Scan"));
     m_ui->progress->setVisible(isScanning);
     if (isScanning) showEndOfScan({}, {});
@@ -82,6 +85,13 @@ void PanelWindow::showEndOfScan(const QString& line, const QString& details)
 {
     m_ui->scanEnd->setText(line);
     m_ui->scanEnd->setToolTip(details);
+    showNotes({});
+}
+
+void PanelWindow::showNotes(const QString& notes)
+{
+    m_ui->scanNotes->setText(notes);
+    m_ui->scanNotes->setHidden(notes.isEmpty());
 }
 
 void PanelWindow::showState(qsizetype selected, qsizetype count)
@@ -101,6 +111,13 @@ void PanelWindow::showSorting(const SortDescriptor& by)
         if (prototype && prototype->key == by.key)
             header.setSortIndicator(column, by.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
     }
+}
+
+// The second half of a double click on Stop would begin the next crawl.
+bool PanelWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isSecondHalf = watched == m_ui->scanBtn && event->type() == QEvent::MouseButtonDblClick;
+    return (isSecondHalf && m_wasStopClicked) || QWidget::eventFilter(watched, event);
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event)

@@ -26,8 +26,10 @@ public:
 
     /// Whether a crawl of the panel's runs.
     void showScanning(bool isScanning);
-    /// How the last crawl ended, in a short line, and more of it where the pointer rests.
+    /// How the last crawl ended, in a short line, and more of it where the pointer rests; takes notes away.
     void showEndOfScan(const QString& line, const QString& details);
+    /// Why so little came of it, in a line of its own.
+    void showNotes(const QString& notes);
     void showState(qsizetype selected, qsizetype count);
     /// The column that has that key is marked with the direction.
     void showSorting(const SortDescriptor& by);
@@ -39,12 +41,15 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void addShortcuts();
     void addMenu();
 
     std::unique_ptr<Ui::TrailerCont> m_ui;
+    bool m_isScanning = false;
+    bool m_wasStopClicked = false; ///< at the last click of the button that scans and stops
 };
 
 } // namespace kestro

@@ -4,12 +4,12 @@
 #include "platform/base/Log.h"
 #include "platform/network/Fetch.h"
 #include "settings/URLListReceiver.h"
-#include "trailers/PageBase.h"
 #include "trailers/panel/LatestPanel.h"
 #include "trailers/panel/PanelWindow.h"
 #include "trailers/panel/PreviewWindow.h"
 #include "trailers/panel/RowSearch.h"
 #include "trailers/panel/SaveTrailer.h"
+#include "trailers/panel/ScanEndText.h"
 #include "trailers/panel/TrailerDownload.h"
 #include "ui_TrailerCont.h"
 
@@ -130,26 +130,8 @@ void TrailerPanel::stopProgress()
     m_panel->showScanning(false);
     const ScanEnd& end = m_controller.lastEnd();
     if (end.kind == ScanEnd::Kind::NoPage) logLine(end.reason);
-    m_panel->showEndOfScan(endOfScan(), end.reason);
-}
-
-QString TrailerPanel::endOfScan() const
-{
-    const ScanEnd& end = m_controller.lastEnd();
-    switch (end.kind) {
-    case ScanEnd::Kind::Whole:
-        return tr("Scan finished. Pages read: %1").arg(end.pages);
-    case ScanEnd::Kind::Stopped:
-        return tr("Scan stopped. Pages read: %1").arg(end.pages);
-    case ScanEnd::Kind::Bounded:
-        return tr("Scan ended: the site has more than fits. Pages read: %1").arg(end.pages);
-    case ScanEnd::Kind::NoPage:
-        return tr("The page at this address cannot be read.");
-    case ScanEnd::Kind::NotStarted:
-        break;
-    }
-    const bool isAddress = PageBase::from(m_controller.site().start.trimmed().toStdString()).has_value();
-    return isAddress ? tr("The site is being scanned already.") : tr("This is not the address of a page.");
+    m_panel->showEndOfScan(ScanEndText::line(end), end.reason);
+    m_panel->showNotes(ScanEndText::notes(end));
 }
 
 // A host that is configured belongs to the start that is configured.
@@ -172,6 +154,7 @@ void TrailerPanel::clear()
 {
     m_controller.list().clear();
     m_panel->controls().listView->reloadData();
+    m_panel->showEndOfScan({}, {});
 }
 
 void TrailerPanel::tableViewSortDescriptorsDidChange(int selectedColumn)

@@ -75,7 +75,6 @@ private:
     void siteWasEdited();
     void alertNoMovie();
     void alert(const QString& text);
-    [[nodiscard]] QString endOfScan() const;
     [[nodiscard]] std::optional<QUrl> selectedURL() const;
 
     TrailerCont& m_controller;

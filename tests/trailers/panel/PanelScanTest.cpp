@@ -43,6 +43,12 @@ protected:
     [[nodiscard]] Ui::TrailerCont& controls() { return m_panel->panel().controls(); }
     [[nodiscard]] int rows() { return controls().listView->model()->rowCount(); }
     [[nodiscard]] bool reads(const char* text) { return controls().scanBtn->text() == QLatin1String(text); }
+    [[nodiscard]] QString notes() { return controls().scanNotes->text(); }
+    void finishScan()
+    {
+        controls().scanBtn->click();
+        ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
+    }
     void scanUntilItHangsAt(const QString& url)
     {
         m_fetch->setHanging(url);
@@ -174,6 +180,63 @@ TEST_F(PanelScanTest, scan_saysThatAnotherScans_whenAnotherProcessDoes)
     controls().scanBtn->click();
     ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
     EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("The site is being scanned already."));
+}
+
+TEST_F(PanelScanTest, scan_saysWhyNothingCameOfIt_whenAllPagesWereVisited)
+{
+    finishScan();
+    EXPECT_TRUE(controls().scanNotes->isHidden());
+    finishScan();
+    EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("Scan finished. Pages read: 1"));
+    EXPECT_EQ(notes(), QStringLiteral("All pages that it leads to were read before; after Clear List a scan "
+                                      "reads them again."));
+    EXPECT_TRUE(controls().scanNotes->isVisible());
+
+    controls().clearBtn->click();
+    EXPECT_TRUE(controls().scanEnd->text().isEmpty());
+    EXPECT_TRUE(controls().scanNotes->isHidden());
+    finishScan();
+    EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("Scan finished. Pages read: 2"));
+    EXPECT_TRUE(controls().scanNotes->isHidden());
+}
+
+TEST_F(PanelScanTest, scan_saysThatTheHostIsNotThatOfThePage)
+{
+    m_controller->setSite({startUrl, QStringLiteral("http://h")});
+    finishScan();
+    EXPECT_EQ(notes(), QStringLiteral("The site's host is set to http://h, but this page is on h: no link is "
+                                      "followed."));
+}
+
+TEST_F(PanelScanTest, scan_saysWhatItIs_whenTheLockCannotBeMade)
+{
+    ASSERT_TRUE(QDir().mkpath(path("Kestro_Scanned_Trailers.lock")));
+    finishScan();
+    EXPECT_EQ(rows(), 2);
+    EXPECT_EQ(notes(), QStringLiteral("A second scan at the same time cannot be kept away: %1")
+                           .arg(m_controller->lastEnd().lockFault));
+}
+
+TEST_F(PanelScanTest, scan_beginsNoOther_whenStopIsClickedTwice)
+{
+    scanUntilItHangsAt(startUrl);
+    QTest::mouseClick(controls().scanBtn, Qt::LeftButton);
+    ASSERT_TRUE(waitUntil([this] { return reads("Scan"); }));
+    QTest::mouseDClick(controls().scanBtn, Qt::LeftButton);
+    QTest::mouseRelease(controls().scanBtn, Qt::LeftButton);
+    EXPECT_FALSE(m_controller->onThreading());
+    QTest::mouseClick(controls().scanBtn, Qt::LeftButton);
+    EXPECT_TRUE(m_controller->onThreading());
+}
+
+TEST_F(PanelScanTest, scan_stopsTheCrawl_whenScanIsClickedTwice)
+{
+    m_fetch->setHanging(startUrl);
+    QTest::mouseClick(controls().scanBtn, Qt::LeftButton);
+    ASSERT_TRUE(m_fetch->waitForAsked(startUrl));
+    QTest::mouseDClick(controls().scanBtn, Qt::LeftButton);
+    QTest::mouseRelease(controls().scanBtn, Qt::LeftButton);
+    EXPECT_FALSE(m_controller->onThreading());
 }
 
 TEST_F(PanelScanTest, close_endsTheCrawlAndSavesWhatItFound)
