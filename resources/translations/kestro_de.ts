@@ -539,6 +539,10 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>A&amp;dd</source>
         <translation>&amp;Hinzufügen</translation>
     </message>
+    <message>
+        <source>Trailers selected:</source>
+        <translation>Ausgewählte Trailer:</translation>
+    </message>
 </context>
 <context>
     <name>URLPanel</name>
@@ -951,6 +955,10 @@ Ersetzen?</translation>
     <message>
         <source>DATE</source>
         <translation>DATUM</translation>
+    </message>
+    <message>
+        <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
+        <translation>Ein eigenes Merkzeichen: Es bleibt beim Trailer und ändert sonst nichts</translation>
     </message>
 </context>
 <context>

@@ -539,6 +539,10 @@ Inténtelo de nuevo.</translation>
         <source>A&amp;dd</source>
         <translation>&amp;Añadir</translation>
     </message>
+    <message>
+        <source>Trailers selected:</source>
+        <translation>Tráileres seleccionados:</translation>
+    </message>
 </context>
 <context>
     <name>URLPanel</name>
@@ -951,6 +955,10 @@ Replace it?</source>
     <message>
         <source>DATE</source>
         <translation>FECHA</translation>
+    </message>
+    <message>
+        <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
+        <translation>Una marca propia: se guarda con el tráiler y no cambia nada más</translation>
     </message>
 </context>
 <context>

@@ -539,6 +539,10 @@ Veuillez réessayer.</translation>
         <source>A&amp;dd</source>
         <translation>A&amp;jouter</translation>
     </message>
+    <message>
+        <source>Trailers selected:</source>
+        <translation>Bandes-annonces sélectionnées :</translation>
+    </message>
 </context>
 <context>
     <name>URLPanel</name>
@@ -803,15 +807,15 @@ Le remplacer&#xa0;?</translation>
     <name>kestro::ScanEndText</name>
     <message>
         <source>Scan finished. Pages read: %1</source>
-        <translation>Analyse terminée. Pages lues : %1</translation>
+        <translation>Analyse terminée. Pages lues&#xa0;: %1</translation>
     </message>
     <message>
         <source>Scan stopped. Pages read: %1</source>
-        <translation>Analyse arrêtée. Pages lues : %1</translation>
+        <translation>Analyse arrêtée. Pages lues&#xa0;: %1</translation>
     </message>
     <message>
         <source>Scan ended: the site has more than fits. Pages read: %1</source>
-        <translation>Analyse terminée : le site contient plus que ce qui peut être gardé. Pages lues : %1</translation>
+        <translation>Analyse terminée&#xa0;: le site contient plus que ce qui peut être gardé. Pages lues&#xa0;: %1</translation>
     </message>
     <message>
         <source>The page at this address cannot be read.</source>
@@ -951,6 +955,10 @@ Le remplacer&#xa0;?</translation>
     <message>
         <source>DATE</source>
         <translation>DATE</translation>
+    </message>
+    <message>
+        <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
+        <translation>Une marque personnelle : elle est conservée avec la bande-annonce et ne change rien d’autre</translation>
     </message>
 </context>
 <context>

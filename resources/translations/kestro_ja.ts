@@ -539,6 +539,10 @@ Please try again.</source>
         <source>A&amp;dd</source>
         <translation>追加(&amp;D)</translation>
     </message>
+    <message>
+        <source>Trailers selected:</source>
+        <translation>選択中の予告編:</translation>
+    </message>
 </context>
 <context>
     <name>URLPanel</name>
@@ -951,6 +955,10 @@ Replace it?</source>
     <message>
         <source>DATE</source>
         <translation>日付</translation>
+    </message>
+    <message>
+        <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
+        <translation>自分用の目印です。予告編とともに保存され、ほかには影響しません</translation>
     </message>
 </context>
 <context>

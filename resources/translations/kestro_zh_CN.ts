@@ -539,6 +539,10 @@ Please try again.</source>
         <source>A&amp;dd</source>
         <translation>添加(&amp;D)</translation>
     </message>
+    <message>
+        <source>Trailers selected:</source>
+        <translation>所选预告片：</translation>
+    </message>
 </context>
 <context>
     <name>URLPanel</name>
@@ -951,6 +955,10 @@ Replace it?</source>
     <message>
         <source>DATE</source>
         <translation>日期</translation>
+    </message>
+    <message>
+        <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
+        <translation>您自己的标记：随预告片一起保存，不影响其他任何内容</translation>
     </message>
 </context>
 <context>

@@ -103,14 +103,16 @@ void PanelWindow::showState(qsizetype selected, qsizetype count)
         action->setEnabled(selected > 0);
 }
 
-void PanelWindow::showSorting(const SortDescriptor& by)
+void PanelWindow::showSorting(const QList<SortDescriptor>& chosen)
 {
-    QHeaderView& header = *m_ui->listView->horizontalHeader();
+    const SortDescriptor by = chosen.value(0);
+    int marked = -1;
     for (int column = 0; column < TrailerTableModel::ColumnCount; ++column) {
         const auto prototype = TrailerTableModel::sortDescriptorPrototype(column);
-        if (prototype && prototype->key == by.key)
-            header.setSortIndicator(column, by.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+        if (prototype && prototype->key == by.key) marked = column;
     }
+    m_ui->listView->horizontalHeader()->setSortIndicator(marked, by.ascending ? Qt::AscendingOrder
+                                                                              : Qt::DescendingOrder);
 }
 
 // The second half of a double click on Stop would begin the next crawl.

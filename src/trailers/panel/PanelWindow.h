@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QWidget>
 
 #include <memory>
@@ -31,8 +32,8 @@ public:
     /// Why so little came of it, in a line of its own.
     void showNotes(const QString& notes);
     void showState(qsizetype selected, qsizetype count);
-    /// The column that has that key is marked with the direction.
-    void showSorting(const SortDescriptor& by);
+    /// The column of the last choice, the first of `chosen`, is marked with its direction; none without one.
+    void showSorting(const QList<SortDescriptor>& chosen);
 
 Q_SIGNALS:
     void windowWillClose();

@@ -62,7 +62,9 @@ TrailerListView::TrailerListView(QWidget* parent)
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setSortIndicatorShown(true);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    connect(this, &QTableView::doubleClicked, this, &TrailerListView::doubleAction);
+    connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (index.column() != TrailerTableModel::Sel) Q_EMIT doubleAction();
+    });
 }
 
 void TrailerListView::showModel(TrailerTableModel& model)

@@ -30,7 +30,7 @@ public:
 
 Q_SIGNALS:
     void tableViewSelectionDidChange();
-    /// A row was clicked twice, or Return was pressed on it.
+    /// A row was clicked twice, but not where its box is, or Return was pressed on it.
     void doubleAction();
 
 protected:

@@ -26,11 +26,13 @@ QString message(const char* text)
     return QCoreApplication::translate("Kestro", text);
 }
 
-// The order that the list has before anybody chose one.
-SortDescriptor presentOrder(const TrailerList& list)
+// None until a person chooses one, though the list is by date from the beginning: the first click on that
+// column chooses its own direction, the second reverses it.
+QList<SortDescriptor> chosenOrder(const TrailerList& list)
 {
     const TrailerOrder order = list.order();
-    return {order.sortKey.isNull() ? QStringLiteral("Date") : order.sortKey, order.ascending};
+    return order.sortKey.isNull() ? QList<SortDescriptor>()
+                                  : QList{SortDescriptor{order.sortKey, order.ascending}};
 }
 
 QList<QUrl> urlsOf(const QStringList& urls, const QList<int>& rows)
@@ -52,7 +54,7 @@ TrailerPanel::TrailerPanel(TrailerCont& controller, MovieLibrary& movies, const 
     , m_latestPanel(std::make_unique<LatestPanel>(m_panel.get()))
     , m_makeFetch(TrailerDownload::movieFetch)
     , m_reloads(services, [this] { showList(); })
-    , m_sortDescriptors{presentOrder(controller.list())}
+    , m_sortDescriptors(chosenOrder(controller.list()))
 {
     awakeFromNib();
     m_controller.setObserver(this);
@@ -69,7 +71,7 @@ void TrailerPanel::awakeFromNib()
 {
     Ui::TrailerCont& controls = m_panel->controls();
     controls.urlField->setText(m_configuredSite.start);
-    m_panel->showSorting(m_sortDescriptors.front());
+    m_panel->showSorting(m_sortDescriptors);
     connect(controls.listView, &TrailerListView::doubleAction, this, &TrailerPanel::preview);
     connect(controls.listView, &TrailerListView::tableViewSelectionDidChange, this,
             &TrailerPanel::tableViewSelectionDidChange);
@@ -166,7 +168,7 @@ void TrailerPanel::tableViewSortDescriptorsDidChange(int selectedColumn)
         m_controller.list().setAscending(chosen->ascending);
         m_panel->controls().listView->reloadData();
     }
-    m_panel->showSorting(m_sortDescriptors.front());
+    m_panel->showSorting(m_sortDescriptors);
 }
 
 void TrailerPanel::updateStateField()

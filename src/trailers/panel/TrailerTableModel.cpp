@@ -105,10 +105,21 @@ QVariant TrailerTableModel::data(const QModelIndex& index, int role) const
     case Qt::CheckStateRole:
         return index.column() == Sel ? QVariant(checkState(index.data(ObjectValueRole))) : QVariant();
     case Qt::ToolTipRole:
-        return index.column() == Url ? index.data(ObjectValueRole) : QVariant();
+        return toolTip(index);
     default:
         return {};
     }
+}
+
+QString TrailerTableModel::meaningOfTick()
+{
+    return tr("A mark of your own: it is kept with the trailer, and changes nothing else");
+}
+
+QVariant TrailerTableModel::toolTip(const QModelIndex& index) const
+{
+    if (index.column() == Sel) return meaningOfTick();
+    return index.column() == Url ? index.data(ObjectValueRole) : QVariant();
 }
 
 QVariant TrailerTableModel::shown(int column, int row) const
@@ -129,7 +140,9 @@ bool TrailerTableModel::setData(const QModelIndex& index, const QVariant& value,
 
 QVariant TrailerTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::ToolTipRole && section == Sel) return meaningOfTick();
+    if (role != Qt::DisplayRole) return {};
     const std::array<QString, ColumnCount> titles{tr("SEL"), tr("URL"), tr("SIZE"), tr("DATE")};
     return titles.at(static_cast<std::size_t>(section));
 }

@@ -47,6 +47,8 @@ public:
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
+    [[nodiscard]] static QString meaningOfTick();
+    [[nodiscard]] QVariant toolTip(const QModelIndex& index) const;
     [[nodiscard]] QVariant shown(int column, int row) const;
 
     TrailerList& m_list;

@@ -11,6 +11,8 @@ TEST_F(PanelOrderTest, header_sortsByItsColumnAndReversesThePresentOne)
         {record("http://h/b.mov", "1 x 1", "2001/01/01"), record("http://h/a.mov", "1 x 1", "2002/01/01")});
     open();
     const QString a = QStringLiteral("http://h/a.mov"), b = QStringLiteral("http://h/b.mov");
+    EXPECT_EQ(urls(), (QStringList{a, b}));
+    clickHeader(TrailerTableModel::Date);
     EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::DescendingOrder));
     EXPECT_EQ(urls(), (QStringList{a, b}));
     clickHeader(TrailerTableModel::Date);
@@ -31,8 +33,20 @@ TEST_F(PanelOrderTest, header_changesNothing_whenItsColumnDoesNotSort)
     openWith(2);
     clickHeader(TrailerTableModel::Size);
     clickHeader(TrailerTableModel::Sel);
-    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::DescendingOrder));
+    EXPECT_EQ(indicator().first, -1);
     EXPECT_TRUE(list().order().sortKey.isNull());
+    clickHeader(TrailerTableModel::Date);
+    clickHeader(TrailerTableModel::Sel);
+    EXPECT_EQ(indicator(), std::pair(int(TrailerTableModel::Date), Qt::DescendingOrder));
+}
+
+TEST_F(PanelOrderTest, header_marksNoColumn_beforeOneWasChosen)
+{
+    openWith(2);
+    EXPECT_EQ(indicator().first, -1);
+    clickHeader(TrailerTableModel::Date);
+    EXPECT_EQ(indicator().first, TrailerTableModel::Date);
+    EXPECT_FALSE(list().order().ascending);
 }
 
 TEST_F(PanelOrderTest, sorting_isThatOfTheList_whenItWasSortedBefore)

@@ -136,6 +136,18 @@ TEST_F(TrailerListViewTest, doubleAction_comesOfADoubleClickAndOfReturn)
     EXPECT_EQ(actions.size(), 3);
 }
 
+TEST_F(TrailerListViewTest, doubleAction_doesNotComeOfADoubleClickWhereTheBoxIs)
+{
+    add(0, 3);
+    QSignalSpy actions(&m_view, &TrailerListView::doubleAction);
+    const QRect place = m_view.visualRect(m_model.index(1, TrailerTableModel::Sel));
+    for (const int x : {place.left() + 10, place.right() - 2}) {
+        QTest::mouseClick(m_view.viewport(), Qt::LeftButton, {}, {x, place.center().y()});
+        QTest::mouseDClick(m_view.viewport(), Qt::LeftButton, {}, {x, place.center().y()});
+    }
+    EXPECT_EQ(actions.size(), 0);
+}
+
 TEST_F(TrailerListViewTest, returnKey_selectsTheRowWithTheFocus_whenItIsNotSelected)
 {
     add(0, 3);

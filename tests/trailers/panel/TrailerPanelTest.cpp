@@ -47,6 +47,8 @@ TEST_F(TrailerPanelTest, stateField_isZero_whenThereIsNoList)
 {
     open();
     EXPECT_EQ(state(), QStringLiteral("0/0"));
+    EXPECT_EQ(controls().stateLabel->text(), QStringLiteral("Trailers selected:"));
+    EXPECT_LT(controls().stateLabel->geometry().right(), controls().stateField->geometry().left());
     EXPECT_EQ(table().model()->rowCount(), 0);
 }
 

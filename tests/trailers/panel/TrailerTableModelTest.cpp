@@ -130,7 +130,17 @@ TEST_F(TrailerTableModelTest, data_showsADateAsTheLocaleWritesIt)
     EXPECT_EQ(shown(TrailerTableModel::Url), QStringLiteral("http://h/a.mov"));
     EXPECT_EQ(shown(TrailerTableModel::Url, Qt::ToolTipRole), QStringLiteral("http://h/a.mov"));
     EXPECT_FALSE(shown(TrailerTableModel::Sel).isValid());
-    EXPECT_FALSE(shown(TrailerTableModel::Sel, Qt::ToolTipRole).isValid());
+    EXPECT_FALSE(shown(TrailerTableModel::Size, Qt::ToolTipRole).isValid());
+}
+
+TEST_F(TrailerTableModelTest, toolTip_saysWhatATickMeans_onTheBoxAndItsHeader)
+{
+    show({record("http://h/a.mov")});
+    const QString meaning =
+        QStringLiteral("A mark of your own: it is kept with the trailer, and changes nothing else");
+    EXPECT_EQ(shown(TrailerTableModel::Sel, Qt::ToolTipRole), meaning);
+    EXPECT_EQ(m_model.headerData(TrailerTableModel::Sel, Qt::Horizontal, Qt::ToolTipRole), meaning);
+    EXPECT_FALSE(m_model.headerData(TrailerTableModel::Date, Qt::Horizontal, Qt::ToolTipRole).isValid());
 }
 
 TEST_F(TrailerTableModelTest, setObjectValue_keepsTheValueAndLogsItsClass_whenTheColumnIsSEL)
