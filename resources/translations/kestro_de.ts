@@ -834,12 +834,16 @@ Ersetzen?</translation>
         <translation>Als Host der Site ist %1 eingestellt, diese Seite liegt aber auf %2: Keinem Link wird gefolgt.</translation>
     </message>
     <message>
-        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
-        <translation>Alle Seiten, zu denen sie führt, wurden schon gelesen; nach „Liste leeren“ liest eine Suche sie erneut.</translation>
-    </message>
-    <message>
         <source>A second scan at the same time cannot be kept away: %1</source>
         <translation>Eine zweite Suche zur gleichen Zeit lässt sich nicht fernhalten: %1</translation>
+    </message>
+    <message>
+        <source>Pages refused: %1. A start page without &lt;html&gt; has pages read as ASCII, and these hold other letters.</source>
+        <translation>Abgelehnte Seiten: %1. Eine Startseite ohne &lt;html&gt; lässt Seiten als ASCII lesen, und diese enthalten andere Buchstaben.</translation>
+    </message>
+    <message>
+        <source>The pages that this address leads to were all read before; Clear List forgets them, and a scan reads them again.</source>
+        <translation>Die Seiten, zu denen diese Adresse führt, wurden alle schon gelesen; „Liste leeren“ vergisst sie, und eine Suche liest sie erneut.</translation>
     </message>
 </context>
 <context>

@@ -834,12 +834,16 @@ Replace it?</source>
         <translation>El host configurado del sitio es %1, pero esta página está en %2: no se sigue ningún enlace.</translation>
     </message>
     <message>
-        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
-        <translation>Todas las páginas a las que lleva ya se habían leído; después de «Vaciar lista», un rastreo las lee de nuevo.</translation>
-    </message>
-    <message>
         <source>A second scan at the same time cannot be kept away: %1</source>
         <translation>No se puede impedir un segundo rastreo al mismo tiempo: %1</translation>
+    </message>
+    <message>
+        <source>Pages refused: %1. A start page without &lt;html&gt; has pages read as ASCII, and these hold other letters.</source>
+        <translation>Páginas rechazadas: %1. Una página inicial sin &lt;html&gt; hace que las páginas se lean como ASCII, y estas contienen otras letras.</translation>
+    </message>
+    <message>
+        <source>The pages that this address leads to were all read before; Clear List forgets them, and a scan reads them again.</source>
+        <translation>Las páginas a las que lleva esta dirección ya se habían leído todas; «Vaciar lista» las olvida, y un rastreo las lee de nuevo.</translation>
     </message>
 </context>
 <context>

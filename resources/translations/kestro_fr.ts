@@ -834,12 +834,16 @@ Le remplacer&#xa0;?</translation>
         <translation>L’hôte du site est défini sur %1, mais cette page se trouve sur %2 : aucun lien n’est suivi.</translation>
     </message>
     <message>
-        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
-        <translation>Toutes les pages vers lesquelles elle mène ont déjà été lues ; après « Vider la liste », une analyse les lit à nouveau.</translation>
-    </message>
-    <message>
         <source>A second scan at the same time cannot be kept away: %1</source>
         <translation>Une seconde analyse simultanée ne peut pas être empêchée : %1</translation>
+    </message>
+    <message>
+        <source>Pages refused: %1. A start page without &lt;html&gt; has pages read as ASCII, and these hold other letters.</source>
+        <translation>Pages refusées : %1. Une page de départ sans &lt;html&gt; fait lire les pages en ASCII, et celles-ci contiennent d’autres lettres.</translation>
+    </message>
+    <message>
+        <source>The pages that this address leads to were all read before; Clear List forgets them, and a scan reads them again.</source>
+        <translation>Les pages vers lesquelles mène cette adresse ont toutes déjà été lues ; « Vider la liste » les oublie, et une analyse les lit à nouveau.</translation>
     </message>
 </context>
 <context>

@@ -834,12 +834,16 @@ Replace it?</source>
         <translation>サイトのホストは%1に設定されていますが、このページは%2にあります。リンクはたどられません。</translation>
     </message>
     <message>
-        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
-        <translation>リンク先のページはすべて読み込み済みです。「リストを消去」の後にスキャンすると、もう一度読み込みます。</translation>
-    </message>
-    <message>
         <source>A second scan at the same time cannot be kept away: %1</source>
         <translation>同時に行われる別のスキャンを防げません: %1</translation>
+    </message>
+    <message>
+        <source>Pages refused: %1. A start page without &lt;html&gt; has pages read as ASCII, and these hold other letters.</source>
+        <translation>拒否されたページ: %1。開始ページに&lt;html&gt;がないとページはASCIIとして読み込まれますが、これらのページにはそれ以外の文字が含まれています。</translation>
+    </message>
+    <message>
+        <source>The pages that this address leads to were all read before; Clear List forgets them, and a scan reads them again.</source>
+        <translation>このアドレスのリンク先のページはすべて読み込み済みです。「リストを消去」でその記録を消すと、スキャンでもう一度読み込みます。</translation>
     </message>
 </context>
 <context>

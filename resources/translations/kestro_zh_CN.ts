@@ -834,12 +834,16 @@ Replace it?</source>
         <translation>网站主机设置为 %1，但此页面位于 %2：不会跟随任何链接。</translation>
     </message>
     <message>
-        <source>All pages that it leads to were read before; after Clear List a scan reads them again.</source>
-        <translation>它链接到的所有页面都已读取过；清空列表后，扫描会重新读取这些页面。</translation>
-    </message>
-    <message>
         <source>A second scan at the same time cannot be kept away: %1</source>
         <translation>无法阻止同时进行的另一次扫描：%1</translation>
+    </message>
+    <message>
+        <source>Pages refused: %1. A start page without &lt;html&gt; has pages read as ASCII, and these hold other letters.</source>
+        <translation>被拒绝的页面：%1。起始页没有 &lt;html&gt; 时，页面按 ASCII 读取，而这些页面含有其他字符。</translation>
+    </message>
+    <message>
+        <source>The pages that this address leads to were all read before; Clear List forgets them, and a scan reads them again.</source>
+        <translation>此地址链接到的页面都已读取过；“清空列表”会清除这些记录，之后扫描会重新读取。</translation>
     </message>
 </context>
 <context>

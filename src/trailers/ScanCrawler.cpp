@@ -88,6 +88,7 @@ void ScanCrawler::begin()
     m_startFailure.clear();
     m_isAllVisited = false;
     m_pages = 0;
+    m_refused = 0;
     m_queue = 0;
     m_budget.begin();
     m_bytesBefore = m_fetch.received() + m_unpacker.unpackedBytes();
@@ -187,8 +188,10 @@ Result<QByteArray> ScanCrawler::textOf(const std::string& url)
         page = m_unpacker.unpack(page.value(), m_hooks.isWanted);
         if (!page) logLine(QStringLiteral("Cannot unpack %1: %2").arg(shown(url), page.error()));
     }
-    if (!canBeDecoded(page, url)) return Error{page ? QStringLiteral("no text in it") : page.error()};
-    return page;
+    if (canBeDecoded(page, url)) return page;
+    if (!page) return page;
+    ++m_refused;
+    return Error{QStringLiteral("it is read as ASCII, and holds other characters")};
 }
 
 // What cannot be reached is left out without a line.

@@ -53,6 +53,8 @@ public:
     /// Pages that the last crawl has read, and why its first page could not be read.
     [[nodiscard]] int pageCount() const { return m_pages; }
     [[nodiscard]] const QString& startFailure() const { return m_startFailure; }
+    /// Pages that it refused, because pages are read as ASCII and these hold other characters.
+    [[nodiscard]] int refusedCount() const { return m_refused; }
     /// Whether its first page led to pages that had been visited before, and to no other.
     [[nodiscard]] bool isAllVisited() const { return m_isAllVisited; }
     /// The bound that kept the last crawl from pages that it would have asked for, in words; empty for none.
@@ -108,6 +110,7 @@ private:
     bool m_isCutShort = false; ///< the fetch before, by a stop
     bool m_isAllVisited = false;
     int m_pages = 0;
+    int m_refused = 0;
     qsizetype m_queue = 0;
     qint64 m_bytesBefore = 0; ///< that came before this crawl
 };

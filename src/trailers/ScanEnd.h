@@ -18,6 +18,7 @@ struct ScanEnd {
     QString reason; ///< in one line, where not everything was scanned and nobody stopped it
     int pages = 0;
 
+    int refused = 0;           ///< pages that are read as ASCII, and hold other characters
     bool isAllVisited = false; ///< the start page leads to pages that were visited before, and to no other
     QString otherHost; ///< that the site is said to be on, where the start page is on `host`; or empty
     QString host;

@@ -40,6 +40,14 @@ ScanEnd endOf(ScanEnd::Kind kind, const QString& reason, int pages = 0)
     return end;
 }
 
+void logRefused(int pages)
+{
+    if (pages == 0) return;
+    logLine(QStringLiteral("Pages refused: %1. A start page without \"<html>\" has pages read as ASCII, and "
+                           "these hold other characters.")
+                .arg(pages));
+}
+
 QString cannotRead(const std::string& url, const QString& reason)
 {
     return QStringLiteral("Cannot read %1: %2").arg(shownURL(QUrl(QString::fromStdString(url))), reason);
@@ -166,6 +174,8 @@ ScanEnd TrailerCont::crawlWithLock(const std::string& url, const TrailerSite& si
     m_crawler.setSiteHost(site.hostFor(url));
     ScanEnd end = scanFrom(url, progress);
     if (end.pages > 0 && !site.isOnHost(url)) noteOtherHost(url, site, end);
+    end.refused = m_crawler.refusedCount();
+    logRefused(end.refused);
     if (!progress && m_list.isChanged()) m_list.saveList();
     logLine(QStringLiteral("Thread exited."));
     return end;

@@ -113,6 +113,17 @@ class Scan(ScanTest):
                                      f'"{self.site.host}": no link is followed.'])
         self.assertNotIn("host", self.scan("--forget", "--host", "127.0.0.1").stderr)
 
+    def test_pages_that_are_refused_as_ascii_are_counted_in_a_line(self):
+        self.pages.update({"/trailers/": link("a/") + link("b/"),
+                           "/trailers/a/": page(movie("a_480.mov")) + "\u00e9",
+                           "/trailers/b/": page(movie("b_480.mov"))})
+        done = self.scan()
+        self.assertRegex(done.stdout, "^2 pages, 1 records")
+        self.assertEqual([line for line in done.stderr.splitlines() if line.startswith("Pages refused: ")],
+                         ['Pages refused: 1. A start page without "<html>" has pages read as ASCII, and these hold '
+                          'other characters.'])
+        self.assertIn(self.site.url("/trailers/a/"), self.saved()["Sites"])
+
     def test_a_lock_that_cannot_be_made_is_a_line_and_the_scan_runs(self):
         self.small_site()
         lock = self.list_path("Kestro_Scanned_Trailers.lock")

@@ -295,6 +295,38 @@ TEST_F(TrailerContTest, scan_runsAllTheSame_whenTheFolderCannotBeMade)
     EXPECT_EQ(m_log.count(m_controller->lastEnd().lockFault), 2); // of the crawl, and of saving
 }
 
+TEST_F(TrailerContTest, scan_saysInOneLineHowManyPagesWereRefused_asASCII)
+{
+    m_fetch->put(startUrl, "plain <a href=\"a/\"><a href=\"b/\"><a href=\"gone/\">");
+    m_fetch->put(innerUrl, "<html>\xe4");
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_EQ(m_controller->lastEnd().refused, 1);
+    EXPECT_EQ(m_controller->lastEnd().pages, 2);
+    const QString line = QStringLiteral("Pages refused: 1. A start page without \"<html>\" has pages read as "
+                                        "ASCII, and these hold other characters.");
+    EXPECT_EQ(m_log.count(line), 1);
+
+    m_log.clear();
+    m_observer.stops = 0;
+    m_controller->scan(); // the page stays visited
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_EQ(m_controller->lastEnd().refused, 0);
+    EXPECT_EQ(m_log.count(line), 0);
+}
+
+TEST_F(TrailerContTest, scan_countsTheStartPage_whereThatIsRefused)
+{
+    m_fetch->put(startUrl, "plain \xe4");
+    m_controller->scan();
+    ASSERT_TRUE(waitUntil([this] { return m_observer.stops == 1; }));
+    EXPECT_EQ(m_controller->lastEnd().kind, ScanEnd::Kind::NoPage);
+    EXPECT_EQ(m_controller->lastEnd().refused, 1);
+    EXPECT_EQ(m_controller->lastEnd().reason,
+              QStringLiteral("Cannot read http://h/trailers/: it is read as ASCII, "
+                             "and holds other characters"));
+}
+
 TEST_F(TrailerContTest, scan_knowsWhetherAllWasVisited)
 {
     for (const bool isVisited : {false, true}) {

@@ -31,9 +31,13 @@ QString ScanEndText::notes(const ScanEnd& end)
     if (!end.otherHost.isEmpty())
         sentences << tr("The site's host is set to %1, but this page is on %2: no link is followed.")
                          .arg(end.otherHost, end.host);
+    if (end.refused > 0)
+        sentences << tr("Pages refused: %1. A start page without <html> has pages read as ASCII, and these "
+                        "hold other letters.")
+                         .arg(end.refused);
     if (end.isAllVisited)
-        sentences << tr(
-            "All pages that it leads to were read before; after Clear List a scan reads them again.");
+        sentences << tr("The pages that this address leads to were all read before; Clear List forgets them, "
+                        "and a scan reads them again.");
     if (!end.lockFault.isEmpty())
         sentences << tr("A second scan at the same time cannot be kept away: %1").arg(end.lockFault);
     return sentences.join(u' ');

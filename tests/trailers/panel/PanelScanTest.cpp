@@ -188,8 +188,8 @@ TEST_F(PanelScanTest, scan_saysWhyNothingCameOfIt_whenAllPagesWereVisited)
     EXPECT_TRUE(controls().scanNotes->isHidden());
     finishScan();
     EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("Scan finished. Pages read: 1"));
-    EXPECT_EQ(notes(), QStringLiteral("All pages that it leads to were read before; after Clear List a scan "
-                                      "reads them again."));
+    EXPECT_EQ(notes(), QStringLiteral("The pages that this address leads to were all read before; Clear List "
+                                      "forgets them, and a scan reads them again."));
     EXPECT_TRUE(controls().scanNotes->isVisible());
 
     controls().clearBtn->click();
@@ -198,6 +198,18 @@ TEST_F(PanelScanTest, scan_saysWhyNothingCameOfIt_whenAllPagesWereVisited)
     finishScan();
     EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("Scan finished. Pages read: 2"));
     EXPECT_TRUE(controls().scanNotes->isHidden());
+}
+
+TEST_F(PanelScanTest, scan_saysWhyPagesWereRefused_andHowMany)
+{
+    m_fetch->put(startUrl, "plain <a href=\"a/\"><a href=\"b/\">");
+    m_fetch->put(innerUrl, "<html>\xe4");
+    m_fetch->put(lastUrl, "<html>\xf6");
+    finishScan();
+    EXPECT_EQ(controls().scanEnd->text(), QStringLiteral("Scan finished. Pages read: 1"));
+    EXPECT_EQ(notes(),
+              QStringLiteral("Pages refused: 2. A start page without <html> has pages read as ASCII, "
+                             "and these hold other letters."));
 }
 
 TEST_F(PanelScanTest, scan_saysThatTheHostIsNotThatOfThePage)
