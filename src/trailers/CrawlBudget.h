@@ -33,6 +33,8 @@ public:
     /// Counts what is kept in memory; answers false where that is too much.
     bool hold(qint64 bytes);
     void release(qint64 bytes) { m_held -= bytes; }
+    /// Whether there is memory for what is of little use: half of it is for the rest.
+    [[nodiscard]] bool hasMemoryToSpare() const { return m_held < m_limits.memory / 2; }
     /// The list takes no more.
     void listIsFull();
 

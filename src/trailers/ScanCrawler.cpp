@@ -226,12 +226,13 @@ QByteArray ScanCrawler::feedText(const QUrl& feed)
 }
 
 // What leads off the site never can be followed; left out here it takes no room while the page waits. A page
-// that was visited may be forgotten meanwhile, when the list is cleared.
+// that was visited may be forgotten meanwhile, when the list is cleared, but that ends no crawl for want of
+// room.
 void ScanCrawler::takeLinks(std::vector<std::string> links, OpenPage& page)
 {
     std::unordered_set<const Link*> taken;
     for (std::string& text : links) {
-        page.endsWithOtherLink = !isOnSite(text);
+        page.endsWithOtherLink = !isOnSite(text) || (!m_budget.hasMemoryToSpare() && m_list.isPassed(text));
         if (page.endsWithOtherLink) continue;
         const auto size = qint64(text.size());
         const auto [known, isNew] = m_known.try_emplace(std::move(text), false);

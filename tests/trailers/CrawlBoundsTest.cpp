@@ -119,6 +119,17 @@ TEST_F(CrawlBoundsTest, crawl_endsWithAllThatItHas_whenOpenPagesTakeTooMuchMemor
     EXPECT_EQ(m_list.count(), m_site.pages);
 }
 
+TEST_F(CrawlBoundsTest, crawl_goesOn_whenItIsLinksToVisitedPagesThatTakeTheMemory)
+{
+    for (int i = 0; i < 200; ++i) {
+        m_site.more += "<a href=\"/trailers/x" + QByteArray::number(i) + "/\">";
+        m_list.addPassed("http://h/trailers/x" + std::to_string(i) + "/");
+    }
+    m_limits.memory = 60'000;
+    EXPECT_EQ(crawl(), QStringLiteral("50 pages"));
+    EXPECT_EQ(m_list.count(), 50);
+}
+
 TEST_F(CrawlBoundsTest, crawl_leavesMoviesOut_whenOnePageHasMoreThanThereIsMemoryFor)
 {
     for (int i = 0; i < 1000; ++i)
