@@ -62,6 +62,7 @@ TrailerList::TrailerList(const QString& homeFolder, QString seed)
 
 void TrailerList::load()
 {
+    const std::lock_guard turn(m_fileTurn);
     const auto mark = m_file.mark();
     auto contents = m_file.load();
     const std::lock_guard guard(m_mutex);
@@ -74,7 +75,8 @@ void TrailerList::load()
 
 bool TrailerList::refresh()
 {
-    return read() == Reading::Taken;
+    const std::unique_lock turn(m_fileTurn, std::try_to_lock);
+    return turn && read() == Reading::Taken;
 }
 
 TrailerList::Reading TrailerList::read()
@@ -97,8 +99,9 @@ TrailerList::Reading TrailerList::read()
 // Without the lock, too: whoever keeps it for so long shall not keep the list from being saved.
 bool TrailerList::saveList()
 {
-    const auto turn = ListLock::takeToSave(m_file.path());
-    if (!turn) logLine(turn.failure().message);
+    const std::lock_guard turn(m_fileTurn);
+    const auto lock = ListLock::takeToSave(m_file.path());
+    if (!lock) logLine(lock.failure().message);
     if (read() == Reading::Unreadable) m_file.setAside();
     ListChanges changes;
     const bool isSaved = m_file.save(contentsToSave(changes));

@@ -31,7 +31,7 @@ public:
     /// another process has saved there meanwhile stays, with the changes that were made here.
     bool saveList();
     /// Takes on what another process has saved, with the changes that were made here; answers whether there
-    /// was anything.
+    /// was anything. Nothing while another thread saves, which does the same.
     bool refresh();
     /// Whether there is anything that was not read from the file nor written to it.
     [[nodiscard]] bool isChanged() const;
@@ -92,6 +92,7 @@ private:
     [[nodiscard]] TrailerEntries entriesOfWidth(int width) const;
 
     const TrailerListFile m_file;
+    std::mutex m_fileTurn;      ///< held while the file is read or written; taken before the next
     mutable std::mutex m_mutex; ///< guards what follows
     TrailerListContents m_contents;
     std::optional<FileMark> m_mark; ///< of the file as it was read or written last
