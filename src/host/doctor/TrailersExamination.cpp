@@ -33,7 +33,7 @@ Finding reach(const QUrl& start)
     const auto page = fetch.fetch(start);
     if (page) return fine(shownURL(start) + QStringLiteral(": answers"));
     return broken(
-        QStringLiteral("%1: %2").arg(shownURL(start), page.error()),
+        QStringLiteral("%1: %2").arg(shownURL(start), page.failure().message),
         QStringLiteral("see whether the address in [trailers] of kestro.conf and the network are right"));
 }
 
