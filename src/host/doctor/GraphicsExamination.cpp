@@ -1,13 +1,12 @@
 #include "host/doctor/Examinations.h"
+#include "platform/base/ChildOutput.h"
 #include "platform/base/ChildProcess.h"
-#include "platform/base/Descriptor.h"
 #include "platform/base/Paths.h"
 #include "platform/session/SessionPlaces.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include <sys/mman.h>
 #include <unistd.h>
 
 namespace kestro {
@@ -15,13 +14,6 @@ namespace kestro {
 namespace {
 
 constexpr qsizetype longestReport = 65536; // bytes
-
-QByteArray contentsOf(const Descriptor& memory)
-{
-    QByteArray bytes(longestReport, Qt::Uninitialized);
-    bytes.truncate(std::max<ssize_t>(0, pread(memory.number(), bytes.data(), std::size_t(bytes.size()), 0)));
-    return bytes;
-}
 
 /// A driver may hang or crash: a process of its own asks it.
 class GraphicsExamination final : public Examination {
@@ -35,7 +27,6 @@ public:
     void begin(Done done) override
     {
         m_done = std::move(done);
-        m_report = Descriptor(memfd_create("kestro-doctor", MFD_CLOEXEC));
         auto process = ChildProcess::start({.file = m_program,
                                             .arguments = {QStringLiteral("--graphics")},
                                             .descriptors = {{m_report.number(), STDOUT_FILENO}},
@@ -53,7 +44,7 @@ private:
         if (end.signal != 0)
             return {broken(QStringLiteral("a driver crashed (signal %1)").arg(end.signal),
                            QStringLiteral("have software draw: KESTRO_RENDERER=software"))};
-        const QJsonArray list = QJsonDocument::fromJson(contentsOf(m_report)).array();
+        const QJsonArray list = QJsonDocument::fromJson(m_report.first(longestReport)).array();
         Findings findings;
         for (const auto& item : list)
             findings += Finding::from(item.toObject());
@@ -63,7 +54,7 @@ private:
     }
 
     QString m_program;
-    Descriptor m_report;
+    ChildOutput m_report;
     std::unique_ptr<ChildProcess> m_process;
     Done m_done;
 };

@@ -1,7 +1,6 @@
 #include "host/preferences/SaverRun.h"
 
 #include <chrono>
-#include <sys/mman.h>
 #include <unistd.h>
 #include <utility>
 
@@ -10,7 +9,7 @@ namespace kestro {
 namespace {
 
 constexpr std::chrono::milliseconds patience{100};
-constexpr off_t longestComplaint = 4096; // bytes
+constexpr qsizetype longestComplaint = 4096; // bytes
 
 } // namespace
 
@@ -27,7 +26,7 @@ SaverRun::~SaverRun()
 void SaverRun::start()
 {
     if (isRunning()) return;
-    m_said = Descriptor(memfd_create("kestro-said", MFD_CLOEXEC));
+    m_said = {};
     auto process = ChildProcess::start({.file = m_program,
                                         .descriptors = {{m_said.number(), STDERR_FILENO}},
                                         .group = ChildProgram::Group::Ours,
@@ -57,12 +56,7 @@ void SaverRun::finished(const ChildEnd& end)
 /// The last line that it said, which tells why it failed.
 QString SaverRun::lastErrorLine() const
 {
-    QByteArray said(longestComplaint, Qt::Uninitialized);
-    const off_t size = lseek(m_said.number(), 0, SEEK_END);
-    const ssize_t count = pread(m_said.number(), said.data(), std::size_t(longestComplaint),
-                                std::max<off_t>(0, size - longestComplaint));
-    said.truncate(std::max<ssize_t>(0, count));
-    const QString last = QString::fromLocal8Bit(said).trimmed().section(u'\n', -1);
+    const QString last = QString::fromLocal8Bit(m_said.last(longestComplaint)).trimmed().section(u'\n', -1);
     return last.isEmpty() ? tr("The saver could not run.") : last;
 }
 

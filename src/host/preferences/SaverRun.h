@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/ChildOutput.h"
 #include "platform/base/ChildProcess.h"
 
 #include <QObject>
@@ -35,7 +36,7 @@ private:
     [[nodiscard]] QString lastErrorLine() const;
 
     std::unique_ptr<ChildProcess> m_process;
-    Descriptor m_said; ///< memory that it writes its errors to
+    ChildOutput m_said; ///< its errors
     QString m_program;
 };
 
