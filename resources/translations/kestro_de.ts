@@ -679,7 +679,7 @@ Bitte versuchen Sie es noch einmal.</translation>
         <translation>Nach &amp;URL sortieren</translation>
     </message>
     <message>
-        <source>Sort by &amp;Date</source>
+        <source>Sort by D&amp;ate</source>
         <translation>Nach &amp;Datum sortieren</translation>
     </message>
     <message>
@@ -689,6 +689,10 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>Scan</source>
         <translation>Durchsuchen</translation>
+    </message>
+    <message>
+        <source>Cl&amp;ose</source>
+        <translation>S&amp;chließen</translation>
     </message>
 </context>
 <context>
@@ -734,12 +738,12 @@ Bitte versuchen Sie es noch einmal.</translation>
         <translation>&amp;Optionen…</translation>
     </message>
     <message>
-        <source>&amp;Try it</source>
+        <source>&amp;Try It</source>
         <translation>&amp;Ausprobieren</translation>
     </message>
     <message>
         <source>&amp;Close</source>
-        <translation>&amp;Schließen</translation>
+        <translation>S&amp;chließen</translation>
     </message>
     <message>
         <source>Kestro Settings</source>
@@ -849,16 +853,16 @@ Ersetzen?</translation>
 <context>
     <name>kestro::ScreensPanel</name>
     <message>
-        <source>a movie on each</source>
-        <translation>auf jedem ein eigener Film</translation>
+        <source>A movie on each</source>
+        <translation>Auf jedem ein eigener Film</translation>
     </message>
     <message>
-        <source>the same movie on all</source>
-        <translation>auf allen derselbe Film</translation>
+        <source>The same movie on all</source>
+        <translation>Auf allen derselbe Film</translation>
     </message>
     <message>
-        <source>one movie across all</source>
-        <translation>ein Film über alle hinweg</translation>
+        <source>One movie across all</source>
+        <translation>Ein Film über alle hinweg</translation>
     </message>
     <message>
         <source>Monitors that show the saver</source>
@@ -874,12 +878,12 @@ Ersetzen?</translation>
         <translation>&amp;Bildschirme:</translation>
     </message>
     <message>
-        <source>all monitors</source>
-        <translation>alle Monitore</translation>
+        <source>All monitors</source>
+        <translation>Alle Monitore</translation>
     </message>
     <message>
-        <source>the first monitor alone</source>
-        <translation>nur der erste Monitor</translation>
+        <source>The first monitor alone</source>
+        <translation>Nur der erste Monitor</translation>
     </message>
     <message>
         <source>%1 alone</source>
@@ -963,6 +967,14 @@ Ersetzen?</translation>
     <message>
         <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
         <translation>Ein eigenes Merkzeichen: Es bleibt beim Trailer und ändert sonst nichts</translation>
+    </message>
+    <message>
+        <source>Ticked</source>
+        <translation>Angehakt</translation>
+    </message>
+    <message>
+        <source>Not ticked</source>
+        <translation>Nicht angehakt</translation>
     </message>
 </context>
 <context>

@@ -679,7 +679,7 @@ Inténtelo de nuevo.</translation>
         <translation>Ordenar por &amp;URL</translation>
     </message>
     <message>
-        <source>Sort by &amp;Date</source>
+        <source>Sort by D&amp;ate</source>
         <translation>Ordenar por &amp;fecha</translation>
     </message>
     <message>
@@ -689,6 +689,10 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>Scan</source>
         <translation>Rastrear</translation>
+    </message>
+    <message>
+        <source>Cl&amp;ose</source>
+        <translation>&amp;Cerrar</translation>
     </message>
 </context>
 <context>
@@ -734,7 +738,7 @@ Inténtelo de nuevo.</translation>
         <translation>&amp;Opciones…</translation>
     </message>
     <message>
-        <source>&amp;Try it</source>
+        <source>&amp;Try It</source>
         <translation>&amp;Probar</translation>
     </message>
     <message>
@@ -849,16 +853,16 @@ Replace it?</source>
 <context>
     <name>kestro::ScreensPanel</name>
     <message>
-        <source>a movie on each</source>
-        <translation>una película en cada una</translation>
+        <source>A movie on each</source>
+        <translation>Una película en cada una</translation>
     </message>
     <message>
-        <source>the same movie on all</source>
-        <translation>la misma película en todas</translation>
+        <source>The same movie on all</source>
+        <translation>La misma película en todas</translation>
     </message>
     <message>
-        <source>one movie across all</source>
-        <translation>una película a lo largo de todas</translation>
+        <source>One movie across all</source>
+        <translation>Una película a lo largo de todas</translation>
     </message>
     <message>
         <source>Monitors that show the saver</source>
@@ -874,12 +878,12 @@ Replace it?</source>
         <translation>Pan&amp;tallas:</translation>
     </message>
     <message>
-        <source>all monitors</source>
-        <translation>todos los monitores</translation>
+        <source>All monitors</source>
+        <translation>Todos los monitores</translation>
     </message>
     <message>
-        <source>the first monitor alone</source>
-        <translation>solo el primer monitor</translation>
+        <source>The first monitor alone</source>
+        <translation>Solo el primer monitor</translation>
     </message>
     <message>
         <source>%1 alone</source>
@@ -963,6 +967,14 @@ Replace it?</source>
     <message>
         <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
         <translation>Una marca propia: se guarda con el tráiler y no cambia nada más</translation>
+    </message>
+    <message>
+        <source>Ticked</source>
+        <translation>Marcado</translation>
+    </message>
+    <message>
+        <source>Not ticked</source>
+        <translation>No marcado</translation>
     </message>
 </context>
 <context>

@@ -679,7 +679,7 @@ Veuillez réessayer.</translation>
         <translation>Trier par &amp;URL</translation>
     </message>
     <message>
-        <source>Sort by &amp;Date</source>
+        <source>Sort by D&amp;ate</source>
         <translation>Trier par da&amp;te</translation>
     </message>
     <message>
@@ -689,6 +689,10 @@ Veuillez réessayer.</translation>
     <message>
         <source>Scan</source>
         <translation>Analyser</translation>
+    </message>
+    <message>
+        <source>Cl&amp;ose</source>
+        <translation>&amp;Fermer</translation>
     </message>
 </context>
 <context>
@@ -734,7 +738,7 @@ Veuillez réessayer.</translation>
         <translation>&amp;Options…</translation>
     </message>
     <message>
-        <source>&amp;Try it</source>
+        <source>&amp;Try It</source>
         <translation>&amp;Essayer</translation>
     </message>
     <message>
@@ -849,16 +853,16 @@ Le remplacer&#xa0;?</translation>
 <context>
     <name>kestro::ScreensPanel</name>
     <message>
-        <source>a movie on each</source>
-        <translation>un film sur chacun</translation>
+        <source>A movie on each</source>
+        <translation>Un film sur chacun</translation>
     </message>
     <message>
-        <source>the same movie on all</source>
-        <translation>le même film sur tous</translation>
+        <source>The same movie on all</source>
+        <translation>Le même film sur tous</translation>
     </message>
     <message>
-        <source>one movie across all</source>
-        <translation>un seul film sur l’ensemble</translation>
+        <source>One movie across all</source>
+        <translation>Un seul film sur l’ensemble</translation>
     </message>
     <message>
         <source>Monitors that show the saver</source>
@@ -874,12 +878,12 @@ Le remplacer&#xa0;?</translation>
         <translation>É&amp;crans :</translation>
     </message>
     <message>
-        <source>all monitors</source>
-        <translation>tous les moniteurs</translation>
+        <source>All monitors</source>
+        <translation>Tous les moniteurs</translation>
     </message>
     <message>
-        <source>the first monitor alone</source>
-        <translation>le premier moniteur seulement</translation>
+        <source>The first monitor alone</source>
+        <translation>Le premier moniteur seulement</translation>
     </message>
     <message>
         <source>%1 alone</source>
@@ -963,6 +967,14 @@ Le remplacer&#xa0;?</translation>
     <message>
         <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
         <translation>Une marque personnelle : elle est conservée avec la bande-annonce et ne change rien d’autre</translation>
+    </message>
+    <message>
+        <source>Ticked</source>
+        <translation>Coché</translation>
+    </message>
+    <message>
+        <source>Not ticked</source>
+        <translation>Non coché</translation>
     </message>
 </context>
 <context>

@@ -679,8 +679,8 @@ Please try again.</source>
         <translation>URL順に並べ替え(&amp;U)</translation>
     </message>
     <message>
-        <source>Sort by &amp;Date</source>
-        <translation>日付順に並べ替え(&amp;D)</translation>
+        <source>Sort by D&amp;ate</source>
+        <translation>日付順に並べ替え(&amp;A)</translation>
     </message>
     <message>
         <source>Stop</source>
@@ -689,6 +689,10 @@ Please try again.</source>
     <message>
         <source>Scan</source>
         <translation>スキャン</translation>
+    </message>
+    <message>
+        <source>Cl&amp;ose</source>
+        <translation>閉じる(&amp;O)</translation>
     </message>
 </context>
 <context>
@@ -734,7 +738,7 @@ Please try again.</source>
         <translation>オプション(&amp;O)…</translation>
     </message>
     <message>
-        <source>&amp;Try it</source>
+        <source>&amp;Try It</source>
         <translation>試す(&amp;T)</translation>
     </message>
     <message>
@@ -849,15 +853,15 @@ Replace it?</source>
 <context>
     <name>kestro::ScreensPanel</name>
     <message>
-        <source>a movie on each</source>
+        <source>A movie on each</source>
         <translation>それぞれに別のムービー</translation>
     </message>
     <message>
-        <source>the same movie on all</source>
+        <source>The same movie on all</source>
         <translation>すべてに同じムービー</translation>
     </message>
     <message>
-        <source>one movie across all</source>
+        <source>One movie across all</source>
         <translation>全体で一つのムービー</translation>
     </message>
     <message>
@@ -874,11 +878,11 @@ Replace it?</source>
         <translation>画面(&amp;N):</translation>
     </message>
     <message>
-        <source>all monitors</source>
+        <source>All monitors</source>
         <translation>すべてのモニタ</translation>
     </message>
     <message>
-        <source>the first monitor alone</source>
+        <source>The first monitor alone</source>
         <translation>最初のモニタのみ</translation>
     </message>
     <message>
@@ -963,6 +967,14 @@ Replace it?</source>
     <message>
         <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
         <translation>自分用の目印です。予告編とともに保存され、ほかには影響しません</translation>
+    </message>
+    <message>
+        <source>Ticked</source>
+        <translation>チェックあり</translation>
+    </message>
+    <message>
+        <source>Not ticked</source>
+        <translation>チェックなし</translation>
     </message>
 </context>
 <context>

@@ -679,8 +679,8 @@ Please try again.</source>
         <translation>按 URL 排序(&amp;U)</translation>
     </message>
     <message>
-        <source>Sort by &amp;Date</source>
-        <translation>按日期排序(&amp;D)</translation>
+        <source>Sort by D&amp;ate</source>
+        <translation>按日期排序(&amp;A)</translation>
     </message>
     <message>
         <source>Stop</source>
@@ -689,6 +689,10 @@ Please try again.</source>
     <message>
         <source>Scan</source>
         <translation>扫描</translation>
+    </message>
+    <message>
+        <source>Cl&amp;ose</source>
+        <translation>关闭(&amp;O)</translation>
     </message>
 </context>
 <context>
@@ -734,7 +738,7 @@ Please try again.</source>
         <translation>选项(&amp;O)…</translation>
     </message>
     <message>
-        <source>&amp;Try it</source>
+        <source>&amp;Try It</source>
         <translation>试用(&amp;T)</translation>
     </message>
     <message>
@@ -849,15 +853,15 @@ Replace it?</source>
 <context>
     <name>kestro::ScreensPanel</name>
     <message>
-        <source>a movie on each</source>
+        <source>A movie on each</source>
         <translation>每个屏幕各放一部影片</translation>
     </message>
     <message>
-        <source>the same movie on all</source>
+        <source>The same movie on all</source>
         <translation>所有屏幕放同一影片</translation>
     </message>
     <message>
-        <source>one movie across all</source>
+        <source>One movie across all</source>
         <translation>一部影片横跨所有屏幕</translation>
     </message>
     <message>
@@ -874,11 +878,11 @@ Replace it?</source>
         <translation>屏幕(&amp;N)：</translation>
     </message>
     <message>
-        <source>all monitors</source>
+        <source>All monitors</source>
         <translation>所有显示器</translation>
     </message>
     <message>
-        <source>the first monitor alone</source>
+        <source>The first monitor alone</source>
         <translation>仅第一台显示器</translation>
     </message>
     <message>
@@ -963,6 +967,14 @@ Replace it?</source>
     <message>
         <source>A mark of your own: it is kept with the trailer, and changes nothing else</source>
         <translation>您自己的标记：随预告片一起保存，不影响其他任何内容</translation>
+    </message>
+    <message>
+        <source>Ticked</source>
+        <translation>已勾选</translation>
+    </message>
+    <message>
+        <source>Not ticked</source>
+        <translation>未勾选</translation>
     </message>
 </context>
 <context>

@@ -77,7 +77,8 @@ void ThemePanel::setUpButtons()
     connect(m_ui->stopButton, &QPushButton::clicked, this, &ThemePanel::stopTheme);
     connect(m_ui->buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_ui->buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    m_addButton = m_ui->buttons->addButton(tr("&Add"), QDialogButtonBox::AcceptRole);
+    m_addButton = m_ui->buttons->button(QDialogButtonBox::Ok);
+    m_addButton->setText(tr("&Add"));
     m_addButton->setObjectName(QStringLiteral("addButton"));
     m_addButton->setDefault(true);
     connect(m_themeMovieView, &MoviePreview::movieFailed, this, &ThemePanel::showWhatCanBeDone);

@@ -20,7 +20,12 @@ WINDOWS = ["src/widgets", "src/config_ui", "src/trailers/panel", "src/host/prefe
 PLACEHOLDER = re.compile(r"%L?\d+|%n|%[ds@]")
 MNEMONIC = re.compile(r"&([^\s&])")
 # What stands in the window of another class.
-WINDOW_OF = {"kestro::XscreensaverPanel": "kestro::PreferencesWindow"}
+WINDOW_OF = {
+    "kestro::IdlePanel": "kestro::PreferencesWindow",
+    "kestro::ScreensPanel": "kestro::PreferencesWindow",
+    "kestro::XscreensaverPanel": "kestro::PreferencesWindow",
+    "ThemePanel": "kestro::ThemePanel",
+}
 # How a text ends, and what may stand there instead in another language.
 ENDINGS = {"…": "…", "...": "...…", ":": ":：", ".": ".。", "?": "?？", "\n": "\n", " ": " "}
 # What shows a text, and a literal handed to it: such a text cannot be translated.

@@ -6,9 +6,9 @@
 #include "host/preferences/XscreensaverPanel.h"
 
 #include <QCloseEvent>
+#include <QDialogButtonBox>
 #include <QFrame>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
@@ -37,12 +37,12 @@ QFrame* line(QWidget* parent)
 PreferencesWindow::PreferencesWindow(const Parts& parts)
     : m_parts(parts)
     , m_box(new AspectBox(this))
-    , m_options(new QPushButton(tr("&Options…"), this))
-    , m_tryIt(new QPushButton(tr("&Try it"), this))
-    , m_close(new QPushButton(tr("&Close"), this))
     , m_screens(new ScreensPanel(parts.idle.configuration, ScreensPanel::namesInSession, this))
     , m_idle(new IdlePanel(parts.idle, this))
     , m_xscreensaver(new XscreensaverPanel(parts.xscreensaver, this))
+    , m_buttons(new QDialogButtonBox(QDialogButtonBox::Close, this))
+    , m_options(m_buttons->addButton(tr("&Options…"), QDialogButtonBox::ActionRole))
+    , m_tryIt(m_buttons->addButton(tr("&Try It"), QDialogButtonBox::ActionRole))
     , m_trial(parts.program)
 {
     setWindowTitle(tr("Kestro Settings"));
@@ -53,7 +53,7 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &PreferencesWindow::takeShapeOfScreen);
     connect(m_options, &QPushButton::clicked, this, &PreferencesWindow::openOptions);
     connect(m_tryIt, &QPushButton::clicked, this, &PreferencesWindow::tryIt);
-    connect(m_close, &QPushButton::clicked, this, &QWidget::close);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &QWidget::close);
     connect(&m_trial, &SaverRun::ended, this, &PreferencesWindow::trialEnded);
     connect(m_screens, &ScreensPanel::failed, this, &PreferencesWindow::alert);
     connect(m_idle, &IdlePanel::failed, this, &PreferencesWindow::alert);
@@ -66,16 +66,13 @@ void PreferencesWindow::layOut()
 {
     auto* column = new QVBoxLayout(this);
     column->addWidget(m_box, 1);
-    auto* row = new QHBoxLayout;
-    row->addWidget(m_options);
-    row->addWidget(m_tryIt);
-    row->addStretch(1);
-    row->addWidget(m_close);
-    column->addLayout(row);
-    column->addWidget(line(this));
     column->addWidget(m_screens);
     column->addWidget(m_idle);
     column->addWidget(m_xscreensaver);
+    column->addWidget(line(this));
+    column->addWidget(m_buttons);
+    m_buttons->button(QDialogButtonBox::Close)->setText(tr("&Close"));
+    m_options->setFocus();
 }
 
 void PreferencesWindow::addKeys()

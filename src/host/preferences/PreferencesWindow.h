@@ -10,7 +10,7 @@
 #include <functional>
 #include <memory>
 
-class QLabel;
+class QDialogButtonBox;
 class QPushButton;
 class QSettings;
 
@@ -73,12 +73,12 @@ private:
 
     Parts m_parts;
     AspectBox* m_box; ///< Qt's parents own all widgets
-    QPushButton* m_options;
-    QPushButton* m_tryIt;
-    QPushButton* m_close;
     ScreensPanel* m_screens;
     IdlePanel* m_idle;
     XscreensaverPanel* m_xscreensaver;
+    QDialogButtonBox* m_buttons; ///< after the others: Tab goes through them in this order
+    QPushButton* m_options;
+    QPushButton* m_tryIt;
     std::unique_ptr<Preview> m_preview;
     SaverRun m_trial;
     bool m_wasPainted = false;

@@ -29,9 +29,9 @@ ScreensPanel::ScreensPanel(QString configuration, Names monitors, QWidget* paren
     , m_mode(new QComboBox(this))
     , m_monitors(new QComboBox(this))
 {
-    m_mode->addItem(tr("a movie on each"), int(ScreensMode::Each));
-    m_mode->addItem(tr("the same movie on all"), int(ScreensMode::Mirror));
-    m_mode->addItem(tr("one movie across all"), int(ScreensMode::Span));
+    m_mode->addItem(tr("A movie on each"), int(ScreensMode::Each));
+    m_mode->addItem(tr("The same movie on all"), int(ScreensMode::Mirror));
+    m_mode->addItem(tr("One movie across all"), int(ScreensMode::Span));
     m_monitors->setAccessibleName(tr("Monitors that show the saver"));
     m_monitors->setToolTip(tr("The others are black meanwhile"));
     layOut();
@@ -65,8 +65,8 @@ void ScreensPanel::refresh()
 void ScreensPanel::offerMonitors(const MonitorChoice& chosen)
 {
     m_monitors->clear();
-    m_monitors->addItem(tr("all monitors"), MonitorChoice().text());
-    m_monitors->addItem(tr("the first monitor alone"), MonitorChoice{MonitorChoice::Kind::First, {}}.text());
+    m_monitors->addItem(tr("All monitors"), MonitorChoice().text());
+    m_monitors->addItem(tr("The first monitor alone"), MonitorChoice{MonitorChoice::Kind::First, {}}.text());
     for (const QString& name : m_names())
         m_monitors->addItem(tr("%1 alone").arg(name), name);
     const QString stored = chosen.text();

@@ -24,9 +24,7 @@ PanelWindow::PanelWindow(TrailerTableModel& model)
     m_ui->listView->showModel(model);
     connect(m_ui->listView->horizontalHeader(), &QHeaderView::sectionClicked, this,
             &PanelWindow::columnSelected);
-    // Return presses the button that has the focus, as in a dialog.
-    for (QPushButton* button : findChildren<QPushButton*>())
-        button->setAutoDefault(true);
+    setUpButtons();
     addShortcuts();
     addMenu();
     m_ui->scanBtn->installEventFilter(this);
@@ -36,6 +34,19 @@ PanelWindow::PanelWindow(TrailerTableModel& model)
 }
 
 PanelWindow::~PanelWindow() = default;
+
+void PanelWindow::setUpButtons()
+{
+    QDialogButtonBox& box = *m_ui->buttons;
+    for (QPushButton* button : {m_ui->previewBtn, m_ui->saveBtn, m_ui->latestBtn, m_ui->addBtn})
+        box.addButton(button, QDialogButtonBox::ActionRole);
+    QPushButton* const closeBtn = box.button(QDialogButtonBox::Close);
+    closeBtn->setText(tr("Cl&ose")); // that of the desktop might have the letter of another button
+    connect(&box, &QDialogButtonBox::rejected, this, &QWidget::close);
+    // Return presses the button that has the focus, as in a dialog.
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setAutoDefault(true);
+}
 
 void PanelWindow::addShortcuts()
 {
@@ -69,7 +80,7 @@ void PanelWindow::addMenu()
         list->addAction(action);
     };
     addSorting(tr("Sort by &URL"), TrailerTableModel::Url);
-    addSorting(tr("Sort by &Date"), TrailerTableModel::Date);
+    addSorting(tr("Sort by D&ate"), TrailerTableModel::Date);
     list->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 

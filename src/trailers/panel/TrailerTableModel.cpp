@@ -104,6 +104,8 @@ QVariant TrailerTableModel::data(const QModelIndex& index, int role) const
         return shown(index.column(), index.row());
     case Qt::CheckStateRole:
         return index.column() == Sel ? QVariant(checkState(index.data(ObjectValueRole))) : QVariant();
+    case Qt::AccessibleTextRole:
+        return index.column() == Sel ? QVariant(spokenTick(index)) : QVariant();
     case Qt::ToolTipRole:
         return toolTip(index);
     default:
@@ -120,6 +122,11 @@ QVariant TrailerTableModel::toolTip(const QModelIndex& index) const
 {
     if (index.column() == Sel) return meaningOfTick();
     return index.column() == Url ? index.data(ObjectValueRole) : QVariant();
+}
+
+QString TrailerTableModel::spokenTick(const QModelIndex& index) const
+{
+    return checkState(index.data(ObjectValueRole)) == Qt::Checked ? tr("Ticked") : tr("Not ticked");
 }
 
 QVariant TrailerTableModel::shown(int column, int row) const

@@ -49,6 +49,7 @@ public:
 private:
     [[nodiscard]] static QString meaningOfTick();
     [[nodiscard]] QVariant toolTip(const QModelIndex& index) const;
+    [[nodiscard]] QString spokenTick(const QModelIndex& index) const;
     [[nodiscard]] QVariant shown(int column, int row) const;
 
     TrailerList& m_list;

@@ -1,5 +1,6 @@
 #include "host/preferences/PreferencesWindow.h"
 
+#include "host/preferences/FakePreview.h"
 #include "host/preferences/PreferencesTest.h"
 
 #include <QEvent>
@@ -17,51 +18,6 @@
 namespace kestro {
 
 namespace {
-
-/// What is asked of a preview.
-struct Asked {
-    QStringList journal;
-    bool isThere = true;
-    bool hasOptions = true;
-    std::function<void()> whileStarting;
-};
-
-class FakePreview final : public Preview {
-public:
-    explicit FakePreview(Asked& asked)
-        : m_asked(asked)
-    {
-    }
-
-    QWidget& widget() override { return m_widget; }
-    bool start(const std::function<void()>& made) override
-    {
-        if (m_asked.isThere) made();
-        if (m_asked.whileStarting) m_asked.whileStarting();
-        return m_isStarted = m_asked.isThere;
-    }
-    bool isRunning() const override { return m_isStarted && m_pauses == 0; }
-    void setPaused(Pause reason, bool paused) override
-    {
-        m_pauses = paused ? m_pauses | reason : m_pauses & ~unsigned{reason};
-    }
-    bool hasOptions() const override { return m_asked.hasOptions; }
-    void openOptions(QWidget& over) override
-    {
-        m_asked.journal.append(QStringLiteral("options over ") + over.windowTitle());
-    }
-    void end() override
-    {
-        m_isStarted = false;
-        m_asked.journal.append(QStringLiteral("end"));
-    }
-
-private:
-    Asked& m_asked;
-    QWidget m_widget;
-    bool m_isStarted = false;
-    unsigned m_pauses = 0;
-};
 
 class PreferencesWindowTest : public PreferencesTest {
 protected:
@@ -130,7 +86,7 @@ int numberIn(const QString& path)
 }
 
 const QString options = QStringLiteral("&Options…");
-const QString tryIt = QStringLiteral("&Try it");
+const QString tryIt = QStringLiteral("&Try It");
 
 } // namespace
 
@@ -197,6 +153,18 @@ TEST_F(PreferencesWindowTest, options_haveTheKeysFirst)
     window->activateWindow();
     ASSERT_TRUE(waitUntil([&] { return window->isActiveWindow(); }));
     EXPECT_EQ(window->focusWidget(), &button(*window, options));
+}
+
+TEST_F(PreferencesWindowTest, tab_goesThroughTheButtonsFromTheFirst)
+{
+    const auto window = shownWindow();
+    const QWidget* at = &button(*window, options);
+    for (const QString& next : {tryIt, QStringLiteral("&Close")}) {
+        do
+            at = at->nextInFocusChain();
+        while (at->focusPolicy() == Qt::NoFocus);
+        EXPECT_EQ(at, &button(*window, next)) << qPrintable(next);
+    }
 }
 
 TEST_F(PreferencesWindowTest, options_areDisabled_whenTheSaverHasNone)

@@ -36,8 +36,8 @@ protected:
 TEST_F(ScreensPanelTest, showsTheUsual_andStoresNothing_untilSomethingIsChosen)
 {
     ScreensPanel panel(configuration(), monitors());
-    EXPECT_EQ(panel.mode().currentText(), QStringLiteral("a movie on each"));
-    EXPECT_EQ(panel.monitors().currentText(), QStringLiteral("all monitors"));
+    EXPECT_EQ(panel.mode().currentText(), QStringLiteral("A movie on each"));
+    EXPECT_EQ(panel.monitors().currentText(), QStringLiteral("All monitors"));
     EXPECT_FALSE(QFile::exists(configuration()));
 }
 
@@ -51,7 +51,7 @@ TEST_F(ScreensPanelTest, storesWhatIsChosen_besideWhatElseIsThere)
     panel.monitors().setCurrentIndex(1);
     EXPECT_EQ(stored(), "[idle]\nafter=7\n\n[screens]\nmode=span\nmonitors=first\n");
     EXPECT_EQ(ScreensPanel(configuration(), monitors()).mode().currentText(),
-              QStringLiteral("one movie across all"));
+              QStringLiteral("One movie across all"));
 }
 
 TEST_F(ScreensPanelTest, offersEveryMonitorByItsName)
@@ -75,7 +75,7 @@ TEST_F(ScreensPanelTest, refresh_showsWhatAnotherProgramChose)
     ScreensPanel panel(configuration(), monitors());
     write("[screens]\nmode=span\n");
     panel.refresh();
-    EXPECT_EQ(panel.mode().currentText(), QStringLiteral("one movie across all"));
+    EXPECT_EQ(panel.mode().currentText(), QStringLiteral("One movie across all"));
     EXPECT_EQ(stored(), "[screens]\nmode=span\n");
 }
 

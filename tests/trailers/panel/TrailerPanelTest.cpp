@@ -11,7 +11,17 @@
 
 namespace kestro {
 
-class TrailerPanelTest : public OpenPanelTest {};
+class TrailerPanelTest : public OpenPanelTest {
+protected:
+    /// Where Tab goes from a control.
+    static QWidget* nextStop(const QWidget& control)
+    {
+        QWidget* next = control.nextInFocusChain();
+        while (next->focusPolicy() == Qt::NoFocus)
+            next = next->nextInFocusChain();
+        return next;
+    }
+};
 
 TEST_F(TrailerPanelTest, showPanel_showsTheListAsItWasLoaded)
 {
@@ -63,6 +73,26 @@ TEST_F(TrailerPanelTest, buttons_areEnabled_whenTheyHaveARow)
     EXPECT_TRUE(controls().previewBtn->isEnabled());
     EXPECT_TRUE(controls().saveBtn->isEnabled());
     EXPECT_TRUE(controls().addBtn->isEnabled());
+}
+
+TEST_F(TrailerPanelTest, buttons_standInTheOrderOfTheDesktop_andTabGoesThroughThem)
+{
+    openWith(2);
+    select({0});
+    QPushButton* const close = controls().buttons->button(QDialogButtonBox::Close);
+    const QList<QPushButton*> expected{controls().previewBtn, controls().saveBtn, controls().latestBtn,
+                                       controls().addBtn, close};
+    for (qsizetype i = 1; i < expected.size(); ++i) {
+        EXPECT_GT(expected[i]->x(), expected[i - 1]->x()) << i;
+        EXPECT_EQ(nextStop(*expected[i - 1]), expected[i]) << i;
+    }
+}
+
+TEST_F(TrailerPanelTest, close_closesThePanel)
+{
+    open();
+    controls().buttons->button(QDialogButtonBox::Close)->click();
+    EXPECT_FALSE(m_panel->panel().isVisible());
 }
 
 TEST_F(TrailerPanelTest, addURL_sendsTheSelectedURLsInTheTablesOrder)
