@@ -13,6 +13,7 @@
 #include "platform/base/StoredValue.h"
 #include "settings/ConfigurableSaver.h"
 #include "ui_SSConfig.h"
+#include "widgets/WindowPlace.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -99,6 +100,7 @@ ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, con
           ConfigModel::Sources{saver, *m_panels, defaults != nullptr ? *defaults : *m_ownDefaults, trailers}))
 {
     m_ui->setupUi(this);
+    new WindowPlace(*this);
     setAcceptDrops(true);
     m_playlist = std::make_unique<PlaylistPane>(*m_ui->playListView, *m_model, read);
     m_urlPanel = new URLPanel(

@@ -6,6 +6,7 @@
 #include "ui_ThemePanel.h"
 #include "widgets/ControllerBar.h"
 #include "widgets/MoviePreview.h"
+#include "widgets/WindowPlace.h"
 
 #include <QHeaderView>
 #include <QPushButton>
@@ -37,6 +38,7 @@ ThemePanel::ThemePanel(URLListReceiver& playlist, MovieLibrary& movies, QWidget*
     , m_themeMovieView(new MoviePreview(this, services))
 {
     m_ui->setupUi(this);
+    new WindowPlace(*this);
     setWindowModality(Qt::ApplicationModal);
     m_themeMovieView->setAccessibleName(tr("Preview of the selected movie"));
     m_themeMovieView->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

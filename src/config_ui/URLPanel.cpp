@@ -1,6 +1,7 @@
 #include "config_ui/URLPanel.h"
 
 #include "ui_URLPanel.h"
+#include "widgets/WindowPlace.h"
 
 #include <utility>
 
@@ -12,6 +13,7 @@ URLPanel::URLPanel(CloseURLPanel closeURLPanel, QWidget* parent)
     , m_closeURLPanel(std::move(closeURLPanel))
 {
     m_ui->setupUi(this);
+    new WindowPlace(*this);
     setWindowModality(Qt::ApplicationModal);
 }
 

@@ -110,6 +110,39 @@ class Sheet(SettingsTest):
         self.assertEqual(self.ended(process)[0], 0)
         self.assertEqual(self.file().read_bytes(), before)
 
+    def put_theme_movie(self):
+        theme = self.home.root / "Applications/iDVD.app/Contents/Resources/loop.mov"
+        theme.parent.mkdir(parents=True)
+        theme.write_bytes(self.movies[1].read_bytes())
+
+    def check_place(self, key, title, parent):
+        """Opens a window by its key twice; the second time it is where it was moved to."""
+        place = (60, 40)
+        self.press(key)
+        window = self.window(title)
+        self.settle()
+        self.assertNotEqual(self.place(window)[:2], place)
+        self.server.run("xdotool", "windowmove", "--sync", window, *map(str, place))
+        moved = self.place(window)
+        self.assertEqual(moved[:2], place)
+        self.press("Escape")
+        self.window(parent)
+        self.press(key)
+        wait_until(lambda: self.place(self.window(title)) == moved, f"{title} where it was")
+        self.settle()
+        self.assertEqual(self.place(self.window(title)), moved)
+
+    def test_windows_comeBackWhereTheyWere(self):
+        self.put_theme_movie()
+        self.home.play(self.movies)
+        self.start_window()
+        self.check_place("alt+o", SHEET, TITLE)
+        for key, title in (("alt+t", "Trailers"), ("alt+u", "Add URL"), ("alt+e", "Theme Movies")):
+            with self.subTest(title):
+                self.check_place(key, title, SHEET)
+                self.press("Escape")
+                self.window(SHEET)
+
     def test_menu_leavesKeyboardAndPointerToALocker(self):
         self.home.play(self.movies)
         self.open_sheet()
@@ -151,9 +184,7 @@ class Sheet(SettingsTest):
         self.close_window(process)
 
     def test_themeMovies_areAddedToThePlaylist(self):
-        theme = self.home.root / "Applications/iDVD.app/Contents/Resources/loop.mov"
-        theme.parent.mkdir(parents=True)
-        theme.write_bytes(movie("blue", "blue").read_bytes())
+        self.put_theme_movie()
         self.home.play(self.movies)
         process, _ = self.open_sheet()
         self.press("alt+e")

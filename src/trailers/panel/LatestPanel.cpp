@@ -1,6 +1,7 @@
 #include "trailers/panel/LatestPanel.h"
 
 #include "ui_LatestPanel.h"
+#include "widgets/WindowPlace.h"
 
 #include <QPushButton>
 
@@ -23,6 +24,7 @@ LatestPanel::LatestPanel(QWidget* parent)
     , m_ui(std::make_unique<Ui::LatestPanel>())
 {
     m_ui->setupUi(this);
+    new WindowPlace(*this);
     const auto tagged = [this](QDialogButtonBox::StandardButton which, int tag) {
         QPushButton* const button = m_ui->buttons->button(which);
         button->setProperty("tag", tag);

@@ -2,6 +2,7 @@
 
 #include "trailers/panel/TrailerTableModel.h"
 #include "ui_TrailerCont.h"
+#include "widgets/WindowPlace.h"
 
 #include <QAction>
 #include <QScreen>
@@ -20,6 +21,7 @@ PanelWindow::PanelWindow(TrailerTableModel& model)
     , m_ui(std::make_unique<Ui::TrailerCont>())
 {
     m_ui->setupUi(this);
+    new WindowPlace(*this);
     resize(size().boundedTo(screen()->availableSize() * shareOfScreen));
     m_ui->listView->showModel(model);
     connect(m_ui->listView->horizontalHeader(), &QHeaderView::sectionClicked, this,

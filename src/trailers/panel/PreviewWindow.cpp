@@ -7,6 +7,7 @@
 #include "trailers/panel/MovieFit.h"
 #include "widgets/ControllerBar.h"
 #include "widgets/MoviePreview.h"
+#include "widgets/WindowPlace.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -39,6 +40,7 @@ PreviewWindow::PreviewWindow(MovieLibrary& movies, const SurfaceServices& servic
     , m_movies(movies)
     , m_qtViewer(new MoviePreview(this, services))
 {
+    new WindowPlace(*this);
     m_qtViewer->setKeepsShape(false); // it gets the movie's shape
     connect(m_qtViewer, &MoviePreview::movieLoaded, this, &PreviewWindow::takeNaturalSize);
     connect(m_qtViewer, &MoviePreview::movieFailed, this, &PreviewWindow::giveUp, Qt::QueuedConnection);
