@@ -112,6 +112,14 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>There are no movies in what was dropped.</source>
         <translation>Unter dem, was abgelegt wurde, ist kein Film.</translation>
     </message>
+    <message>
+        <source>Looking for movies in what was dropped…</source>
+        <translation>In dem, was abgelegt wurde, werden Filme gesucht…</translation>
+    </message>
+    <message>
+        <source>The disk does not answer. Movies may be missing from what was dropped.</source>
+        <translation>Der Datenträger antwortet nicht. Von dem, was abgelegt wurde, können Filme fehlen.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

@@ -112,6 +112,14 @@ Inténtelo de nuevo.</translation>
         <source>There are no movies in what was dropped.</source>
         <translation>No hay ninguna película en lo que se ha soltado.</translation>
     </message>
+    <message>
+        <source>Looking for movies in what was dropped…</source>
+        <translation>Buscando películas en lo que se ha soltado…</translation>
+    </message>
+    <message>
+        <source>The disk does not answer. Movies may be missing from what was dropped.</source>
+        <translation>El disco no responde. Pueden faltar películas de lo que se ha soltado.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

@@ -112,6 +112,14 @@ Veuillez réessayer.</translation>
         <source>There are no movies in what was dropped.</source>
         <translation>Il n’y a aucun film dans ce qui a été déposé.</translation>
     </message>
+    <message>
+        <source>Looking for movies in what was dropped…</source>
+        <translation>Recherche de films dans ce qui a été déposé…</translation>
+    </message>
+    <message>
+        <source>The disk does not answer. Movies may be missing from what was dropped.</source>
+        <translation>Le disque ne répond pas. Des films peuvent manquer dans ce qui a été déposé.</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

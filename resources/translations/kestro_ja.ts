@@ -112,6 +112,14 @@ Please try again.</source>
         <source>There are no movies in what was dropped.</source>
         <translation>ドロップされたものにムービーはありません。</translation>
     </message>
+    <message>
+        <source>Looking for movies in what was dropped…</source>
+        <translation>ドロップされたものからムービーを探しています…</translation>
+    </message>
+    <message>
+        <source>The disk does not answer. Movies may be missing from what was dropped.</source>
+        <translation>ディスクが応答しません。ドロップされたもののうち、追加されていないムービーがあるかもしれません。</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

@@ -112,6 +112,14 @@ Please try again.</source>
         <source>There are no movies in what was dropped.</source>
         <translation>拖放的内容中没有影片。</translation>
     </message>
+    <message>
+        <source>Looking for movies in what was dropped…</source>
+        <translation>正在拖放的内容中查找影片…</translation>
+    </message>
+    <message>
+        <source>The disk does not answer. Movies may be missing from what was dropped.</source>
+        <translation>磁盘没有响应。拖放的内容中可能有影片未被添加。</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

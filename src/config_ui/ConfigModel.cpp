@@ -1,7 +1,6 @@
 #include "config_ui/ConfigModel.h"
 
 #include "config_ui/ConfigPanels.h"
-#include "config_ui/DroppedMovies.h"
 #include "platform/base/FileName.h"
 #include "platform/base/StoredValue.h"
 #include "settings/BackSaverMenu.h"
@@ -30,6 +29,7 @@ const QString slideShowExtension = QStringLiteral("slideSaver");
 
 ConfigModel::ConfigModel(const Sources& sources)
     : m_sources(sources)
+    , m_dropped(sources.panels, [this](const QStringList& files) { addMovieFiles(files); })
 {
     resetInterfaces();
 }
@@ -108,6 +108,7 @@ void ConfigModel::checkBackAndForthCondition()
 
 void ConfigModel::closeConfig(int tag)
 {
+    m_dropped.giveUp();
     m_sources.panels.endSheet();
     if (tag == 0)
         resetInterfaces();
@@ -212,14 +213,6 @@ void ConfigModel::addMovieFiles(const QStringList& files)
         if (const auto entry = entryOfFile(file); isValidURL(entry.url)) accepted.append(entry);
     if (files.size() == 1 && accepted.isEmpty()) alertOfURL();
     append(accepted);
-}
-
-void ConfigModel::addDropped(const QList<QUrl>& urls)
-{
-    const QStringList movies = droppedMovies(urls);
-    if (!movies.isEmpty()) return addMovieFiles(movies);
-    m_sources.panels.runAlert(
-        QCoreApplication::translate("Kestro", "There are no movies in what was dropped."));
 }
 
 void ConfigModel::deleteMovie(const QList<int>& rows)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "config_ui/ConfigControls.h"
+#include "config_ui/DroppedMovies.h"
 #include "config_ui/EditedPlaylist.h"
 #include "settings/URLListReceiver.h"
 
@@ -58,8 +59,9 @@ public:
     void selectMovie();
     /// Adds movie files as if chosen: one alone is refused with an alert, among several in silence.
     void addMovieFiles(const QStringList& files);
-    /// Adds the files, and the movies in the folders, that were dropped; an alert says where there are none.
-    void addDropped(const QList<QUrl>& urls);
+    /// Adds the files, and the movies in the folders, that were dropped, once they were found; an alert says
+    /// where there are none.
+    void addDropped(const QList<QUrl>& urls) { m_dropped.look(urls); }
     /// Removes the entries at these rows.
     void deleteMovie(const QList<int>& rows);
     /// OK (`tag` not 0) adds the typed URL; Cancel (0) does nothing. Answers whether the URL panel closes.
@@ -87,6 +89,7 @@ private:
     void alertOfURL();
 
     Sources m_sources;
+    DroppedMovies m_dropped;
     ConfigControls m_controls;
     ConfigEnabling m_enabling;
     EditedPlaylist m_playList;

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace kestro {
@@ -25,6 +26,10 @@ public:
     virtual void endSheet() = 0;
     /// Shows an alert with one button.
     virtual void runAlert(const QString& message) = 0;
+    /// Says what is waited for, once that takes longer than a moment, until endWait(). A person who gives up
+    /// calls `giveUp`, which ends it.
+    virtual void beginWait(const QString& message, std::function<void()> giveUp) = 0;
+    virtual void endWait() = 0;
     /// Lets files be chosen, several at once, no folders, starting in `folder` (where there is
     /// none, in the user's folder of movies, else at home); nothing when that was cancelled.
     [[nodiscard]] virtual std::optional<Choice> runOpenPanel(const QString& folder) = 0;

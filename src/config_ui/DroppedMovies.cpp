@@ -1,57 +1,92 @@
 #include "config_ui/DroppedMovies.h"
 
+#include "config_ui/ConfigPanels.h"
 #include "platform/base/FileURL.h"
 
-#include <QDirIterator>
+#include <QCoreApplication>
 #include <QMimeData>
 #include <QMimeDatabase>
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestro {
 
 namespace {
 
-constexpr int mostNames = 100'000; ///< of a folder that are looked at
-
 bool isCalledAsMoviesAre(const QString& path)
 {
     static const QMimeDatabase kinds;
-    const QMimeType kind = kinds.mimeTypeForFile(path, QMimeDatabase::MatchExtension);
-    return kind.name().startsWith(QStringLiteral("video/"));
+    const QList<QMimeType> fitting = kinds.mimeTypesForFileName(path);
+    return std::any_of(fitting.begin(), fitting.end(), [](const QMimeType& kind) {
+        return kind.name().startsWith(QStringLiteral("video/"));
+    });
 }
 
-QStringList moviesBelow(const QString& folder)
+/// Of the files that are at `path` or below it.
+QStringList movies(const QString& path, QStringList files)
 {
-    QStringList movies;
-    QDirIterator names(folder, QDir::Files | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    for (int looked = 0; looked < mostNames && names.hasNext(); ++looked)
-        if (const QString path = names.next(); isCalledAsMoviesAre(path)) movies.append(path);
-    std::sort(movies.begin(), movies.end());
-    return movies;
+    if (files == QStringList{path}) return files;
+    files.removeIf([](const QString& file) { return !isCalledAsMoviesAre(file); });
+    files.sort();
+    return files;
+}
+
+QStringList pathsOf(const QList<QUrl>& urls)
+{
+    QStringList paths;
+    for (const QUrl& url : urls)
+        if (const auto path = localPath(url)) paths.append(*path);
+    return paths;
 }
 
 } // namespace
 
 bool holdsFiles(const QMimeData& dropped)
 {
-    const QList<QUrl> urls = dropped.urls();
-    return std::any_of(urls.begin(), urls.end(), [](const QUrl& url) {
-        const QFileInfo file(localPath(url).value_or(QString()));
-        return file.isFile() || file.isDir();
-    });
+    return !pathsOf(dropped.urls()).isEmpty();
 }
 
-QStringList droppedMovies(const QList<QUrl>& urls)
+DroppedMovies::DroppedMovies(ConfigPanels& panels, std::function<void(const QStringList& files)> add,
+                             std::chrono::milliseconds longest)
+    : m_panels(panels)
+    , m_add(std::move(add))
+    , m_longest(longest)
 {
-    QStringList movies;
-    for (const QUrl& url : urls) {
-        const QString path = localPath(url).value_or(QString());
-        if (QFileInfo(path).isFile()) movies.append(path);
-        if (QFileInfo(path).isDir()) movies.append(moviesBelow(path));
-    }
-    return movies;
+}
+
+void DroppedMovies::look(const QList<QUrl>& dropped)
+{
+    const QStringList before = std::exchange(m_paths, {});
+    giveUp();
+    m_paths = before + pathsOf(dropped);
+    if (!m_paths.isEmpty())
+        m_walk = FileWalk::start(m_paths, m_longest, [this](const FileWalk::Found& found) { take(found); });
+    if (!m_walk) return take({QList<QStringList>(m_paths.size())});
+    m_panels.beginWait(QCoreApplication::translate("Kestro", "Looking for movies in what was dropped…"),
+                       [this] { giveUp(); });
+}
+
+void DroppedMovies::giveUp()
+{
+    m_paths.clear();
+    if (std::exchange(m_walk, nullptr)) m_panels.endWait();
+}
+
+// An alert waits for the person: nothing here is looked at after it.
+void DroppedMovies::take(const FileWalk::Found& found)
+{
+    QStringList files;
+    for (qsizetype i = 0; i < m_paths.size(); ++i)
+        files += movies(m_paths[i], found.files[i]);
+    giveUp();
+    if (!files.isEmpty()) m_add(files);
+    if (!found.isWhole)
+        m_panels.runAlert(QCoreApplication::translate(
+            "Kestro", "The disk does not answer. Movies may be missing from what was dropped."));
+    else if (files.isEmpty())
+        m_panels.runAlert(QCoreApplication::translate("Kestro", "There are no movies in what was dropped."));
 }
 
 } // namespace kestro

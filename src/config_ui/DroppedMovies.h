@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/base/FileWalk.h"
+
 #include <QStringList>
 
 class QMimeData;
@@ -7,12 +9,32 @@ class QUrl;
 
 namespace kestro {
 
-/// Whether files or folders of this machine are among what is dropped.
+class ConfigPanels;
+
+/// Whether what is dropped names files or folders of this machine. No disk is asked: who drags waits.
 [[nodiscard]] bool holdsFiles(const QMimeData& dropped);
 
-/// The files among these, whatever they are, and the movies below the folders among them, those of each
-/// folder sorted: what is called as movies are, is not hidden and does not lie behind a link to a folder.
-/// 100,000 names of a folder are looked at, and no more. Any thread; takes as long as the disk.
-[[nodiscard]] QStringList droppedMovies(const QList<QUrl>& urls);
+/// Looks for movies in what is dropped, while the person goes on, or gives up: the files, whatever they are,
+/// and below folders what is called as movies are. Owned by the sheet's model; main thread.
+class DroppedMovies final {
+public:
+    /// `add` takes what was found, in the order in which it was dropped, that of each folder sorted. `panels`
+    /// show what is waited for, and say what was not found; `longest` is how long a disk may take.
+    DroppedMovies(ConfigPanels& panels, std::function<void(const QStringList& files)> add,
+                  std::chrono::milliseconds longest = std::chrono::minutes(1));
+
+    /// What is dropped while something else is looked for is looked for with it.
+    void look(const QList<QUrl>& dropped);
+    void giveUp();
+
+private:
+    void take(const FileWalk::Found& found);
+
+    ConfigPanels& m_panels;
+    std::function<void(const QStringList& files)> m_add;
+    std::chrono::milliseconds m_longest;
+    QStringList m_paths; ///< that are looked at
+    std::unique_ptr<FileWalk> m_walk;
+};
 
 } // namespace kestro

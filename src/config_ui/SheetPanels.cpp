@@ -8,10 +8,26 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QStandardPaths>
 
+#include <utility>
+
 namespace kestro {
+
+namespace {
+
+constexpr int patience = 500; ///< milliseconds before a wait is worth a window
+
+} // namespace
+
+SheetPanels::SheetPanels(QWidget& sheet)
+    : m_sheet(sheet)
+{
+}
+
+SheetPanels::~SheetPanels() = default;
 
 // The file manager goes on when this program ends.
 void SheetPanels::openFolder(const QString& folder)
@@ -39,6 +55,25 @@ void SheetPanels::runAlert(const QString& message)
                       QMessageBox::Ok, below);
     alert.button(QMessageBox::Ok)->setText(QCoreApplication::translate("Kestro", "OK"));
     alert.exec();
+}
+
+void SheetPanels::beginWait(const QString& message, std::function<void()> giveUp)
+{
+    endWait();
+    m_wait.reset(new QProgressDialog(&m_sheet));
+    m_wait->setLabelText(message);
+    m_wait->setRange(0, 0); // nobody knows how long it takes
+    m_wait->setMinimumDuration(patience);
+    m_wait->setWindowModality(Qt::WindowModal);
+    m_wait->setWindowTitle(QCoreApplication::translate("Kestro", "Add Movie"));
+    QObject::connect(m_wait.get(), &QProgressDialog::canceled, m_wait.get(), std::move(giveUp));
+}
+
+// It may be told so by the window itself.
+void SheetPanels::endWait()
+{
+    if (m_wait) m_wait->hide();
+    m_wait.reset();
 }
 
 std::optional<ConfigPanels::Choice> SheetPanels::runOpenPanel(const QString& folder)

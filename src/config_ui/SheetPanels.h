@@ -2,6 +2,11 @@
 
 #include "config_ui/ConfigPanels.h"
 
+#include <QScopedPointer>
+
+#include <memory>
+
+class QProgressDialog;
 class QWidget;
 
 namespace kestro {
@@ -10,18 +15,19 @@ namespace kestro {
 /// Tested by ConfigSheetPlaylistTest.
 class SheetPanels final : public ConfigPanels {
 public:
-    explicit SheetPanels(QWidget& sheet)
-        : m_sheet(sheet)
-    {
-    }
+    explicit SheetPanels(QWidget& sheet);
+    ~SheetPanels() override;
 
     void openFolder(const QString& folder) override;
     void endSheet() override;
     void runAlert(const QString& message) override;
+    void beginWait(const QString& message, std::function<void()> giveUp) override;
+    void endWait() override;
     [[nodiscard]] std::optional<Choice> runOpenPanel(const QString& folder) override;
 
 private:
     QWidget& m_sheet;
+    std::unique_ptr<QProgressDialog, QScopedPointerDeleteLater> m_wait; ///< while something is waited for
 };
 
 } // namespace kestro

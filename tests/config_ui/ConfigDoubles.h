@@ -75,6 +75,12 @@ public:
         m_calls.push_back(QStringLiteral("alert"));
         if (duringAlert) duringAlert();
     }
+    void beginWait(const QString& message, std::function<void()> action) override
+    {
+        m_calls.push_back(message);
+        giveUp = std::move(action);
+    }
+    void endWait() override { m_calls.push_back(QStringLiteral("end wait")); }
     std::optional<Choice> runOpenPanel(const QString& folder) override
     {
         folders.push_back(folder);
@@ -84,6 +90,7 @@ public:
     std::optional<Choice> choice;
     std::function<void()> duringAlert;
     std::vector<QString> alerts;
+    std::function<void()> giveUp; ///< what is waited for
     std::vector<QString> folders; ///< that the open panel was to start in
 
 private:

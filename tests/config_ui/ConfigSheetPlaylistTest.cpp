@@ -184,7 +184,6 @@ TEST_F(ConfigSheetPlaylistTest, drop_ofAFolderWithoutMovies_isSaidToHaveNone)
 TEST_F(ConfigSheetPlaylistTest, drop_isRefused_whereThereIsNoFile)
 {
     open({});
-    EXPECT_EQ(drop({QUrl::fromLocalFile(folder.filePath("missing.mov"))}), Qt::IgnoreAction);
     EXPECT_EQ(drop({QUrl("http://m/a.mov")}), Qt::IgnoreAction);
 }
 
@@ -194,6 +193,7 @@ TEST_F(ConfigSheetPlaylistTest, drop_copies_andIsRefusedWhereFilesCanOnlyBeMoved
     const QUrl file = QUrl::fromLocalFile(makeFile("a.mov"));
     EXPECT_EQ(drop({file}, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction);
     EXPECT_EQ(drop({file}, Qt::MoveAction), Qt::IgnoreAction);
+    ASSERT_TRUE(waitUntil([this] { return !listed().isEmpty(); }));
     QApplication::processEvents();
     EXPECT_EQ(listed().size(), 1);
 }

@@ -15,7 +15,7 @@ CANNOT_MOUNT = 77
 
 class DeadDisk:
     """Shows copies of `movies` (name to path) under a mount. `rules` are words as "a.mp4=stat", "a.mp4=open",
-    "a.mp4=read" or "a.mp4=read@BYTE": what is not answered. Ended by close(), which frees whoever waits for it."""
+    "a.mp4=read" or "a.mp4=read@BYTE", or ".=list" for the folder: what is not answered. Ended by close(), which frees whoever waits for it."""
 
     def __init__(self, movies, *rules):
         self._is_closed = False

@@ -96,6 +96,15 @@ class SettingsTest(ProgramTest):
 
         wait_until(stands_still, "the screen to stand still")
 
+    def drop(self, paths, x, y):
+        """Drags files and folders from another program, and drops them there."""
+        source = subprocess.Popen([os.environ["DRAG_SOURCE"], *map(str, paths)], env=self.display(), stdin=subprocess.DEVNULL)
+        self.addCleanup(end_process, source)
+        self.server.run("xdotool", "search", "--sync", "--onlyvisible", "--name", "^drag source$")
+        steps = ("mousemove 20 20", "mousedown 1", "mousemove 60 60", f"mousemove {x} {y}", f"mousemove {x + 1} {y}", "mouseup 1")
+        # A drop counts where the window below has answered to what is over it, which may take a moment.
+        wait_until(lambda: source.poll() is not None or self.point(*steps), "the end of the drag")
+
     def middle_of_preview(self, window):
         """A place well inside the preview, which is the upper part of the window."""
         x, y, width, height = self.place(window)

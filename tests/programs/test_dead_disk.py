@@ -2,6 +2,7 @@
 mounted, for want of /dev/fuse or of the right to, the module says so and ends with status 77."""
 
 import pathlib
+import plistlib
 import signal
 import sys
 import unittest
@@ -9,11 +10,13 @@ import unittest
 import deaddisk
 from deaddisk import DeadDisk
 from harness import Home, ProgramTest, movie, url, wait_until
+from settingswindow import TITLE, SettingsTest
 from specialmovies import heavy
 from watching import Watch
 from xserver import XServer
 
 QUESTIONS = ("stat", "open", "read")
+SHEET = "Screen Saver Options"
 FULL_SCREEN = {"FullScreenMode": "1", "PlayMode": "1"}
 
 
@@ -173,6 +176,71 @@ class Ending(DeadDiskTest):
         self.terminate(process)
         self.check_it_has_ended(process, disk)
         self.assertEqual(self.home.resume_point().get("LastMovie"), "half.mp4")
+
+
+class Sheet(SettingsTest):
+    """The sheet of `kestro settings`, while it waits for the disk."""
+
+    def open_sheet(self, *rules):
+        self.disk = DeadDisk({"a.mp4": movie("blue", "blue")}, *rules)
+        self.addCleanup(self.disk.close)
+        self.assertIsNone(self.disk.refusal)
+        self.home.play([movie("red")])
+        self.process, _ = self.start_window()
+        self.press("alt+o")
+        self.sheet = self.window(SHEET)
+        self.settle()
+
+    def stored(self):
+        return plistlib.loads((self.home.preferences / "Kestro.plist").read_bytes())
+
+    def drop_folder(self):
+        x, y, width, height = self.place(self.sheet)
+        self.drop([self.disk.path], x + width // 4, y + height // 3)
+
+    def check_that_ok_stores_and_the_program_ends(self):
+        self.press_slowly("alt+s")
+        self.press("Return")
+        self.window(TITLE)
+        wait_until(lambda: self.stored().get("SoundOn") == "1", "the file")
+        wait_until(lambda: self.process.poll() is not None or self.press("ctrl+w"), "the end of the program")
+        self.assertEqual(self.process.returncode, 0)
+
+    def test_movies_of_a_folder_that_was_dropped_are_added(self):
+        self.open_sheet()
+        self.drop_folder()
+        self.settle()
+        self.press("Return")
+        wait_until(lambda: self.stored()["FileList"] == [url(movie("red")), self.disk.url("a.mp4")], "the entry")
+        self.close_window(self.process)
+
+    def test_it_can_be_used_once_a_person_gave_up_a_folder_that_does_not_answer(self):
+        self.open_sheet(".=list")
+        self.drop_folder()
+        self.disk.await_question(".", "list")
+        self.window("Add Movie")
+        self.press("Escape")
+        self.window(SHEET)
+        self.check_that_ok_stores_and_the_program_ends()
+        self.assertEqual(self.stored()["FileList"], [url(movie("red"))])
+
+    def test_the_panel_for_files_opens_elsewhere_where_its_folder_does_not_answer(self):
+        state = self.home.path / ".config/kestro/settings-window.conf"
+        state.parent.mkdir(parents=True, exist_ok=True)
+        self.open_sheet(".=list")
+        self.press("Escape")
+        self.window(TITLE)
+        self.close_window(self.process)
+        state.write_text(f"{state.read_text()}\n[General]\nSSLastPath={self.disk.path}\n")
+        self.process, _ = self.start_window()
+        self.press("alt+o")
+        self.window(SHEET)
+        self.press("alt+m")
+        self.disk.await_question(".", "list")
+        self.window("Add Movie")
+        self.press("Escape")
+        self.window(SHEET)
+        self.check_that_ok_stores_and_the_program_ends()
 
 
 if __name__ == "__main__":

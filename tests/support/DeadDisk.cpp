@@ -1,6 +1,6 @@
 // A disk that goes bad: shows the files of a folder, read only, and never answers what it is told not to.
 //
-// usage: dead_disk FOLDER MOUNT_POINT [NAME=stat|open|read[@BYTE]]...
+// usage: dead_disk FOLDER MOUNT_POINT [NAME=stat|open|read[@BYTE]|.=list]...
 //
 // A file named twice is silent to both. Each question that stays without an answer is one line on standard
 // output, "NAME stat"; before them one line, "mounted". Where nothing can be mounted the status is 77.
@@ -47,10 +47,17 @@ File* fileOf(fuse_ino_t number)
     return number < 2 || number - 2 >= files().size() ? nullptr : &files()[number - 2];
 }
 
+bool isSilentToList = false; ///< the folder, of what is in it
+
+void leaveUnanswered(const char* name, const char* question)
+{
+    std::printf("%s %s\n", name, question);
+    std::fflush(stdout);
+}
+
 void leaveUnanswered(const File& file, const char* question)
 {
-    std::printf("%s %s\n", file.name.c_str(), question);
-    std::fflush(stdout);
+    leaveUnanswered(file.name.c_str(), question);
 }
 
 struct stat statusOf(fuse_ino_t number)
@@ -119,6 +126,7 @@ void closeFile(fuse_req_t request, fuse_ino_t, fuse_file_info* info)
 
 void readFolder(fuse_req_t request, fuse_ino_t, std::size_t size, off_t offset, fuse_file_info*)
 {
+    if (isSilentToList) return leaveUnanswered(".", "list");
     std::vector<char> bytes(size);
     std::size_t filled = 0;
     for (auto i = static_cast<std::size_t>(offset); i < files().size(); ++i) {
@@ -155,9 +163,10 @@ const fuse_lowlevel_ops& operations()
     return all;
 }
 
-/// `rule` is NAME=stat, NAME=open, NAME=read or NAME=read@BYTE. Answers whether it was understood.
+/// `rule` is NAME=stat, NAME=open, NAME=read, NAME=read@BYTE or .=list. Answers whether it was understood.
 bool silence(const std::string& rule)
 {
+    if (rule == ".=list") return isSilentToList = true;
     const auto sign = rule.rfind('=');
     if (sign == std::string::npos) return false;
     const std::string question = rule.substr(sign + 1);
@@ -195,7 +204,7 @@ int serve(fuse_session* session, const char* mountPoint)
 int main(int count, char** words)
 {
     if (!readArguments(count, words)) {
-        std::fputs("usage: dead_disk FOLDER MOUNT_POINT [NAME=stat|open|read[@BYTE]]...\n", stderr);
+        std::fputs("usage: dead_disk FOLDER MOUNT_POINT [NAME=stat|open|read[@BYTE]|.=list]...\n", stderr);
         return 2;
     }
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);

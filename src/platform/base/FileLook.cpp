@@ -7,13 +7,30 @@
 
 namespace kestro {
 
+namespace {
+
+// A file of ours it might hold open for ever.
+Result<std::unique_ptr<ChildProcess>> beginLook(const QString& path)
+{
+    return ChildProcess::start({.file = packageLibraries() + QStringLiteral("/kestro-file-look"),
+                                .arguments = {path},
+                                .environment = QStringList(),
+                                .group = ChildProgram::Group::OwnSession});
+}
+
+} // namespace
+
+bool isFileThere(const QString& path, std::chrono::milliseconds longest)
+{
+    const auto look = beginLook(path);
+    if (!look) return false;
+    const auto end = look.value()->waitForEnd(longest);
+    return end && end->isSuccess();
+}
+
 bool isFileThere(const QString& path)
 {
-    // A file of ours it might hold open for ever.
-    const auto look = ChildProcess::start({.file = packageLibraries() + QStringLiteral("/kestro-file-look"),
-                                           .arguments = {path},
-                                           .environment = QStringList(),
-                                           .group = ChildProgram::Group::OwnSession});
+    const auto look = beginLook(path);
     return look ? look.value()->waitForEnd().isSuccess() : QFileInfo::exists(path);
 }
 

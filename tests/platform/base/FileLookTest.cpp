@@ -28,6 +28,13 @@ TEST(FileLook, isFileThere_doesNotWaitForAWriter_whereItIsAPipe)
     EXPECT_TRUE(isFileThere(path));
 }
 
+TEST(FileLook, isFileThere_answersWithinABoundAsWithoutOne)
+{
+    const QTemporaryDir folder;
+    EXPECT_TRUE(isFileThere(folder.path(), std::chrono::minutes(3)));
+    EXPECT_FALSE(isFileThere(folder.filePath(QStringLiteral("missing")), std::chrono::minutes(3)));
+}
+
 TEST(FileLook, isFileThere_leavesNoProcess)
 {
     const auto children = [] {
