@@ -582,7 +582,7 @@ Bitte versuchen Sie es noch einmal.</translation>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
-        <translation>Von selbst &amp;starten nach Abwesenheit von</translation>
+        <translation>Bei Abwesenheit &amp;starten nach</translation>
     </message>
     <message>
         <source> min</source>

@@ -129,7 +129,7 @@ Inténtelo de nuevo.</translation>
     </message>
     <message>
         <source>Adds an entry that always plays the newest trailers found.</source>
-        <translation>Añade una entrada que siempre reproduce los tráileres más recientes encontrados.</translation>
+        <translation>Añade una entrada que siempre reproduce los últimos tráileres encontrados.</translation>
     </message>
     <message>
         <source>&amp;Number of trailers:</source>
@@ -582,7 +582,7 @@ Inténtelo de nuevo.</translation>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
-        <translation>&amp;Iniciar solo cuando lleve ausente</translation>
+        <translation>&amp;Iniciar solo tras ausencia de</translation>
     </message>
     <message>
         <source> min</source>

@@ -582,7 +582,7 @@ Veuillez réessayer.</translation>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
-        <translation>&amp;Démarrer seul après une absence de</translation>
+        <translation>&amp;Démarrer seul après absence de</translation>
     </message>
     <message>
         <source> min</source>

@@ -315,7 +315,8 @@ void ConfigSheet::showScale()
         m_ui->scaleField->setText(shownDecimal(fieldText(scale)));
 }
 
-// The options are as wide and as high as they want if the screen has room for that; else they scroll.
+// The options are as wide and as high as they want if the screen has room for that; else they scroll, below
+// the playlist where they do not even have their width beside it.
 void ConfigSheet::fitToScreen()
 {
     const QSize room = screen()->availableSize() -
@@ -323,9 +324,11 @@ void ConfigSheet::fitToScreen()
     QScrollArea& area = *m_ui->optionsArea;
     const QSize wanted = m_ui->options->sizeHint();
     const int bar = area.verticalScrollBar()->sizeHint().width();
-    const int least = area.minimumSizeHint().width();
-    const int beside = minimumSizeHint().width() - least;
-    area.setMinimumWidth(std::max(least, std::min(wanted.width() + bar, room.width() - beside)));
+    const int beside = minimumSizeHint().width() - area.minimumSizeHint().width();
+    const bool isNarrow = beside + wanted.width() + bar > room.width();
+    m_ui->columns->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    m_ui->columns->setStretchFactor(&area, isNarrow ? 1 : 0);
+    if (!isNarrow) area.setMinimumWidth(wanted.width() + bar);
     const int around = sizeHint().height() - area.sizeHint().height();
     const QSize best(wanted.width() + fontMetrics().averageCharWidth() * playlistCharacters,
                      wanted.height() + around);

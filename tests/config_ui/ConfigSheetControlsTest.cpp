@@ -106,11 +106,13 @@ TEST_F(ConfigSheetControlsTest, sheet_fitsOnTheScreen_whateverTheLengthOfItsText
     open({});
     const auto& options = control<QScrollArea>("optionsArea");
     EXPECT_FALSE(options.horizontalScrollBar()->isVisible());
+    EXPECT_GT(options.x(), widget("playlistGroup").geometry().right());
     const ShoutingTranslator translator(2);
     open({});
     EXPECT_LE(sheet->width(), room.width());
     EXPECT_LE(sheet->height(), room.height());
-    EXPECT_TRUE(control<QScrollArea>("optionsArea").horizontalScrollBar()->isVisible());
+    EXPECT_GT(widget("optionsArea").y(), widget("playlistGroup").geometry().bottom());
+    EXPECT_FALSE(control<QScrollArea>("optionsArea").horizontalScrollBar()->isVisible());
 }
 
 TEST_F(ConfigSheetControlsTest, radioGroups_showNoButton_forNumbersThatNoneStandsFor)

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QProxyStyle>
 #include <QTest>
 
 namespace kestro {
@@ -13,6 +14,17 @@ namespace kestro {
 namespace {
 
 const QString ofTheCode = QStringLiteral("en");
+
+/// As on desktops whose buttons have pictures: they take the most room.
+class PicturesInButtons final : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override
+    {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 1;
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+};
 
 EntryFacts nothingKnown(const QUrl&, const std::stop_token&)
 {
@@ -33,10 +45,11 @@ TrailerRecord trailer(const QString& url)
 AllWindows::AllWindows(const QString& language)
     : m_translations(QLocale(language))
     , m_trailers({m_home.path(), {}, m_home.path(), {}, std::make_unique<MemoryFetch>()})
-    , m_latestPanel(std::make_unique<LatestPanel>())
 {
+    QApplication::setStyle(new PicturesInButtons); // the application owns it
     fill();
     m_preferences = std::make_unique<PreferencesWindow>(parts());
+    m_latestPanel = std::make_unique<LatestPanel>();
     m_trailerPanel = std::make_unique<TrailerPanel>(m_trailers, m_movies, m_services);
     m_sheet = std::make_unique<ConfigSheet>(m_saver, m_trailerPanel.get(), nothingKnown, nullptr, &m_state);
     m_themePanel = std::make_unique<ThemePanel>(m_sheet->model(), m_movies, m_sheet.get(), m_services);

@@ -40,8 +40,7 @@ PanelWindow::~PanelWindow() = default;
 void PanelWindow::setUpButtons()
 {
     QDialogButtonBox& box = *m_ui->buttons;
-    for (QPushButton* button : {m_ui->previewBtn, m_ui->saveBtn, m_ui->latestBtn, m_ui->addBtn})
-        box.addButton(button, QDialogButtonBox::ActionRole);
+    box.addButton(m_ui->clearBtn, QDialogButtonBox::ResetRole);
     QPushButton* const closeBtn = box.button(QDialogButtonBox::Close);
     closeBtn->setText(tr("Cl&ose")); // that of the desktop might have the letter of another button
     connect(&box, &QDialogButtonBox::rejected, this, &QWidget::close);
