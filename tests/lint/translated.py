@@ -1,7 +1,9 @@
 """Every text of the windows is there in every language, with what the code puts into it, a shortcut key of its own and its
-shape.
+shape; docs/languages.md tells how much of each string table every language has.
 
-usage: translated.py ROOT | translated.py --self-check
+usage: translated.py ROOT | translated.py --table ROOT | translated.py --self-check
+
+With --table it prints what belongs into docs/languages.md.
 """
 
 import glob
@@ -14,7 +16,15 @@ import xml.etree.ElementTree as ElementTree
 
 import lint
 
-LANGUAGES = ["de", "es", "fr", "ja", "zh_CN"]
+LANGUAGES = {"de": "German", "es": "Spanish", "fr": "French", "ja": "Japanese", "zh_CN": "Chinese"}
+TABLE = "docs/languages.md"
+TABLE_HEAD = """# Languages
+
+Which texts there are in which language. A row is a string table: that of the messages of the saver ("Kestro"), or the texts of
+a window or a part of one. Other texts than these, lines of the log and answers of commands among them, are English.
+`tools/update-translations` makes this page.
+
+"""
 FOLDER = "resources/translations"
 WINDOWS = ["src/widgets", "src/config_ui", "src/trailers/panel", "src/host/preferences"]
 PLACEHOLDER = re.compile(r"%L?\d+|%n|%[ds@]")
@@ -105,6 +115,31 @@ def texts_of_the_code(root):
             return messages(file.read()), complaints
 
 
+def string_table(key):
+    """The name of the string table that a text is in: a layout and its class have one."""
+    return key[0].removeprefix("kestro::")
+
+
+def share(name, wanted, present):
+    """How much of a string table a language has: "all", or how many of its texts."""
+    keys = [key for key in wanted if string_table(key) == name]
+    done = sum(present.get(key, ("missing", []))[0] is None for key in keys)
+    return "all" if done == len(keys) else f"{done} of {len(keys)}"
+
+
+def table(wanted, languages):
+    """The page with the completeness of each string table; `languages` has the messages of each language by its name."""
+    rows = [["String table", *languages], ["---"] * (len(languages) + 1)]
+    for name in sorted({string_table(key) for key in wanted}):
+        rows.append([name, *(share(name, wanted, each) for each in languages.values())])
+    return TABLE_HEAD + "".join(f"| {' | '.join(row)} |\n" for row in rows)
+
+
+def table_of_tree(root, wanted):
+    paths = {name: f"{FOLDER}/kestro_{code}.ts" for code, name in LANGUAGES.items()}
+    return table(wanted, {name: messages(lint.read(root, path)) for name, path in paths.items()})
+
+
 def check_bare(path, text):
     return lint.matches(BARE_TEXT, text, "a text that cannot be translated: {0}")
 
@@ -121,6 +156,8 @@ def check_tree(root):
         present = messages(lint.read(root, f"{FOLDER}/{name}"))
         found += check_language(name, wanted, present)
         found += shared_keys(name, in_windows(present)[1])
+    if lint.read(root, TABLE) != table_of_tree(root, wanted):
+        found.append(f"{TABLE} is not what tools/update-translations makes of the texts")
     for path in [path for folder in WINDOWS for path in lint.files(root, lint.CPP, folder)]:
         found += [f"{path}:{line}: {message}" for line, message in check_bare(path, lint.read(root, path))]
     print("\n".join(found))
@@ -179,6 +216,10 @@ def self_check():
     wrong += [str(texts) for texts, count in KEYS if len(shared_keys("a.ts", texts)) != count]
     wanted = messages(TS.format("Add", "", ""))
     wrong += [text for text, count in FILES if len(check_language("a.ts", wanted, messages(text))) != count]
+    two = messages(TS.format("Add", "", "Hinzu")) | messages(TS.format("Away", ' type="unfinished"', ""))
+    last = table({**two, ("B", "Ok"): (None, [])}, {"German": two, "Greek": {}}).splitlines()[-4:]
+    wrong += [row for row, ends in zip(last, ["Greek |", "--- |", "A | 1 of 2 | 0 of 2 |", "B | 0 of 1 | 0 of 1 |"]) if not row.endswith(ends)]
+    wrong += [] if share("A", wanted, wanted) == "all" else ["a string table that is whole"]
     print("\n".join(wrong))
     sys.exit(1 if wrong else 0)
 
@@ -186,4 +227,7 @@ def self_check():
 if __name__ == "__main__":
     if sys.argv[1:] == ["--self-check"]:
         self_check()
+    if sys.argv[1] == "--table":
+        print(table_of_tree(sys.argv[2], texts_of_the_code(sys.argv[2])[0]), end="")
+        sys.exit(0)
     check_tree(sys.argv[1])
