@@ -4,15 +4,18 @@
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -79,6 +82,16 @@ QStringList letters(const QString& text)
 {
     const QKeySequence key = QKeySequence::mnemonic(text);
     return key.isEmpty() ? QStringList() : QStringList{key.toString().section(u'+', -1)};
+}
+
+/// The entries of the menu that the right button of the mouse opens over a table; none where it opens none.
+QList<QAction*> menuOf(QTableView& table)
+{
+    if (table.contextMenuPolicy() == Qt::ActionsContextMenu) return table.actions();
+    QContextMenuEvent wish(QContextMenuEvent::Mouse, {1, 1}, table.viewport()->mapToGlobal(QPoint(1, 1)));
+    QApplication::sendEvent(table.viewport(), &wish);
+    const auto* const menu = table.findChild<QMenu*>();
+    return menu != nullptr ? menu->actions() : QList<QAction*>();
 }
 
 /// The text of a control, or of a label or a group that stands for one, that may have such a letter.
@@ -269,6 +282,20 @@ TEST_P(WindowsTest, altLetters_areEachOfOneControl)
             }
     }
     EXPECT_GT(found, 40);
+}
+
+TEST_P(WindowsTest, letters_areEachOfOneEntryOfAMenu)
+{
+    int menus = 0;
+    for (const QWidget* const window : all.windows())
+        for (QTableView* const table : window->findChildren<QTableView*>()) {
+            QStringList found;
+            for (const QAction* const entry : menuOf(*table))
+                found += letters(entry->text());
+            menus += found.isEmpty() ? 0 : 1;
+            EXPECT_EQ(found.removeDuplicates(), 0) << placeOf(*table);
+        }
+    EXPECT_EQ(menus, 2);
 }
 
 TEST_P(WindowsTest, texts_haveTheRoomThatTheyTake)
