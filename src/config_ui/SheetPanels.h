@@ -12,7 +12,7 @@ class QWidget;
 namespace kestro {
 
 /// The panels of the real sheet, each modal over the window in front. Owned by the sheet; main thread.
-/// Tested by ConfigSheetPlaylistTest.
+/// Those that take files are tested by ConfigSheetPlaylistTest.
 class SheetPanels final : public ConfigPanels {
 public:
     explicit SheetPanels(QWidget& sheet);
