@@ -579,6 +579,37 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::DoctorWindow</name>
+    <message>
+        <source>C&amp;opy</source>
+        <translation>K&amp;opieren</translation>
+    </message>
+    <message>
+        <source>Something Wrong?</source>
+        <translation>Stimmt etwas nicht?</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>Was gefunden wurde</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Looking…</source>
+        <translation>Es wird nachgesehen …</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>%1 kann nicht gestartet werden: %2</translation>
+    </message>
+    <message>
+        <source>Nothing could be found out.</source>
+        <translation>Es war nichts herauszufinden.</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -760,6 +791,10 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>The screen saver cannot be loaded.</source>
         <translation>Der Bildschirmschoner kann nicht geladen werden.</translation>
+    </message>
+    <message>
+        <source>Something &amp;Wrong?</source>
+        <translation>Stimmt etwas &amp;nicht?</translation>
     </message>
 </context>
 <context>

@@ -579,6 +579,37 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::DoctorWindow</name>
+    <message>
+        <source>C&amp;opy</source>
+        <translation>C&amp;opiar</translation>
+    </message>
+    <message>
+        <source>Something Wrong?</source>
+        <translation>¿Algo va mal?</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>Lo que se ha encontrado</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>Looking…</source>
+        <translation>Mirando…</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>No se puede iniciar %1: %2</translation>
+    </message>
+    <message>
+        <source>Nothing could be found out.</source>
+        <translation>No se ha podido averiguar nada.</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -760,6 +791,10 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>The screen saver cannot be loaded.</source>
         <translation>No se puede cargar el salvapantallas.</translation>
+    </message>
+    <message>
+        <source>Something &amp;Wrong?</source>
+        <translation>¿Algo va &amp;mal?</translation>
     </message>
 </context>
 <context>

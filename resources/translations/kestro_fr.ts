@@ -579,6 +579,37 @@ Veuillez réessayer.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::DoctorWindow</name>
+    <message>
+        <source>C&amp;opy</source>
+        <translation>C&amp;opier</translation>
+    </message>
+    <message>
+        <source>Something Wrong?</source>
+        <translation>Un problème ?</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>Ce qui a été trouvé</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Looking…</source>
+        <translation>Vérification…</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>Impossible de démarrer %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Nothing could be found out.</source>
+        <translation>Rien n’a pu être établi.</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -760,6 +791,10 @@ Veuillez réessayer.</translation>
     <message>
         <source>The screen saver cannot be loaded.</source>
         <translation>L’économiseur d’écran ne peut pas être chargé.</translation>
+    </message>
+    <message>
+        <source>Something &amp;Wrong?</source>
+        <translation>Un &amp;problème ?</translation>
     </message>
 </context>
 <context>

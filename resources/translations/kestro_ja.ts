@@ -579,6 +579,37 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::DoctorWindow</name>
+    <message>
+        <source>C&amp;opy</source>
+        <translation>コピー(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Something Wrong?</source>
+        <translation>問題がありますか？</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>調べた結果</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Looking…</source>
+        <translation>調べています…</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>%1を起動できません: %2</translation>
+    </message>
+    <message>
+        <source>Nothing could be found out.</source>
+        <translation>何も分かりませんでした。</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -760,6 +791,10 @@ Please try again.</source>
     <message>
         <source>The screen saver cannot be loaded.</source>
         <translation>スクリーンセーバを読み込めません。</translation>
+    </message>
+    <message>
+        <source>Something &amp;Wrong?</source>
+        <translation>問題がありますか(&amp;W)？</translation>
     </message>
 </context>
 <context>

@@ -579,6 +579,37 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::DoctorWindow</name>
+    <message>
+        <source>C&amp;opy</source>
+        <translation>复制(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Something Wrong?</source>
+        <translation>有问题吗？</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>检查结果</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Looking…</source>
+        <translation>正在检查…</translation>
+    </message>
+    <message>
+        <source>Cannot start %1: %2</source>
+        <translation>无法启动 %1：%2</translation>
+    </message>
+    <message>
+        <source>Nothing could be found out.</source>
+        <translation>没能查出什么。</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -760,6 +791,10 @@ Please try again.</source>
     <message>
         <source>The screen saver cannot be loaded.</source>
         <translation>无法载入屏幕保护程序。</translation>
+    </message>
+    <message>
+        <source>Something &amp;Wrong?</source>
+        <translation>有问题吗(&amp;W)？</translation>
     </message>
 </context>
 <context>

@@ -4,6 +4,7 @@
 #include "config_ui/ConfigSheet.h"
 #include "config_ui/ThemePanel.h"
 #include "config_ui/URLPanel.h"
+#include "host/preferences/DoctorWindow.h"
 #include "host/preferences/FakePreview.h"
 #include "host/preferences/PreferencesWindow.h"
 #include "platform/base/Random.h"
@@ -55,6 +56,7 @@ private:
     TrailerCont m_trailers;
     std::unique_ptr<PreferencesWindow> m_preferences;
     std::unique_ptr<TrailerPanel> m_trailerPanel;
+    std::unique_ptr<DoctorWindow> m_doctor;
     std::unique_ptr<LatestPanel> m_latestPanel;
     std::unique_ptr<ConfigSheet> m_sheet;
     std::unique_ptr<ThemePanel> m_themePanel;

@@ -16,6 +16,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -64,7 +65,7 @@ std::optional<QAccessible::Role> roleOf(const QWidget& widget)
     if (is<QCheckBox>(widget)) return QAccessible::CheckBox;
     if (is<QRadioButton>(widget)) return QAccessible::RadioButton;
     if (is<QPushButton>(widget) || is<QToolButton>(widget)) return QAccessible::Button;
-    if (is<QLineEdit>(widget)) return QAccessible::EditableText;
+    if (is<QLineEdit>(widget) || is<QPlainTextEdit>(widget)) return QAccessible::EditableText;
     if (is<QAbstractSpinBox>(widget)) return QAccessible::SpinBox;
     if (is<QSlider>(widget)) return QAccessible::Slider;
     if (is<QComboBox>(widget)) return QAccessible::ComboBox;
@@ -329,7 +330,7 @@ TEST_P(WindowsTest, windows_endInARowOfButtons_oneOfWhichLeavesThem)
                         widget->geometry().bottom() < row->geometry().top())
                 << placeOf(*widget);
     }
-    EXPECT_EQ(rows, 6);
+    EXPECT_EQ(rows, 7);
 }
 
 TEST_P(WindowsTest, windows_fitOnASmallScreenAtTwiceTheScale)

@@ -1,6 +1,7 @@
 #include "host/preferences/PreferencesWindow.h"
 
 #include "host/preferences/AspectBox.h"
+#include "host/preferences/DoctorWindow.h"
 #include "host/preferences/IdlePanel.h"
 #include "host/preferences/ScreensPanel.h"
 #include "host/preferences/XscreensaverPanel.h"
@@ -53,6 +54,7 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &PreferencesWindow::takeShapeOfScreen);
     connect(m_options, &QPushButton::clicked, this, &PreferencesWindow::openOptions);
     connect(m_tryIt, &QPushButton::clicked, this, &PreferencesWindow::tryIt);
+    connect(m_buttons, &QDialogButtonBox::helpRequested, this, &PreferencesWindow::askDoctor);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QWidget::close);
     connect(&m_trial, &SaverRun::ended, this, &PreferencesWindow::trialEnded);
     connect(m_screens, &ScreensPanel::failed, this, &PreferencesWindow::alert);
@@ -72,6 +74,7 @@ void PreferencesWindow::layOut()
     column->addWidget(line(this));
     column->addWidget(m_buttons);
     m_buttons->button(QDialogButtonBox::Close)->setText(tr("&Close"));
+    m_buttons->addButton(tr("Something &Wrong?"), QDialogButtonBox::HelpRole);
     m_options->setFocus();
 }
 
@@ -161,6 +164,11 @@ void PreferencesWindow::tryIt()
     pausePreview(Preview::OtherRuns, true);
     m_tryIt->setEnabled(false);
     m_trial.start();
+}
+
+void PreferencesWindow::askDoctor()
+{
+    (new DoctorWindow(m_parts.program, this))->open();
 }
 
 void PreferencesWindow::trialEnded(const QString& error)

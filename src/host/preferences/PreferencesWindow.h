@@ -45,6 +45,7 @@ public:
     void openOptions();
     /// Runs the saver full screen; the preview stands still meanwhile.
     void tryIt();
+    void askDoctor();
     /// Stops what runs, the trial included, and keeps the window's place. For good.
     void end();
 

@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QFile>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
@@ -116,6 +117,17 @@ TEST_F(PreferencesWindowTest, preview_hasTheShapeOfTheMainScreen)
     const QSize preview = window->preview()->widget().size();
     EXPECT_NEAR(double(preview.width()) / preview.height(), double(screen.width()) / screen.height(), 0.01);
     EXPECT_TRUE(window->preview()->widget().isVisible());
+}
+
+TEST_F(PreferencesWindowTest, doctor_isAskedInAWindowOfItsOwn)
+{
+    const auto window = shownWindow(program("test \"$1\" = doctor && echo looked"));
+    button(*window, QStringLiteral("Something &Wrong?")).click();
+    const auto* const report = window->findChild<QPlainTextEdit*>();
+    ASSERT_NE(report, nullptr);
+    EXPECT_TRUE(report->window()->isVisible());
+    EXPECT_NE(report->window(), window.get());
+    EXPECT_TRUE(waitUntil([report] { return report->toPlainText() == u"looked\n"; }));
 }
 
 TEST_F(PreferencesWindowTest, options_openOverTheWindow)
@@ -287,7 +299,7 @@ TEST_F(PreferencesWindowTest, buttons_canBeReachedByKeys)
         EXPECT_FALSE(keys.contains(each->shortcut())) << qPrintable(each->text());
         keys.insert(each->shortcut());
     }
-    EXPECT_EQ(keys.size(), 4);
+    EXPECT_EQ(keys.size(), 5);
 }
 
 } // namespace kestro
