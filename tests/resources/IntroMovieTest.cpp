@@ -86,7 +86,7 @@ TEST(IntroMovie, container_isQuickTimeOf14Seconds_whenProbed)
     EXPECT_EQ(format.value(QLatin1String("tags")).toObject().value(QLatin1String("major_brand")).toString(),
               QStringLiteral("qt  "));
     EXPECT_NEAR(format.value(QLatin1String("duration")).toString().toDouble(), 14.0, 0.01);
-    EXPECT_LT(QFileInfo(movie).size(), 25'000'000);
+    EXPECT_LT(QFileInfo(movie).size(), 10'000'000);
 }
 
 TEST(IntroMovie, index_standsBeforeTheFrames_whenRead)

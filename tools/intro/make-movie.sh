@@ -27,7 +27,7 @@ encode() {
     "$generator" | ffmpeg -v error -y \
         -f rawvideo -video_size 1920x1080 -pixel_format yuv420p -framerate 30 -color_range tv \
         -color_primaries bt709 -color_trc bt709 -colorspace bt709 -i - \
-        -c:v libx264 -preset veryfast -crf 16 -g 30 -keyint_min 30 -sc_threshold 0 \
+        -c:v libx264 -preset faster -crf 18 -g 30 -keyint_min 30 -sc_threshold 0 \
         -x264-params aq-mode=3:deadzone-inter=6:deadzone-intra=6:no-dct-decimate=1:chroma-qp-offset=-2 \
         -video_track_timescale 600 -movflags +faststart -f mov "$1"
 }
