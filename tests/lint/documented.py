@@ -1,5 +1,5 @@
-"""What a user can set is documented, and what is documented exists: settings keys, environment variables, and the
-commands and options that the program itself lists. A settings key is spelled in one file.
+"""What a user can set is documented, and what is documented exists: settings keys, those of kestro.conf, environment variables,
+and the commands and options that the program itself lists. A settings key is spelled in one file.
 
 usage: documented.py ROOT KESTRO | documented.py --self-check
 """
@@ -13,6 +13,9 @@ import lint
 
 DOCUMENTS = ["README.md", "docs/kestro.1"]
 KEYS = "src/settings/Options.h"
+CONFIGURATION = "docs/kestro.conf.5"
+CONFIGURATION_KEY = re.compile(r'Key = QStringLiteral\("([-a-z]+)"\)')
+CONFIGURATION_TERM = re.compile(r'^\.TP\n\.(?:BR ([-a-z]+) "|B ([a-z]+)$)', re.M)
 KEY = re.compile(r'"([A-Z]\w+)"_L1')
 VARIABLE = re.compile(r"\bKESTRO_[A-Z]+\b")
 VARIABLE_READ = re.compile(r'"(KESTRO_[A-Z]+)"')
@@ -33,6 +36,17 @@ def undocumented(names, documents):
 
 def settings_keys(root):
     return set(KEY.findall(lint.read(root, KEYS)))
+
+
+def configuration_keys(root):
+    """Those of kestro.conf, by the sources that read it."""
+    texts = [lint.read(root, path) for path in lint.files(root, (".cpp",), "src")]
+    return {key for text in texts if "platform/base/ConfigurationFile.h" in text for key in CONFIGURATION_KEY.findall(text)}
+
+
+def configuration_faults(keys, manual):
+    terms = {one or other for one, other in CONFIGURATION_TERM.findall(manual.replace("\\-", "-"))}
+    return [f"only one of the code and {CONFIGURATION} has {key}" for key in sorted(keys ^ terms)]
 
 
 def spelled_elsewhere(keys, sources):
@@ -77,6 +91,7 @@ def check_tree(root, kestro):
     older = {"FlyMode", "Bounce", "FullScreen", "LeavesNothing"}
     faults = undocumented(keys - older | variables | commands | options, documents)
     faults += spelled_elsewhere(keys, sources)
+    faults += configuration_faults(configuration_keys(root), lint.read(root, CONFIGURATION))
     for name, text in documents.items():
         faults += [f"{name} names {v}, which nothing reads" for v in sorted(set(VARIABLE.findall(text)) - variables)]
     print("\n".join(faults))
@@ -92,6 +107,9 @@ def self_check():
         KEY.findall('StoredOption<bool> fadeout{"Fadeout"_L1, "fadeoutEffect"_L1};') == ["Fadeout"],
         spelled_elsewhere({"Scale"}, {"a.cpp": 'option(QStringLiteral("Scale"))'}) != [],
         spelled_elsewhere({"Scale"}, {"a.cpp": "option::scale, tr(\"Scaled\")"}) == [],
+        configuration_faults({"after", "host"}, '.TP\n.BR after " (" 5 )\n.TP\n.B host\n') == [],
+        len(configuration_faults({"after", "low"}, '.TP\n.BR after " (" 5 )\n.B or\n.TP\n.BR in\\-all " (" no )\n')) == 2,
+        CONFIGURATION_KEY.findall('const QString lowKey = QStringLiteral("low");') == ["low"],
         COMMAND.findall("  kestro render  Writes") == ["render"],
         OPTION.findall("Options:\n  --out DIR  where") == ["--out"],
         VARIABLE_READ.findall('qgetenv("KESTRO_HOME")') == ["KESTRO_HOME"],
