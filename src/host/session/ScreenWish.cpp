@@ -19,8 +19,11 @@ QList<Option> ScreenWish::options()
         {textOf(ScreensMode::Each), {}, QStringLiteral("another movie on every monitor")},
         {textOf(ScreensMode::Mirror), {}, QStringLiteral("the same movie on every monitor")},
         {textOf(ScreensMode::Span), {}, QStringLiteral("one movie across all monitors as they stand")},
-        {monitorsOption, QStringLiteral("LIST"),
-         QStringLiteral("all, first, or names with commas between them; the others are black")},
+        {monitorsOption,
+         QStringLiteral("LIST"),
+         QStringLiteral("all, first, or names with commas between them; the others are black"),
+         false,
+         {QStringLiteral("all"), QStringLiteral("first")}},
     };
 }
 

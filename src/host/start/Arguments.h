@@ -16,7 +16,8 @@ struct Option {
     QString name;
     QString valueName; ///< what its value is called in the help; empty for an option without a value
     QString help;
-    bool isRequired = false; ///< for the help; whether it was given is for the command to check
+    bool isRequired = false;  ///< for the help; whether it was given is for the command to check
+    QStringList choices = {}; ///< for shells that complete it: words that its value may be
 };
 
 /// A word that a command needs, told by its place and not by dashes.
