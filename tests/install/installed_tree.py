@@ -1,8 +1,9 @@
 """What is installed works wherever it stands, and needs nothing of the build.
 
-usage: installed_tree.py CMAKE BUILD
+usage: installed_tree.py CMAKE BUILD ROOT
 """
 
+import configparser
 import os
 import pathlib
 import re
@@ -11,8 +12,9 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import xml.etree.ElementTree
 
-CMAKE, BUILD = sys.argv[1:3]
+CMAKE, BUILD, ROOT = sys.argv[1:4]
 MANAGED_VARIABLES = ("KESTRO_HOME", "KESTRO_ROOT", "LD_LIBRARY_PATH", "DISPLAY", "WAYLAND_DISPLAY")
 
 
@@ -67,7 +69,8 @@ class InstalledTree(unittest.TestCase):
     def test_program_tellsItsVersion_whenInstalled(self):
         answer = self.kestro("--version")
         self.assertEqual((answer.returncode, answer.stderr), (0, ""))
-        self.assertRegex(answer.stdout, r"^kestro \d+\.\d+\.\d+\n$")
+        newest = re.search(r"^## \[([0-9.]+)\]", pathlib.Path(ROOT, "CHANGELOG.md").read_text(encoding="utf-8"), re.M)
+        self.assertEqual(answer.stdout, f"kestro {newest[1]}\n")
 
     def test_saver_playsTheMovieOfThePackage_whenNothingIsConfigured(self):
         pictures = os.path.join(self.scratch.name, "pictures")
@@ -92,6 +95,49 @@ class InstalledTree(unittest.TestCase):
         self.assertTrue(os.path.isfile(os.path.join(self.prefix, f"share/icons/hicolor/scalable/apps/{keys['Icon']}.svg")))
         self.assertTrue(os.access(os.path.join(self.prefix, "lib/kestro/kestro-settings"), os.X_OK))
 
+    def desktop_file(self, path):
+        file = configparser.ConfigParser(interpolation=None, delimiters="=")
+        file.optionxform = str
+        file.read_string(pathlib.Path(self.prefix, path).read_text(encoding="utf-8"))
+        return file["Desktop Entry"]
+
+    def test_saver_isAmongThoseOfXscreensaver_whenInstalled(self):
+        program = os.path.join(self.prefix, "libexec/xscreensaver/kestro")
+        self.assertEqual(os.path.realpath(program), os.path.realpath(os.path.join(self.prefix, "bin/kestro")))
+        self.assertEqual(subprocess.run([program, "--version"], check=False, timeout=60, capture_output=True).returncode, 0)
+        self.assertTrue(os.path.isfile(os.path.join(self.prefix, "share/xscreensaver/config/kestro.xml")))
+
+    def test_saver_isAThemeOfMate_whenInstalled(self):
+        entry = self.desktop_file("share/applications/screensavers/kestro.desktop")
+        self.assertEqual((entry["Categories"], entry["OnlyShowIn"]), ("Screensaver;", "MATE;"))
+        # It looks for programs in the folders of savers alone.
+        self.assertRegex(entry["Exec"], r"^/.*/libexec/xscreensaver/kestro --root$")
+
+    def test_service_isStartedByNoSession_whenJustInstalled(self):
+        entry = self.desktop_file("etc/xdg/autostart/kestro-idle.desktop")
+        self.assertEqual((entry["Exec"], entry["Hidden"]), ("kestro idle", "true"))
+        unit = os.path.join(self.prefix, "lib/systemd/user/kestro-idle.service")
+        self.assertTrue(os.path.isfile(unit))
+        self.assertEqual([name for _, _, names in os.walk(os.path.dirname(unit)) for name in names], ["kestro-idle.service"])
+
+    def test_icon_isThereInTheUsualSizes_whenInstalled(self):
+        for size in (16, 22, 24, 32, 48, 64, 128, 256):
+            path = os.path.join(self.prefix, f"share/icons/hicolor/{size}x{size}/apps/kestro.png")
+            seen = subprocess.run(["identify", "-format", "%wx%h", path], capture_output=True, text=True, timeout=60, check=True)
+            self.assertEqual(seen.stdout, f"{size}x{size}")
+
+    def test_description_isOfThisReleaseAndOfTheSettings_whenInstalled(self):
+        root = xml.etree.ElementTree.parse(os.path.join(self.prefix, "share/metainfo/org.kestro.kestro.metainfo.xml")).getroot()
+        launched = root.findtext("launchable")
+        self.assertTrue(os.path.isfile(os.path.join(self.prefix, "share/applications", launched)), launched)
+        self.assertEqual(f"kestro {root.find('releases/release').get('version')}\n", self.kestro("--version").stdout)
+        for shown in root.iterfind("screenshots/screenshot/image"):
+            self.assertTrue(os.path.isfile(os.path.join(ROOT, "docs", shown.text.rsplit("/", 1)[1])), shown.text)
+
+    def test_shells_findTheirCompletions_whenInstalled(self):
+        for path in ("bash-completion/completions/kestro", "zsh/site-functions/_kestro", "fish/vendor_completions.d/kestro.fish"):
+            self.assertTrue(os.path.isfile(os.path.join(self.prefix, "share", path)), path)
+
     def test_playlist_isTheIntroMovieAndTheLatestTrailers_whenNothingIsConfigured(self):
         root = pathlib.Path(self.prefix, "share/kestro/root")
         intro = root.joinpath(
@@ -107,7 +153,8 @@ class InstalledTree(unittest.TestCase):
         self.assertEqual(len(list(themes.glob("*.theme/Contents/Resources/*.mov"))), 8)
 
     def test_package_holdsItsDocuments_whenInstalled(self):
-        for path in ("share/man/man1/kestro.1", "share/doc/kestro/README.md", "share/doc/kestro/LICENSE"):
+        for path in ("share/man/man1/kestro.1", "share/man/man1/kestro-settings.1", "share/man/man1/kestro-idle.1",
+                     "share/man/man5/kestro.conf.5", "share/doc/kestro/README.md", "share/doc/kestro/LICENSE"):
             self.assertTrue(os.path.isfile(os.path.join(self.prefix, path)), path)
 
 

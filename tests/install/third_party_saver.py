@@ -49,6 +49,17 @@ class ThirdPartySaver(unittest.TestCase):
         self.assertGreater(colours, 20)
         self.assertEqual(run("convert", picture, "-format", "%[fx:mean<0.5]", "info:"), "1", "mostly black")
 
+    def test_saver_isBuilt_whenPkgConfigTellsHow(self):
+        found = {**os.environ, "PKG_CONFIG_PATH": os.path.join(self.prefix, "lib/pkgconfig")}
+        how = run("pkg-config", "--cflags", "--libs", "kestro", env=found).split()
+        source = os.path.join(self.holder.name, "middle.cpp")
+        with open(source, "w", encoding="utf-8") as file:
+            file.write("#include <platform/saver/ScreenSaverFunctions.h>\n"
+                       "kestro::Rect middle(kestro::Rect a, kestro::Rect b) { return kestro::SSCenteredRectInRect(a, b); }\n")
+        library = os.path.join(self.holder.name, "middle.so")
+        run("c++", "-std=c++20", "-fPIC", "-shared", "-Wl,--no-undefined", source, "-o", library, *how)
+        self.assertIn("libkestro-saver.so", run("readelf", "-d", library))
+
     def test_headers_areThoseOfTheSource_whenInstalled(self):
         installed = os.path.join(self.prefix, "include/kestro")
         count = 0
