@@ -4,6 +4,7 @@ usage: installed_tree.py CMAKE BUILD ROOT
 """
 
 import configparser
+import fnmatch
 import os
 import pathlib
 import re
@@ -137,6 +138,24 @@ class InstalledTree(unittest.TestCase):
     def test_shells_findTheirCompletions_whenInstalled(self):
         for path in ("bash-completion/completions/kestro", "zsh/site-functions/_kestro", "fish/vendor_completions.d/kestro.fish"):
             self.assertTrue(os.path.isfile(os.path.join(self.prefix, "share", path)), path)
+
+    def test_packages_holdEachFileOnce_whenMade(self):
+        """By the lists in debian/, and what debian/rules takes out before."""
+        claims = {}
+        for path in pathlib.Path(ROOT, "debian").glob("*.install"):
+            for line in path.read_text(encoding="utf-8").splitlines():
+                pattern = re.sub(r"^usr/lib/\*/", "usr/lib/", line.split()[0])
+                claims[pattern.removeprefix("usr/")] = 0
+        self.assertGreater(len(claims), 30)
+        for folder, _, names in os.walk(self.prefix):
+            for name in names:
+                path = os.path.relpath(os.path.join(folder, name), self.prefix)
+                if name.startswith("LICENSE") or path == "share/kestro/ruffle/README.md":
+                    continue
+                holders = [pattern for pattern in claims if fnmatch.fnmatch(path, pattern) or path.startswith(pattern + "/")]
+                self.assertEqual(len(holders), 1, f"{path}: {holders}")
+                claims[holders[0]] += 1
+        self.assertEqual([pattern for pattern, count in claims.items() if not count], [])
 
     def test_playlist_isTheIntroMovieAndTheLatestTrailers_whenNothingIsConfigured(self):
         root = pathlib.Path(self.prefix, "share/kestro/root")
