@@ -22,7 +22,7 @@ JUDGES = {
     "desktop file": ["desktop-file-validate"],
     "metainfo": ["appstreamcli", "validate", "--no-net", "--no-color"],
     "script": ["shellcheck"],
-    "spelling": ["codespell", "--ignore-words-list=" + KNOWN_WORDS, r'--ignore-regex=.*(\[de\]|xml:lang="de").*'],
+    "spelling": ["codespell", "--ignore-words-list=" + KNOWN_WORDS, r"--ignore-regex=.*(\[\w+\]=|xml:lang=).*"],
 }
 
 

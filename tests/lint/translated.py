@@ -1,5 +1,6 @@
 """Every text of the windows is there in every language, with what the code puts into it, a shortcut key of its own and its
-shape; docs/languages.md tells how much of each string table every language has.
+shape; and so is what menus and software centres show. docs/languages.md tells how much of each string table every
+language has.
 
 usage: translated.py ROOT | translated.py --table ROOT | translated.py --self-check
 
@@ -144,6 +145,21 @@ def check_bare(path, text):
     return lint.matches(BARE_TEXT, text, "a text that cannot be translated: {0}")
 
 
+def check_entry(path, text):
+    """A desktop file has each text that it has in one language in all of them, and so has the description for software centres."""
+    if path.endswith(".desktop") or path.endswith(".desktop.in"):
+        tongues = [(key, tongue) for key, tongue in re.findall(r"^(\w+)\[(\w+)\]=.", text, re.M)]
+    else:
+        tongues = []
+        place = 0
+        for tongue in re.findall(r'xml:lang="(\w+)">.', text):
+            place += tongue == "de"
+            tongues.append((f"text {place}", tongue))
+    keys = {key for key, _ in tongues}
+    found = [f"{path}: {key} is not there in {tongue}" for key in sorted(keys) for tongue in LANGUAGES if (key, tongue) not in tongues]
+    return found if keys else [f"{path}: nothing is translated"]
+
+
 def check_tree(root):
     wanted, found = texts_of_the_code(root)
     if not wanted:
@@ -160,6 +176,11 @@ def check_tree(root):
         found.append(f"{TABLE} is not what tools/update-translations makes of the texts")
     for path in [path for folder in WINDOWS for path in lint.files(root, lint.CPP, folder)]:
         found += [f"{path}:{line}: {message}" for line, message in check_bare(path, lint.read(root, path))]
+    entries = lint.files(root, (".desktop", ".desktop.in", ".metainfo.xml.in"))
+    if len(entries) < 2:
+        found.append("no desktop files found where there must be some")
+    for path in entries:
+        found += check_entry(path, lint.read(root, path))
     print("\n".join(found))
     print(f"{len(wanted)} texts in {len(files)} languages, {len(found)} findings")
     sys.exit(1 if found else 0)
@@ -208,12 +229,22 @@ FILES = [
     (TS.format("Away", "", "Weg"), 2),
     ("<TS/>", 1),
 ]
+ALL = "".join(f"Name[{language}]=B\n" for language in LANGUAGES)
+ENTRIES = [
+    ("a.desktop", "Name=A\n" + ALL, 0),
+    ("a.desktop", "Name=A\n" + ALL.replace("Name[ja]=B\n", ""), 1),
+    ("a.desktop.in", "Name=A\nComment[de]=C\n" + ALL, 4),
+    ("a.desktop", "Name=A\n", 1),
+    ("a.metainfo.xml.in", "".join(f'<p xml:lang="{language}">B</p>' for language in [*LANGUAGES, *LANGUAGES]), 0),
+    ("a.metainfo.xml.in", "".join(f'<p xml:lang="{language}">B</p>' for language in [*LANGUAGES, "de"]), 4),
+]
 
 
 def self_check():
     wrong = [f"{s!r}, {t!r}: {faults(s, t)}" for s, t, count in FAULTS if len(faults(s, t)) != count]
     wrong += [text for text, count in BARE if len(check_bare("a.cpp", text)) != count]
     wrong += [str(texts) for texts, count in KEYS if len(shared_keys("a.ts", texts)) != count]
+    wrong += [text for path, text, count in ENTRIES if len(check_entry(path, text)) != count]
     wanted = messages(TS.format("Add", "", ""))
     wrong += [text for text, count in FILES if len(check_language("a.ts", wanted, messages(text))) != count]
     two = messages(TS.format("Add", "", "Hinzu")) | messages(TS.format("Away", ' type="unfinished"', ""))
