@@ -57,6 +57,17 @@ class Installing(InstallTest):
         self.assertEqual((self.file.stat().st_mtime_ns, self.file.stat().st_ino), (before.st_mtime_ns, before.st_ino))
         self.assertEqual(self.backup.read_bytes(), LIST)
 
+    def test_it_is_switched_off_for_the_user_where_everybody_has_it(self):
+        everybodys = self.home.root / "etc/X11/app-defaults/XScreenSaver"
+        everybodys.parent.mkdir(parents=True)
+        everybodys.write_bytes(b"*programs:\t\\\n\tkestro --root \\n\\\n\tmaze --root \\n\n")
+        self.file.write_bytes(LIST)
+        self.assertIn("Nothing to change", self.install().stdout)
+        self.install("--remove")
+        self.assertEqual(self.file.read_bytes(), with_entry("kestro").replace(b'  "Kestro"', b'- "Kestro"'))
+        self.install()
+        self.assertEqual(self.file.read_bytes(), with_entry("kestro"))
+
     def test_the_whole_path_is_written_where_the_name_leads_elsewhere(self):
         elsewhere = self.home.path / "elsewhere"
         elsewhere.mkdir()

@@ -39,10 +39,13 @@ QByteArray saidBy(const QByteArray& line)
     return said.trimmed();
 }
 
+/// The list for everybody is a file of X resources, where a key has an asterisk before it.
 bool isKey(const QByteArray& line, const QByteArray& key)
 {
     const qsizetype colon = line.indexOf(':');
-    return colon > 0 && line.left(colon).trimmed().compare(key, Qt::CaseInsensitive) == 0;
+    QByteArray found = line.left(colon).trimmed();
+    if (found.startsWith('*')) found.remove(0, 1);
+    return colon > 0 && found.compare(key, Qt::CaseInsensitive) == 0;
 }
 
 QByteArray afterColon(const QByteArray& line)
@@ -136,6 +139,23 @@ void XscreensaverFile::switchOn(Lines entry)
     const auto line = std::find_if(begin + entry.begin, begin + entry.end,
                                    [](const QByteArray& text) { return saidBy(text).startsWith('-'); });
     if (line != begin + entry.end) (*line)[line->indexOf('-')] = ' ';
+}
+
+void XscreensaverFile::switchOff(const QByteArray& command)
+{
+    if (!isMentioned()) add(command);
+    for (const Lines entry : kestroEntries())
+        if (!isOff(entry)) putDash(entry);
+}
+
+/// In the blanks before the entry, where there are some.
+void XscreensaverFile::putDash(Lines entry)
+{
+    const auto begin = m_lines.begin();
+    const auto line = std::find_if(begin + entry.begin, begin + entry.end,
+                                   [](const QByteArray& text) { return !saidBy(text).isEmpty(); });
+    const qsizetype place = line->indexOf(saidBy(*line));
+    line->replace(std::max<qsizetype>(place - 2, 0), std::min<qsizetype>(place, 2), "- ");
 }
 
 void XscreensaverFile::append(Lines list, const QByteArray& entry)

@@ -20,6 +20,10 @@ public:
     /// chosen saver is stored as one. Switches it on where it is there but off; nothing where it is there and
     /// on. Where the file has no list it gets one: xscreensaver adds its own savers to it.
     void add(const QByteArray& command);
+    /// Whether Kestro is in the list, switched on or off.
+    [[nodiscard]] bool isMentioned() const { return !kestroEntries().isEmpty(); }
+    /// Has Kestro in the list, but switched off, where xscreensaver would take it from another list.
+    void switchOff(const QByteArray& command);
     /// Takes every entry of Kestro out, and keeps the chosen saver the chosen one.
     void remove();
 
@@ -36,6 +40,7 @@ private:
     [[nodiscard]] QByteArray payload(Lines lines) const;
     [[nodiscard]] bool isOff(Lines entry) const { return payload(entry).startsWith('-'); }
     void switchOn(Lines entry);
+    void putDash(Lines entry);
     void append(Lines list, const QByteArray& entry);
     void removeEntry(Lines entry);
     [[nodiscard]] QList<qsizetype> numbersOf(const QList<Lines>& entries) const;

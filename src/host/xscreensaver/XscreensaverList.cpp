@@ -36,32 +36,41 @@ Result<void> write(const QString& path, const QByteArray& text)
 
 } // namespace
 
-XscreensaverList::XscreensaverList(QString path, QString program)
+XscreensaverList::XscreensaverList(QString path, QString program, QString everybodys)
     : m_path(std::move(path))
     , m_program(std::move(program))
+    , m_everybodys(std::move(everybodys))
 {
 }
 
 XscreensaverList XscreensaverList::ofUser()
 {
-    return {homeFolder() + QStringLiteral("/.xscreensaver"), kestroProgram()};
+    return {homeFolder() + QStringLiteral("/.xscreensaver"), kestroProgram(),
+            platformPath(QStringLiteral("/etc/X11/app-defaults/XScreenSaver"))};
+}
+
+bool XscreensaverList::hasEverybody() const
+{
+    const auto text = readRegularFile(m_everybodys, mostBytes);
+    return text && XscreensaverFile(text.value()).isListed();
 }
 
 Result<bool> XscreensaverList::isListed() const
 {
     const auto text = read(m_path);
     if (!text) return text.failure();
-    return XscreensaverFile(text.value()).isListed();
+    const XscreensaverFile file(text.value());
+    return file.isMentioned() ? file.isListed() : hasEverybody();
 }
 
 Result<XscreensaverList::Change> XscreensaverList::add() const
 {
     const auto before = read(m_path);
     if (!before) return before.failure();
-    const auto own = command();
+    const auto own = entry();
     if (!own) return own.failure();
     XscreensaverFile file(before.value());
-    file.add(own.value() + " --root");
+    if (file.isMentioned() || !hasEverybody()) file.add(own.value());
     return store(before.value(), file.text());
 }
 
@@ -70,8 +79,22 @@ Result<XscreensaverList::Change> XscreensaverList::remove() const
     const auto before = read(m_path);
     if (!before) return before.failure();
     XscreensaverFile file(before.value());
-    file.remove();
+    if (!hasEverybody()) {
+        file.remove();
+        return store(before.value(), file.text());
+    }
+    const auto own = entry();
+    if (!own) return own.failure();
+    file.switchOff(own.value());
     return store(before.value(), file.text());
+}
+
+/// What stands in the list: the command line that xscreensaver runs.
+Result<QByteArray> XscreensaverList::entry() const
+{
+    const auto own = command();
+    if (!own) return own.failure();
+    return own.value() + " --root";
 }
 
 /// How a shell is to call the program: by its name where the search path leads to it, else by its path.

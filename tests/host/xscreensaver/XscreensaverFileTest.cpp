@@ -77,6 +77,19 @@ TEST(XscreensaverFile, add_switchesTheEntryOn_whenItIsOff)
     EXPECT_EQ(added(fileWith(off + ours)), fileWith(off + ours));
 }
 
+TEST(XscreensaverFile, switchOff_putsADashBeforeTheEntry_whereverItsTextBegins)
+{
+    const auto switchedOff = [](const QByteArray& text) {
+        XscreensaverFile file(text);
+        file.switchOff(command);
+        return file.text();
+    };
+    EXPECT_EQ(switchedOff(fileWith(others + ours)), fileWith(others + "- \"Kestro\"  kestro --root \\n\\\n"));
+    EXPECT_EQ(switchedOff(fileWith(others)), fileWith(others + "- \"Kestro\"  kestro --root \\n\\\n"));
+    EXPECT_EQ(switchedOff("programs:\\\nkestro --root \\n\n"), "programs:\\\n- kestro --root \\n\n");
+    EXPECT_EQ(switchedOff("programs:\\\n- kestro --root \\n\n"), "programs:\\\n- kestro --root \\n\n");
+}
+
 TEST(XscreensaverFile, add_makesAList_whenThereIsNone)
 {
     EXPECT_EQ(added({}), "programs:\t\\\n" + ours + "\n");

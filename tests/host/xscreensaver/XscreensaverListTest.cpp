@@ -27,7 +27,16 @@ protected:
     [[nodiscard]] QString file() const { return home.filePath(QStringLiteral(".xscreensaver")); }
     [[nodiscard]] XscreensaverList list(const QString& program = QStringLiteral("/opt/some/bin/kestro")) const
     {
-        return {file(), program};
+        return {file(), program, everybodys()};
+    }
+    [[nodiscard]] QString everybodys() const { return home.filePath(QStringLiteral("XScreenSaver")); }
+    /// As the package makes it.
+    void listForEverybody(const QByteArray& entry = "kestro --root") const
+    {
+        QFile written(everybodys());
+        ASSERT_TRUE(written.open(QIODevice::WriteOnly));
+        written.write("! Resources\n*mode:\trandom\n*programs:\t\\\n\t" + entry +
+                      "\t \\n\\\n  GL: \tpipes --root\t \\n\n*hacks.pipes.name: Pipes\n");
     }
 
     QTemporaryDir home;
@@ -91,6 +100,52 @@ TEST_F(XscreensaverListTest, add_changesNothing_whenTheEntryIsThere)
     ASSERT_TRUE(added);
     EXPECT_FALSE(added.value().isChanged);
     EXPECT_FALSE(QFile::exists(file() + QStringLiteral(".kestro-backup")));
+}
+
+TEST_F(XscreensaverListTest, isListed_isTrue_whenEverybodyHasItAndTheUserSaysNothing)
+{
+    listForEverybody();
+    EXPECT_TRUE(list().isListed().value());
+    write("programs:\\\n  maze --root \\n\\\n\n");
+    EXPECT_TRUE(list().isListed().value());
+}
+
+TEST_F(XscreensaverListTest, isListed_isFalse_whenTheUserHasItSwitchedOff)
+{
+    listForEverybody();
+    write("programs:\\\n- kestro --root \\n\\\n\n");
+    EXPECT_FALSE(list().isListed().value());
+}
+
+TEST_F(XscreensaverListTest, isListed_isFalse_whenOnlyAnotherSaverIsThereForEverybody)
+{
+    listForEverybody("maze --root");
+    EXPECT_FALSE(list().isListed().value());
+    listForEverybody("- kestro --root");
+    EXPECT_FALSE(list().isListed().value());
+}
+
+TEST_F(XscreensaverListTest, add_changesNothing_whenEverybodyHasIt)
+{
+    listForEverybody();
+    const auto added = list().add();
+    ASSERT_TRUE(added);
+    EXPECT_FALSE(added.value().isChanged);
+    EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(XscreensaverListTest, remove_switchesItOffForTheUser_andAddOnAgain_whenEverybodyHasIt)
+{
+    listForEverybody();
+    QFile program(home.filePath(QStringLiteral("kestro")));
+    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+    const XscreensaverList own = list(program.fileName());
+    ASSERT_TRUE(own.remove());
+    EXPECT_TRUE(text().contains("- \"Kestro\"  " + QFile::encodeName(program.fileName()) + " --root"));
+    EXPECT_FALSE(own.isListed().value());
+    ASSERT_TRUE(own.add());
+    EXPECT_TRUE(own.isListed().value());
+    EXPECT_EQ(text().count("--root"), 1);
 }
 
 TEST_F(XscreensaverListTest, operations_sayWhy_whenTheFileCannotBeRead)
