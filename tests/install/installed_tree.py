@@ -143,6 +143,8 @@ class InstalledTree(unittest.TestCase):
         """By the lists in debian/, and what debian/rules takes out before."""
         claims = {}
         for path in pathlib.Path(ROOT, "debian").glob("*.install"):
+            if path.name == "kestro-web.install" and not os.path.exists(os.path.join(BUILD, "lib/kestro/kestro-web")):
+                continue  # built without web content
             for line in path.read_text(encoding="utf-8").splitlines():
                 pattern = re.sub(r"^usr/lib/\*/", "usr/lib/", line.split()[0])
                 claims[pattern.removeprefix("usr/")] = 0
