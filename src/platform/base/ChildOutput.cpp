@@ -18,8 +18,12 @@ QByteArray ChildOutput::first(qsizetype most) const
 
 QByteArray ChildOutput::last(qsizetype most) const
 {
-    const off_t size = lseek(m_memory.number(), 0, SEEK_END);
-    return read(most, std::max<qsizetype>(0, size - most));
+    return read(most, std::max<qsizetype>(0, size() - most));
+}
+
+qsizetype ChildOutput::size() const
+{
+    return std::max<off_t>(0, lseek(m_memory.number(), 0, SEEK_END));
 }
 
 QByteArray ChildOutput::read(qsizetype most, qsizetype from) const

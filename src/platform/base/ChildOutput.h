@@ -14,11 +14,13 @@ public:
 
     /// To hand over; -1 where there is no memory.
     [[nodiscard]] int number() const { return m_memory.number(); }
-    /// The first bytes of what was written, or the last ones; empty where nothing was.
+    /// What was written; its first bytes, or its last ones. Empty where nothing was.
+    [[nodiscard]] QByteArray all() const { return first(size()); }
     [[nodiscard]] QByteArray first(qsizetype most) const;
     [[nodiscard]] QByteArray last(qsizetype most) const;
 
 private:
+    [[nodiscard]] qsizetype size() const;
     [[nodiscard]] QByteArray read(qsizetype most, qsizetype from) const;
 
     Descriptor m_memory;

@@ -6,7 +6,6 @@
 
 #include <QFile>
 
-#include <sys/mman.h>
 #include <unistd.h>
 #include <utility>
 
@@ -36,7 +35,7 @@ QList<QStringList> filesIn(const QByteArray& said, qsizetype paths)
 std::unique_ptr<FileWalk> FileWalk::start(const QStringList& paths, std::chrono::milliseconds longest,
                                           Done done)
 {
-    Descriptor said(memfd_create("kestro-files", MFD_CLOEXEC));
+    ChildOutput said;
     const QString program = packageLibraries() + QStringLiteral("/kestro-file-look");
     auto process = ChildProcess::start({.file = program,
                                         .arguments = QStringList(QStringLiteral("--below")) + paths,
@@ -53,7 +52,7 @@ std::unique_ptr<FileWalk> FileWalk::start(const QStringList& paths, std::chrono:
     return walk;
 }
 
-FileWalk::FileWalk(std::unique_ptr<ChildProcess> process, Descriptor said, qsizetype paths, Done done)
+FileWalk::FileWalk(std::unique_ptr<ChildProcess> process, ChildOutput said, qsizetype paths, Done done)
     : m_process(std::move(process))
     , m_said(std::move(said))
     , m_paths(paths)
@@ -70,14 +69,7 @@ void FileWalk::finish(bool isWhole)
 {
     m_bound.stop();
     const Done done = std::exchange(m_done, nullptr);
-    if (done) done({filesIn(said(), m_paths), isWhole});
-}
-
-QByteArray FileWalk::said() const
-{
-    QByteArray said(std::max<off_t>(0, lseek(m_said.number(), 0, SEEK_END)), Qt::Uninitialized);
-    said.truncate(std::max<ssize_t>(0, pread(m_said.number(), said.data(), std::size_t(said.size()), 0)));
-    return said;
+    if (done) done({filesIn(m_said.all(), m_paths), isWhole});
 }
 
 } // namespace kestro

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/base/Descriptor.h"
+#include "platform/base/ChildOutput.h"
 
 #include <QList>
 #include <QStringList>
@@ -36,12 +36,11 @@ public:
     FileWalk& operator=(const FileWalk&) = delete;
 
 private:
-    FileWalk(std::unique_ptr<ChildProcess> process, Descriptor said, qsizetype paths, Done done);
+    FileWalk(std::unique_ptr<ChildProcess> process, ChildOutput said, qsizetype paths, Done done);
     void finish(bool isWhole);
-    [[nodiscard]] QByteArray said() const;
 
     std::unique_ptr<ChildProcess> m_process;
-    Descriptor m_said; ///< what the process has written
+    ChildOutput m_said;
     qsizetype m_paths;
     Done m_done;
     QTimer m_bound;

@@ -33,10 +33,16 @@ TEST(ChildOutput, last_isTheEndOfWhatWasSaid)
     EXPECT_EQ(saidBy(QStringLiteral("printf abcdef")).last(100), QByteArray("abcdef"));
 }
 
+TEST(ChildOutput, all_isWhatWasSaid)
+{
+    EXPECT_EQ(saidBy(QStringLiteral("printf abcdef")).all(), QByteArray("abcdef"));
+}
+
 TEST(ChildOutput, isEmpty_whenNothingWasSaid)
 {
     EXPECT_EQ(ChildOutput().first(4), QByteArray());
     EXPECT_EQ(ChildOutput().last(4), QByteArray());
+    EXPECT_EQ(ChildOutput().all(), QByteArray());
 }
 
 } // namespace kestro
