@@ -127,7 +127,7 @@ private:
     void handleProperty(const mpv_event& event);
     void handleReply(const mpv_event& event);
     void handleTime(double time);
-    void handleDecoder(const QByteArray& name);
+    void handleDecoder(const QByteArray& answer);
     void handleFrameParameters(const mpv_event& event);
     void logLight() const;
     void setFilters(int rotation);

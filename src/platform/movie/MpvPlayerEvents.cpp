@@ -112,11 +112,11 @@ void MpvPlayer::handleProperty(const mpv_event& event)
     }
 }
 
-/// Once for each way that frames of the movie were decoded.
-void MpvPlayer::handleDecoder(const QByteArray& name)
+/// Once for each way that frames of the movie were decoded. Where the card was given up mpv says nothing.
+void MpvPlayer::handleDecoder(const QByteArray& answer)
 {
-    if (name.isEmpty() || name == m_decoder) return;
-    m_decoder = name;
+    const QByteArray name = answer.isEmpty() ? QByteArray("no") : answer;
+    if (std::exchange(m_decoder, name) == name) return;
     const QString by = name == "no" ? QStringLiteral("the processor")
                                     : QStringLiteral("the graphics card (%1)").arg(QString::fromLatin1(name));
     logLine(QStringLiteral("%1: decoded by %2.").arg(shownURL(m_setup.url), by));
