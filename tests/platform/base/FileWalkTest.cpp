@@ -16,6 +16,8 @@ namespace {
 
 class FileWalkTest : public testing::Test {
 protected:
+    ~FileWalkTest() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
     QString make(const QString& name) const
     {
         QDir(folder.path()).mkpath(QFileInfo(name).path());
