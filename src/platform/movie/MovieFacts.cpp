@@ -3,6 +3,7 @@
 #include "platform/movie/AvFormat.h"
 #include "platform/movie/AvInput.h"
 #include "platform/movie/DecoderMemory.h"
+#include "platform/movie/StreamSideData.h"
 
 #include <cmath>
 
@@ -20,10 +21,10 @@ Size MovieFacts::naturalSize() const
 
 static int clockwiseRotation(const AVStream& stream)
 {
-    std::size_t length = 0;
-    const auto* matrix = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &length);
-    if (!matrix || length < 9 * sizeof(std::int32_t)) return 0;
-    const double counterClockwise = av_display_rotation_get(reinterpret_cast<const std::int32_t*>(matrix));
+    const auto matrix = sideDataOf(stream, AV_PKT_DATA_DISPLAYMATRIX);
+    if (matrix.size() < 9 * sizeof(std::int32_t)) return 0;
+    const auto* const numbers = reinterpret_cast<const std::int32_t*>(matrix.data());
+    const double counterClockwise = av_display_rotation_get(numbers);
     if (!std::isfinite(counterClockwise)) return 0;
     const int quarters = static_cast<int>(std::lround(-counterClockwise / 90));
     return ((quarters % 4) + 4) % 4 * 90;

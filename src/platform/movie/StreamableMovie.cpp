@@ -2,12 +2,12 @@
 
 #include "platform/movie/AvFormat.h"
 #include "platform/movie/AvInput.h"
+#include "platform/movie/StreamSideData.h"
 
 #include <QFile>
 #include <QUrl>
 #include <QtEndian>
 
-#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <vector>
@@ -54,29 +54,17 @@ Error failure(int code)
     return Error{QString::fromUtf8(av_make_error_string(text, sizeof text, code))};
 }
 
-/// The video's turn lies beside its stream.
-int copySideData(AVStream& to, const AVStream& from)
-{
-    for (int i = 0; i < from.nb_side_data; ++i) {
-        const AVPacketSideData& data = from.side_data[i];
-        std::uint8_t* place = av_stream_new_side_data(&to, data.type, data.size);
-        if (!place) return AVERROR(ENOMEM);
-        std::copy_n(data.data, data.size, place);
-    }
-    return 0;
-}
-
 int copyStream(AVFormatContext& output, const AVStream& from)
 {
     AVStream* const to = avformat_new_stream(&output, nullptr);
     if (!to) return AVERROR(ENOMEM);
-    if (const int error = avcodec_parameters_copy(to->codecpar, from.codecpar); error < 0) return error;
+    if (const int error = copyParameters(*to, from); error < 0) return error;
     to->codecpar->codec_tag = 0;
     to->time_base = from.time_base;
     to->sample_aspect_ratio = from.sample_aspect_ratio;
     to->avg_frame_rate = from.avg_frame_rate;
     av_dict_copy(&to->metadata, from.metadata, 0);
-    return copySideData(*to, from);
+    return 0;
 }
 
 bool isKept(const AVStream& stream)
