@@ -5,6 +5,8 @@
 #include "trailers/TrailerListFixture.h"
 #include "trailers/TrailerRecordMap.h"
 
+#include <QTimeZone>
+
 namespace kestro {
 
 namespace {
@@ -44,7 +46,7 @@ TEST_F(ListRoomTest, bytesInFile_areNoFewerThanAreWritten_whateverARecordHolds)
         {QStringLiteral("r"), -1.2345678901234567e-300},
         {QStringLiteral("d"), QByteArray(1000, 'x')},
         {QStringLiteral("e"), QByteArray("x")},
-        {QStringLiteral("t"), QDateTime(QDate(2008, 3, 14), QTime(), Qt::UTC)},
+        {QStringLiteral("t"), QDateTime(QDate(2008, 3, 14), QTime(), QTimeZone::utc())},
         {QStringLiteral("l"), QVariantList{QVariantList{QVariantList{5, QVariantMap()}}}},
         {QStringLiteral("m"), QVariantMap{{QStringLiteral("m"), QVariantMap{{QStringLiteral("m"), 1}}}}}};
     for (const TrailerRecord& one :

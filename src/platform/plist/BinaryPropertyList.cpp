@@ -150,7 +150,8 @@ private:
         if (power != 3 || !isInFile(place, 8)) return {};
         const auto seconds = std::bit_cast<double>(unsignedAt(place, 8));
         if (!(seconds >= earliestDate && seconds <= latestDate)) return {};
-        return QVariant(QDateTime::fromMSecsSinceEpoch(qint64((seconds + dateOrigin) * 1000.0), Qt::UTC));
+        return QVariant(
+            QDateTime::fromMSecsSinceEpoch(qint64((seconds + dateOrigin) * 1000.0), QTimeZone::utc()));
     }
 
     // Data (4), one byte a letter (5), and UTF-16 (6).

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QProcess>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -84,8 +85,8 @@ TEST(BinaryPropertyList, read_givesEachKindItsType)
         {"\x14" + bigEndian(quint64(-1), 8) + bigEndian(quint64(-7), 8), qlonglong(-7)},
         {"\x22" + bigEndian(0x40900000, 4), 4.5},
         {"\x23" + bigEndian(0x4012000000000000, 8), 4.5},
-        {"\x33" + bigEndian(0, 8), QDateTime({2001, 1, 1}, {0, 0, 0}, Qt::UTC)},
-        {"\x33" + bigEndian(0xc0f5180000000000, 8), QDateTime({2000, 12, 31}, {0, 0, 0}, Qt::UTC)},
+        {"\x33" + bigEndian(0, 8), QDateTime({2001, 1, 1}, {0, 0, 0}, QTimeZone::utc())},
+        {"\x33" + bigEndian(0xc0f5180000000000, 8), QDateTime({2000, 12, 31}, {0, 0, 0}, QTimeZone::utc())},
         {"\x42hi", QByteArray("hi")},
         {"\x40", QByteArray("")},
         {"\x52hi", QStringLiteral("hi")},
@@ -154,7 +155,7 @@ TEST(BinaryPropertyList, read_understandsWhatPythonWrites)
         {QStringLiteral("yes"), true},
         {QStringLiteral("no"), false},
         {QStringLiteral("data"), QByteArray("\0\xff", 2)},
-        {QStringLiteral("date"), QDateTime({2004, 2, 29}, {12, 0, 0}, Qt::UTC)},
+        {QStringLiteral("date"), QDateTime({2004, 2, 29}, {12, 0, 0}, QTimeZone::utc())},
         {QStringLiteral("list"), QVariantList{qlonglong(1), QVariantList{qlonglong(2), QVariantMap()}}},
         {QStringLiteral("many"), many},
         {QStringLiteral(""), QStringLiteral("")},

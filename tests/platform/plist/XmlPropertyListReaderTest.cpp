@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QStringEncoder>
+#include <QTimeZone>
 #include <QXmlStreamReader>
 
 #include <cmath>
@@ -74,7 +75,7 @@ TEST(XmlPropertyListReader, read_givesEachKindItsType)
         {"<real>inf</real>", infinity},
         {"<data>aGVs\n\tbG8=</data>", QByteArray("hello")},
         {"<data></data>", QByteArray("")},
-        {"<date>2004-02-29T12:34:56Z</date>", QDateTime({2004, 2, 29}, {12, 34, 56}, Qt::UTC)},
+        {"<date>2004-02-29T12:34:56Z</date>", QDateTime({2004, 2, 29}, {12, 34, 56}, QTimeZone::utc())},
         {"<array/>", QVariantList()},
         {"<array></array>", QVariantList()},
         {"<dict/>", QVariantMap()},

@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QPoint>
+#include <QTimeZone>
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -70,8 +71,8 @@ TEST(XmlPropertyListWriter, write_isReadBackAsItWas)
         -infinity,
         QByteArray("\0\1\xff", 3),
         QByteArray(""),
-        QDateTime({2104, 2, 29}, {23, 59, 59}, Qt::UTC),
-        QDateTime({1, 1, 1}, {0, 0, 0}, Qt::UTC),
+        QDateTime({2104, 2, 29}, {23, 59, 59}, QTimeZone::utc()),
+        QDateTime({1, 1, 1}, {0, 0, 0}, QTimeZone::utc()),
         QVariantMap{{QStringLiteral(""), QVariantList{QVariantMap()}}},
     };
     for (const QVariant& value : values) {
@@ -95,7 +96,7 @@ TEST(XmlPropertyListWriter, write_takesSmallerNumbersToo)
 
 TEST(XmlPropertyListWriter, write_givesDatesInUniversalTime)
 {
-    const QDateTime moment({2004, 1, 1}, {1, 0, 0}, Qt::OffsetFromUTC, 3600);
+    const QDateTime moment({2004, 1, 1}, {1, 0, 0}, QTimeZone(3600));
     EXPECT_TRUE(xmlPropertyList(moment).value_or("").contains("<date>2004-01-01T00:00:00Z</date>"));
 }
 
@@ -106,7 +107,7 @@ TEST(XmlPropertyListWriter, write_answersNothing_forWhatNoPropertyListHolds)
         QVariant::fromValue(nullptr),
         QPoint(1, 2),
         QDateTime(),
-        QDateTime({12004, 1, 1}, {0, 0, 0}, Qt::UTC),
+        QDateTime({12004, 1, 1}, {0, 0, 0}, QTimeZone::utc()),
         QString(QChar(1)),
         QString(QChar(0)),
         QString(QChar(0xd800)),
