@@ -62,6 +62,13 @@ class Doctor(ProgramTest):
         self.assertFound(settings, BROKEN, "line 2", "much", "mend the file")
         self.assertFound(settings, BROKEN, "line 4", "later", "mend the file")
 
+    def test_a_settings_file_that_cannot_be_read_is_told(self):
+        for name in ("Kestro.plist", "Kestro.def.plist"):
+            (self.home.preferences / name).write_text("<plist><broken")
+        settings = self.report(status=1)["Settings"]
+        self.assertFound(settings, BROKEN, "Kestro.plist: cannot be read", "kestro settings")
+        self.assertFound(settings, BROKEN, "Kestro.def.plist: cannot be read")
+
     def test_a_trailer_site_is_asked_whether_it_answers(self):
         server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), RefusingSite)
         threading.Thread(target=server.serve_forever, daemon=True).start()

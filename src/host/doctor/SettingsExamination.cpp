@@ -5,6 +5,8 @@
 #include "platform/base/ConfigurationFile.h"
 #include "platform/base/Log.h"
 #include "platform/base/Paths.h"
+#include "platform/plist/PropertyList.h"
+#include "platform/plist/PropertyListFile.h"
 #include "settings/MovieOptions.h"
 #include "settings/SettingsStore.h"
 #include "trailers/TrailerSite.h"
@@ -38,9 +40,18 @@ private:
     LogCapture m_capture;
 };
 
-QString stateOf(const QString& path)
+Finding stateOf(const QString& path)
 {
-    return QFileInfo::exists(path) ? path : path + QStringLiteral(": not there, everything is as it comes");
+    return fine(QFileInfo::exists(path) ? path
+                                        : path + QStringLiteral(": not there, everything is as it comes"));
+}
+
+/// One that cannot be read counts as empty, without a word.
+Finding stateOfPropertyList(const QString& path)
+{
+    if (readPropertyListDictionary(path) || !isPropertyListFileThere(path)) return stateOf(path);
+    return broken(path + QStringLiteral(": cannot be read, and counts as empty"),
+                  QStringLiteral("mend the file, or choose anew in kestro settings: a copy is kept"));
 }
 
 void readConfiguration()
@@ -56,11 +67,11 @@ void readConfiguration()
 Findings look()
 {
     Complaints complaints;
-    SettingsStore store(homeFolder());
-    (void)store.plist();
-    (void)store.defaultsPlist();
+    const SettingsStore store(homeFolder());
     readConfiguration();
-    Findings findings{fine(stateOf(store.plistPath())), fine(stateOf(configurationFile()))};
+    Findings findings{stateOfPropertyList(store.plistPath()), stateOf(configurationFile())};
+    if (const Finding resume = stateOfPropertyList(store.defaultsPlistPath()); resume != fine(resume.words))
+        findings += resume;
     for (const QString& line : complaints.lines())
         findings += broken(line, QStringLiteral("mend the file, or take it away"));
     const QFileInfo folder(QFileInfo(store.plistPath()).absolutePath());
