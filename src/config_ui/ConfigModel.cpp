@@ -108,6 +108,7 @@ void ConfigModel::checkBackAndForthCondition()
 
 void ConfigModel::closeConfig(int tag)
 {
+    if (tag != 0 && m_dropped.isLooking()) return m_dropped.whenAdded([this, tag] { closeConfig(tag); });
     m_dropped.giveUp();
     m_sources.panels.endSheet();
     if (tag == 0)

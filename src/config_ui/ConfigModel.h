@@ -46,7 +46,8 @@ public:
     /// Fills everything from the settings.
     void resetInterfaces();
     /// OK (`tag` not 0): stores what the controls hold and starts the saver anew. Cancel (0): back to the
-    /// settings. Ends the sheet first, and closes the trailer browser last.
+    /// settings. Ends the sheet first, and closes the trailer browser last. OK waits for what was dropped to
+    /// be added, and is forgotten where the person gives that up.
     void closeConfig(int tag);
 
     /// The rules on what can be used: after full screen was switched; after the way of moving was chosen;

@@ -71,6 +71,7 @@ void DroppedMovies::look(const QList<QUrl>& dropped)
 void DroppedMovies::giveUp()
 {
     m_paths.clear();
+    m_rest = nullptr;
     if (std::exchange(m_walk, nullptr)) m_panels.endWait();
 }
 
@@ -80,6 +81,7 @@ void DroppedMovies::take(const FileWalk::Found& found)
     QStringList files;
     for (qsizetype i = 0; i < m_paths.size(); ++i)
         files += movies(m_paths[i], found.files[i]);
+    const auto rest = std::exchange(m_rest, nullptr);
     giveUp();
     if (!files.isEmpty()) m_add(files);
     if (!found.isWhole)
@@ -87,6 +89,8 @@ void DroppedMovies::take(const FileWalk::Found& found)
             "Kestro", "The disk does not answer. Movies may be missing from what was dropped."));
     else if (files.isEmpty())
         m_panels.runAlert(QCoreApplication::translate("Kestro", "There are no movies in what was dropped."));
+    else if (rest)
+        rest();
 }
 
 } // namespace kestro

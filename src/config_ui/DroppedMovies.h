@@ -25,6 +25,10 @@ public:
 
     /// What is dropped while something else is looked for is looked for with it.
     void look(const QList<QUrl>& dropped);
+    [[nodiscard]] bool isLooking() const { return m_walk != nullptr; }
+    /// Does `rest` when what is looked for now was added; not where something is amiss with it, which the
+    /// person is told, nor when they give up.
+    void whenAdded(std::function<void()> rest) { m_rest = std::move(rest); }
     void giveUp();
 
 private:
@@ -35,6 +39,7 @@ private:
     std::chrono::milliseconds m_longest;
     QStringList m_paths; ///< that are looked at
     std::unique_ptr<FileWalk> m_walk;
+    std::function<void()> m_rest;
 };
 
 } // namespace kestro

@@ -2,9 +2,13 @@
 
 #include "config_ui/ConfigFixture.h"
 #include "platform/plist/PropertyList.h"
+#include "support/WaitUntil.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace kestro {
 
@@ -20,6 +24,19 @@ protected:
     {
         return readPropertyListDictionary(saver.store().plistPath()).value_or(QVariantMap());
     }
+    /// Drops a file, which is looked for from then on, and presses OK.
+    ConfigModel& dropAndPressOK()
+    {
+        EXPECT_TRUE(QFile(dropped).open(QIODevice::WriteOnly));
+        auto& model = openList({});
+        model.addDropped({QUrl::fromLocalFile(dropped)});
+        model.closeConfig(1);
+        EXPECT_FALSE(hasEnded());
+        return model;
+    }
+    [[nodiscard]] bool hasEnded() const { return std::ranges::find(calls, "end sheet") != calls.end(); }
+
+    QString dropped = folder.filePath("a.mov");
 };
 
 } // namespace
@@ -219,6 +236,38 @@ TEST_F(ConfigModelCloseTest, cancel_leavesTheFileAsItIs_andGoesBackToTheSettings
     EXPECT_TRUE(model.enabling().backAndForthChk);
     EXPECT_EQ(listed(), QStringList{movie("a.mov")});
     EXPECT_EQ(calls, (Calls{"end sheet", "close trailers"}));
+}
+
+TEST_F(ConfigModelCloseTest, ok_waitsForWhatWasDropped)
+{
+    dropAndPressOK();
+    ASSERT_TRUE(waitUntil([this] { return hasEnded(); }));
+    EXPECT_EQ(stored().value("FileList"), QVariantList{QUrl::fromLocalFile(dropped).toString()});
+}
+
+TEST_F(ConfigModelCloseTest, ok_isForgotten_whenPersonGivesUpWhatWasDropped)
+{
+    auto& model = dropAndPressOK();
+    panels.giveUp();
+    model.addDropped({QUrl::fromLocalFile(dropped)});
+    ASSERT_TRUE(waitUntil([this] { return !listed().isEmpty(); }));
+    EXPECT_FALSE(hasEnded());
+}
+
+TEST_F(ConfigModelCloseTest, ok_isForgotten_whenNothingWasFoundInWhatWasDropped)
+{
+    auto& model = openList({});
+    model.addDropped({QUrl::fromLocalFile(folder.path())});
+    model.closeConfig(1);
+    ASSERT_TRUE(waitUntil([this] { return !panels.alerts.empty(); }));
+    EXPECT_FALSE(hasEnded());
+}
+
+TEST_F(ConfigModelCloseTest, cancel_givesUpWhatWasDropped)
+{
+    dropAndPressOK().closeConfig(0);
+    EXPECT_TRUE(hasEnded());
+    EXPECT_EQ(listed(), QStringList());
 }
 
 } // namespace kestro

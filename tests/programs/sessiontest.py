@@ -76,12 +76,12 @@ class Session(ProgramTest):
 
     def stack(self):
         """The numbers of the windows on the root, highest first."""
-        tree = self.server.run("xwininfo", "-root", "-tree")
+        tree = self.server.tree()
         return [int(number, 16) for number in re.findall(r"^     (0x[0-9a-f]+) ", tree, re.M)]
 
     def pictures(self):
         """The numbers of the savers' windows that are shown."""
-        tree = self.server.run("xwininfo", "-root", "-tree")
+        tree = self.server.tree()
         found = re.findall(r'^     (0x[0-9a-f]+) "Kestro"', tree, re.M)
         return [int(number, 16) for number in found if self.server.is_viewable(number)]
 

@@ -174,7 +174,7 @@ class Locking(XscreensaverTest):
         wait_until(lambda: len(self.processes()) == 3, "Kestro as the daemon's saver on both monitors")
         self.assertNotRegex(self.daemon.log(), r"AlreadyGrabbed|unable to grab|aborted")
         self.assertIsNone(self.saver.poll())
-        top = self.server.run("xwininfo", "-root", "-tree")
+        top = self.server.tree()
         self.assertLess(top.index("xscreensaver"), top.index('"Kestro"'))
 
     def state(self):

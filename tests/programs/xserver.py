@@ -9,7 +9,7 @@ import signal
 import subprocess
 import tempfile
 
-from harness import BOUND, Pixels
+from harness import BOUND, Pixels, wait_until
 
 
 class XServer:
@@ -59,11 +59,19 @@ class XServer:
         self.run("import", "-silent", "-window", "root", str(path))
         return Pixels(path)
 
+    def tree(self):
+        """All windows as xwininfo lists them. It fails when one goes while it looks, and is asked again then."""
+        def listed():
+            try:
+                return self.run("xwininfo", "-root", "-tree")
+            except subprocess.CalledProcessError:
+                return ""
+        return wait_until(listed, "the list of windows")
+
     def windows(self):
         """The sizes and places of the mapped top-level windows, as (width, height, x, y)."""
-        tree = self.run("xwininfo", "-root", "-tree")
         found = []
-        for identity, geometry in re.findall(r"^     (0x[0-9a-f]+) .*?(\d+x\d+[+-]\d+[+-]\d+)", tree, re.M):
+        for identity, geometry in re.findall(r"^     (0x[0-9a-f]+) .*?(\d+x\d+[+-]\d+[+-]\d+)", self.tree(), re.M):
             if self.is_viewable(identity):
                 found.append(tuple(int(number) for number in re.findall(r"-?\d+", geometry)))
         return found
