@@ -1,7 +1,8 @@
 """Every header compiles without anything before it.
 
-A header that its own source file includes first is shown to by the build, so only that order is checked; every other
-one is compiled here, with the flags that its folder's sources are built with.
+A header that comes first in something that is compiled is shown to by the build: that which a source of ours or of the
+tests includes first, and that which such a header includes first in turn. Every other one is compiled here, with the flags
+that its folder's sources are built with.
 
 usage: headers_alone.py ROOT BUILD | headers_alone.py --self-check
 """
@@ -21,12 +22,34 @@ FIRST_INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(["<][^">]+[">])', re.M)
 JOBS = 2
 
 
-def needs_compiling(root, header):
-    source = header[:-2] + ".cpp"
-    if not os.path.exists(os.path.join(root, source)):
-        return True
-    first = FIRST_INCLUDE.search(lint.blank(lint.read(root, source), strings=False))
-    return first is None or first[1] != '"%s"' % header.removeprefix("src/")
+def included_first(root, path):
+    """The header of ours that is the first thing a file includes, from the root; None where that is another's."""
+    first = FIRST_INCLUDE.search(lint.blank(lint.read(root, path), strings=False))
+    if first is None or first[1][0] != '"':
+        return None
+    for folder in ("src", "tests"):
+        header = folder + "/" + first[1].strip('"')
+        if os.path.exists(os.path.join(root, header)):
+            return header
+    return None
+
+
+def shown_by_the_build(root, sources):
+    """The headers that come first in one of these sources, by way of others that do."""
+    shown = set()
+    for source in sources:
+        header = included_first(root, source)
+        while header is not None and header not in shown:
+            shown.add(header)
+            header = included_first(root, header)
+    return shown
+
+
+def compiled_sources(root, build):
+    """Those of the root that the build compiles, from the root."""
+    with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
+        paths = [os.path.relpath(entry["file"], root) for entry in json.load(file)]
+    return sorted({path for path in paths if path.startswith(("src/", "tests/"))})
 
 
 def flags_by_folder(build):
@@ -53,7 +76,8 @@ def compile_alone(compiler, flags, header):
 
 
 def check_tree(root, build, compiler):
-    headers = [header for header in lint.files(root, [".h"], "src") if needs_compiling(root, header)]
+    shown = shown_by_the_build(root, compiled_sources(root, build))
+    headers = [header for header in lint.files(root, [".h"], "src") if header not in shown]
     flags = flags_by_folder(build)
     fallback = max(flags.values(), key=len)
 
@@ -79,13 +103,13 @@ def self_check(compiler):
 
         good = write("Good.h", "#pragma once\n#include <string>\nstd::string a();\n")
         bad = write("Bad.h", "#pragma once\nstd::string a();\n")
-        write("Good.cpp", '// "why"\n#include "Good.h"\n#include <vector>\n')
+        write("First.h", '#pragma once\n#include "Good.h"\n#include "Bad.h"\n')
+        write("First.cpp", '// "why"\n#include "First.h"\n#include <vector>\n')
         write("Bad.cpp", '#include <string>\n#include "Bad.h"\n')
         right = (
             compile_alone(compiler, ["-std=c++20"], good) is None,
             compile_alone(compiler, ["-std=c++20"], bad) is not None,
-            not needs_compiling(root, "src/Good.h"),
-            needs_compiling(root, "src/Bad.h"),
+            shown_by_the_build(root, ["src/First.cpp", "src/Bad.cpp"]) == {"src/First.h", "src/Good.h"},
         )
     print(f"self-check: {right}")
     return 0 if all(right) else 1
