@@ -9,6 +9,7 @@ import plistlib
 import re
 import selectors
 import signal
+import struct
 import subprocess
 import tempfile
 import time
@@ -227,14 +228,11 @@ def read_trace(path):
 
 
 class Pixels:
-    """A picture file's pixels; positions count from the top left."""
+    """The pixels of a PNG or of a PPM of eight bits; positions count from the top left."""
 
     def __init__(self, path):
-        described = subprocess.run(["identify", "-format", "%w %h", str(path)], check=True, capture_output=True,
-                                   text=True, timeout=BOUND).stdout
-        self.width, self.height = map(int, described.split())
-        self.bytes = subprocess.run(["convert", str(path), "-depth", "8", "rgb:-"], check=True, capture_output=True,
-                                    timeout=BOUND).stdout
+        path = pathlib.Path(path)
+        self.width, self.height, self.bytes = (_png if path.suffix == ".png" else _ppm)(path)
 
     def at(self, x, y):
         start = 3 * (y * self.width + x)
@@ -261,6 +259,20 @@ class Pixels:
 
     def is_blank(self):
         return not any(self.bytes)
+
+
+def _png(path):
+    """(width, height, pixels). `stream` starts in a tenth of the time of ImageMagick's other programs."""
+    width, height = struct.unpack(">II", path.read_bytes()[16:24])
+    pixels = subprocess.run(["stream", "-map", "rgb", "-storage-type", "char", str(path), "-"], check=True,
+                            capture_output=True, timeout=BOUND).stdout
+    return width, height, pixels
+
+
+def _ppm(path):
+    stored = path.read_bytes()
+    header = re.match(rb"P6\s(\d+)\s(\d+)\s255\s", stored)
+    return int(header[1]), int(header[2]), stored[header.end():]
 
 
 def seconds_of(name):

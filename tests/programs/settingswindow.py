@@ -6,9 +6,10 @@ import re
 import shlex
 import subprocess
 
-from harness import BOUND, KESTRO, ProgramTest, end_process, wait_until
+from harness import BOUND, KESTRO, ProgramTest, end_process, turn_event_loop, wait_until
 from xserver import XServer
 
+BUTTON_IS_DOWN = 0.15  # seconds, at least, once its key was pressed: Qt lets it up again after 0.1
 TITLE = "Kestro Settings"
 PROGRAM = pathlib.Path(KESTRO).resolve().parent.parent / "lib/kestro/kestro-settings"
 
@@ -87,10 +88,11 @@ class SettingsTest(ProgramTest):
             self.settle()
 
     def settle(self):
-        """Waits until the screen stands still."""
+        """Waits until the screen stands still for longer than a button stays down that was pressed by its key."""
         shown = [self.server.picture().bytes]
 
         def stands_still():
+            turn_event_loop(BUTTON_IS_DOWN)
             shown.append(self.server.picture().bytes)
             return shown[-1] == shown.pop(0)
 

@@ -88,8 +88,8 @@ class Session:
 
     def picture(self, *words):
         """What all outputs show now, with the pointer; of one output its very pixels, with "-o" and its name."""
-        path = pathlib.Path(self._holder.name, "picture.png")
-        subprocess.run(["grim", "-c", *words, str(path)], env=self.environment(), check=True, timeout=BOUND)
+        path = pathlib.Path(self._holder.name, "picture.ppm")
+        subprocess.run(["grim", "-c", "-t", "ppm", *words, str(path)], env=self.environment(), check=True, timeout=BOUND)
         return Pixels(path)
 
     def typing(self, *words):

@@ -55,8 +55,8 @@ class XServer:
 
     def picture(self):
         """What the whole desk shows now."""
-        path = pathlib.Path(self._holder.name, "picture.png")
-        self.run("import", "-silent", "-window", "root", str(path))
+        path = pathlib.Path(self._holder.name, "picture.ppm")
+        self.run("import", "-silent", "-window", "root", "-depth", "8", str(path))
         return Pixels(path)
 
     def tree(self):
