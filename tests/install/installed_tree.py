@@ -175,7 +175,8 @@ class InstalledTree(unittest.TestCase):
 
     def test_package_holdsItsDocuments_whenInstalled(self):
         for path in ("share/man/man1/kestro.1", "share/man/man1/kestro-settings.1", "share/man/man1/kestro-idle.1",
-                     "share/man/man5/kestro.conf.5", "share/doc/kestro/README.md", "share/doc/kestro/LICENSE"):
+                     "share/man/man5/kestro.conf.5", "share/doc/kestro/README.md", "share/doc/kestro/LICENSE",
+                     "share/doc/kestro/docs/publishing.md", "share/doc/kestro/docs/trailer-site.jpg"):
             self.assertTrue(os.path.isfile(os.path.join(self.prefix, path)), path)
 
 
