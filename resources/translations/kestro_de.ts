@@ -941,6 +941,56 @@ Ersetzen?</translation>
     </message>
 </context>
 <context>
+    <name>kestro::StarterPane</name>
+    <message>
+        <source>Begin with one of these:</source>
+        <translation>Zum Anfang eins davon:</translation>
+    </message>
+    <message>
+        <source>Your videos</source>
+        <translation>Eigene Videos</translation>
+    </message>
+    <message>
+        <source>Add Your Videos</source>
+        <translation>Eigene Videos hinzufügen</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>Themenfilme</translation>
+    </message>
+    <message>
+        <source>Add the Theme Movies</source>
+        <translation>Themenfilme hinzufügen</translation>
+    </message>
+    <message>
+        <source>Intro</source>
+        <translation>Intro</translation>
+    </message>
+    <message>
+        <source>Add the Intro</source>
+        <translation>Intro hinzufügen</translation>
+    </message>
+    <message>
+        <source>The movie that introduces Kestro</source>
+        <translation>Der Film, der Kestro vorstellt</translation>
+    </message>
+    <message>
+        <source>Backgrounds that come with Kestro: %1</source>
+        <translation>Hintergründe, die zu Kestro gehören: %1</translation>
+    </message>
+    <message>
+        <source>Movies found: %1</source>
+        <translation>Gefundene Filme: %1</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::StarterRow</name>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ThemePanel</name>
     <message>
         <source>Preview of the selected movie</source>

@@ -941,6 +941,56 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::StarterPane</name>
+    <message>
+        <source>Begin with one of these:</source>
+        <translation>Empiece con uno de estos:</translation>
+    </message>
+    <message>
+        <source>Your videos</source>
+        <translation>Sus vídeos</translation>
+    </message>
+    <message>
+        <source>Add Your Videos</source>
+        <translation>Añadir sus vídeos</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>Películas temáticas</translation>
+    </message>
+    <message>
+        <source>Add the Theme Movies</source>
+        <translation>Añadir las películas temáticas</translation>
+    </message>
+    <message>
+        <source>Intro</source>
+        <translation>Introducción</translation>
+    </message>
+    <message>
+        <source>Add the Intro</source>
+        <translation>Añadir la introducción</translation>
+    </message>
+    <message>
+        <source>The movie that introduces Kestro</source>
+        <translation>La película que presenta Kestro</translation>
+    </message>
+    <message>
+        <source>Backgrounds that come with Kestro: %1</source>
+        <translation>Fondos que vienen con Kestro: %1</translation>
+    </message>
+    <message>
+        <source>Movies found: %1</source>
+        <translation>Películas encontradas: %1</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::StarterRow</name>
+    <message>
+        <source>Add</source>
+        <translation>Añadir</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ThemePanel</name>
     <message>
         <source>Preview of the selected movie</source>

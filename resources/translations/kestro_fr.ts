@@ -941,6 +941,56 @@ Le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>kestro::StarterPane</name>
+    <message>
+        <source>Begin with one of these:</source>
+        <translation>Pour commencer :</translation>
+    </message>
+    <message>
+        <source>Your videos</source>
+        <translation>Vos vidéos</translation>
+    </message>
+    <message>
+        <source>Add Your Videos</source>
+        <translation>Ajouter vos vidéos</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>Films de thème</translation>
+    </message>
+    <message>
+        <source>Add the Theme Movies</source>
+        <translation>Ajouter les films de thème</translation>
+    </message>
+    <message>
+        <source>Intro</source>
+        <translation>Introduction</translation>
+    </message>
+    <message>
+        <source>Add the Intro</source>
+        <translation>Ajouter l’introduction</translation>
+    </message>
+    <message>
+        <source>The movie that introduces Kestro</source>
+        <translation>Le film qui présente Kestro</translation>
+    </message>
+    <message>
+        <source>Backgrounds that come with Kestro: %1</source>
+        <translation>Arrière-plans fournis avec Kestro : %1</translation>
+    </message>
+    <message>
+        <source>Movies found: %1</source>
+        <translation>Films trouvés : %1</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::StarterRow</name>
+    <message>
+        <source>Add</source>
+        <translation>Ajouter</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ThemePanel</name>
     <message>
         <source>Preview of the selected movie</source>

@@ -941,6 +941,56 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::StarterPane</name>
+    <message>
+        <source>Begin with one of these:</source>
+        <translation>まずはこちらから:</translation>
+    </message>
+    <message>
+        <source>Your videos</source>
+        <translation>あなたのビデオ</translation>
+    </message>
+    <message>
+        <source>Add Your Videos</source>
+        <translation>あなたのビデオを追加</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>テーマムービー</translation>
+    </message>
+    <message>
+        <source>Add the Theme Movies</source>
+        <translation>テーマムービーを追加</translation>
+    </message>
+    <message>
+        <source>Intro</source>
+        <translation>イントロ</translation>
+    </message>
+    <message>
+        <source>Add the Intro</source>
+        <translation>イントロを追加</translation>
+    </message>
+    <message>
+        <source>The movie that introduces Kestro</source>
+        <translation>Kestro を紹介するムービー</translation>
+    </message>
+    <message>
+        <source>Backgrounds that come with Kestro: %1</source>
+        <translation>Kestro に付属する背景: %1</translation>
+    </message>
+    <message>
+        <source>Movies found: %1</source>
+        <translation>見つかったムービー: %1</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::StarterRow</name>
+    <message>
+        <source>Add</source>
+        <translation>追加</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ThemePanel</name>
     <message>
         <source>Preview of the selected movie</source>

@@ -941,6 +941,56 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kestro::StarterPane</name>
+    <message>
+        <source>Begin with one of these:</source>
+        <translation>可以从这些开始：</translation>
+    </message>
+    <message>
+        <source>Your videos</source>
+        <translation>您的视频</translation>
+    </message>
+    <message>
+        <source>Add Your Videos</source>
+        <translation>添加您的视频</translation>
+    </message>
+    <message>
+        <source>Theme movies</source>
+        <translation>主题影片</translation>
+    </message>
+    <message>
+        <source>Add the Theme Movies</source>
+        <translation>添加主题影片</translation>
+    </message>
+    <message>
+        <source>Intro</source>
+        <translation>片头</translation>
+    </message>
+    <message>
+        <source>Add the Intro</source>
+        <translation>添加片头</translation>
+    </message>
+    <message>
+        <source>The movie that introduces Kestro</source>
+        <translation>介绍 Kestro 的影片</translation>
+    </message>
+    <message>
+        <source>Backgrounds that come with Kestro: %1</source>
+        <translation>Kestro 附带的背景：%1</translation>
+    </message>
+    <message>
+        <source>Movies found: %1</source>
+        <translation>找到的影片：%1</translation>
+    </message>
+</context>
+<context>
+    <name>kestro::StarterRow</name>
+    <message>
+        <source>Add</source>
+        <translation>添加</translation>
+    </message>
+</context>
+<context>
     <name>kestro::ThemePanel</name>
     <message>
         <source>Preview of the selected movie</source>

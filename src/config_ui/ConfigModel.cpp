@@ -74,7 +74,13 @@ void ConfigModel::reloadPlayList()
     entries.reserve(urls.size());
     for (qsizetype i = 0; i < urls.size(); ++i)
         entries.append({urls[i], texts[i]});
+    m_default = playlist.isDefault() ? entries : QList<PlaylistEntry>();
     m_playList.reset(entries);
+}
+
+bool ConfigModel::isNothingChosen() const
+{
+    return m_playList.entries().isEmpty() || m_playList.entries() == m_default;
 }
 
 void ConfigModel::checkFullScreen()
@@ -130,6 +136,7 @@ void ConfigModel::save()
     ConfigurableSaver& saver = m_sources.saver;
     SettingsStore& store = saver.settings().store();
     store.setPlist(settingsToSave());
+    m_default.clear();
     saver.playlist().dropFileList();
     alertOfSlideSaver();
     const bool isWritten = store.writePlist();

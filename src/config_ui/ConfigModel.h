@@ -39,6 +39,8 @@ public:
     [[nodiscard]] ConfigControls& controls() { return m_controls; }
     [[nodiscard]] const ConfigEnabling& enabling() const { return m_enabling; }
     [[nodiscard]] EditedPlaylist& playList() { return m_playList; }
+    /// Whether nobody has chosen what plays: the playlist is empty, or as it is without any settings.
+    [[nodiscard]] bool isNothingChosen() const;
     /// Full paths of the savers that may run behind the movies, and the items of their pop-up menu.
     [[nodiscard]] const QStringList& backSaverList() const { return m_backSaverList; }
     [[nodiscard]] const QStringList& backSaverItems() const { return m_backSaverItems; }
@@ -94,6 +96,7 @@ private:
     ConfigControls m_controls;
     ConfigEnabling m_enabling;
     EditedPlaylist m_playList;
+    QList<PlaylistEntry> m_default; ///< the playlist that was there without any settings; empty with some
     QStringList m_backSaverList;
     QStringList m_backSaverItems;
     bool m_toldOfKeptFile = false;

@@ -6,6 +6,7 @@
 #include "config_ui/PlaylistMenu.h"
 #include "config_ui/PlaylistPane.h"
 #include "config_ui/SheetPanels.h"
+#include "config_ui/StarterPane.h"
 #include "config_ui/ThemePanel.h"
 #include "config_ui/URLPanel.h"
 #include "platform/base/Paths.h"
@@ -31,8 +32,6 @@
 namespace kestro {
 
 namespace {
-
-const QString dvdProgram = QStringLiteral("/Applications/iDVD.app");
 
 /// The slider counts in hundredths of the movie's own size.
 constexpr float sliderStepsPerUnit = 100;
@@ -105,6 +104,7 @@ ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, con
     m_playlist = std::make_unique<PlaylistPane>(*m_ui->playListView, *m_model, read);
     m_urlPanel = new URLPanel(
         [this](int tag, const QString& text) { return m_model->closeURLPanel(tag, text); }, this);
+    setUpStarter(read);
     setUpGroups();
     setUpFields();
     setUpButtons(trailers != nullptr);
@@ -117,6 +117,19 @@ ConfigSheet::ConfigSheet(ConfigurableSaver& saver, TrailerBrowser* trailers, con
 }
 
 ConfigSheet::~ConfigSheet() = default;
+
+// It stands, and the keys come to it, between the playlist and the buttons below that.
+void ConfigSheet::setUpStarter(const ProbeWorker::Read& read)
+{
+    m_starter = new StarterPane(*m_model, read, m_ui->playlistGroup);
+    m_ui->playlistLayout->insertWidget(1, m_starter);
+    QWidget* before = m_ui->playListView;
+    for (QPushButton* const button : m_starter->buttons()) {
+        setTabOrder(before, button);
+        before = button;
+    }
+    setTabOrder(before, m_ui->addMovieBtn);
+}
 
 void ConfigSheet::setUpGroups()
 {
@@ -338,7 +351,10 @@ void ConfigSheet::fitToScreen()
 void ConfigSheet::showEvent(QShowEvent* event)
 {
     if (!testAttribute(Qt::WA_Resized)) fitToScreen();
-    if (!event->spontaneous()) m_ui->playListView->setFocus(); // not where the sheet was closed
+    if (!event->spontaneous()) {
+        m_ui->playListView->setFocus(); // not where the sheet was closed
+        m_starter->begin();
+    }
     QDialog::showEvent(event);
 }
 

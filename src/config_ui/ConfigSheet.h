@@ -20,6 +20,7 @@ class MovieLibrary;
 class PlaylistMenu;
 class PlaylistPane;
 class SheetPanels;
+class StarterPane;
 class ThemePanel;
 class URLPanel;
 
@@ -53,6 +54,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void setUpStarter(const ProbeWorker::Read& read);
     void setUpGroups();
     void setUpFields();
     void setUpButtons(bool hasTrailers);
@@ -79,6 +81,7 @@ private:
     std::unique_ptr<PlaylistPane> m_playlist;
     std::unique_ptr<PlaylistMenu> m_playlistMenu;
     std::unique_ptr<ThemePanel> m_themePanel; ///< from its first opening on
+    StarterPane* m_starter = nullptr;         ///< Qt's parent owns it
     QButtonGroup* m_playModeRadio = nullptr;
     QButtonGroup* m_partialModeRadio = nullptr;
     QButtonGroup* m_reposRadio = nullptr;

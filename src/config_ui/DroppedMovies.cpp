@@ -1,36 +1,23 @@
 #include "config_ui/DroppedMovies.h"
 
 #include "config_ui/ConfigPanels.h"
+#include "config_ui/MovieNames.h"
 #include "platform/base/FileURL.h"
 
 #include <QCoreApplication>
 #include <QMimeData>
-#include <QMimeDatabase>
 #include <QUrl>
 
-#include <algorithm>
 #include <utility>
 
 namespace kestro {
 
 namespace {
 
-bool isCalledAsMoviesAre(const QString& path)
-{
-    static const QMimeDatabase kinds;
-    const QList<QMimeType> fitting = kinds.mimeTypesForFileName(path);
-    return std::any_of(fitting.begin(), fitting.end(), [](const QMimeType& kind) {
-        return kind.name().startsWith(QStringLiteral("video/"));
-    });
-}
-
 /// Of the files that are at `path` or below it.
-QStringList movies(const QString& path, QStringList files)
+QStringList movies(const QString& path, const QStringList& files)
 {
-    if (files == QStringList{path}) return files;
-    files.removeIf([](const QString& file) { return !isCalledAsMoviesAre(file); });
-    files.sort();
-    return files;
+    return files == QStringList{path} ? files : calledAsMovies(files);
 }
 
 QStringList pathsOf(const QList<QUrl>& urls)

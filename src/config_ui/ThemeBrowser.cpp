@@ -14,9 +14,9 @@
 
 namespace kestro {
 
-namespace {
-
 const QString dvdProgram = QStringLiteral("/Applications/iDVD.app");
+
+namespace {
 
 QString themeMovie(const char* path)
 {
@@ -60,6 +60,11 @@ struct ThemeBrowser::Scan {
         openFolders; ///< resolved, the folders that the scan is in: a link back to one is not followed
 };
 
+bool isThemeMovie(const QString& path)
+{
+    return extensionOf(path) == u"mov";
+}
+
 void ThemeBrowser::showIDVDThemes()
 {
     if (m_hasScanned) return;
@@ -85,7 +90,7 @@ void ThemeBrowser::scanFolder(const QString& folder, Scan& scan)
         const QString path = folder + u'/' + name;
         if (QFileInfo(path).isDir())
             scanFolder(path, scan);
-        else if (extensionOf(name) == u"mov")
+        else if (isThemeMovie(name))
             m_themeList.append({path, scan.recommended.contains(path)});
     }
     scan.openFolders.removeLast();

@@ -10,6 +10,9 @@ namespace kestro {
 
 class URLListReceiver;
 
+/// Whether a file of the DVD program is one of its movies: its name ends in ".mov".
+[[nodiscard]] bool isThemeMovie(const QString& path);
+
 /// One movie of the DVD program's themes.
 struct ThemeRecord {
     QString path;               ///< "Path": of the movie file, absolute
@@ -17,6 +20,9 @@ struct ThemeRecord {
 
     bool operator==(const ThemeRecord&) const = default;
 };
+
+/// The program whose themes they are, as an absolute path of the desktop.
+extern const QString dvdProgram;
 
 /// The theme movies that make good backgrounds, as absolute paths of the desktop.
 extern const QStringList recomenedList;

@@ -113,6 +113,12 @@ QList<Playlist::Entry> Playlist::entries(bool expand)
     return m_settings.plistVersion() < settingsVersion ? storedPaths(*stored) : storedURLs(*stored, expand);
 }
 
+bool Playlist::isDefault() const
+{
+    const auto stored = m_settings.value(option::fileList);
+    return !stored || (m_settings.plistVersion() < settingsVersion && stored->isEmpty());
+}
+
 // An older release's empty list never expands: its user has not asked for trailers yet.
 QList<Playlist::Entry> Playlist::storedPaths(const QVariantList& stored)
 {

@@ -33,6 +33,8 @@ public:
     /// The same list as absolute URL texts. QUrl writes host names in lower case; an entry that is stored
     /// otherwise keeps its letters here.
     [[nodiscard]] QStringList movieFileStrings(bool expand);
+    /// Whether nobody has chosen what plays: the list is then the one for machines without settings.
+    [[nodiscard]] bool isDefault() const;
     /// The list that is edited.
     [[nodiscard]] QList<QUrl> plistFileList() { return movieFileList(false); }
     /// The list that is played; kept until dropFileList().

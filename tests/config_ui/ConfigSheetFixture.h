@@ -1,5 +1,6 @@
 #pragma once
 
+#include "config_ui/BareMachine.h"
 #include "config_ui/ConfigDoubles.h"
 #include "config_ui/ConfigSheet.h"
 #include "config_ui/RQTableViewRowMove.h"
@@ -134,6 +135,7 @@ protected:
 
     std::atomic<bool> isThere = true; ///< the movie that is looked into
     Calls calls;
+    BareMachine machine;
     QTemporaryDir folder;
     QSettings defaults{folder.filePath(QStringLiteral("host.conf")), QSettings::IniFormat};
     SaverDouble saver{calls};

@@ -100,6 +100,12 @@ class Home:
         """Names the page that scans begin with."""
         self.configure(f"[trailers]\nstart={start}\n")
 
+    def name_videos_folder(self, path):
+        """As the desktop does."""
+        folder = self.path / ".config"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / "user-dirs.dirs").write_text(f'XDG_VIDEOS_DIR="{path}"\n')
+
     def configure(self, text):
         """The text of kestro.conf."""
         folder = self.path / ".config" / "kestro"

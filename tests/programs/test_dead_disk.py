@@ -181,11 +181,12 @@ class Ending(DeadDiskTest):
 class Sheet(SettingsTest):
     """The sheet of `kestro settings`, while it waits for the disk."""
 
-    def open_sheet(self, *rules):
+    def open_sheet(self, *rules, entries=None):
         self.disk = DeadDisk({"a.mp4": movie("blue", "blue")}, *rules)
         self.addCleanup(self.disk.close)
         self.assertIsNone(self.disk.refusal)
-        self.home.play([movie("red")])
+        self.home.play([movie("red")] if entries is None else entries)
+        self.home.name_videos_folder(self.disk.path)
         self.process, _ = self.start_window()
         self.press("alt+o")
         self.sheet = self.window(SHEET)
@@ -223,6 +224,16 @@ class Sheet(SettingsTest):
         self.window(SHEET)
         self.check_that_ok_stores_and_the_program_ends()
         self.assertEqual(self.stored()["FileList"], [url(movie("red"))])
+
+    def test_it_can_be_used_where_the_folder_of_videos_does_not_answer(self):
+        self.open_sheet(".=list", entries=())
+        self.disk.await_question(".", "list")
+        self.check_that_ok_stores_and_the_program_ends()
+
+    def test_it_can_be_used_where_the_videos_that_it_offers_do_not_answer(self):
+        self.open_sheet("a.mp4=open", entries=())
+        self.disk.await_question("a.mp4", "open")
+        self.check_that_ok_stores_and_the_program_ends()
 
     def test_the_panel_for_files_opens_elsewhere_where_its_folder_does_not_answer(self):
         state = self.home.path / ".config/kestro/settings-window.conf"

@@ -53,6 +53,14 @@ TEST_F(PlaylistOfPaths, movieFileList_isTheEmptyListsOne_whenThereIsNoList)
     }
 }
 
+TEST_F(PlaylistOfPaths, isDefault_whenTheListIsEmpty)
+{
+    useList("4", QStringList());
+    EXPECT_TRUE(playlist().isDefault());
+    useList("4", QStringList{QStringLiteral("/a.mov")});
+    EXPECT_FALSE(playlist().isDefault());
+}
+
 TEST_F(PlaylistOfPaths, movieFileList_movesOnFromTheOldDefault_whenTheThemeMovieIsInstalled)
 {
     useList("4", QStringList(defalutMovieURL));

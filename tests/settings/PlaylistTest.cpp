@@ -39,6 +39,14 @@ TEST_F(PlaylistOfURLs, movieFileList_isTheDefaultOne_whenOnlyAVersionIsStored)
               QStringList(installedURL(defalutMovieURL_104)) + trailers(480, 6));
 }
 
+TEST_F(PlaylistOfURLs, isDefault_untilAListIsStored)
+{
+    useSettings({{QStringLiteral("Ver"), QStringLiteral("5")}});
+    EXPECT_TRUE(playlist().isDefault());
+    useList("5", QStringList());
+    EXPECT_FALSE(playlist().isDefault());
+}
+
 TEST_F(PlaylistOfURLs, defaultMovie_isTheFirstThatIsInstalled)
 {
     useSettings({});

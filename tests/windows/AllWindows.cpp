@@ -1,5 +1,7 @@
 #include "windows/AllWindows.h"
 
+#include "config_ui/StarterPane.h"
+#include "support/WaitUntil.h"
 #include "trailers/MemoryFetch.h"
 #include "trailers/panel/PanelWindow.h"
 #include "trailers/panel/PreviewWindow.h"
@@ -7,6 +9,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QProxyStyle>
+#include <QPushButton>
 #include <QTest>
 
 namespace kestro {
@@ -59,6 +62,9 @@ AllWindows::AllWindows(const QString& language)
     m_themePanel->showIDVDThemes();
     for (QWidget* const window : windows())
         window->show();
+    const auto& starter = *m_sheet->findChild<StarterPane*>();
+    for (const QPushButton* const add : starter.buttons())
+        EXPECT_TRUE(waitUntil([add] { return add->isVisible(); })) << qPrintable(add->accessibleName());
     QApplication::processEvents();
 }
 
@@ -69,8 +75,12 @@ void AllWindows::fill()
     m_trailers.list().store(
         {trailer(QStringLiteral("http://h/a.mov")), trailer(QStringLiteral("http://h/b.mov"))});
     m_saver.store().setPlist({{QStringLiteral("Ver"), QStringLiteral("5")},
-                              {QStringLiteral("FullScreenMode"), QStringLiteral("0")},
-                              {QStringLiteral("FileList"), QStringList{QStringLiteral("http://h/a.mov")}}});
+                              {QStringLiteral("FullScreenMode"), QStringLiteral("0")}});
+    m_machine.putVideo(QStringLiteral("a.mp4"));
+    m_machine.putTheme(QStringLiteral("Contents/Resources/1.theme/a.mov"));
+    m_machine.putTheme(
+        idvdFishMoviePath.mid(dvdProgram.size() + 1)); // the playlist is that, and not the intro
+    m_machine.putIntro();
 }
 
 PreferencesWindow::Parts AllWindows::parts()

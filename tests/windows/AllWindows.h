@@ -1,5 +1,6 @@
 #pragma once
 
+#include "config_ui/BareMachine.h"
 #include "config_ui/ConfigDoubles.h"
 #include "config_ui/ConfigSheet.h"
 #include "config_ui/ThemePanel.h"
@@ -43,6 +44,7 @@ private:
     void fill();
 
     Translations m_translations;
+    BareMachine m_machine;
     QTemporaryDir m_home;
     QSettings m_state{m_home.filePath(QStringLiteral("state.conf")), QSettings::IniFormat};
     Asked m_asked;
