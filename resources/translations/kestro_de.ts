@@ -43,6 +43,26 @@
         <source>All trailers, each %1 pixels wide</source>
         <translation>Alle Trailer, je %1 Pixel breit</translation>
     </message>
+    <message>
+        <source>Left out: it names no folder of this machine</source>
+        <translation>Ausgelassen: Das nennt keinen Ordner dieses Rechners</translation>
+    </message>
+    <message>
+        <source>Folder, %1</source>
+        <translation>Ordner, %1</translation>
+    </message>
+    <message>
+        <source>Folder without movies, %1</source>
+        <translation>Ordner ohne Filme, %1</translation>
+    </message>
+    <message>
+        <source>Folder with one movie, %1</source>
+        <translation>Ordner mit einem Film, %1</translation>
+    </message>
+    <message>
+        <source>Folder with %L1 movies, %2</source>
+        <translation>Ordner mit %L1 Filmen, %2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -119,6 +139,10 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>The disk does not answer. Movies may be missing from what was dropped.</source>
         <translation>Der Datenträger antwortet nicht. Von dem, was abgelegt wurde, können Filme fehlen.</translation>
+    </message>
+    <message>
+        <source>Add Folder</source>
+        <translation>Ordner hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -444,6 +468,14 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>Browses the background movies that come with Kestro</source>
         <translation>Zeigt die Hintergrundfilme, die zu Kestro gehören</translation>
+    </message>
+    <message>
+        <source>Add Folder…</source>
+        <translation>Ordner hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Adds a folder: the movies in it, and those that come into it</source>
+        <translation>Fügt einen Ordner hinzu: die Filme darin und die, die hineinkommen</translation>
     </message>
 </context>
 <context>

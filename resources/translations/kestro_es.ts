@@ -43,6 +43,26 @@
         <source>All trailers, each %1 pixels wide</source>
         <translation>Todos los tráileres, cada uno de %1 píxeles de ancho</translation>
     </message>
+    <message>
+        <source>Left out: it names no folder of this machine</source>
+        <translation>Se omite: no nombra ninguna carpeta de este equipo</translation>
+    </message>
+    <message>
+        <source>Folder, %1</source>
+        <translation>Carpeta, %1</translation>
+    </message>
+    <message>
+        <source>Folder without movies, %1</source>
+        <translation>Carpeta sin películas, %1</translation>
+    </message>
+    <message>
+        <source>Folder with one movie, %1</source>
+        <translation>Carpeta con una película, %1</translation>
+    </message>
+    <message>
+        <source>Folder with %L1 movies, %2</source>
+        <translation>Carpeta con %L1 películas, %2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -119,6 +139,10 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>The disk does not answer. Movies may be missing from what was dropped.</source>
         <translation>El disco no responde. Pueden faltar películas de lo que se ha soltado.</translation>
+    </message>
+    <message>
+        <source>Add Folder</source>
+        <translation>Añadir carpeta</translation>
     </message>
 </context>
 <context>
@@ -444,6 +468,14 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>Browses the background movies that come with Kestro</source>
         <translation>Muestra las películas de fondo que vienen con Kestro</translation>
+    </message>
+    <message>
+        <source>Add Folder…</source>
+        <translation>Añadir carpeta…</translation>
+    </message>
+    <message>
+        <source>Adds a folder: the movies in it, and those that come into it</source>
+        <translation>Añade una carpeta: las películas que contiene y las que lleguen a ella</translation>
     </message>
 </context>
 <context>

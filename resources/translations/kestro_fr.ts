@@ -43,6 +43,26 @@
         <source>All trailers, each %1 pixels wide</source>
         <translation>Toutes les bandes-annonces, chacune de %1 pixels de large</translation>
     </message>
+    <message>
+        <source>Left out: it names no folder of this machine</source>
+        <translation>Omis : cela ne désigne aucun dossier de cette machine</translation>
+    </message>
+    <message>
+        <source>Folder, %1</source>
+        <translation>Dossier, %1</translation>
+    </message>
+    <message>
+        <source>Folder without movies, %1</source>
+        <translation>Dossier sans film, %1</translation>
+    </message>
+    <message>
+        <source>Folder with one movie, %1</source>
+        <translation>Dossier avec un film, %1</translation>
+    </message>
+    <message>
+        <source>Folder with %L1 movies, %2</source>
+        <translation>Dossier avec %L1 films, %2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -119,6 +139,10 @@ Veuillez réessayer.</translation>
     <message>
         <source>The disk does not answer. Movies may be missing from what was dropped.</source>
         <translation>Le disque ne répond pas. Des films peuvent manquer dans ce qui a été déposé.</translation>
+    </message>
+    <message>
+        <source>Add Folder</source>
+        <translation>Ajouter un dossier</translation>
     </message>
 </context>
 <context>
@@ -444,6 +468,14 @@ Veuillez réessayer.</translation>
     <message>
         <source>Browses the background movies that come with Kestro</source>
         <translation>Parcourt les films d’arrière-plan fournis avec Kestro</translation>
+    </message>
+    <message>
+        <source>Add Folder…</source>
+        <translation>Ajouter un dossier…</translation>
+    </message>
+    <message>
+        <source>Adds a folder: the movies in it, and those that come into it</source>
+        <translation>Ajoute un dossier : les films qu&apos;il contient et ceux qui y arrivent</translation>
     </message>
 </context>
 <context>

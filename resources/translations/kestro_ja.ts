@@ -43,6 +43,26 @@
         <source>All trailers, each %1 pixels wide</source>
         <translation>すべての予告編、それぞれ幅 %1 ピクセル</translation>
     </message>
+    <message>
+        <source>Left out: it names no folder of this machine</source>
+        <translation>除外: このコンピューターのフォルダーではありません</translation>
+    </message>
+    <message>
+        <source>Folder, %1</source>
+        <translation>フォルダー、%1</translation>
+    </message>
+    <message>
+        <source>Folder without movies, %1</source>
+        <translation>ムービーのないフォルダー、%1</translation>
+    </message>
+    <message>
+        <source>Folder with one movie, %1</source>
+        <translation>ムービーが1本のフォルダー、%1</translation>
+    </message>
+    <message>
+        <source>Folder with %L1 movies, %2</source>
+        <translation>ムービーが%L1本のフォルダー、%2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -119,6 +139,10 @@ Please try again.</source>
     <message>
         <source>The disk does not answer. Movies may be missing from what was dropped.</source>
         <translation>ディスクが応答しません。ドロップされたもののうち、追加されていないムービーがあるかもしれません。</translation>
+    </message>
+    <message>
+        <source>Add Folder</source>
+        <translation>フォルダーを追加</translation>
     </message>
 </context>
 <context>
@@ -444,6 +468,14 @@ Please try again.</source>
     <message>
         <source>Browses the background movies that come with Kestro</source>
         <translation>Kestro に付属する背景ムービーを一覧表示します</translation>
+    </message>
+    <message>
+        <source>Add Folder…</source>
+        <translation>フォルダーを追加…</translation>
+    </message>
+    <message>
+        <source>Adds a folder: the movies in it, and those that come into it</source>
+        <translation>フォルダーを追加します: 中のムービーと、後から入るムービー</translation>
     </message>
 </context>
 <context>

@@ -43,6 +43,26 @@
         <source>All trailers, each %1 pixels wide</source>
         <translation>所有预告片，每部宽 %1 像素</translation>
     </message>
+    <message>
+        <source>Left out: it names no folder of this machine</source>
+        <translation>已略过：不是本机的文件夹</translation>
+    </message>
+    <message>
+        <source>Folder, %1</source>
+        <translation>文件夹，%1</translation>
+    </message>
+    <message>
+        <source>Folder without movies, %1</source>
+        <translation>没有影片的文件夹，%1</translation>
+    </message>
+    <message>
+        <source>Folder with one movie, %1</source>
+        <translation>有一部影片的文件夹，%1</translation>
+    </message>
+    <message>
+        <source>Folder with %L1 movies, %2</source>
+        <translation>有 %L1 部影片的文件夹，%2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -119,6 +139,10 @@ Please try again.</source>
     <message>
         <source>The disk does not answer. Movies may be missing from what was dropped.</source>
         <translation>磁盘没有响应。拖放的内容中可能有影片未被添加。</translation>
+    </message>
+    <message>
+        <source>Add Folder</source>
+        <translation>添加文件夹</translation>
     </message>
 </context>
 <context>
@@ -444,6 +468,14 @@ Please try again.</source>
     <message>
         <source>Browses the background movies that come with Kestro</source>
         <translation>浏览 Kestro 附带的背景影片</translation>
+    </message>
+    <message>
+        <source>Add Folder…</source>
+        <translation>添加文件夹…</translation>
+    </message>
+    <message>
+        <source>Adds a folder: the movies in it, and those that come into it</source>
+        <translation>添加文件夹：其中的影片以及之后放入的影片</translation>
     </message>
 </context>
 <context>

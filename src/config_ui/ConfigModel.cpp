@@ -5,6 +5,7 @@
 #include "platform/base/StoredValue.h"
 #include "settings/BackSaverMenu.h"
 #include "settings/ConfigurableSaver.h"
+#include "settings/FolderEntry.h"
 #include "settings/MovieURL.h"
 #include "settings/Options.h"
 #include "settings/Playlist.h"
@@ -212,6 +213,14 @@ void ConfigModel::selectMovie()
     if (!choice) return;
     addMovieFiles(choice->files);
     m_sources.defaults.setValue(lastFolderKey, choice->folder);
+}
+
+void ConfigModel::selectFolder()
+{
+    const auto folder = m_sources.panels.runFolderPanel(m_sources.defaults.value(lastFolderKey).toString());
+    if (!folder) return;
+    append({entryOfURL(urlOf({*folder, true}))});
+    m_sources.defaults.setValue(lastFolderKey, *folder);
 }
 
 void ConfigModel::addMovieFiles(const QStringList& files)

@@ -60,6 +60,8 @@ public:
 
     /// Adds movie files that are chosen in a panel.
     void selectMovie();
+    /// Adds a folder that is chosen in a panel, with what lies below it, as one entry.
+    void selectFolder();
     /// Adds movie files as if chosen: one alone is refused with an alert, among several in silence.
     void addMovieFiles(const QStringList& files);
     /// Adds the files, and the movies in the folders, that were dropped, once they were found; an alert says

@@ -33,6 +33,9 @@ public:
     /// Lets files be chosen, several at once, no folders, starting in `folder` (where there is
     /// none, in the user's folder of movies, else at home); nothing when that was cancelled.
     [[nodiscard]] virtual std::optional<Choice> runOpenPanel(const QString& folder) = 0;
+    /// Lets a folder be chosen, starting in `folder` likewise; its absolute path, or nothing when that was
+    /// cancelled.
+    [[nodiscard]] virtual std::optional<QString> runFolderPanel(const QString& folder) = 0;
 };
 
 } // namespace kestro

@@ -162,8 +162,8 @@ void ConfigSheet::setUpButtons(bool hasTrailers)
         arrow->setMaximumWidth(arrow->sizeHint().height() * 3 / 2);
     m_playlistMenu = std::make_unique<PlaylistMenu>(
         *m_ui->playListView, *m_playlist, *m_panels,
-        QList<QAbstractButton*>{m_ui->addMovieBtn, m_ui->addURLBtn, m_ui->trailersBtn, m_ui->idvdBtn, nullptr,
-                                m_ui->moveUpBtn, m_ui->moveDownBtn, m_ui->deleteBtn});
+        QList<QAbstractButton*>{m_ui->addMovieBtn, m_ui->addFolderBtn, m_ui->addURLBtn, m_ui->trailersBtn,
+                                m_ui->idvdBtn, nullptr, m_ui->moveUpBtn, m_ui->moveDownBtn, m_ui->deleteBtn});
 }
 
 void ConfigSheet::connectControls()
@@ -215,6 +215,7 @@ void ConfigSheet::connectFields()
 void ConfigSheet::connectButtons()
 {
     connect(m_ui->addMovieBtn, &QPushButton::clicked, m_model.get(), &ConfigModel::selectMovie);
+    connect(m_ui->addFolderBtn, &QPushButton::clicked, m_model.get(), &ConfigModel::selectFolder);
     connect(m_ui->addURLBtn, &QPushButton::clicked, m_urlPanel, &URLPanel::openURLPanel);
     connect(m_ui->trailersBtn, &QPushButton::clicked, m_model.get(), &ConfigModel::openTrailerPanel);
     connect(m_ui->idvdBtn, &QPushButton::clicked, this, &ConfigSheet::openThemePanel);

@@ -1,8 +1,10 @@
 #include "config_ui/EntryFacts.h"
 
 #include "platform/base/FileURL.h"
+#include "platform/base/MovieFolder.h"
 #include "platform/movie/MovieProbe.h"
 #include "platform/movie/StillDecoder.h"
+#include "settings/FolderEntry.h"
 
 #include <QUrl>
 
@@ -15,6 +17,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds longestLookAtServer{8000};
+constexpr milliseconds longestLookAtFolder{10'000};
 constexpr milliseconds longestForPicture{5000};
 
 /// Where in a movie its picture is taken: many begin in black.
@@ -40,10 +43,21 @@ QImage pictureOf(const QUrl& url, const MovieFacts& facts, QSize pixels, const s
     return stills.picture(facts.seconds * pictureAt, longestForPicture, stop).image;
 }
 
+EntryFacts readFolder(const FolderEntry& folder, const std::stop_token& stop)
+{
+    EntryFacts facts;
+    if (const auto movies = moviesIn(movieFolder(folder), longestLookAtFolder, stop))
+        facts.movies = movies->size();
+    else
+        facts.fault = MovieFault{MovieFault::Kind::NoAnswer};
+    return facts;
+}
+
 } // namespace
 
 EntryFacts readEntry(const QUrl& url, QSize pixels, const std::stop_token& stop)
 {
+    if (const auto folder = folderEntry(url)) return readFolder(*folder, stop);
     const auto facts = probe(url, stop);
     if (!facts) return {.seconds = 0, .picture = {}, .fault = facts.failure()};
     return {facts.value().seconds, pictureOf(url, facts.value(), pixels, stop), {}};

@@ -1,6 +1,7 @@
 #include "config_ui/EntryReader.h"
 
 #include "platform/base/PostTo.h"
+#include "settings/FolderEntry.h"
 
 #include <algorithm>
 
@@ -34,7 +35,7 @@ void EntryReader::want(const QList<QUrl>& urls)
     QList<QUrl> files;
     QList<QUrl> onServers;
     for (const QUrl& url : urls) {
-        QList<QUrl>& lane = url.isLocalFile() ? files : onServers;
+        QList<QUrl>& lane = url.isLocalFile() || isFolderEntry(url) ? files : onServers;
         if (!m_known.contains(url) && !lane.contains(url)) lane.append(url);
     }
     m_files.want(files);

@@ -4,6 +4,7 @@
 #include "platform/base/DurationText.h"
 #include "platform/base/FileURL.h"
 #include "platform/base/URLKind.h"
+#include "settings/FolderEntry.h"
 #include "settings/MovieURL.h"
 
 #include <QDir>
@@ -39,6 +40,7 @@ QString EntryText::faultText(const QUrl& url, const MovieFault& fault)
 
 bool EntryText::hasMovie(const QUrl& url)
 {
+    if (isFolderEntry(url)) return folderEntry(url).has_value();
     return !isAutomaticEntry(url) && !namesWebContent(url) && isValidURL(url);
 }
 
@@ -62,6 +64,7 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
         return count > 0 ? tr("%1 newest trailers, each %2 pixels wide").arg(count).arg(width)
                          : tr("All trailers, each %1 pixels wide").arg(width);
     }
+    if (isFolderEntry(url)) return folderDetail(url, facts);
     if (!isValidURL(url)) return tr("Left out: a web page, no movie");
     if (facts != nullptr && facts->fault) return faultText(url, *facts->fault);
     const auto folder = localPath(url.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash));
@@ -69,9 +72,27 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
     return namesWebContent(url) ? tr("Web content, %1").arg(place) : QDir::toNativeSeparators(place);
 }
 
+QString EntryText::folderDetail(const QUrl& url, const EntryFacts* facts)
+{
+    const auto folder = folderEntry(url);
+    if (!folder) return tr("Left out: it names no folder of this machine");
+    if (facts != nullptr && facts->fault) return faultText(url, *facts->fault);
+    const QString place = QDir::toNativeSeparators(QDir::cleanPath(folder->path));
+    if (facts == nullptr || !facts->movies) return tr("Folder, %1").arg(place);
+    switch (*facts->movies) {
+    case 0:
+        return tr("Folder without movies, %1").arg(place);
+    case 1:
+        return tr("Folder with one movie, %1").arg(place);
+    default:
+        return tr("Folder with %L1 movies, %2").arg(*facts->movies).arg(place);
+    }
+}
+
 bool EntryText::isFault(const PlaylistEntry& entry, const EntryFacts* facts)
 {
     if (isAutomaticEntry(entry.url)) return !trailerChoice(entry.url);
+    if (isFolderEntry(entry.url)) return !folderEntry(entry.url) || (facts != nullptr && facts->fault);
     return !isValidURL(entry.url) || (facts != nullptr && facts->fault);
 }
 

@@ -14,11 +14,11 @@ class EntryText final {
     Q_DECLARE_TR_FUNCTIONS(EntryText)
 
 public:
-    /// Whether the entry is a movie that can be looked into: not web content, not the newest trailers, and
-    /// nothing that is never opened.
+    /// Whether the entry is a movie, or a folder, that can be looked into: not web content, not the newest
+    /// trailers, and nothing that is never opened.
     [[nodiscard]] static bool hasMovie(const QUrl& url);
 
-    /// The movie's own name.
+    /// The movie's or the folder's own name.
     [[nodiscard]] static QString name(const PlaylistEntry& entry);
     /// What it is, where it lies, or why it cannot be opened; `facts` is null as long as nothing is known.
     [[nodiscard]] static QString detail(const PlaylistEntry& entry, const EntryFacts* facts);
@@ -30,6 +30,7 @@ public:
     [[nodiscard]] static QString toolTip(const PlaylistEntry& entry, const EntryFacts* facts);
 
 private:
+    [[nodiscard]] static QString folderDetail(const QUrl& url, const EntryFacts* facts);
     [[nodiscard]] static QString faultText(const QUrl& url, const MovieFault& fault);
 };
 

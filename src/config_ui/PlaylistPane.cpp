@@ -5,6 +5,7 @@
 #include "config_ui/PlaylistDelegate.h"
 #include "config_ui/RQTableViewRowMove.h"
 #include "platform/base/FileURL.h"
+#include "settings/FolderEntry.h"
 
 #include <QEvent>
 #include <QFileInfo>
@@ -115,7 +116,9 @@ std::optional<QString> PlaylistPane::folderOfSelected() const
 {
     const QList<int> rows = selectedRows();
     if (rows.size() != 1) return {};
-    const auto path = localPath(m_table.entry(rows.first()).url);
+    const QUrl& url = m_table.entry(rows.first()).url;
+    if (const auto folder = folderEntry(url)) return folder->path;
+    const auto path = localPath(url);
     return path ? std::optional(QFileInfo(*path).absolutePath()) : std::nullopt;
 }
 

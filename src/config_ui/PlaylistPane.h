@@ -29,7 +29,8 @@ public:
     [[nodiscard]] QList<int> selectedRows() const;
     /// Deletes them, and selects what stands there then.
     void deleteSelected();
-    /// The folder of the one selected row, where that is a file of this machine.
+    /// The folder of the one selected row, where that is a file of this machine, or the
+    /// folder that it is.
     [[nodiscard]] std::optional<QString> folderOfSelected() const;
     /// Has the movies of the selected rows looked into as if nothing was known of them.
     void lookAgain();

@@ -85,4 +85,13 @@ std::optional<ConfigPanels::Choice> SheetPanels::runOpenPanel(const QString& fol
     return Choice{files, QFileInfo(files.value(0)).absolutePath()};
 }
 
+std::optional<QString> SheetPanels::runFolderPanel(const QString& folder)
+{
+    QFileDialog panel(&m_sheet, QCoreApplication::translate("Kestro", "Add Folder"), startFolder(folder));
+    panel.setFileMode(QFileDialog::Directory);
+    panel.setOption(QFileDialog::ShowDirsOnly);
+    if (panel.exec() != QDialog::Accepted) return {};
+    return panel.selectedFiles().value(0);
+}
+
 } // namespace kestro

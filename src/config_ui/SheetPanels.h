@@ -24,6 +24,7 @@ public:
     void beginWait(const QString& message, std::function<void()> giveUp) override;
     void endWait() override;
     [[nodiscard]] std::optional<Choice> runOpenPanel(const QString& folder) override;
+    [[nodiscard]] std::optional<QString> runFolderPanel(const QString& folder) override;
 
 private:
     QWidget& m_sheet;

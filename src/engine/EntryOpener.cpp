@@ -52,8 +52,8 @@ bool EntryOpener::leavesPictures() const
 
 void EntryOpener::recordFailure(const QUrl& url)
 {
-    if (!m_isRetry || !m_logged.contains(url))
-        logLine(QStringLiteral("Failed to load movie:%1").arg(shownURL(url)));
+    const bool isQuiet = m_sources.playlist.folders().holds(url) || (m_isRetry && m_logged.contains(url));
+    if (!isQuiet) logLine(QStringLiteral("Failed to load movie:%1").arg(shownURL(url)));
     m_logged.insert(url);
     m_sources.playlist.addFailedURL(url);
     if (!url.isLocalFile()) m_failedAt.insert(url, m_sources.clock.now());

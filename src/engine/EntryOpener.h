@@ -48,7 +48,8 @@ public:
     [[nodiscard]] MovieContent open(const QUrl& url);
     /// The entry opened and is to be played.
     void opened(const MovieContent& content);
-    /// Logs and records a movie that could not be loaded.
+    /// Logs and records a movie that could not be loaded. What lies in a folder that is an entry may be
+    /// anything, and is passed over quietly.
     void recordFailure(const QUrl& url);
     /// The same for one that was opened and broke off.
     void recordLateFailure(const QUrl& url);

@@ -4,11 +4,11 @@
 
 namespace kestro {
 
-MovieSearch::MovieSearch(Purpose purpose, double now, std::unique_ptr<PlayableSearch> first,
-                         std::function<void(int)> found, MakePick makePick)
+MovieSearch::MovieSearch(Purpose purpose, double now, MakeFirst makeFirst, std::function<void(int)> found,
+                         MakePick makePick)
     : m_purpose(purpose)
     , m_began(now)
-    , m_first(std::move(first))
+    , m_makeFirst(std::move(makeFirst))
     , m_found(std::move(found))
     , m_makePick(std::move(makePick))
 {
@@ -16,6 +16,7 @@ MovieSearch::MovieSearch(Purpose purpose, double now, std::unique_ptr<PlayableSe
 
 MoviePick::State MovieSearch::step()
 {
+    if (m_makeFirst) m_first = std::exchange(m_makeFirst, nullptr)();
     if (m_first) {
         m_first->step();
         if (!m_first->isOver()) return MoviePick::State::Searching;

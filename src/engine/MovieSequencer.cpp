@@ -3,6 +3,8 @@
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
 
+#include <QSet>
+
 #include <utility>
 
 namespace kestro {
@@ -19,6 +21,22 @@ std::unique_ptr<MoviePick> MovieSequencer::newNextMovie(std::optional<int> playe
 {
     m_entries.beginPick();
     return std::make_unique<MoviePick>(order(played, resumed), m_entries, std::move(options));
+}
+
+// The bag holds what is left of the list, in its order.
+void MovieSequencer::takeNews(const QList<QUrl>& before)
+{
+    if (m_randomList.isEmpty()) return;
+    QSet<QUrl> drawn;
+    auto left = m_randomList.cbegin();
+    for (const QUrl& entry : before) {
+        if (left != m_randomList.cend() && *left == entry)
+            ++left;
+        else
+            drawn.insert(entry);
+    }
+    m_randomList = m_sources.playlist.fileList();
+    m_randomList.removeIf([&drawn](const QUrl& entry) { return drawn.contains(entry); });
 }
 
 std::unique_ptr<EntryOrder> MovieSequencer::order(std::optional<int> played,

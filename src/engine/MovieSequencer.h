@@ -24,6 +24,10 @@ public:
                                                           const std::optional<QString>& resumed,
                                                           MoviePick::Options options);
 
+    /// The playlist holds something else than `before`, in the middle of a cycle: what was drawn in it is
+    /// not drawn again before the next one. No pick is under way.
+    void takeNews(const QList<QUrl>& before);
+
     /// What opens the entries, and remembers those that failed.
     [[nodiscard]] EntryOpener& entries() { return m_entries; }
     [[nodiscard]] const std::shared_ptr<StillMovie>& cacheMovie() const { return m_entries.cacheMovie(); }

@@ -35,7 +35,7 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     : ScreenSaverView(frame, isPreview)
     , m_services(services)
     , m_settings(services.store, {isPreview, false})
-    , m_playlist(m_settings, services.trailers, isPreview)
+    , m_playlist(m_settings, services.trailers, isPreview, services.folders)
     , m_sequencer({m_settings, m_playlist, services.movies, services.desktop.random(),
                    services.desktop.clock(), isPreview,
                    [web = services.webEngine] { return web && web->isAvailable(); }})
@@ -52,6 +52,7 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     m_windowMode = !isPreview && m_settings.isBounceMode();
     m_settings.setWindowMode(m_windowMode);
     forgetBackSaverThatIsGone();
+    m_playlist.folders().setWhenNews([this] { advanceSearch(); });
 }
 
 MySaver::~MySaver()

@@ -106,6 +106,7 @@ private:
     void foundNothing(MovieSearch::Purpose purpose);
     void loopWhatIsAlone();
     void endLoneLoopInTime();
+    bool takeNews();
     void retry();
     [[nodiscard]] bool replaceBrokenMovie();
     void startMovie();

@@ -20,13 +20,15 @@ void MySaver::beginSearch(Purpose purpose)
     if (isStart) entries.forgetFailures();
     if (purpose == Purpose::Retry) entries.beginRetry();
     m_search = std::make_unique<MovieSearch>(
-        purpose, m_services.desktop.clock().now(), isStart ? playableSearch() : nullptr,
+        purpose, m_services.desktop.clock().now(),
+        isStart ? [this] { return playableSearch(); } : MovieSearch::MakeFirst(),
         [this](int index) { m_playlist.setCurIdx(index); }, [this, purpose] { return newPick(purpose); });
     advanceSearch();
 }
 
 std::unique_ptr<PlayableSearch> MySaver::playableSearch()
 {
+    takeNews();
     return std::make_unique<PlayableSearch>(m_playlist.fileList(), [this] { advanceSearch(); });
 }
 
@@ -42,6 +44,7 @@ std::unique_ptr<MoviePick> MySaver::newPick(Purpose purpose)
 void MySaver::advanceSearch()
 {
     if (!m_search || isHeldUp()) return;
+    if (m_playlist.folders().isWaiting() && m_search->mayWait(m_services.desktop.clock().now())) return;
     const auto state = m_search->step();
     if (state == MoviePick::State::Searching) return;
     const auto search = std::move(m_search);
@@ -109,6 +112,17 @@ void MySaver::endLoneLoopInTime()
     if (!m_endOfLoneLoop || m_services.desktop.clock().now() < *m_endOfLoneLoop) return;
     m_endOfLoneLoop.reset();
     applyLoopMode();
+}
+
+// Folders hold something else. A movie that was alone, or is from now on, loops no more, or begins to.
+bool MySaver::takeNews()
+{
+    const auto before = m_playlist.takeNews();
+    if (!before) return false;
+    m_sequencer.takeNews(*before);
+    m_played.reset();
+    applyLoopMode();
+    return true;
 }
 
 // The list is built anew where it may hold something else by now.

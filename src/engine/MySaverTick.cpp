@@ -21,7 +21,8 @@ void MySaver::animateOneFrame()
     m_piggyBack.watchForClose();
     if (m_rest.how == Rest::Still) return tickWhileStill();
     if (isHeldUp()) return;
-    if (!m_search && !m_movieView && m_retries.isDue(m_services.desktop.clock().now())) retry();
+    const bool hasNews = !m_search && takeNews();
+    if (!m_search && !m_movieView && (hasNews || m_retries.isDue(m_services.desktop.clock().now()))) retry();
     if (m_search) return tickWhileSearching();
     if (!m_movieView) return move(m_sign);
     m_trail.age();

@@ -5,6 +5,7 @@ namespace kestro {
 class BackSaverHost;
 class Desktop;
 class LatestTrailers;
+class MovieFolders;
 class MovieLibrary;
 class SettingsStore;
 class SignPictures;
@@ -18,8 +19,9 @@ struct SaverServices {
     LatestTrailers& trailers;
     SignPictures& signs;
     BackSaverHost& backSavers;
-    WebEngine* webEngine = nullptr; ///< null: web content counts as unplayable
-    double dissolveSeconds = 0;     ///< that one movie takes to dissolve into the next one
+    WebEngine* webEngine = nullptr;  ///< null: web content counts as unplayable
+    double dissolveSeconds = 0;      ///< that one movie takes to dissolve into the next one
+    MovieFolders* folders = nullptr; ///< null: folders among the entries hold nothing
 };
 
 } // namespace kestro

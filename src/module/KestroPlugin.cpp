@@ -4,6 +4,7 @@
 #include "engine/MySaver.h"
 #include "platform/base/ConfigurationFile.h"
 #include "platform/base/Paths.h"
+#include "platform/base/Random.h"
 #include "platform/display/desktop/Desktop.h"
 #include "platform/display/desktop/Notifications.h"
 #include "platform/display/gl/OpenGL.h"
@@ -11,6 +12,7 @@
 #include "platform/web/HelperEngine.h"
 #include "settings/MovieOptions.h"
 #include "settings/SettingsStore.h"
+#include "settings/WatchedFolders.h"
 #include "trailers/SharedTrailers.h"
 
 namespace kestro {
@@ -24,6 +26,8 @@ struct Shared {
     HelperEngine web{HelperSettings::ofPackage()};
     SettingsStore store{homeFolder()};
     SharedTrailers trailers;
+    SystemRandom random;
+    WatchedFolders folders{random};
     BackSaverHost backSavers{homeFolder()};
     SignPictures signs{packageLibraries() + QStringLiteral("/Kestro.saver/Contents/Resources")};
 };
@@ -65,10 +69,10 @@ std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QStr
     auto& common = shared();
     common.movies.setOpenGL(desktop.openGL());
     stopThreadsAtTheEnd(desktop.notifications());
-    return MySaver::initWithFrameIsPreview(frame, isPreview,
-                                           {desktop, common.movies, common.store, common.trailers,
-                                            common.signs, common.backSavers, &common.web,
-                                            movieOptionsFrom(ConfigurationFile::ofUser()).dissolveSeconds});
+    return MySaver::initWithFrameIsPreview(
+        frame, isPreview,
+        {desktop, common.movies, common.store, common.trailers, common.signs, common.backSavers, &common.web,
+         movieOptionsFrom(ConfigurationFile::ofUser()).dissolveSeconds, &common.folders});
 }
 
 } // namespace kestro

@@ -5,6 +5,7 @@
 #include "platform/base/Paths.h"
 #include "platform/base/ShownURL.h"
 #include "platform/base/URLKind.h"
+#include "settings/FolderEntry.h"
 #include "settings/LatestTrailers.h"
 #include "settings/MovieURL.h"
 #include "settings/Settings.h"
@@ -27,6 +28,7 @@ const QString defalutMovieURL_104 =
 
 namespace {
 
+const QString folderPrefix = QStringLiteral("folder:");
 const QString defaultAutomaticEntry = QStringLiteral("auto://LatestTrailers/6/480");
 
 bool isInstalled(const QString& path)
@@ -80,11 +82,24 @@ struct Playlist::Entry {
     QString storedText;
 };
 
-Playlist::Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview)
+Playlist::Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview, MovieFolders* folders)
     : m_settings(settings)
     , m_trailers(trailers)
     , m_isPreview(isPreview)
+    , m_folders(folders)
 {
+    followFolders();
+}
+
+// All of a large folder is wanted at once where a run is to begin with a movie that may be anywhere in it.
+void Playlist::followFolders()
+{
+    QList<QUrl> entries;
+    const auto stored = m_settings.value(option::fileList);
+    if (stored && m_settings.plistVersion() >= settingsVersion)
+        for (const QVariant& entry : *stored)
+            if (const QString text = textOf(entry); text.startsWith(folderPrefix)) entries.append(QUrl(text));
+    m_folders.follow(entries, m_settings.canContinue());
 }
 
 QList<QUrl> Playlist::movieFileList(bool expand)
@@ -142,12 +157,12 @@ QList<Playlist::Entry> Playlist::storedURLs(const QVariantList& stored, bool exp
         const QString text = textOf(entry);
         const QUrl url(text);
         if (!url.isValid() || url.isRelative()) continue;
-        if (!expand || !isAutomaticEntry(url)) {
+        if (!expand || !(isAutomaticEntry(url) || isFolderEntry(url))) {
             found.append({url, text});
             continue;
         }
-        for (const QUrl& trailer : latestTrailers(url))
-            found.append({trailer, {}});
+        for (const QUrl& movie : isFolderEntry(url) ? m_folders.moviesOf(url) : latestTrailers(url))
+            found.append({movie, {}});
     }
     if (expand) cut(found);
     return found;
@@ -182,6 +197,33 @@ const QList<QUrl>& Playlist::fileList()
 {
     if (!m_urlList) m_urlList = movieFileList(true);
     return *m_urlList;
+}
+
+void Playlist::dropFileList()
+{
+    m_urlList.reset();
+    followFolders();
+}
+
+std::optional<QList<QUrl>> Playlist::takeNews()
+{
+    if (!m_urlList || !m_folders.hasNews()) return {};
+    const QList<QUrl> before = *std::exchange(m_urlList, movieFileList(true));
+    const bool isAtPlayed = m_settings.isRandomMode();
+    if (m_curIdx >= 0 && m_curIdx < before.size() && !m_urlList->isEmpty()) {
+        const qsizetype played = isAtPlayed ? m_curIdx : (m_curIdx + before.size() - 1) % before.size();
+        const int place = placeOf(before[played], played);
+        m_curIdx = isAtPlayed ? place : static_cast<int>((place + 1) % m_urlList->size());
+    }
+    return before;
+}
+
+// An entry may be there twice: where it still is what it was, it is that one.
+int Playlist::placeOf(const QUrl& played, qsizetype before) const
+{
+    if (before < m_urlList->size() && m_urlList->at(before) == played) return static_cast<int>(before);
+    const qsizetype now = m_urlList->indexOf(played);
+    return static_cast<int>(now >= 0 ? now : std::min(before, m_urlList->size()) - 1);
 }
 
 void Playlist::addFailedURL(const QUrl& url)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/PlaylistFolders.h"
+
 #include <QList>
 #include <QSet>
 #include <QString>
@@ -23,12 +25,14 @@ extern const QString defalutMovieURL_104;
 class Playlist final {
 public:
     /// `trailers` serves automatic entries. With `isPreview`, and in a run that leaves nothing behind, no
-    /// crawl is ever started.
-    Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview);
+    /// crawl is ever started. `folders` serves entries that are folders, which hold nothing without it; they
+    /// are followed from now on.
+    Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview, MovieFolders* folders = nullptr);
 
     /// The stored list as URLs, by the rules of its version; with `expand` each automatic entry is replaced
-    /// by the trailers it stands for now, and the first one starts a crawl in the background; what is beyond
-    /// Bounds::playlistEntries is left out then. A stored string that is no URL is left out.
+    /// by the trailers it stands for now, and the first one starts a crawl in the background; each folder by
+    /// the movies that are known of it. What is beyond Bounds::playlistEntries is left out then. A stored
+    /// string that is no URL is left out.
     [[nodiscard]] QList<QUrl> movieFileList(bool expand);
     /// The same list as absolute URL texts. QUrl writes host names in lower case; an entry that is stored
     /// otherwise keeps its letters here.
@@ -40,7 +44,14 @@ public:
     /// The list that is played; kept until dropFileList().
     [[nodiscard]] const QList<QUrl>& fileList();
     /// Forgets the kept list, so that the next fileList() is built anew.
-    void dropFileList() { m_urlList.reset(); }
+    void dropFileList();
+
+    /// The folders among the entries.
+    [[nodiscard]] PlaylistFolders& folders() { return m_folders; }
+    /// Where folders hold something else by now: builds the kept list anew, and has curIdx() stay at the same
+    /// entry, or in sequential order behind the same one. Answers what the list was before; nothing where
+    /// there are no news. No pick is under way.
+    std::optional<QList<QUrl>> takeNews();
 
     /// Sequential order: index in fileList() of the next entry to try. Random order: of the entry now
     /// playing. -1 at first.
@@ -64,10 +75,13 @@ private:
     static void cut(QList<Entry>& entries);
     [[nodiscard]] QList<QUrl> latestTrailers(const QUrl& entry);
     void scanOnce();
+    void followFolders();
+    [[nodiscard]] int placeOf(const QUrl& played, qsizetype before) const;
 
     Settings& m_settings;
     LatestTrailers& m_trailers;
     bool m_isPreview;
+    PlaylistFolders m_folders;
     std::optional<QList<QUrl>> m_urlList;
     QSet<QString> m_failedURLList;
     int m_curIdx = -1;

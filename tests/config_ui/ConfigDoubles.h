@@ -87,7 +87,14 @@ public:
         return choice;
     }
 
+    std::optional<QString> runFolderPanel(const QString& folder) override
+    {
+        folders.push_back(folder);
+        return chosenFolder;
+    }
+
     std::optional<Choice> choice;
+    std::optional<QString> chosenFolder;
     std::function<void()> duringAlert;
     std::vector<QString> alerts;
     std::function<void()> giveUp; ///< what is waited for

@@ -73,6 +73,24 @@ TEST_F(ConfigModelPlaylistTest, selectMovie_appliesTheRuleOfBackAndForth)
     EXPECT_FALSE(model.enabling().backAndForthChk);
 }
 
+TEST_F(ConfigModelPlaylistTest, selectFolder_appendsOneEntry_forAllThatLiesBelow)
+{
+    panels.chosenFolder = "/movies/My Films";
+    defaults.setValue(lastFolder, "/before");
+    openList({movie("a.mov")}).selectFolder();
+    EXPECT_EQ(listed(), (QStringList{movie("a.mov"), "folder:///movies/My%20Films?recursive=1"}));
+    EXPECT_EQ(panels.folders, std::vector<QString>{"/before"});
+    EXPECT_EQ(defaults.value(lastFolder), "/movies/My Films");
+}
+
+TEST_F(ConfigModelPlaylistTest, selectFolder_changesNothing_whenCancelled)
+{
+    defaults.setValue(lastFolder, "/before");
+    openList({movie("a.mov")}).selectFolder();
+    EXPECT_EQ(listed(), QStringList{movie("a.mov")});
+    EXPECT_EQ(defaults.value(lastFolder), "/before");
+}
+
 TEST_F(ConfigModelPlaylistTest, addMovieFiles_leavesTheFolderOfLastTimeAlone)
 {
     openList({}).addMovieFiles({"/movies/a.mov"});

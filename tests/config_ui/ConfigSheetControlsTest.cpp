@@ -271,11 +271,12 @@ TEST_F(ConfigSheetControlsTest, labels_areEachOfAControl)
 TEST_F(ConfigSheetControlsTest, tab_goesThroughTheControlsAsTheyStand)
 {
     open({movie("a.mov")}, {{"FullScreenMode", "0"}});
-    QStringList expected{"playListView",      "addMovieBtn",     "addURLBtn",         "deleteBtn",
-                         "trailersBtn",       "idvdBtn",         "soundChk",          "randomChk",
-                         "continueChk",       "backAndForthChk", "fullScreenChk",     "partialModeFly",
-                         "partialModeBounce", "reposInterval",   "timeIntervalField", "reposMovieEnd",
-                         "scaleSlider",       "scaleField",      "backSaverPopup",    "fadeoutChk"};
+    QStringList expected{"playListView",   "addMovieBtn",       "addURLBtn",       "deleteBtn",
+                         "trailersBtn",    "idvdBtn",           "addFolderBtn",    "soundChk",
+                         "randomChk",      "continueChk",       "backAndForthChk", "fullScreenChk",
+                         "partialModeFly", "partialModeBounce", "reposInterval",   "timeIntervalField",
+                         "reposMovieEnd",  "scaleSlider",       "scaleField",      "backSaverPopup",
+                         "fadeoutChk"};
     if (!isEnabled("idvdBtn")) expected.removeAll("idvdBtn");
     EXPECT_EQ(tabStops().mid(0, expected.size()), expected);
 }

@@ -191,6 +191,13 @@ TEST_F(ConfigSheetRowsTest, menu_opensTheFolderOfAFileAlone)
     EXPECT_EQ(sheet->playlist().folderOfSelected(), std::nullopt);
 }
 
+TEST_F(ConfigSheetRowsTest, menu_opensAFolderThatIsAnEntry)
+{
+    open({"folder:///movies/a%20b?recursive=1"});
+    EXPECT_TRUE(entry(menuOn(0), "Open Folder").isEnabled());
+    EXPECT_EQ(sheet->playlist().folderOfSelected(), "/movies/a b");
+}
+
 TEST_F(ConfigSheetRowsTest, menu_looksAgainIntoTheMoviesThatAreSelected)
 {
     open({movie("0"), movie("1")});

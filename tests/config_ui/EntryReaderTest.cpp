@@ -3,6 +3,8 @@
 #include "platform/movie/StillDecoder.h"
 #include "support/WaitUntil.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -144,6 +146,17 @@ TEST_F(EntryReaderTest, readEntry_tellsDurationAndPicture)
     EXPECT_NEAR(facts.seconds, 2, 0.04);
     EXPECT_EQ(facts.picture.size(), QSize(64, 36));
     EXPECT_EQ(facts.fault, std::nullopt);
+}
+
+TEST_F(EntryReaderTest, readEntry_countsTheMoviesOfAFolder)
+{
+    const QTemporaryDir folder;
+    for (const char* name : {"a.mov", "b.mkv", "c.txt"})
+        EXPECT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+    const EntryFacts facts = readEntry(QUrl(QStringLiteral("folder://") + folder.path()), {64, 36}, {});
+    EXPECT_EQ(facts.movies, 2);
+    EXPECT_FALSE(facts.fault.has_value());
+    EXPECT_TRUE(facts.picture.isNull());
 }
 
 TEST_F(EntryReaderTest, readEntry_takesThePictureAQuarterIntoTheMovie)

@@ -70,6 +70,38 @@ TEST(EntryText, detail_saysWhatAnAutomaticEntryStandsFor)
     EXPECT_FALSE(EntryText::isFault(entry("auto://LatestTrailers/6/480"), nullptr));
 }
 
+TEST(EntryText, detail_saysWhatAFolderHolds)
+{
+    const PlaylistEntry folder = entry("folder:///home/ada/My%20Videos/?recursive=1");
+    EXPECT_EQ(EntryText::name(folder), "My Videos");
+    EXPECT_EQ(EntryText::detail(folder, nullptr), "Folder, /home/ada/My Videos");
+    struct Case {
+        qsizetype movies;
+        const char* text;
+    };
+    for (const Case& c : {Case{0, "Folder without movies, /home/ada/My Videos"},
+                          Case{1, "Folder with one movie, /home/ada/My Videos"},
+                          Case{12, "Folder with 12 movies, /home/ada/My Videos"}}) {
+        EntryFacts facts;
+        facts.movies = c.movies;
+        EXPECT_EQ(EntryText::detail(folder, &facts), c.text);
+        EXPECT_FALSE(EntryText::isFault(folder, &facts));
+    }
+    EntryFacts silent;
+    silent.fault = MovieFault{MovieFault::Kind::NoAnswer};
+    EXPECT_TRUE(EntryText::isFault(folder, &silent));
+    EXPECT_TRUE(EntryText::detail(folder, &silent).startsWith("Cannot be opened: "));
+}
+
+TEST(EntryText, folderOfAnotherMachine_isAFault)
+{
+    const PlaylistEntry folder = entry("folder://server/a");
+    EXPECT_TRUE(EntryText::isFault(folder, nullptr));
+    EXPECT_EQ(EntryText::detail(folder, nullptr), "Left out: it names no folder of this machine");
+    EXPECT_FALSE(EntryText::hasMovie(folder.url));
+    EXPECT_TRUE(EntryText::hasMovie(QUrl("folder:///a.pl")));
+}
+
 TEST(EntryText, detail_saysWhyAnEntryDoesNotPlay)
 {
     struct Case {

@@ -10,6 +10,7 @@
 #include "platform/display/desktop/Screen.h"
 #include "platform/display/view/Window.h"
 #include "platform/movie/MemoryMovie.h"
+#include "settings/FoldersDouble.h"
 #include "settings/SettingsStore.h"
 #include "support/WaitUntil.h"
 
@@ -84,6 +85,7 @@ protected:
     SettingsStore store{home.path()};
     MemoryMovieLibrary movies{clock};
     TrailersDouble trailers;
+    FoldersDouble folders;
     SignPictures signs{QStringLiteral(KESTRO_RESOURCES)};
     BackSaverHost backSavers{home.path()};
     std::vector<QString> log;

@@ -77,6 +77,13 @@ class OtherEntries(DeadDiskTest):
     def test_they_play_in_random_order(self):
         self.check_runs(self.others_play, lambda silent: [silent, *self.good], RandomMode="1")
 
+    def test_they_play_where_a_folder_before_them_does_not_answer(self):
+        disk = self.disk("silent.mp4=stat", silent=movie("blue", "blue"))
+        folder = disk.url("silent.mp4").removesuffix("/silent.mp4").replace("file:", "folder:")
+        run = self.watch(disk, [folder, url(self.good[0]), url(self.good[1])])
+        self.others_play(run)
+        run.end()
+
     def test_the_sign_moves_while_the_first_entry_does_not_answer(self):
         self.check_runs(lambda run: run.until_it_plays(url(self.good[0]), since=run.until_the_sign_moves()),
                         lambda silent: [silent, *self.good])

@@ -43,6 +43,17 @@ class Playlist(ProgramTest):
         self.assertEqual(self.lines(), ["file:///tmp/a.mov", "auto://LatestTrailers/3/640"])
         self.assertEqual(self.lines("--expanded"), ["file:///tmp/a.mov"])
 
+    def test_a_folder_stands_for_the_movies_in_it(self):
+        films = self.home.path / "films"
+        (films / "in").mkdir(parents=True)
+        for name in ("b.mov", "a.mkv", "in/c.mp4", ".d.mov", "e.mov.part", "f.txt"):
+            (films / name).touch()
+        entry = films.as_uri().replace("file:", "folder:")
+        self.home.play([entry, entry + "?recursive=1", "folder:///missing"])
+        self.assertEqual(self.lines(), [entry, entry + "?recursive=1", "folder:///missing"])
+        flat = [url(films / name) for name in ("a.mkv", "b.mov")]
+        self.assertEqual(self.lines("--expanded"), flat + flat + [url(films / "in/c.mp4")])
+
     def test_an_automatic_entry_without_a_width_stays_in_the_edited_list(self):
         self.home.play(["auto://LatestTrailers/480"])
         self.assertEqual(self.lines(), ["auto://LatestTrailers/480"])

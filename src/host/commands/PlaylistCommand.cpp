@@ -1,6 +1,7 @@
 #include "host/commands/Commands.h"
 #include "host/commands/Program.h"
 #include "platform/base/Paths.h"
+#include "settings/FoldersAtOnce.h"
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
 #include "settings/SettingsStore.h"
@@ -18,9 +19,11 @@ int showPlaylist(const Arguments& arguments)
     // As a preview, for which no crawl is ever started; what is listed does not depend on it.
     Settings settings(store, {.isPreview = true});
     SharedTrailers trailers;
-    Playlist playlist(settings, trailers, true);
+    const bool isExpanded = arguments.has(expandedOption);
+    FoldersAtOnce folders;
+    Playlist playlist(settings, trailers, true, isExpanded ? &folders : nullptr);
     QByteArray lines;
-    for (const QString& entry : playlist.movieFileStrings(arguments.has(expandedOption)))
+    for (const QString& entry : playlist.movieFileStrings(isExpanded))
         lines += entry.toUtf8() + '\n';
     return print(lines);
 }
@@ -30,7 +33,7 @@ int showPlaylist(const Arguments& arguments)
 Command playlistCommand()
 {
     const Option expanded{
-        expandedOption, {}, QStringLiteral("list what the automatic entries stand for now")};
+        expandedOption, {}, QStringLiteral("list what automatic entries and folders stand for now")};
     return {{QStringLiteral("playlist"), QStringLiteral("Print the playlist, one URL a line"), {expanded}},
             showPlaylist};
 }

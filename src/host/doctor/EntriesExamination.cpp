@@ -1,9 +1,11 @@
 #include "host/doctor/EntriesExamination.h"
 
 #include "platform/base/FileLook.h"
+#include "platform/base/MovieFolder.h"
 #include "platform/base/ShownURL.h"
 #include "platform/base/URLKind.h"
 #include "platform/movie/MovieProbe.h"
+#include "settings/FolderEntry.h"
 
 namespace kestro {
 
@@ -11,7 +13,7 @@ namespace {
 
 constexpr qsizetype mostEntries = 200;
 constexpr qsizetype mostAtOnce = 8;
-constexpr std::chrono::milliseconds longestOpening{5000}; // of a movie at an address
+constexpr std::chrono::milliseconds longestOpening{5000}; // of a movie at an address, or of a folder
 
 QString remedyOf(const MovieFault& fault)
 {
@@ -36,11 +38,28 @@ Result<MovieFacts, MovieFault> probe(const QUrl& entry)
                                : probeRemoteMovie(entry, longestOpening);
 }
 
+Findings openFolder(const QString& name, const std::optional<FolderEntry>& entry)
+{
+    const QString take = QStringLiteral("take the entry out in kestro settings");
+    if (!entry) return {broken(name + QStringLiteral(": no folder of this machine"), take)};
+    if (!isFileThere(entry->path))
+        return {broken(name + QStringLiteral(": no such folder"),
+                       QStringLiteral("put the folder back, or ") + take)};
+    const auto movies = moviesIn(movieFolder(*entry), longestOpening);
+    if (!movies)
+        return {
+            broken(name + QStringLiteral(": no answer"), QStringLiteral("see whether its disk is there"))};
+    const QString count = QStringLiteral("%1: %2 movies").arg(name).arg(movies->size());
+    if (movies->isEmpty()) return {broken(count, QStringLiteral("put movies into it, or ") + take)};
+    return {fine(count)};
+}
+
 } // namespace
 
 Findings openEntry(const QUrl& entry)
 {
     const QString name = shownURL(entry);
+    if (isFolderEntry(entry)) return openFolder(name, folderEntry(entry));
     if (namesWebContent(entry) && entry.isLocalFile() && !isFileThere(entry.toLocalFile()))
         return {
             broken(name + QStringLiteral(": no such file"), remedyOf({.kind = MovieFault::Kind::NoFile}))};

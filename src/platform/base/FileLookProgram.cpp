@@ -2,6 +2,7 @@
 //
 // usage: kestro-file-look PATH
 //        kestro-file-look --below PATH...
+//        kestro-file-look --movies PATH [recursive] [newest] [hurried] [once]
 //
 // Of a PATH it answers by its exit status: 0 when it is there, 1 when it is not. A file of the usual kind, or
 // a folder, is opened and read as well, so that whoever does that next need not wait for a disk that answers
@@ -9,8 +10,14 @@
 //
 // After --below it writes each PATH that is a file, and the files below each that is a folder, without those
 // that are hidden or behind a link to a folder. A zero byte follows each of them, and another one those of
-// each PATH. Tested by FileLookTest and FileWalkTest.
+// each PATH.
+//
+// After --movies it follows what a folder holds: see FolderFollow.h. Tested by FileLookTest, FileWalkTest and
+// FolderWatchTest.
 
+#include "platform/base/FolderFollow.h"
+
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -58,10 +65,21 @@ void writeBelow(const std::filesystem::path& folder)
     }
 }
 
+kestro::FolderQuestion questionIn(int argc, char** argv)
+{
+    const auto has = [&](const char* word) {
+        return std::any_of(argv + 3, argv + argc,
+                           [word](const char* each) { return std::strcmp(each, word) == 0; });
+    };
+    return {argv[2], has("recursive"), has("newest"), has("hurried"), has("once")};
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    if (argc > 2 && std::strcmp(argv[1], "--movies") == 0)
+        return kestro::followFolder(questionIn(argc, argv));
     const bool isWalk = argc > 2 && std::strcmp(argv[1], "--below") == 0;
     if (!isWalk) return argc == 2 ? look(argv[1]) : 2;
     for (int i = 2; i < argc; ++i) {

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+class QUrl;
+
+namespace kestro {
+
+struct MovieFolder;
+
+/// What an entry of the playlist that stands for the movies of a folder asks for:
+/// folder:///home/ada/Videos?recursive=1&order=newest. A value; any thread.
+struct FolderEntry {
+    enum class Order { Name, Newest, Shuffled };
+
+    QString path; ///< absolute
+    bool isRecursive = false;
+    Order order = Order::Name;
+
+    [[nodiscard]] bool operator==(const FolderEntry&) const = default;
+};
+
+/// Whether a playlist entry is of the kind that stands for a folder; it may name none.
+[[nodiscard]] bool isFolderEntry(const QUrl& url);
+
+/// What it asks for; nothing where it names no folder of this machine, and for an entry of any other kind.
+/// "recursive" is on where it is 1; an "order" that is none counts as by name.
+[[nodiscard]] std::optional<FolderEntry> folderEntry(const QUrl& url);
+
+/// What is to be looked into for it. What is to be shuffled comes by name.
+[[nodiscard]] MovieFolder movieFolder(const FolderEntry& entry);
+
+/// The entry that asks for that.
+[[nodiscard]] QUrl urlOf(const FolderEntry& entry);
+
+} // namespace kestro
