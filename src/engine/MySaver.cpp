@@ -42,11 +42,12 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     , m_geometry(*this, m_settings, services.desktop.random())
     , m_bounce(services.desktop.random())
     , m_fadeOut(services.desktop.timers())
-    , m_dissolve(services.dissolveSeconds, services.desktop.timers(), services.desktop.clock())
+    , m_dissolve(services.options.dissolveSeconds, services.desktop.timers(), services.desktop.clock())
     , m_trail([this](const Rect& place) { markStill(place); })
     , m_stillAhead(m_captures, services.desktop.clock())
     , m_piggyBack(services.desktop)
     , m_resumePoint(m_settings, services.store)
+    , m_turn(services.options, services.desktop.random(), services.desktop.clock())
 {
     m_bounce.assignRndValuesWithSign();
     m_windowMode = !isPreview && m_settings.isBounceMode();
@@ -193,11 +194,18 @@ bool MySaver::_resetMovie(const MovieContent& content)
 
 void MySaver::goToResumePoint(const MovieContent& content)
 {
+    m_turn.begin();
     const auto* movie = std::get_if<std::shared_ptr<QTMovie>>(&content);
     if (movie)
-        m_resumePoint.goTo(**movie);
+        placeInTime(**movie);
     else
         m_resumePoint.end();
+}
+
+void MySaver::placeInTime(QTMovie& movie)
+{
+    const bool isResumed = m_resumePoint.goTo(movie);
+    m_turn.place(movie, isResumed);
 }
 
 // The screen that plays sound and whose movie the next run begins with.

@@ -8,6 +8,7 @@
 #include "engine/MovieGeometry.h"
 #include "engine/MovieSearch.h"
 #include "engine/MovieSequencer.h"
+#include "engine/MovieTurn.h"
 #include "engine/PiggyBack.h"
 #include "engine/RestState.h"
 #include "engine/ResumePoint.h"
@@ -84,6 +85,7 @@ private:
     void storeResumePoint();
     [[nodiscard]] bool isFirstScreen() const;
     void goToResumePoint(const MovieContent& content);
+    void placeInTime(QTMovie& movie);
 
     // rest
     [[nodiscard]] bool isHeldUp() const;
@@ -129,6 +131,7 @@ private:
     void moveMovieWindow();
     void flyMovie();
     [[nodiscard]] bool isTimeToFly();
+    [[nodiscard]] bool isTurnOver();
     void switchMovie();
     void move(SignImage& sign);
 
@@ -151,8 +154,9 @@ private:
     [[nodiscard]] Rect coveredByMovie() const;
     [[nodiscard]] StillAhead::Moment pictureIn(double seconds) const;
     void askForStillAhead();
+    [[nodiscard]] double secondsLeft(const QTMovie& movie);
     [[nodiscard]] double secondsToSwitch(double most);
-    [[nodiscard]] double secondsToFade() const;
+    [[nodiscard]] double secondsToFade();
     [[nodiscard]] double secondsToFly() const;
     void queueImageThread();
     void afterImageEffect();
@@ -175,6 +179,7 @@ private:
     StillAhead m_stillAhead;
     PiggyBack m_piggyBack;
     ResumePoint m_resumePoint;
+    MovieTurn m_turn;
     RetrySchedule m_retries;
     std::unique_ptr<MovieFrame> m_movieView;
     std::unique_ptr<MovieSearch> m_search; ///< null while nothing is looked for

@@ -104,19 +104,29 @@ void MySaver::askForStillAhead()
     if (left <= lead) m_stillAhead.ask(pictureIn(left));
 }
 
+// Until it ends, or its turn does.
+double MySaver::secondsLeft(const QTMovie& movie)
+{
+    const double toEnd = secondsToEnd(movie);
+    const auto turn = m_turn.secondsLeft();
+    if (!turn || m_playlist.fileList().size() < 2) return toEnd;
+    const double tick = animationTimeInterval();
+    return std::fmin(std::ceil(*turn / tick - roundingSlack) * tick, toEnd);
+}
+
 // Window mode: a still is left at the switch to another entry. Never, where that is further off than `most`.
 double MySaver::secondsToSwitch(double most)
 {
     const auto movie = m_movieView->movie();
-    const double left = movie ? secondsToEnd(*movie) : never;
+    const double left = movie ? secondsLeft(*movie) : never;
     return left <= most && m_playlist.fileList().size() > 1 ? left : never;
 }
 
 // Until the movie goes elsewhere or ends; never, where a fade will still be running then.
-double MySaver::secondsToFade() const
+double MySaver::secondsToFade()
 {
     const auto movie = m_movieView->movie();
-    const double toEnd = movie && m_settings.isFlyMode() ? secondsToEnd(*movie) : never;
+    const double toEnd = movie && m_settings.isFlyMode() ? secondsLeft(*movie) : never;
     const double left = std::fmin(secondsToFly(), toEnd);
     return m_fadeOut.secondsLeft() < left ? left : never;
 }

@@ -140,7 +140,7 @@ bool MySaver::replaceBrokenMovie()
     if (!movie || movie->state() == QTMovie::State::Loading) return false;
     if (movie->state() == QTMovie::State::Loaded) {
         m_played.reset();
-        m_resumePoint.goTo(*movie);
+        placeInTime(*movie);
         return false;
     }
     m_sequencer.entries().recordLateFailure(movie->url());

@@ -29,8 +29,9 @@ void MySaver::animateOneFrame()
     if (replaceBrokenMovie()) return;
     endLoneLoopInTime();
     m_movieView->keepPlaying();
+    m_turn.tick();
     if (m_movieView->isPlaying()) moveMovie();
-    if (!m_movieView->isPlaying()) switchMovie();
+    if (!m_movieView->isPlaying() || isTurnOver()) switchMovie();
 }
 
 // The movie that ended stands meanwhile, or the sign goes on.
@@ -99,6 +100,15 @@ bool MySaver::isTimeToFly()
     const double now = m_services.desktop.clock().now();
     if (!(now - *m_flyTime > static_cast<double>(m_settings.timeInterval()))) return false;
     m_flyTime = now;
+    return true;
+}
+
+// It has played long enough, and there is another one to play.
+bool MySaver::isTurnOver()
+{
+    if (!m_turn.isOver() || m_playlist.fileList().size() < 2) return false;
+    m_turn.renew();
+    if (hasEffects()) m_movieView->stop(this);
     return true;
 }
 

@@ -30,13 +30,14 @@ std::optional<QString> ResumePoint::movieName() const
     return name ? std::optional(name->toString()) : std::nullopt;
 }
 
-void ResumePoint::goTo(QTMovie& movie)
+bool ResumePoint::goTo(QTMovie& movie)
 {
-    if (!m_isWaiting || movie.state() != QTMovie::State::Loaded) return;
+    if (!m_isWaiting || movie.state() != QTMovie::State::Loaded) return false;
     const auto position = stored(resumeKey::lastPos);
     end();
-    if (position && GetMovieDuration(movie) >= intValue(*position))
-        SetMovieTimeValue(movie, intValue(*position));
+    if (!position || GetMovieDuration(movie) < intValue(*position)) return false;
+    SetMovieTimeValue(movie, intValue(*position));
+    return true;
 }
 
 void ResumePoint::store(const QTMovie& movie)

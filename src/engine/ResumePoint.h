@@ -21,7 +21,8 @@ public:
     /// The name of the movie to begin with; nothing when none is stored, and once it is over.
     [[nodiscard]] std::optional<QString> movieName() const;
     /// Once `movie` is loaded, moves it to the stored position, unless it is shorter than that, and is over.
-    void goTo(QTMovie& movie);
+    /// Answers whether it was moved.
+    bool goTo(QTMovie& movie);
     /// The run goes on without it.
     void end() { m_isWaiting = false; }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/MovieOptions.h"
+
 namespace kestro {
 
 class BackSaverHost;
@@ -20,7 +22,7 @@ struct SaverServices {
     SignPictures& signs;
     BackSaverHost& backSavers;
     WebEngine* webEngine = nullptr;  ///< null: web content counts as unplayable
-    double dissolveSeconds = 0;      ///< that one movie takes to dissolve into the next one
+    MovieOptions options = {};
     MovieFolders* folders = nullptr; ///< null: folders among the entries hold nothing
 };
 

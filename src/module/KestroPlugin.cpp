@@ -72,7 +72,7 @@ std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QStr
     return MySaver::initWithFrameIsPreview(
         frame, isPreview,
         {desktop, common.movies, common.store, common.trailers, common.signs, common.backSavers, &common.web,
-         movieOptionsFrom(ConfigurationFile::ofUser()).dissolveSeconds, &common.folders});
+         movieOptionsFrom(ConfigurationFile::ofUser()), &common.folders});
 }
 
 } // namespace kestro

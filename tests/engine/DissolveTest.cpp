@@ -38,7 +38,7 @@ protected:
     }
     MySaver& started(double seconds)
     {
-        dissolveSeconds = seconds;
+        movieOptions.dissolveSeconds = seconds;
         auto& saver = makeSaver();
         saver.startAnimation();
         return saver;

@@ -58,7 +58,7 @@ MySaver& EngineTest::makeSaver(bool isPreview, int screen, Size size)
 
 SaverServices EngineTest::services()
 {
-    return {desktop, movies, store, trailers, signs, backSavers, nullptr, dissolveSeconds, &folders};
+    return {desktop, movies, store, trailers, signs, backSavers, nullptr, movieOptions, &folders};
 }
 
 void EngineTest::tick(MySaver& saver, int times)

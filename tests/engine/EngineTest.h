@@ -89,7 +89,7 @@ protected:
     SignPictures signs{QStringLiteral(KESTRO_RESOURCES)};
     BackSaverHost backSavers{home.path()};
     std::vector<QString> log;
-    double dissolveSeconds = 0; ///< of the savers made from then on
+    MovieOptions movieOptions; ///< of the savers made from then on
 
 private:
     struct Hosted {

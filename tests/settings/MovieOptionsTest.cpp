@@ -12,6 +12,12 @@ static double dissolveOf(const QByteArray& text)
     return movieOptionsFrom(ConfigurationFile(text, QStringLiteral("conf"))).dissolveSeconds;
 }
 
+static MovieOptions optionsOf(const char* line)
+{
+    return movieOptionsFrom(
+        ConfigurationFile(QByteArray("[movies]\n") + line + "\n", QStringLiteral("conf")));
+}
+
 TEST(MovieOptions, dissolve_isWhatTheFileSays)
 {
     EXPECT_EQ(dissolveOf({}), 0);
@@ -29,6 +35,38 @@ TEST(MovieOptions, dissolve_isNone_withALine_whereItIsNotUnderstood)
         EXPECT_EQ(said,
                   QStringList(QStringLiteral("conf, line 2: \"%1\" is no number of seconds from 0 to 10.")
                                   .arg(QLatin1String(text))));
+    }
+}
+
+TEST(MovieOptions, longest_isInMinutes_orInSeconds)
+{
+    struct Case {
+        const char* text;
+        double seconds;
+    };
+    for (const Case& c : {Case{"", 0}, Case{"longest=5", 300}, Case{"longest=0.5", 30}, Case{"longest=90s", 90},
+                          Case{"longest=90 s", 90}, Case{"longest=0", 0}, Case{"longest=1440", 86400}})
+        EXPECT_EQ(optionsOf(c.text).longestSeconds, c.seconds) << c.text;
+}
+
+TEST(MovieOptions, start_isTheBeginning_orSomewhere)
+{
+    EXPECT_FALSE(optionsOf("").startsAnywhere);
+    EXPECT_FALSE(optionsOf("start=beginning").startsAnywhere);
+    EXPECT_TRUE(optionsOf("start=random").startsAnywhere);
+}
+
+TEST(MovieOptions, whatIsNotUnderstood_isSaid_andCountsAsNotWritten)
+{
+    for (const char* text : {"longest=long", "longest=-1", "longest=1441", "longest=86401s", "longest=s",
+                             "longest=5m", "longest=", "start=end", "start="}) {
+        QStringList said;
+        const LogCapture capture([&](const QString& line) { said.append(line); });
+        const MovieOptions options = optionsOf(text);
+        EXPECT_EQ(options.longestSeconds, 0) << text;
+        EXPECT_FALSE(options.startsAnywhere) << text;
+        ASSERT_EQ(said.size(), 1) << text;
+        EXPECT_TRUE(said[0].startsWith("conf, line 2: \"")) << text;
     }
 }
 
