@@ -104,8 +104,10 @@ void Playlist::followFolders()
 
 QList<QUrl> Playlist::movieFileList(bool expand)
 {
+    QList<Entry> found = entries(expand);
     QList<QUrl> urls;
-    for (Entry& entry : entries(expand))
+    urls.reserve(found.size());
+    for (Entry& entry : found)
         urls.append(std::move(entry.url));
     return urls;
 }
@@ -161,7 +163,9 @@ QList<Playlist::Entry> Playlist::storedURLs(const QVariantList& stored, bool exp
             found.append({url, text});
             continue;
         }
-        for (const QUrl& movie : isFolderEntry(url) ? m_folders.moviesOf(url) : latestTrailers(url))
+        const QList<QUrl> movies = isFolderEntry(url) ? m_folders.moviesOf(url) : latestTrailers(url);
+        found.reserve(found.size() + movies.size());
+        for (const QUrl& movie : movies)
             found.append({movie, {}});
     }
     if (expand) cut(found);

@@ -63,15 +63,16 @@ bool holds(const std::array<std::string_view, N>& extensions, const std::string&
     return std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
 }
 
-/// Reads folders, and has them watched where there is something to watch with.
+/// Reads folders, and has them watched from when there is something to watch with.
 class Reader final {
 public:
-    Reader(const FolderQuestion& question, int watch)
+    explicit Reader(const FolderQuestion& question)
         : m_question(question)
         , m_root(question.path)
-        , m_watch(watch)
     {
     }
+
+    void watchWith(int watch) { m_watch = watch; }
 
     Listing read(int most)
     {
@@ -145,7 +146,7 @@ private:
 
     const FolderQuestion m_question;
     const fs::path m_root;
-    int m_watch;
+    int m_watch = -1;
     int m_left = 0;
     int m_folders = 0;
     Listing m_listing;
@@ -195,22 +196,23 @@ bool takeChanges(int watch)
 
 } // namespace
 
+// To watch a large folder takes the system time, so that is not done before something was told.
 int followFolder(const FolderQuestion& question)
 {
-    const int watch = question.isOnce ? -1 : inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-    Reader reader(question, watch);
+    const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    Reader reader(question);
     std::optional<std::size_t> told;
-    for (int most = question.isHurried ? mostNames : firstNames;; most = mostNames) {
-        Listing listing = reader.read(most);
-        const bool isSample = !listing.isWhole && most == firstNames;
+    for (bool isFirst = true;; isFirst = false) {
+        Listing listing = reader.read(isFirst && !question.isHurried ? firstNames : mostNames);
+        const bool isSample = isFirst && !question.isHurried && !listing.isWhole;
         listing.isWhole = !isSample; // beyond the most names there is nothing for us
         const std::string text = textOf(listing);
         const std::size_t mark = std::hash<std::string>()(text);
-        if (told != mark && !write(text)) return EXIT_SUCCESS;
-        if (question.isOnce) return EXIT_SUCCESS;
+        if ((told != mark && !write(text)) || question.isOnce) return EXIT_SUCCESS;
         told = mark;
-        const int wait = isSample ? leisure : listing.isThere ? -1 : absence;
-        const auto isChanged = waitForChange(watch, wait);
+        reader.watchWith(watch);
+        const int rest = listing.isThere ? -1 : absence;
+        const auto isChanged = waitForChange(watch, isSample ? leisure : isFirst ? 0 : rest);
         if (!isChanged || (*isChanged && !takeChanges(watch))) return EXIT_SUCCESS;
     }
 }
