@@ -1,10 +1,12 @@
 """Measures movies on the screen: cost, memory and start, each beside its peer in the same run.
 
-usage: movie_bench.py KESTRO [BENCH...]     benches: play mirror start sign list
+usage: movie_bench.py KESTRO [BENCH...]     benches: play mirror start sign list folder
 """
 
 import os
+import pathlib
 import plistlib
+import shutil
 import statistics
 import subprocess
 import sys
@@ -141,6 +143,31 @@ class Bench:
         print(f"  10,000 entries {long * 1000:.0f} ms, two {short * 1000:.0f} ms")
         bar("added by 10,000 entries, ms", (long - short) * 1000, 50)
 
+    def folder(self):
+        """A folder of 100,000 movies beside one movie: start to the first picture, and peak memory."""
+        movies = self.fill_folder(100_000)
+        home = make_home(movies.parent, "folder", [movies.as_uri().replace("file:", "folder:")])
+        many, one = self.alternate(lambda: self.first_picture([self.kestro], home),
+                                   lambda: self.first_picture([self.kestro], self.home))
+        print(f"  the folder {many * 1000:.0f} ms, one movie {one * 1000:.0f} ms")
+        bar("start against that of one movie", many / one, 1.05)
+        of_many, of_one = self.run_cost([self.kestro], home), self.run_cost([self.kestro], self.home)
+        print(f"  while it is read {of_many[0]:.3f} CPU s/s and {of_many[2]:.0f} MB, "
+              f"one movie {of_one[0]:.3f} and {of_one[2]:.0f} MB")
+        bar("peak memory above one movie's, MB", of_many[2] - of_one[2], 40)
+
+    def fill_folder(self, count):
+        """A folder with that many names of a few copies of the movie: a file has 65,000 names at most."""
+        folder = pathlib.Path(self.movie).parent / "movies"
+        folder.mkdir()
+        for number in range(count):
+            copy = folder / f"copy {number // 50_000}.mp4"
+            if number % 50_000 == 0:
+                shutil.copy(self.movie, copy)
+            else:
+                os.link(copy, folder / f"movie {number:06}.mp4")
+        return folder
+
     @staticmethod
     def alternate(first, second):
         pairs = [(first(), second()) for _ in range(2 * ROUNDS + 1)]
@@ -152,7 +179,7 @@ def bar(name, value, most):
 
 
 def main():
-    kestro, names = os.path.abspath(sys.argv[1]), sys.argv[2:] or ["play", "mirror", "start", "sign", "list"]
+    kestro, names = os.path.abspath(sys.argv[1]), sys.argv[2:] or ["play", "mirror", "start", "sign", "list", "folder"]
     with tempfile.TemporaryDirectory() as folder:
         bench = Bench(kestro, folder)
         for name in names:
