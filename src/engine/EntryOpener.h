@@ -18,6 +18,7 @@ class Playlist;
 class QTMovie;
 class Random;
 class Settings;
+class ShuffleRecord;
 class StillMovie;
 
 /// What opening entries works with; all of it outlives the opener.
@@ -29,6 +30,7 @@ struct EntrySources {
     const Clock& clock;
     bool isPreview = false;
     std::function<bool()> playsWebContent; ///< whether "SWF" entries can be shown now
+    ShuffleRecord* shuffle = nullptr;      ///< of random order that remembers; null for one that does not
 };
 
 /// Opens entries of the playlist one by one, and knows which of them failed. A remote entry that failed

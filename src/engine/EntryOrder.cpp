@@ -11,14 +11,6 @@ namespace kestro {
 
 namespace {
 
-std::optional<qsizetype> indexOfName(const QList<QUrl>& list, const std::optional<QString>& name)
-{
-    if (!name) return std::nullopt;
-    for (qsizetype i = 0; i < list.size(); ++i)
-        if (lastPathComponent(list[i]) == *name) return i;
-    return std::nullopt;
-}
-
 /// A list that holds newest trailers is built anew before the next pick.
 void endCycle(Playlist& playlist)
 {
@@ -26,6 +18,14 @@ void endCycle(Playlist& playlist)
 }
 
 } // namespace
+
+std::optional<qsizetype> indexOfName(const QList<QUrl>& list, const std::optional<QString>& name)
+{
+    if (!name) return std::nullopt;
+    for (qsizetype i = 0; i < list.size(); ++i)
+        if (lastPathComponent(list[i]) == *name) return i;
+    return std::nullopt;
+}
 
 SequentialOrder::SequentialOrder(Playlist& playlist, const std::optional<QString>& resumed)
     : m_playlist(playlist)

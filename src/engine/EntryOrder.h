@@ -26,6 +26,10 @@ public:
     [[nodiscard]] virtual bool take() = 0;
 };
 
+/// Where the first entry of that name is in the list; nothing where there is no name, or no such entry.
+[[nodiscard]] std::optional<qsizetype> indexOfName(const QList<QUrl>& list,
+                                                   const std::optional<QString>& name);
+
 /// One circle through the list from the playlist's index on.
 class SequentialOrder final : public EntryOrder {
 public:

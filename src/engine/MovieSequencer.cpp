@@ -1,7 +1,9 @@
 #include "engine/MovieSequencer.h"
 
+#include "engine/BagOrder.h"
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
+#include "settings/SettingsStore.h"
 
 #include <QSet>
 
@@ -39,11 +41,18 @@ void MovieSequencer::takeNews(const QList<QUrl>& before)
     m_randomList.removeIf([&drawn](const QUrl& entry) { return drawn.contains(entry); });
 }
 
+bool MovieSequencer::remembers() const
+{
+    return !m_sources.isPreview && !m_sources.settings.store().leavesNothing();
+}
+
 std::unique_ptr<EntryOrder> MovieSequencer::order(std::optional<int> played,
                                                   const std::optional<QString>& resumed)
 {
     Playlist& playlist = m_sources.playlist;
     if (!m_sources.settings.isRandomMode()) return std::make_unique<SequentialOrder>(playlist, resumed);
+    if (ShuffleRecord* const record = m_sources.shuffle; record != nullptr && remembers())
+        return std::make_unique<BagOrder>(playlist, m_sources.random, *record, resumed, played);
     return std::make_unique<RandomOrder>(playlist, m_sources.random, m_randomList, resumed, played);
 }
 

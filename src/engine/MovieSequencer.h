@@ -33,6 +33,7 @@ public:
     [[nodiscard]] const std::shared_ptr<StillMovie>& cacheMovie() const { return m_entries.cacheMovie(); }
 
 private:
+    [[nodiscard]] bool remembers() const;
     [[nodiscard]] std::unique_ptr<EntryOrder> order(std::optional<int> played,
                                                     const std::optional<QString>& resumed);
 

@@ -38,7 +38,7 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     , m_playlist(m_settings, services.trailers, isPreview, services.folders)
     , m_sequencer({m_settings, m_playlist, services.movies, services.desktop.random(),
                    services.desktop.clock(), isPreview,
-                   [web = services.webEngine] { return web && web->isAvailable(); }})
+                   [web = services.webEngine] { return web && web->isAvailable(); }, services.shuffle})
     , m_geometry(*this, m_settings, services.desktop.random())
     , m_bounce(services.desktop.random())
     , m_fadeOut(services.desktop.timers())

@@ -10,6 +10,7 @@ class LatestTrailers;
 class MovieFolders;
 class MovieLibrary;
 class SettingsStore;
+class ShuffleRecord;
 class SignPictures;
 class WebEngine;
 
@@ -21,9 +22,10 @@ struct SaverServices {
     LatestTrailers& trailers;
     SignPictures& signs;
     BackSaverHost& backSavers;
-    WebEngine* webEngine = nullptr;  ///< null: web content counts as unplayable
+    WebEngine* webEngine = nullptr; ///< null: web content counts as unplayable
     MovieOptions options = {};
-    MovieFolders* folders = nullptr; ///< null: folders among the entries hold nothing
+    MovieFolders* folders = nullptr;  ///< null: folders among the entries hold nothing
+    ShuffleRecord* shuffle = nullptr; ///< of random order that remembers; null for one that does not
 };
 
 } // namespace kestro

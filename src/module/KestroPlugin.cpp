@@ -2,9 +2,11 @@
 
 #include "engine/BackSaverHost.h"
 #include "engine/MySaver.h"
+#include "engine/ShuffleRecord.h"
 #include "platform/base/ConfigurationFile.h"
 #include "platform/base/Paths.h"
 #include "platform/base/Random.h"
+#include "platform/base/StateFolder.h"
 #include "platform/display/desktop/Desktop.h"
 #include "platform/display/desktop/Notifications.h"
 #include "platform/display/gl/OpenGL.h"
@@ -14,6 +16,8 @@
 #include "settings/SettingsStore.h"
 #include "settings/WatchedFolders.h"
 #include "trailers/SharedTrailers.h"
+
+#include <optional>
 
 namespace kestro {
 
@@ -28,6 +32,7 @@ struct Shared {
     SharedTrailers trailers;
     SystemRandom random;
     WatchedFolders folders{random};
+    std::optional<ShuffleRecord> shuffle;
     BackSaverHost backSavers{homeFolder()};
     SignPictures signs{packageLibraries() + QStringLiteral("/Kestro.saver/Contents/Resources")};
 };
@@ -68,11 +73,14 @@ std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QStr
     if (!isScreenSaverView(className)) return nullptr;
     auto& common = shared();
     common.movies.setOpenGL(desktop.openGL());
+    const MovieOptions options = movieOptionsFrom(ConfigurationFile::ofUser());
+    if (options.remembersShuffle && !common.shuffle && !isPreview)
+        common.shuffle.emplace(stateFolder() + QStringLiteral("/shuffle"));
     stopThreadsAtTheEnd(desktop.notifications());
-    return MySaver::initWithFrameIsPreview(
-        frame, isPreview,
-        {desktop, common.movies, common.store, common.trailers, common.signs, common.backSavers, &common.web,
-         movieOptionsFrom(ConfigurationFile::ofUser()), &common.folders});
+    return MySaver::initWithFrameIsPreview(frame, isPreview,
+                                           {desktop, common.movies, common.store, common.trailers,
+                                            common.signs, common.backSavers, &common.web, options,
+                                            &common.folders, common.shuffle ? &*common.shuffle : nullptr});
 }
 
 } // namespace kestro

@@ -13,6 +13,7 @@ constexpr double secondsPerMinute = 60;
 const QString section = QStringLiteral("movies");
 const QString dissolveKey = QStringLiteral("dissolve");
 const QString longestKey = QStringLiteral("longest");
+const QString shuffleKey = QStringLiteral("shuffle");
 const QString startKey = QStringLiteral("start");
 
 /// A number from 0 to `most`; nothing for any other text.
@@ -31,10 +32,21 @@ std::optional<double> turnIn(const QString& text)
     return minutes ? std::optional(*minutes * secondsPerMinute) : std::nullopt;
 }
 
+/// Whether it is the second of two words; nothing for any other text.
+std::optional<bool> isSecond(const QString& text, const char* first, const char* second)
+{
+    if (text == QLatin1String(second)) return true;
+    return text == QLatin1String(first) ? std::optional(false) : std::nullopt;
+}
+
 std::optional<bool> isAnywhere(const QString& text)
 {
-    if (text == u"random") return true;
-    return text == u"beginning" ? std::optional(false) : std::nullopt;
+    return isSecond(text, "beginning", "random");
+}
+
+std::optional<bool> isBag(const QString& text)
+{
+    return isSecond(text, "random", "bag");
 }
 
 /// Sets `option` to what `read` makes of the value of `key`, where there is one and it makes something of it.
@@ -55,13 +67,14 @@ void take(const ConfigurationFile& file, const QString& key, Value& option,
 MovieOptions movieOptionsFrom(const ConfigurationFile& file)
 {
     MovieOptions options;
-    file.warnAboutUnknown(section, {dissolveKey, longestKey, startKey});
+    file.warnAboutUnknown(section, {dissolveKey, longestKey, shuffleKey, startKey});
     take<double>(
         file, dissolveKey, options.dissolveSeconds,
         [](const QString& text) { return numberIn(text, MovieOptions::longestDissolve); },
         "number of seconds from 0 to 10");
     take<double>(file, longestKey, options.longestSeconds, turnIn,
                  "number of minutes, or of seconds as in 90s, up to a day");
+    take<bool>(file, shuffleKey, options.remembersShuffle, isBag, "\"random\" and not \"bag\"");
     take<bool>(file, startKey, options.startsAnywhere, isAnywhere, "\"beginning\" and not \"random\"");
     return options;
 }

@@ -58,7 +58,7 @@ MySaver& EngineTest::makeSaver(bool isPreview, int screen, Size size)
 
 SaverServices EngineTest::services()
 {
-    return {desktop, movies, store, trailers, signs, backSavers, nullptr, movieOptions, &folders};
+    return {desktop, movies, store, trailers, signs, backSavers, nullptr, movieOptions, &folders, shuffle};
 }
 
 void EngineTest::tick(MySaver& saver, int times)

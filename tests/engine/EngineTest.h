@@ -86,6 +86,7 @@ protected:
     MemoryMovieLibrary movies{clock};
     TrailersDouble trailers;
     FoldersDouble folders;
+    ShuffleRecord* shuffle = nullptr; ///< of the savers made from then on
     SignPictures signs{QStringLiteral(KESTRO_RESOURCES)};
     BackSaverHost backSavers{home.path()};
     std::vector<QString> log;

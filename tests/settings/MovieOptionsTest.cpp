@@ -44,8 +44,9 @@ TEST(MovieOptions, longest_isInMinutes_orInSeconds)
         const char* text;
         double seconds;
     };
-    for (const Case& c : {Case{"", 0}, Case{"longest=5", 300}, Case{"longest=0.5", 30}, Case{"longest=90s", 90},
-                          Case{"longest=90 s", 90}, Case{"longest=0", 0}, Case{"longest=1440", 86400}})
+    for (const Case& c :
+         {Case{"", 0}, Case{"longest=5", 300}, Case{"longest=0.5", 30}, Case{"longest=90s", 90},
+          Case{"longest=90 s", 90}, Case{"longest=0", 0}, Case{"longest=1440", 86400}})
         EXPECT_EQ(optionsOf(c.text).longestSeconds, c.seconds) << c.text;
 }
 
@@ -56,15 +57,22 @@ TEST(MovieOptions, start_isTheBeginning_orSomewhere)
     EXPECT_TRUE(optionsOf("start=random").startsAnywhere);
 }
 
+TEST(MovieOptions, shuffle_isRandom_orABagThatIsRemembered)
+{
+    EXPECT_FALSE(optionsOf("").remembersShuffle);
+    EXPECT_FALSE(optionsOf("shuffle=random").remembersShuffle);
+    EXPECT_TRUE(optionsOf("shuffle=bag").remembersShuffle);
+}
+
 TEST(MovieOptions, whatIsNotUnderstood_isSaid_andCountsAsNotWritten)
 {
     for (const char* text : {"longest=long", "longest=-1", "longest=1441", "longest=86401s", "longest=s",
-                             "longest=5m", "longest=", "start=end", "start="}) {
+                             "longest=5m", "longest=", "start=end", "start=", "shuffle=yes"}) {
         QStringList said;
         const LogCapture capture([&](const QString& line) { said.append(line); });
         const MovieOptions options = optionsOf(text);
         EXPECT_EQ(options.longestSeconds, 0) << text;
-        EXPECT_FALSE(options.startsAnywhere) << text;
+        EXPECT_FALSE(options.startsAnywhere || options.remembersShuffle) << text;
         ASSERT_EQ(said.size(), 1) << text;
         EXPECT_TRUE(said[0].startsWith("conf, line 2: \"")) << text;
     }

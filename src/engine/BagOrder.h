@@ -1,0 +1,47 @@
+#pragma once
+
+#include "engine/EntryOrder.h"
+#include "engine/ShuffleRecord.h"
+
+#include <unordered_set>
+#include <vector>
+
+namespace kestro {
+
+/// Draws among the entries that nobody has seen yet, in whichever run and on whichever monitor, until there
+/// are none: then all are unseen again. What could not be played three runs in a row comes after all others.
+class BagOrder final : public EntryOrder {
+public:
+    /// `record` outlives this. An entry of the name `resumed` is drawn first. `played` is the index of the
+    /// entry that played last, which does not come next while there is any other.
+    BagOrder(Playlist& playlist, Random& random, ShuffleRecord& record, const std::optional<QString>& resumed,
+             std::optional<int> played);
+    ~BagOrder() override;
+
+    [[nodiscard]] std::optional<QUrl> next() override;
+    void pass() override;
+    [[nodiscard]] bool take() override;
+
+private:
+    /// Those of a better one are drawn first.
+    enum Rank : int { Unseen, UnseenHopeless, Seen, SeenHopeless, Played, Tried, ranks };
+
+    [[nodiscard]] ShuffleRecord::Mark mark(qsizetype index) const;
+    [[nodiscard]] Rank rankOf(qsizetype index) const;
+    [[nodiscard]] std::optional<qsizetype> draw();
+    [[nodiscard]] bool claim(ShuffleRecord::Contents& contents, bool isResumed) const;
+    void leave();
+
+    Playlist& m_playlist;
+    Random& m_random;
+    ShuffleRecord& m_record;
+    const QList<QUrl> m_list;
+    std::shared_ptr<const std::vector<ShuffleRecord::Mark>> m_marks; ///< of the list; the record's
+    std::optional<qsizetype> m_resumed;
+    std::optional<int> m_played;
+    std::optional<qsizetype> m_drawn;
+    std::vector<bool> m_isTried;                      ///< in this pick
+    std::unordered_set<ShuffleRecord::Mark> m_passed; ///< in this pick
+};
+
+} // namespace kestro
