@@ -137,7 +137,7 @@ class Keys(SettingsTest):
             wait_until(lambda: self.server.picture().bytes != shown[-1], "another control with the keys")
             self.settle()
             shown.append(self.server.picture().bytes)
-        self.assertEqual(len(shown) - 1, 19)
+        self.assertEqual(len(shown) - 1, 20)
 
 
 if __name__ == "__main__":
