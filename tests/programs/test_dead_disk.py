@@ -9,7 +9,7 @@ import unittest
 
 import deaddisk
 from deaddisk import DeadDisk
-from harness import Home, ProgramTest, movie, url, wait_until
+from harness import BLUE, Home, ProgramTest, movie, url, wait_until
 from settingswindow import TITLE, SettingsTest
 from specialmovies import heavy
 from watching import Watch
@@ -206,6 +206,12 @@ class Sheet(SettingsTest):
         x, y, width, height = self.place(self.sheet)
         self.drop([self.disk.path], x + width // 4, y + height // 3)
 
+    def shows_blue_row(self):
+        """Whether the list has a row with a blue picture at its left."""
+        x, y, _, height = self.place(self.sheet)
+        picture = self.server.picture()
+        return any(picture.is_near(x + 50, y + below, BLUE) for below in range(0, height // 2, 4))
+
     def check_that_ok_stores_and_the_program_ends(self):
         self.press_slowly("alt+s")
         self.press("Return")
@@ -217,7 +223,7 @@ class Sheet(SettingsTest):
     def test_movies_of_a_folder_that_was_dropped_are_added(self):
         self.open_sheet()
         self.drop_folder()
-        self.settle()
+        wait_until(self.shows_blue_row, "the row of the movie")
         self.press("Return")
         wait_until(lambda: self.stored()["FileList"] == [url(movie("red")), self.disk.url("a.mp4")], "the entry")
         self.close_window(self.process)
