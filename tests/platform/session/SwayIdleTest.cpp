@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::chrono::milliseconds span(50);
 
-/// A real compositor, with the older of the protocols, whose person is a tool.
+/// A real compositor, with the protocol of its release, whose person is a tool.
 class SwayIdleTest : public testing::Test {
 protected:
     void SetUp() override
@@ -37,9 +37,9 @@ const QStringList idleActive{QStringLiteral("idle"), QStringLiteral("active")};
 
 } // namespace
 
-TEST_F(SwayIdleTest, source_isKwinIdle_whenThereIsNothingNewer)
+TEST_F(SwayIdleTest, source_speaksTheNewestProtocol_thatTheCompositorHas)
 {
-    EXPECT_EQ(m_source->name(), QStringLiteral("org_kde_kwin_idle"));
+    EXPECT_EQ(m_source->name(), m_sway.idleProtocol());
 }
 
 TEST_F(SwayIdleTest, source_tellsActive_whenAKeyIsPressed)

@@ -56,6 +56,14 @@ SwaySession::~SwaySession()
     m_process.waitForFinished();
 }
 
+QString SwaySession::idleProtocol() const
+{
+    const auto connection = WaylandConnection::open(m_display);
+    if (!connection) return {};
+    if (connection->find("ext_idle_notifier_v1")) return QStringLiteral("ext-idle-notify-v1");
+    return connection->find("org_kde_kwin_idle") ? QStringLiteral("org_kde_kwin_idle") : QString();
+}
+
 bool SwaySession::press() const
 {
     QProcess tool;

@@ -17,6 +17,8 @@ public:
 
     /// As WAYLAND_DISPLAY has it; empty when it did not come up.
     [[nodiscard]] const QByteArray& display() const { return m_display; }
+    /// The protocol by which it can tell of idle seats; of two the newer one, which sway has since 1.8.
+    [[nodiscard]] QString idleProtocol() const;
     /// The person presses a key, on a keyboard that is there for as long; whether that could be done.
     [[nodiscard]] bool press() const;
     /// Ends it as a crash would.
