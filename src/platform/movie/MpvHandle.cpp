@@ -23,6 +23,15 @@ std::unique_ptr<MpvHandle> MpvHandle::create(const Options& options, std::shared
     return handle;
 }
 
+/// mpv's own scripts take a thread each and have nothing to do here. Every release has others, and refuses
+/// the names that it does not know.
+static void leaveScriptsOut(mpv_handle* handle)
+{
+    for (const char* script : {"load-stats-overlay", "load-osd-console", "load-console", "load-auto-profiles",
+                               "load-select", "load-positioning", "load-commands"})
+        mpv_set_option_string(handle, script, "no");
+}
+
 bool MpvHandle::start(const Options& options, std::shared_ptr<OpenGL> openGL)
 {
     setlocale(LC_NUMERIC,
@@ -35,6 +44,7 @@ bool MpvHandle::start(const Options& options, std::shared_ptr<OpenGL> openGL)
             logLine(
                 QStringLiteral("mpv does not take %1=%2").arg(QLatin1String(name), QString::fromUtf8(value)));
     }
+    leaveScriptsOut(m_handle);
     if (mpv_initialize(m_handle) < 0) return false;
     if (openGL) startOpenGL(std::move(openGL));
     return m_renderer || startSoftware();

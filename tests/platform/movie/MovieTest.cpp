@@ -7,6 +7,7 @@
 #include "platform/movie/QTMovie.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <gtest/gtest.h>
 #include <vector>
@@ -85,6 +86,17 @@ int threadCount()
 {
     const QDir threads(QStringLiteral("/proc/self/task"));
     return static_cast<int>(threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
+}
+
+QStringList threadNames()
+{
+    QStringList names;
+    const QDir threads(QStringLiteral("/proc/self/task"));
+    for (const QString& thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile name(threads.filePath(thread + QStringLiteral("/comm")));
+        if (name.open(QIODevice::ReadOnly)) names.append(QString::fromUtf8(name.readAll()).trimmed());
+    }
+    return names;
 }
 
 bool watch(QTMovie& movie, std::vector<int>& numbers, const std::function<bool()>& done)

@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QImage>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <functional>
@@ -35,6 +36,9 @@ class QTMovie;
 
 /// Threads of this process.
 [[nodiscard]] int threadCount();
+
+/// What they are called; without those that end while they are looked at.
+[[nodiscard]] QStringList threadNames();
 
 /// Reads the newest number as the movie plays, each time it changes, until `done`; answers whether it came to
 /// be.

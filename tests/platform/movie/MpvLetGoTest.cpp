@@ -31,7 +31,7 @@ TEST(MpvLetGo, givesItsThreadsBack)
     const auto movie = openMovie(testMovie("plain.mp4"));
     const int before = threadCount();
     movie->play();
-    EXPECT_GT(threadCount(), before);
+    EXPECT_TRUE(waitUntil([before] { return threadCount() > before; }));
     movie->letGo();
     EXPECT_TRUE(waitUntil([before] { return threadCount() <= before; }));
 }

@@ -54,6 +54,16 @@ TEST(MpvMovie, takesNoPlayer_untilItIsPlayed)
     EXPECT_TRUE(waitUntil([lying] { return threadCount() > lying; }));
 }
 
+TEST(MpvMovie, runsNoScripts_whenItPlays)
+{
+    const auto movie = openMovie(testMovie("plain.mp4"));
+    movie->play();
+    ASSERT_TRUE(waitUntil([&] { return numberIn(drawn(*movie)) >= 1; }));
+    const QStringList names = threadNames();
+    EXPECT_FALSE(names.filter(QStringLiteral("demux")).isEmpty()) << "the player's threads have names";
+    EXPECT_EQ(names.filter(QStringLiteral("lua")), QStringList());
+}
+
 TEST(MpvMovie, drawsNothing_untilThereIsAPicture)
 {
     const auto movie = openMovie(testMovie("plain.mp4"));
