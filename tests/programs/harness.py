@@ -141,6 +141,12 @@ def thread_names(number):
     return names
 
 
+def player_threads(number):
+    """The names of the threads that libmpv has in a process. Up to 0.36 each begins with its own."""
+    newer = ("core", "demux", "vo", "worker")
+    return [name for name in thread_names(number) if name.startswith("mpv") or name in newer]
+
+
 class ProgramTest(unittest.TestCase):
     """A test with a home and an output folder of its own."""
 

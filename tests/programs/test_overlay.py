@@ -6,7 +6,7 @@ import re
 import signal
 import unittest
 
-from harness import BLUE, RED, ProgramTest, movie, thread_names, wait_until
+from harness import BLUE, RED, ProgramTest, movie, player_threads, wait_until
 from inputclient import InputClient
 from wayland import Listening, OddCompositor, Pointer, Session
 from xserver import XServer
@@ -217,7 +217,7 @@ class OddCompositors(OverlayTest):
     @staticmethod
     def plays(process):
         """Whether it has a movie's player."""
-        return any(name.startswith("mpv") for name in thread_names(process.pid))
+        return bool(player_threads(process.pid))
 
     def shown(self):
         return [line for line in self.compositor.lines() if line.startswith("shown")]

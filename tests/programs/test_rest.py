@@ -8,7 +8,7 @@ import unittest
 
 from background import FLY, commands_of, savers_of
 from bus import Bus
-from harness import BLACK, BOUND, end_process, movie, thread_names, wait_until
+from harness import BLACK, BOUND, end_process, movie, player_threads, wait_until
 from inputclient import InputClient
 from sessiontest import SCREEN, Session
 from test_given_window import GivenWindow
@@ -23,11 +23,6 @@ def tree_of(process):
         for child in (task / "children").read_text().split():
             found += tree_of(int(child))
     return found
-
-
-def decoders_of(process):
-    """The threads that read and decode movies, by their names."""
-    return [name for name in thread_names(process) if name.startswith("mpv")]
 
 
 class Rest(Session):
@@ -49,9 +44,9 @@ class Rest(Session):
 class StopAfter(Rest):
     def test_it_is_black_and_nothing_decodes_when_its_time_is_over(self):
         process = self.showing("--stop-after", "4s")
-        self.assertNotEqual(decoders_of(process.pid), [])
+        self.assertNotEqual(player_threads(process.pid), [])
         self.await_black()
-        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+        wait_until(lambda: not player_threads(process.pid), "the decoders to go")
         self.assertEqual(tree_of(process.pid), [process.pid])
 
     def test_a_key_ends_it_while_it_is_black_and_the_movie_goes_on_there_next_time(self):
@@ -82,7 +77,7 @@ class StopAfter(Rest):
         wait_until(lambda: "fuzzyflakes" in commands_of(tree_of(process.pid)), "the saver behind")
         self.await_black()
         wait_until(lambda: tree_of(process.pid) == [process.pid], "every other process to end")
-        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+        wait_until(lambda: not player_threads(process.pid), "the decoders to go")
 
 
 class Power(Rest):
@@ -119,20 +114,20 @@ class Power(Rest):
         self.assertTrue(self.tell(True))
         wait_until(lambda: "one picture stands for the movie" in self.log(), "the word")
         wait_until(lambda: (box := self.box()) and box[2] <= SCREEN[0] // 2 and box[3] <= SCREEN[1] // 2, "the picture")
-        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+        wait_until(lambda: not player_threads(process.pid), "the decoders to go")
         before = self.box()[:2]
         wait_until(lambda: self.box()[:2] != before, "the picture to move")
-        self.assertEqual(decoders_of(process.pid), [])
+        self.assertEqual(player_threads(process.pid), [])
         self.assertTrue(self.tell(False))
         wait_until(self.is_red, "the movie again")
-        self.assertNotEqual(decoders_of(process.pid), [])
+        self.assertNotEqual(player_threads(process.pid), [])
 
     def test_it_is_black_for_as_long_as_there_is_no_plug(self):
         self.choose("off")
         process = self.showing()
         self.assertTrue(self.tell(True))
         wait_until(lambda: self.server.picture().is_blank(), "a black screen")
-        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+        wait_until(lambda: not player_threads(process.pid), "the decoders to go")
         self.assertTrue(self.tell(False))
         wait_until(self.is_red, "the movie again")
 
@@ -143,7 +138,7 @@ class Power(Rest):
             process = self.start_kestro(stderr=log, DISPLAY=self.server.display)
         wait_until(lambda: "one picture stands for the movie" in self.log(), "the word")
         wait_until(lambda: (box := self.box()) and box[2] <= SCREEN[0] // 2, "the picture")
-        wait_until(lambda: not decoders_of(process.pid), "the decoders to go")
+        wait_until(lambda: not player_threads(process.pid), "the decoders to go")
 
     def test_a_bus_that_hangs_holds_nothing_up(self):
         self.choose("still")

@@ -4,7 +4,7 @@ import functools
 import subprocess
 import unittest
 
-from harness import BLACK, BLUE, BOUND, RED, ProgramTest, Rendering, movie_folder, thread_names, wait_until
+from harness import BLACK, BLUE, BOUND, RED, ProgramTest, Rendering, movie_folder, player_threads, thread_names, wait_until
 from test_given_window import GivenWindow
 from test_monitors import Desk, Monitor
 from wayland import Session
@@ -36,7 +36,8 @@ def pattern():
 
 def decoders_of(process):
     """The names of its threads that read and decode movies."""
-    return sorted(name for name in thread_names(process.pid) if name.startswith("mpv") or name.startswith("av:"))
+    decoders = [name for name in thread_names(process.pid) if name.startswith("av:")]
+    return sorted(player_threads(process.pid) + decoders)
 
 
 def part_of(picture, left, width):
