@@ -1,4 +1,5 @@
 #include "config_ui/RQTableViewRowMoveFixture.h"
+#include "support/WaitUntil.h"
 
 namespace kestro {
 
@@ -238,12 +239,15 @@ TEST_F(RowMoveTest, move_endsWithoutADrop_whenEscapeIsPressed)
 
 TEST_F(RowMoveTest, move_endsWithoutADrop_whenTheWindowLosesTheKeys)
 {
-    QApplication::setActiveWindow(&m_table);
+    m_table.activateWindow();
+    ASSERT_TRUE(waitUntil([this] { return m_table.isActiveWindow(); }));
     press(onRow(0));
     drag(onRow(2));
     ASSERT_TRUE(m_table.isMovingRow());
-    QApplication::setActiveWindow(nullptr);
-    EXPECT_FALSE(m_table.isMovingRow());
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    EXPECT_TRUE(waitUntil([this] { return !m_table.isMovingRow(); }));
     release(onRow(2));
     EXPECT_EQ(m_deposits, none);
 }
