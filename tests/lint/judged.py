@@ -13,7 +13,9 @@ import tempfile
 import lint
 
 # Identifiers, names and words of ffmpeg that look like slips.
-KNOWN_WORDS = "alledges,alls,atleast,colourfull,nce,renderd,ser,setts,strat"
+KNOWN_WORDS = "alledges,alls,atleast,caf,colourfull,fadin,nce,renderd,ser,setts,strat"
+FOREIGN_LINES = r".*(\[\w+\]=|xml:lang=).*"
+IDENTIFIERS = r"\b\w*[a-z][A-Z]\w*"
 SPELLED = (".cpp", ".h", ".py", ".md", ".1", ".5", ".txt", ".cmake", ".xml", ".in", ".ui", ".desktop", ".html", ".js")
 SHELL = re.compile(r"#!.*\b(ba)?sh\b")
 
@@ -22,7 +24,7 @@ JUDGES = {
     "desktop file": ["desktop-file-validate"],
     "metainfo": ["appstreamcli", "validate", "--no-net", "--no-color"],
     "script": ["shellcheck"],
-    "spelling": ["codespell", "--ignore-words-list=" + KNOWN_WORDS, r"--ignore-regex=.*(\[\w+\]=|xml:lang=).*"],
+    "spelling": ["codespell", "--ignore-words-list=" + KNOWN_WORDS, f"--ignore-regex={FOREIGN_LINES}|{IDENTIFIERS}"],
 }
 
 
