@@ -31,6 +31,8 @@ endif()
 # The number of the interface for savers of other makers, which the libraries that they link to bear.
 file(STRINGS ${PROJECT_SOURCE_DIR}/src/platform/saver/SaverPlugin.h KESTRO_SAVER_INTERFACE REGEX "^#define KestroSaverPlugin_iid ")
 string(REGEX REPLACE ".*/([0-9]+)\"$" "\\1" KESTRO_SAVER_INTERFACE "${KESTRO_SAVER_INTERFACE}")
+include(SdkSymbols)
+kestro_sdk_symbols(KESTRO_SDK_SYMBOLS)
 
 # kestro_library(NAME [STATIC|SDK] SOURCES a.cpp … [LINK lib …] [LINK_PRIVATE lib …])
 # One library per folder of src/, shared: a host and a saver bundle in one process then have one copy of each. STATIC is for
@@ -46,7 +48,8 @@ function(kestro_library name)
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE ${ARG_LINK_PRIVATE})
     if(ARG_SDK)
-        set_target_properties(${name} PROPERTIES SOVERSION ${KESTRO_SAVER_INTERFACE})
+        set_target_properties(${name} PROPERTIES SOVERSION ${KESTRO_SAVER_INTERFACE} LINK_DEPENDS ${KESTRO_SDK_SYMBOLS})
+        target_link_options(${name} PRIVATE LINKER:--version-script=${KESTRO_SDK_SYMBOLS})
     endif()
     if(NOT ARG_STATIC)
         set_target_properties(${name} PROPERTIES OUTPUT_NAME kestro-${name})

@@ -4,6 +4,7 @@ usage: third_party_saver.py CMAKE BUILD ROOT DRAWER
 """
 
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -59,6 +60,17 @@ class ThirdPartySaver(unittest.TestCase):
         library = os.path.join(self.holder.name, "middle.so")
         run("c++", "-std=c++20", "-fPIC", "-shared", "-Wl,--no-undefined", source, "-o", library, *how)
         self.assertIn("libkestro-saver.so", run("readelf", "-d", library))
+
+    def test_saver_linksToWhatTheHeadersDeclare_andNothingElseOfOurs(self):
+        names = run("readelf", "--dyn-syms", "--wide", os.path.join(self.bundle, "Contents/Linux/DriftingDots.so"))
+        versions = set(re.findall(r" UND \S+@(KESTRO_\w+)", names))
+        self.assertEqual(versions, {"KESTRO_1"})
+
+    def test_libraries_tellWhatTheHeadersDeclareFromWhatIsTheirOwn(self):
+        listed = run("nm", "--dynamic", "--with-symbol-versions", "--demangle",
+                     os.path.join(self.prefix, "lib/kestro/libkestro-base.so.1"))
+        self.assertRegex(listed, r"T kestro::logLine\(QString const&\)@@KESTRO_1\n")
+        self.assertRegex(listed, r"T kestro::replaceFile\(.*\)@@KESTRO_PRIVATE\n")
 
     def test_headers_areThoseOfTheSource_whenInstalled(self):
         installed = os.path.join(self.prefix, "include/kestro")
