@@ -14,11 +14,12 @@ namespace kestro {
 class MovieSearch final {
 public:
     enum class Purpose {
-        Start,   ///< the first movie of a saver
-        Restart, ///< the first with new settings
-        Next,    ///< the one after a movie that ended
-        Replace, ///< the one after a movie that broke off
-        Retry,   ///< anything, after a search that found nothing
+        Start,    ///< the first movie of a saver
+        Restart,  ///< the first with new settings
+        Next,     ///< the one after a movie that ended
+        Previous, ///< one that was shown before
+        Replace,  ///< the one after a movie that broke off
+        Retry,    ///< anything, after a search that found nothing
     };
     using MakeFirst = std::function<std::unique_ptr<PlayableSearch>()>;
     using MakePick = std::function<std::unique_ptr<MoviePick>()>;

@@ -1,6 +1,7 @@
 #include "engine/MovieSequencer.h"
 
 #include "engine/BagOrder.h"
+#include "engine/MovieSteps.h"
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
 #include "settings/SettingsStore.h"
@@ -23,6 +24,13 @@ std::unique_ptr<MoviePick> MovieSequencer::newNextMovie(std::optional<int> playe
 {
     m_entries.beginPick();
     return std::make_unique<MoviePick>(order(played, resumed), m_entries, std::move(options));
+}
+
+std::unique_ptr<MoviePick> MovieSequencer::previousMovie(MovieSteps& steps, MoviePick::Options options)
+{
+    m_entries.beginPick();
+    return std::make_unique<MoviePick>(steps.wayBack(m_sources.playlist, !m_sources.settings.isRandomMode()),
+                                       m_entries, std::move(options));
 }
 
 // The bag holds what is left of the list, in its order.

@@ -11,6 +11,8 @@
 
 namespace kestro {
 
+class MovieSteps;
+
 /// Decides which entry of the playlist plays next: in order or at random, from where the last run stopped,
 /// past what cannot be opened. Owned by the engine, one per view. Main thread.
 class MovieSequencer final {
@@ -23,6 +25,8 @@ public:
     [[nodiscard]] std::unique_ptr<MoviePick> newNextMovie(std::optional<int> played,
                                                           const std::optional<QString>& resumed,
                                                           MoviePick::Options options);
+    /// A pick of one that was shown before, likewise; `steps` outlives it.
+    [[nodiscard]] std::unique_ptr<MoviePick> previousMovie(MovieSteps& steps, MoviePick::Options options);
 
     /// The playlist holds something else than `before`, in the middle of a cycle: what was drawn in it is
     /// not drawn again before the next one. No pick is under way.

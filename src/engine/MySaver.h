@@ -8,6 +8,7 @@
 #include "engine/MovieGeometry.h"
 #include "engine/MovieSearch.h"
 #include "engine/MovieSequencer.h"
+#include "engine/MovieSteps.h"
 #include "engine/MovieTurn.h"
 #include "engine/PiggyBack.h"
 #include "engine/RestState.h"
@@ -58,6 +59,7 @@ public:
     void resetMovie() override;
 
     void rest(Rest how) override;
+    void changeMovie(MovieStep step) override;
     [[nodiscard]] SaverSnapshot snapshot() const override;
     [[nodiscard]] ConfigurableSaver* options() override { return this; }
 
@@ -158,6 +160,7 @@ private:
     [[nodiscard]] double secondsToSwitch(double most);
     [[nodiscard]] double secondsToFade();
     [[nodiscard]] double secondsToFly() const;
+    [[nodiscard]] Picture pictureLeft();
     void queueImageThread();
     void afterImageEffect();
     void queueImageNoThread();
@@ -181,6 +184,7 @@ private:
     ResumePoint m_resumePoint;
     MovieTurn m_turn;
     RetrySchedule m_retries;
+    MovieSteps m_steps;
     std::unique_ptr<MovieFrame> m_movieView;
     std::unique_ptr<MovieSearch> m_search; ///< null while nothing is looked for
     std::optional<double> m_endOfLoneLoop; ///< nothing where it goes on for ever

@@ -140,6 +140,13 @@ double MySaver::secondsToFly() const
     return (std::floor(std::fmax(left, 0) / tick + roundingSlack) + 1) * tick;
 }
 
+// Nobody could ask ahead for the still where a person has it go: what shows is taken then.
+Picture MySaver::pictureLeft()
+{
+    if (m_steps.isAsked()) return m_movieView->picture(m_movieView->frame().size, 1);
+    return m_stillAhead.take(pictureIn(0));
+}
+
 // One still at a time: while another is being taken, this one is left out.
 void MySaver::queueImageThread()
 {
@@ -157,15 +164,14 @@ void MySaver::afterImageEffect()
 {
     if (!m_fadeOut.isReady()) return;
     const Rect place = m_movieView->frame().movedBy(m_geometry.screenFrame().origin);
-    m_fadeOut.leaveBehind(m_stillAhead.take(pictureIn(0)), place);
+    m_fadeOut.leaveBehind(pictureLeft(), place);
 }
 
 // The last still of a movie that is about to be replaced. Its place is the window's on the desk, taken as it
 // is.
 void MySaver::queueImageNoThread()
 {
-    const Picture still = m_stillAhead.take(pictureIn(0));
-    if (!m_trail.queueImageNoThread(still, m_movieView->frame().origin)) return;
+    if (!m_trail.queueImageNoThread(pictureLeft(), m_movieView->frame().origin)) return;
     display();
     if (window()) window()->flushWindow();
 }

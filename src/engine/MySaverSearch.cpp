@@ -13,6 +13,16 @@ namespace kestro {
 
 using Purpose = MovieSearch::Purpose;
 
+namespace {
+
+QUrl addressOf(const MovieContent& content)
+{
+    const auto* const movie = std::get_if<std::shared_ptr<QTMovie>>(&content);
+    return movie ? (*movie)->url() : std::get<QUrl>(content);
+}
+
+} // namespace
+
 void MySaver::beginSearch(Purpose purpose)
 {
     auto& entries = m_sequencer.entries();
@@ -35,10 +45,12 @@ std::unique_ptr<PlayableSearch> MySaver::playableSearch()
 // While the sign shows it stays until a movie is there to take its place.
 std::unique_ptr<MoviePick> MySaver::newPick(Purpose purpose)
 {
+    const MoviePick::Options options{.waitsForServers = purpose == Purpose::Retry,
+                                     .wake = [this] { advanceSearch(); }};
+    if (purpose == Purpose::Previous) return m_sequencer.previousMovie(m_steps, options);
     const int played = m_played.value_or(m_playlist.curIdx());
-    return m_sequencer.newNextMovie(
-        m_saverInited ? std::optional(played) : std::nullopt, m_resumePoint.movieName(),
-        {.waitsForServers = purpose == Purpose::Retry, .wake = [this] { advanceSearch(); }});
+    return m_sequencer.newNextMovie(m_saverInited ? std::optional(played) : std::nullopt,
+                                    m_resumePoint.movieName(), options);
 }
 
 void MySaver::advanceSearch()
@@ -48,17 +60,17 @@ void MySaver::advanceSearch()
     const auto state = m_search->step();
     if (state == MoviePick::State::Searching) return;
     const auto search = std::move(m_search);
-    if (state == MoviePick::State::Found && _resetMovie(search->takeContent()))
-        found(search->purpose());
-    else
-        foundNothing(search->purpose());
+    const MovieContent content = search->takeContent();
+    if (state != MoviePick::State::Found || !_resetMovie(content)) return foundNothing(search->purpose());
+    m_steps.shows(addressOf(content));
+    found(search->purpose());
 }
 
 void MySaver::found(Purpose purpose)
 {
     m_saverInited = true;
     setAnimationTimeInterval(movieInterval);
-    if (purpose == Purpose::Next || purpose == Purpose::Replace)
+    if (purpose == Purpose::Next || purpose == Purpose::Previous || purpose == Purpose::Replace)
         loopWhatIsAlone();
     else
         beginAnew();
@@ -78,6 +90,8 @@ void MySaver::foundNothing(Purpose purpose)
     switch (purpose) {
     case Purpose::Next:
         loopWhatIsAlone();
+        return startMovie();
+    case Purpose::Previous:
         return startMovie();
     case Purpose::Start:
         dropMovieFrame();

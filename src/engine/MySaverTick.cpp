@@ -103,10 +103,18 @@ bool MySaver::isTimeToFly()
     return true;
 }
 
-// It has played long enough, and there is another one to play.
+// What it does is done by the next tick.
+void MySaver::changeMovie(MovieStep step)
+{
+    const bool isPlayed = m_movieView && !m_search && m_rest.how == Rest::None;
+    if (isPlayed && m_playlist.fileList().size() > 1) m_steps.ask(step);
+}
+
+// It has played long enough, and there is another one to play, or that one is asked for.
 bool MySaver::isTurnOver()
 {
-    if (!m_turn.isOver() || m_playlist.fileList().size() < 2) return false;
+    const bool isOver = m_turn.isOver() && m_playlist.fileList().size() > 1;
+    if (!isOver && !m_steps.isAsked()) return false;
     m_turn.renew();
     if (hasEffects()) m_movieView->stop(this);
     return true;
@@ -120,7 +128,9 @@ void MySaver::switchMovie()
     else if (hasEffects() && m_windowMode && m_playlist.fileList().size() > 1)
         queueImageNoThread();
 
-    beginSearch(MovieSearch::Purpose::Next);
+    const auto step = m_steps.take();
+    if (step) applyLoopMode(); // one that was alone need not be
+    beginSearch(step == MovieStep::Previous ? MovieSearch::Purpose::Previous : MovieSearch::Purpose::Next);
 }
 
 void MySaver::move(SignImage& sign)

@@ -37,6 +37,9 @@ enum class Rest {
     Off,   ///< nobody is to see it: nothing moves, and nothing is kept at hand
 };
 
+/// To which movie a saver changes.
+enum class MovieStep { Next, Previous };
+
 /// What a host may do with a saver besides running its view. The view that a bundle makes is this as well
 /// where the bundle has any of it to give; a host runs one that is not, and asks no more of it. Main thread.
 class SaverControl {
@@ -51,6 +54,9 @@ public:
     /// Has it rest like that from now on, until told otherwise; it goes on where it was. Ticks have no effect
     /// while it is held or off.
     virtual void rest(Rest) {}
+    /// Has it change to another movie as if the one that plays had ended. Nothing where it rests, changes
+    /// already, or has no other movie to play; the previous one is the one that it showed before.
+    virtual void changeMovie(MovieStep) {}
     /// What shows now.
     [[nodiscard]] virtual SaverSnapshot snapshot() const { return {}; }
     /// The saver as the sheet that edits its options knows it; null where there are none to edit.
