@@ -48,6 +48,11 @@ public:
         if (onFit) onFit();
     }
     void rest(Rest how) override { m_journal.append(m_name + QStringLiteral(" rest %1").arg(int(how))); }
+    void changeMovie(MovieStep step) override
+    {
+        m_journal.append(m_name +
+                         (step == MovieStep::Next ? QStringLiteral(" next") : QStringLiteral(" previous")));
+    }
     [[nodiscard]] SaverSnapshot snapshot() const override { return shown; }
 
     std::function<void()> onFit;

@@ -23,9 +23,19 @@ struct Command;
 /// last. Needs no display, starts no crawl.
 [[nodiscard]] Command latestCommand();
 
+/// `kestro next`: the saver that runs goes on to the next movie. This and the three like it reach it over the
+/// session's bus, need no display, and fail where no saver listens.
+[[nodiscard]] Command nextCommand();
+
+/// `kestro now [--json]`: prints the title and the URL of the movie that it shows.
+[[nodiscard]] Command nowCommand();
+
 /// `kestro playlist [--expanded]`: prints the playlist, one absolute URL a line. Needs no display, starts no
 /// crawl.
 [[nodiscard]] Command playlistCommand();
+
+/// `kestro previous`: it goes back to the movie before.
+[[nodiscard]] Command previousCommand();
 
 /// `kestro publish MOVIES SITE [--base-url URL] [--copy]`: writes a site of trailers from a folder of movies.
 /// Needs no display.
@@ -51,5 +61,8 @@ struct Command;
 
 /// `kestro show-settings`: prints what the settings files come to, as JSON. Needs no display.
 [[nodiscard]] Command showSettingsCommand();
+
+/// `kestro stop`: ends the saver that runs.
+[[nodiscard]] Command stopCommand();
 
 } // namespace kestro

@@ -6,6 +6,7 @@
 #include "host/session/KestroBundle.h"
 #include "host/session/RestSchedule.h"
 #include "host/session/SaverSession.h"
+#include "host/session/SessionControl.h"
 #include "host/start/Confinement.h"
 #include "host/start/DisplayLoss.h"
 #include "host/start/GuiStart.h"
@@ -131,6 +132,10 @@ int runFullScreen(const RunOptions& options)
     const DisplayLoss lossWatch([&] { leave(session, ExitFailure); });
     RestSchedule rests(desktop.timers(), [&](Rest how) { session.rest(how); });
     const auto power = powerFor(rests, file);
+    const auto control =
+        SessionControl::isWanted(file)
+            ? std::make_unique<SessionControl>(session, [&] { leaveDesktop(session, desktop); })
+            : nullptr;
     session.setWakeHandler([&] { wake(session, desktop); });
     play(session, [&] {
         desktop.showSurfaces();

@@ -1,4 +1,5 @@
 #include "host/doctor/Examinations.h"
+#include "host/session/SessionControl.h"
 #include "idle/IdleOptions.h"
 #include "idle/PowerOptions.h"
 #include "idle/ScreensOptions.h"
@@ -61,6 +62,7 @@ void readConfiguration()
     (void)powerRuleFrom(file);
     (void)screenChoiceFrom(file);
     (void)movieOptionsFrom(file);
+    (void)SessionControl::isWanted(file);
     (void)configuredTrailerSite();
 }
 

@@ -82,10 +82,10 @@ void HostedSaver::applyRest()
 {
     const Rest now = restNow();
     m_screen.surface().setWatched(m_rest != Rest::Off);
-    auto* const control = SaverControl::of(*m_view, m_screen);
-    if (control) control->rest(now);
+    auto* const saver = control();
+    if (saver) saver->rest(now);
     drawCurtain();
-    const bool isOwn = control && control == dynamic_cast<SaverControl*>(m_view.get());
+    const bool isOwn = saver && saver == dynamic_cast<SaverControl*>(m_view.get());
     if (now == Rest::None || (now == Rest::Still && isOwn))
         schedule();
     else

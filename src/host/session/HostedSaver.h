@@ -39,6 +39,8 @@ public:
 
     [[nodiscard]] Screen& screen() const { return m_screen; }
     [[nodiscard]] ScreenSaverView& view() const { return *m_view; }
+    /// What may be done with the saver besides; null where it offers nothing.
+    [[nodiscard]] SaverControl* control() const { return SaverControl::of(*m_view, m_screen); }
     /// Ticks that are over: the view's, or those of a saver that runs above the view by itself.
     [[nodiscard]] int ticks() const { return m_ticks; }
 

@@ -57,6 +57,12 @@ void SaverSession::rest(Rest how)
         saver->rest(how);
 }
 
+void SaverSession::changeMovie(MovieStep step)
+{
+    for (const auto& saver : m_savers)
+        if (auto* const control = saver->control()) control->changeMovie(step);
+}
+
 std::shared_ptr<HostedSaver> SaverSession::cover(Screen& screen)
 {
     screen.surface().setInputHandler(

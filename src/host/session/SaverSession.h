@@ -45,6 +45,9 @@ public:
     /// Has every saver rest like that from now on, those too that screens get later.
     void rest(Rest how);
 
+    /// Has every saver change to another movie, as far as each can.
+    void changeMovie(MovieStep step);
+
     /// First screen first.
     [[nodiscard]] const std::vector<std::shared_ptr<HostedSaver>>& savers() const { return m_savers; }
 

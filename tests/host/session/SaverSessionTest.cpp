@@ -40,6 +40,15 @@ TEST_F(SaverSessionTest, start_makesAViewOfEachScreensSize_whenCalled)
     EXPECT_EQ(desk.savers[1]->frame(), (Rect{{0, 0}, FakeDesk::right.size}));
 }
 
+TEST_F(SaverSessionTest, changeMovie_reachesTheSaverOfEveryScreen)
+{
+    session.start();
+    session.changeMovie(MovieStep::Next);
+    session.changeMovie(MovieStep::Previous);
+    for (const char* what : {"a next", "b next", "a previous", "b previous"})
+        EXPECT_EQ(desk.count(QString::fromLatin1(what)), 1) << what;
+}
+
 TEST_F(SaverSessionTest, start_coversEveryScreenBeforeAnyViewStarts_whenCalled)
 {
     std::size_t covered = 0;
