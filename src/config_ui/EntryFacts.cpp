@@ -1,5 +1,6 @@
 #include "config_ui/EntryFacts.h"
 
+#include "platform/base/FileLook.h"
 #include "platform/base/FileURL.h"
 #include "platform/base/MovieFolder.h"
 #include "platform/movie/MovieProbe.h"
@@ -18,14 +19,22 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds longestLookAtServer{8000};
 constexpr milliseconds longestLookAtFolder{10'000};
+constexpr milliseconds longestLookAtDisk{10'000}; ///< which may have to spin up
 constexpr milliseconds longestForPicture{5000};
 
 /// Where in a movie its picture is taken: many begin in black.
 constexpr double pictureAt = 0.25;
 
+// A thread that waits for a disk would hold up the end of the process.
+Result<MovieFacts, MovieFault> probeFile(const QString& path, const std::stop_token& stop)
+{
+    if (isFileThere(path, longestLookAtDisk, stop).has_value()) return probeMovie(path, stop);
+    return MovieFault{MovieFault::Kind::NoAnswer};
+}
+
 Result<MovieFacts, MovieFault> probe(const QUrl& url, const std::stop_token& stop)
 {
-    if (const auto path = localPath(url)) return probeMovie(*path, stop);
+    if (const auto path = localPath(url)) return probeFile(*path, stop);
     if (url.isLocalFile()) return MovieFault{MovieFault::Kind::NoFile}; // of another machine
     if (url.scheme().startsWith(u"http")) return probeRemoteMovie(url, longestLookAtServer, stop);
     return MovieFault{MovieFault::Kind::OtherScheme};

@@ -2,7 +2,6 @@
 
 #include "config_ui/ConfigModel.h"
 #include "config_ui/StarterRow.h"
-#include "platform/base/FileLook.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -18,23 +17,12 @@ namespace {
 /// Movies that are looked into for a picture of all of them: the first may be broken, or have none.
 constexpr qsizetype mostLooks = 5;
 
-constexpr std::chrono::seconds patience{1}; ///< with the disk of a movie
-
-/// Nobody has asked for a picture of what is offered: a disk that does not answer must not hold up the end.
-ProbeWorker::Read onceDiskAnswers(const ProbeWorker::Read& read)
-{
-    return [read](const QUrl& url, const std::stop_token& stop) {
-        if (isFileThere(url.toLocalFile(), patience)) return read(url, stop);
-        return EntryFacts{.seconds = 0, .picture = {}, .fault = MovieFault{MovieFault::Kind::NoAnswer}};
-    };
-}
-
 } // namespace
 
 StarterPane::StarterPane(ConfigModel& model, const ProbeWorker::Read& read, QWidget* parent)
     : QScrollArea(parent)
     , m_model(model)
-    , m_reader(onceDiskAnswers(read))
+    , m_reader(read)
     , m_movies([this](Kind kind, const QStringList& files) { take(kind, files); })
 {
     setObjectName(QStringLiteral("starterPane"));

@@ -115,8 +115,8 @@ class Running(XscreensaverTest):
         self.assertNoCrash(daemon)
 
     def test_a_cycle_stores_the_resume_point_and_the_next_run_begins_there(self):
-        names = [self.user.takes(movie(f"part-{colour}", colour, seconds=3)) for colour in ("red", "green", "blue")]
-        self.play(*names)
+        lengths = {"red": 3, "green": 30, "blue": 30}
+        self.play(*(self.user.takes(movie(f"part-{colour}", colour, seconds=length)) for colour, length in lengths.items()))
         daemon = self.showing()
         wait_until(lambda: self.both_show(COLOURS["green"]), "the second movie")
         before = self.processes()

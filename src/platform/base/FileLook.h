@@ -3,6 +3,8 @@
 #include <QString>
 
 #include <chrono>
+#include <optional>
+#include <stop_token>
 
 namespace kestro {
 
@@ -14,5 +16,9 @@ namespace kestro {
 /// The same for who cannot wait longer than `longest`: no, where the disk has not answered by then. Any
 /// thread; the process that asks the disk is left to itself.
 [[nodiscard]] bool isFileThere(const QString& path, std::chrono::milliseconds longest);
+
+/// The same for who may be told to stop: nothing where the disk has not answered by then, or after `longest`.
+[[nodiscard]] std::optional<bool> isFileThere(const QString& path, std::chrono::milliseconds longest,
+                                              const std::stop_token& stop);
 
 } // namespace kestro

@@ -35,6 +35,17 @@ TEST(FileLook, isFileThere_answersWithinABoundAsWithoutOne)
     EXPECT_FALSE(isFileThere(folder.filePath(QStringLiteral("missing")), std::chrono::minutes(3)));
 }
 
+TEST(FileLook, isFileThere_saysNothing_whenItIsToldToStop)
+{
+    const QTemporaryDir folder;
+    std::stop_source stop;
+    constexpr std::chrono::minutes bound(3);
+    EXPECT_EQ(isFileThere(folder.path(), bound, stop.get_token()), true);
+    EXPECT_EQ(isFileThere(folder.filePath(QStringLiteral("missing")), bound, stop.get_token()), false);
+    stop.request_stop();
+    EXPECT_EQ(isFileThere(folder.path(), bound, stop.get_token()), std::nullopt);
+}
+
 TEST(FileLook, isFileThere_leavesNoProcess)
 {
     const auto children = [] {
