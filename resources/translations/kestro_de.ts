@@ -63,6 +63,22 @@
         <source>Folder with %L1 movies, %2</source>
         <translation>Ordner mit %L1 Filmen, %2</translation>
     </message>
+    <message>
+        <source>List, %1</source>
+        <translation>Liste, %1</translation>
+    </message>
+    <message>
+        <source>List without movies, %1</source>
+        <translation>Liste ohne Filme, %1</translation>
+    </message>
+    <message>
+        <source>List with one movie, %1</source>
+        <translation>Liste mit einem Film, %1</translation>
+    </message>
+    <message>
+        <source>List with %L1 movies, %2</source>
+        <translation>Liste mit %L1 Filmen, %2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

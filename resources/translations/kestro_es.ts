@@ -63,6 +63,22 @@
         <source>Folder with %L1 movies, %2</source>
         <translation>Carpeta con %L1 películas, %2</translation>
     </message>
+    <message>
+        <source>List, %1</source>
+        <translation>Lista, %1</translation>
+    </message>
+    <message>
+        <source>List without movies, %1</source>
+        <translation>Lista sin películas, %1</translation>
+    </message>
+    <message>
+        <source>List with one movie, %1</source>
+        <translation>Lista con una película, %1</translation>
+    </message>
+    <message>
+        <source>List with %L1 movies, %2</source>
+        <translation>Lista con %L1 películas, %2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

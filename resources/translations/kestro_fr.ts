@@ -63,6 +63,22 @@
         <source>Folder with %L1 movies, %2</source>
         <translation>Dossier avec %L1 films, %2</translation>
     </message>
+    <message>
+        <source>List, %1</source>
+        <translation>Liste, %1</translation>
+    </message>
+    <message>
+        <source>List without movies, %1</source>
+        <translation>Liste sans film, %1</translation>
+    </message>
+    <message>
+        <source>List with one movie, %1</source>
+        <translation>Liste avec un film, %1</translation>
+    </message>
+    <message>
+        <source>List with %L1 movies, %2</source>
+        <translation>Liste avec %L1 films, %2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

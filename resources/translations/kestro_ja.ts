@@ -63,6 +63,22 @@
         <source>Folder with %L1 movies, %2</source>
         <translation>ムービーが%L1本のフォルダー、%2</translation>
     </message>
+    <message>
+        <source>List, %1</source>
+        <translation>リスト、%1</translation>
+    </message>
+    <message>
+        <source>List without movies, %1</source>
+        <translation>ムービーのないリスト、%1</translation>
+    </message>
+    <message>
+        <source>List with one movie, %1</source>
+        <translation>ムービーが1本のリスト、%1</translation>
+    </message>
+    <message>
+        <source>List with %L1 movies, %2</source>
+        <translation>ムービーが%L1本のリスト、%2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

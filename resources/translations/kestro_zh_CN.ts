@@ -63,6 +63,22 @@
         <source>Folder with %L1 movies, %2</source>
         <translation>有 %L1 部影片的文件夹，%2</translation>
     </message>
+    <message>
+        <source>List, %1</source>
+        <translation>列表，%1</translation>
+    </message>
+    <message>
+        <source>List without movies, %1</source>
+        <translation>没有影片的列表，%1</translation>
+    </message>
+    <message>
+        <source>List with one movie, %1</source>
+        <translation>有一部影片的列表，%1</translation>
+    </message>
+    <message>
+        <source>List with %L1 movies, %2</source>
+        <translation>有 %L1 部影片的列表，%2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>

@@ -8,6 +8,7 @@
 #include "settings/MovieURL.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cmath>
@@ -65,6 +66,7 @@ QString EntryText::detail(const PlaylistEntry& entry, const EntryFacts* facts)
                          : tr("All trailers, each %1 pixels wide").arg(width);
     }
     if (isFolderEntry(url)) return folderDetail(url, facts);
+    if (isListEntry(url)) return listDetail(url, facts);
     if (!isValidURL(url)) return tr("Left out: a web page, no movie");
     if (facts != nullptr && facts->fault) return faultText(url, *facts->fault);
     const auto folder = localPath(url.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash));
@@ -86,6 +88,21 @@ QString EntryText::folderDetail(const QUrl& url, const EntryFacts* facts)
         return tr("Folder with one movie, %1").arg(place);
     default:
         return tr("Folder with %L1 movies, %2").arg(*facts->movies).arg(place);
+    }
+}
+
+QString EntryText::listDetail(const QUrl& url, const EntryFacts* facts)
+{
+    if (facts != nullptr && facts->fault) return faultText(url, *facts->fault);
+    const QString place = QDir::toNativeSeparators(QFileInfo(folderEntry(url)->path).path());
+    if (facts == nullptr || !facts->movies) return tr("List, %1").arg(place);
+    switch (*facts->movies) {
+    case 0:
+        return tr("List without movies, %1").arg(place);
+    case 1:
+        return tr("List with one movie, %1").arg(place);
+    default:
+        return tr("List with %L1 movies, %2").arg(*facts->movies).arg(place);
     }
 }
 

@@ -14,8 +14,8 @@ class EntryText final {
     Q_DECLARE_TR_FUNCTIONS(EntryText)
 
 public:
-    /// Whether the entry is a movie, or a folder, that can be looked into: not web content, not the newest
-    /// trailers, and nothing that is never opened.
+    /// Whether the entry is a movie, or a folder or list, that can be looked into: not web content, not the
+    /// newest trailers, and nothing that is never opened.
     [[nodiscard]] static bool hasMovie(const QUrl& url);
 
     /// The movie's or the folder's own name.
@@ -31,6 +31,7 @@ public:
 
 private:
     [[nodiscard]] static QString folderDetail(const QUrl& url, const EntryFacts* facts);
+    [[nodiscard]] static QString listDetail(const QUrl& url, const EntryFacts* facts);
     [[nodiscard]] static QString faultText(const QUrl& url, const MovieFault& fault);
 };
 

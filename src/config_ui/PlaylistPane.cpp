@@ -117,7 +117,7 @@ std::optional<QString> PlaylistPane::folderOfSelected() const
     const QList<int> rows = selectedRows();
     if (rows.size() != 1) return {};
     const QUrl& url = m_table.entry(rows.first()).url;
-    if (const auto folder = folderEntry(url)) return folder->path;
+    if (const auto folder = folderEntry(url); folder && !folder->isList) return folder->path;
     const auto path = localPath(url);
     return path ? std::optional(QFileInfo(*path).absolutePath()) : std::nullopt;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/base/FileURL.h"
 #include "platform/base/MovieFolder.h"
+#include "settings/ListMovies.h"
 
 #include <QLatin1StringView>
 #include <QUrl>
@@ -33,8 +34,14 @@ bool isFolderEntry(const QUrl& url)
     return url.scheme() == folderScheme;
 }
 
+bool isListEntry(const QUrl& url)
+{
+    return url.isLocalFile() && isCalledAsList(url.path()) && localPath(url);
+}
+
 std::optional<FolderEntry> folderEntry(const QUrl& url)
 {
+    if (isListEntry(url)) return FolderEntry{.path = *localPath(url), .isList = true};
     if (!isFolderEntry(url)) return {};
     QUrl place = url;
     place.setScheme(QStringLiteral("file"));
@@ -51,12 +58,14 @@ MovieFolder movieFolder(const FolderEntry& entry)
 {
     return {.path = entry.path,
             .isRecursive = entry.isRecursive,
-            .isNewestFirst = entry.order == FolderEntry::Order::Newest};
+            .isNewestFirst = entry.order == FolderEntry::Order::Newest,
+            .list = entry.isList ? moviesOfList : nullptr};
 }
 
 QUrl urlOf(const FolderEntry& entry)
 {
     QUrl url = QUrl::fromLocalFile(entry.path);
+    if (entry.isList) return url;
     url.setScheme(folderScheme);
     url.setHost(QStringLiteral("")); // there is one, and it is empty: the path follows three slashes
     QUrlQuery query;

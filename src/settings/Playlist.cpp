@@ -7,6 +7,7 @@
 #include "platform/base/URLKind.h"
 #include "settings/FolderEntry.h"
 #include "settings/LatestTrailers.h"
+#include "settings/ListMovies.h"
 #include "settings/MovieURL.h"
 #include "settings/Settings.h"
 #include "settings/SettingsStore.h"
@@ -98,7 +99,8 @@ void Playlist::followFolders()
     const auto stored = m_settings.value(option::fileList);
     if (stored && m_settings.plistVersion() >= settingsVersion)
         for (const QVariant& entry : *stored)
-            if (const QString text = textOf(entry); text.startsWith(folderPrefix)) entries.append(QUrl(text));
+            if (const QString text = textOf(entry); text.startsWith(folderPrefix) || isCalledAsList(text))
+                entries.append(QUrl(text));
     m_folders.follow(entries, m_settings.canContinue());
 }
 
@@ -159,11 +161,12 @@ QList<Playlist::Entry> Playlist::storedURLs(const QVariantList& stored, bool exp
         const QString text = textOf(entry);
         const QUrl url(text);
         if (!url.isValid() || url.isRelative()) continue;
-        if (!expand || !(isAutomaticEntry(url) || isFolderEntry(url))) {
+        const bool isFolder = isFolderEntry(url) || isListEntry(url);
+        if (!expand || !(isAutomaticEntry(url) || isFolder)) {
             found.append({url, text});
             continue;
         }
-        const QList<QUrl> movies = isFolderEntry(url) ? m_folders.moviesOf(url) : latestTrailers(url);
+        const QList<QUrl> movies = isFolder ? m_folders.moviesOf(url) : latestTrailers(url);
         found.reserve(found.size() + movies.size());
         for (const QUrl& movie : movies)
             found.append({movie, {}});

@@ -25,14 +25,14 @@ extern const QString defalutMovieURL_104;
 class Playlist final {
 public:
     /// `trailers` serves automatic entries. With `isPreview`, and in a run that leaves nothing behind, no
-    /// crawl is ever started. `folders` serves entries that are folders, which hold nothing without it; they
-    /// are followed from now on.
+    /// crawl is ever started. `folders` serves entries that are folders or playlist files, which hold nothing
+    /// without it; they are followed from now on.
     Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview, MovieFolders* folders = nullptr);
 
     /// The stored list as URLs, by the rules of its version; with `expand` each automatic entry is replaced
-    /// by the trailers it stands for now, and the first one starts a crawl in the background; each folder by
-    /// the movies that are known of it. What is beyond Bounds::playlistEntries is left out then. A stored
-    /// string that is no URL is left out.
+    /// by the trailers it stands for now, and the first one starts a crawl in the background; each folder
+    /// and each playlist file by the movies that are known of it. What is beyond Bounds::playlistEntries is
+    /// left out then. A stored string that is no URL is left out.
     [[nodiscard]] QList<QUrl> movieFileList(bool expand);
     /// The same list as absolute URL texts. QUrl writes host names in lower case; an entry that is stored
     /// otherwise keeps its letters here.

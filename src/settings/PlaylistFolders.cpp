@@ -56,11 +56,13 @@ bool PlaylistFolders::isWaiting() const
 
 bool PlaylistFolders::holds(const QUrl& movie) const
 {
-    const auto path = m_followed.empty() ? std::nullopt : localPath(movie);
-    return path && std::any_of(m_followed.begin(), m_followed.end(), [&path](const Folder& each) {
-               const QString& folder = each.entry.path;
-               return path->startsWith(folder.endsWith(u'/') ? folder : folder + u'/');
-           });
+    if (m_followed.empty()) return false;
+    const auto path = localPath(movie);
+    return std::any_of(m_followed.begin(), m_followed.end(), [&](const Folder& each) {
+        if (each.entry.isList) return each.movies->movies().contains(movie);
+        const QString& folder = each.entry.path;
+        return path && path->startsWith(folder.endsWith(u'/') ? folder : folder + u'/');
+    });
 }
 
 } // namespace kestro

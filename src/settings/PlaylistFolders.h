@@ -8,8 +8,8 @@
 
 namespace kestro {
 
-/// The folders among the entries of one playlist: what they hold, and whether that is something else than
-/// when it was asked for last. Owned by the playlist. Main thread.
+/// The folders, and playlist files, among the entries of one playlist: what they hold, and whether that is
+/// something else than when it was asked for last. Owned by the playlist. Main thread.
 class PlaylistFolders final {
 public:
     /// Where `folders` is null, folders hold nothing.
@@ -26,7 +26,7 @@ public:
     [[nodiscard]] bool hasNews() const;
     /// Whether nothing is known of a folder yet.
     [[nodiscard]] bool isWaiting() const;
-    /// Whether this is the file of a movie in a folder.
+    /// Whether this is the file of a movie in a folder, or named in a playlist file.
     [[nodiscard]] bool holds(const QUrl& movie) const;
     /// Has every change told.
     void setWhenNews(std::function<void()> whenNews) { m_whenNews = std::move(whenNews); }

@@ -33,7 +33,7 @@ std::shared_ptr<const FolderMovies> WatchedFolders::begin(const FolderEntry& ent
 {
     auto folder = std::make_shared<WatchedFolder>();
     if (m_followed.size() >= Bounds::watchedFolders) {
-        logLine(QStringLiteral("More than %1 folders are in the playlist: %2 is left out.")
+        logLine(QStringLiteral("More than %1 folders and lists are in the playlist: %2 is left out.")
                     .arg(Bounds::watchedFolders)
                     .arg(entry.path));
         folder->take({}, true);

@@ -10,8 +10,8 @@ namespace kestro {
 
 class Random;
 
-/// Has folders looked at and watched, each by a process of its own, as long as somebody follows them. Owned
-/// by the program; outlives who follows. Main thread, of an application.
+/// Has folders and playlist files looked at and watched, each by a process of its own, as long as somebody
+/// follows them. Owned by the program; outlives who follows. Main thread, of an application.
 class WatchedFolders final : public MovieFolders {
 public:
     /// `random` shuffles folders that are to be shuffled.

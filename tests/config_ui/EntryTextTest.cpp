@@ -93,6 +93,26 @@ TEST(EntryText, detail_saysWhatAFolderHolds)
     EXPECT_TRUE(EntryText::detail(folder, &silent).startsWith("Cannot be opened: "));
 }
 
+TEST(EntryText, detail_saysWhatAListHolds)
+{
+    const PlaylistEntry list = entry("file:///home/ada/My%20Lists/films.m3u");
+    EXPECT_EQ(EntryText::name(list), "films.m3u");
+    EXPECT_EQ(EntryText::detail(list, nullptr), "List, /home/ada/My Lists");
+    struct Case {
+        qsizetype movies;
+        const char* text;
+    };
+    for (const Case& c : {Case{0, "List without movies, /home/ada/My Lists"},
+                          Case{1, "List with one movie, /home/ada/My Lists"},
+                          Case{12, "List with 12 movies, /home/ada/My Lists"}}) {
+        EntryFacts facts;
+        facts.movies = c.movies;
+        EXPECT_EQ(EntryText::detail(list, &facts), c.text);
+        EXPECT_FALSE(EntryText::isFault(list, &facts));
+    }
+    EXPECT_EQ(EntryText::detail(entry("http://example.com/films.m3u8"), nullptr), "example.com");
+}
+
 TEST(EntryText, folderOfAnotherMachine_isAFault)
 {
     const PlaylistEntry folder = entry("folder://server/a");

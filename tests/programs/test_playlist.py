@@ -54,6 +54,20 @@ class Playlist(ProgramTest):
         flat = [url(films / name) for name in ("a.mkv", "b.mov")]
         self.assertEqual(self.lines("--expanded"), flat + flat + [url(films / "in/c.mp4")])
 
+    def test_a_playlist_file_stands_for_what_it_names(self):
+        films = self.home.path / "films"
+        films.mkdir()
+        (films / "a.m3u").write_text("#EXTM3U\r\nb c.mov\r\nhttp://example.com/d.mov\r\n")
+        (films / "e.xspf").write_text(
+            '<playlist xmlns="http://xspf.org/ns/0/"><trackList><track><location>f.mov</location></track></trackList></playlist>'
+        )
+        entries = [url(films / "a.m3u"), url(films / "e.xspf"), url(films / "missing.m3u8")]
+        self.home.play(entries)
+        self.assertEqual(self.lines(), entries)
+        self.assertEqual(
+            self.lines("--expanded"), [url(films / "b c.mov"), "http://example.com/d.mov", url(films / "f.mov")]
+        )
+
     def test_an_automatic_entry_without_a_width_stays_in_the_edited_list(self):
         self.home.play(["auto://LatestTrailers/480"])
         self.assertEqual(self.lines(), ["auto://LatestTrailers/480"])

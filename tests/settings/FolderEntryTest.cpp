@@ -47,4 +47,21 @@ TEST(FolderEntry, urlOf_isWhatFolderEntryReads)
     EXPECT_EQ(urlOf({QStringLiteral("/a")}).toString(), QStringLiteral("folder:///a"));
 }
 
+TEST(FolderEntry, playlistFileOfThisMachine_isAList)
+{
+    const QUrl url(QStringLiteral("file:///home/a%20b/films.M3U8"));
+    EXPECT_TRUE(isListEntry(url));
+    const auto entry = folderEntry(url);
+    ASSERT_TRUE(entry.has_value());
+    EXPECT_EQ(entry->path, QStringLiteral("/home/a b/films.M3U8"));
+    EXPECT_TRUE(entry->isList);
+    EXPECT_EQ(urlOf(*entry), url);
+}
+
+TEST(FolderEntry, listOnTheWebOrAnotherMachine_isNone)
+{
+    for (const char* url : {"http://example.com/a.m3u8", "https://example.com/a.xspf", "file://server/a.m3u"})
+        EXPECT_FALSE(folderEntry(QUrl(QString::fromUtf8(url))).has_value()) << url;
+}
+
 } // namespace kestro

@@ -46,6 +46,19 @@ TEST_F(PlaylistFoldersTest, folder_becomesItsMovies_inItsPlace)
     EXPECT_EQ(playlist().movieFileStrings(false), (QStringList{remote, videosEntry, remote}));
 }
 
+TEST_F(PlaylistFoldersTest, playlistFile_becomesItsMovies_inItsPlace)
+{
+    m_folders.fill(QStringLiteral("/films.m3u"), {"a.mov", "b.mov"});
+    usePlaylist(
+        {remote, QStringLiteral("file:///films.m3u"), QStringLiteral("http://example.com/live.m3u8")});
+    EXPECT_EQ(list(), (QStringList{remote, "file:///films.m3u/a.mov", "file:///films.m3u/b.mov",
+                                   "http://example.com/live.m3u8"}));
+    EXPECT_EQ(m_folders.followed.size(), 1U);
+    EXPECT_EQ(playlist().plistFileList().size(), 3);
+    EXPECT_TRUE(playlist().folders().holds(QUrl(QStringLiteral("file:///films.m3u/b.mov"))));
+    EXPECT_FALSE(playlist().folders().holds(QUrl(QStringLiteral("file:///films.m3u/c.mov"))));
+}
+
 TEST_F(PlaylistFoldersTest, folder_isFollowedFromTheStart_onceForEachWayToLookAtIt)
 {
     usePlaylist({videosEntry, videosEntry, videosEntry + QStringLiteral("?recursive=1"), remote});

@@ -23,6 +23,12 @@ protected:
     {
         EXPECT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
     }
+    static void write(const QString& path, const QByteArray& text)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(text), text.size());
+    }
     [[nodiscard]] FolderEntry entry(FolderEntry::Order order = FolderEntry::Order::Name) const
     {
         return {folder.path(), false, order};
@@ -54,6 +60,37 @@ TEST_F(WatchedFoldersTest, folder_isKnownLater_andStaysUpToDate)
     make("b.mov");
     ASSERT_TRUE(waitUntil([&movies] { return movies->movies().size() == 2; }));
     EXPECT_EQ(movies->revision(), 2);
+}
+
+TEST_F(WatchedFoldersTest, playlistFile_isReadAnew_whenItIsReplaced)
+{
+    const QString list = folder.filePath("films.m3u");
+    write(list, "a.mov\n");
+    const auto movies = folders.follow({.path = list, .isList = true}, false);
+    EXPECT_EQ(movies->revision(), 0);
+    ASSERT_TRUE(isKnown(*movies));
+    EXPECT_EQ(movies->movies(), QList<QUrl>{QUrl::fromLocalFile(folder.filePath("a.mov"))});
+    write(folder.filePath("new"), "b.mov\nc.mov\n");
+    ASSERT_TRUE(QFile::remove(list) && QFile::rename(folder.filePath("new"), list));
+    ASSERT_TRUE(waitUntil([&movies] { return movies->movies().size() == 2; }));
+}
+
+TEST_F(WatchedFoldersTest, playlistFile_isReadAsAWhole_andNothingWhereItIsTooLong)
+{
+    const QString list = folder.filePath("films.m3u");
+    write(list, QByteArray(1024 * 1024 - 6, '#') + "\na.mov");
+    const auto longest = folders.follow({.path = list, .isList = true}, false);
+    ASSERT_TRUE(isKnown(*longest));
+    EXPECT_EQ(longest->movies().size(), 1);
+    write(list, QByteArray(1024 * 1024 - 5, '#') + "\na.mov");
+    ASSERT_TRUE(waitUntil([&longest] { return longest->movies().isEmpty(); }));
+}
+
+TEST_F(WatchedFoldersTest, playlistFile_holdsNothing_whereItIsNotThere)
+{
+    const auto movies = folders.follow({.path = folder.filePath("films.xspf"), .isList = true}, false);
+    ASSERT_TRUE(isKnown(*movies));
+    EXPECT_TRUE(movies->movies().isEmpty());
 }
 
 TEST_F(WatchedFoldersTest, folder_isShared_byThoseWhoAskTheSame)
@@ -90,9 +127,8 @@ TEST_F(WatchedFoldersTest, furtherFolders_areLeftOut_whenThereAreTooMany)
     EXPECT_EQ(tooMany->revision(), 1);
     EXPECT_TRUE(tooMany->movies().isEmpty());
     EXPECT_EQ(
-        log,
-        QStringList(
-            QStringLiteral("More than 32 folders are in the playlist: %1 is left out.").arg(folder.path())));
+        log, QStringList(QStringLiteral("More than 32 folders and lists are in the playlist: %1 is left out.")
+                             .arg(folder.path())));
 }
 
 } // namespace kestro

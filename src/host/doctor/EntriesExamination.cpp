@@ -40,11 +40,13 @@ Result<MovieFacts, MovieFault> probe(const QUrl& entry)
 
 Findings openFolder(const QString& name, const std::optional<FolderEntry>& entry)
 {
+    const bool isList = entry && entry->isList;
+    const QString kind = isList ? QStringLiteral("file") : QStringLiteral("folder");
     const QString take = QStringLiteral("take the entry out in kestro settings");
     if (!entry) return {broken(name + QStringLiteral(": no folder of this machine"), take)};
     if (!isFileThere(entry->path))
-        return {broken(name + QStringLiteral(": no such folder"),
-                       QStringLiteral("put the folder back, or ") + take)};
+        return {broken(QStringLiteral("%1: no such %2").arg(name, kind),
+                       QStringLiteral("put the %1 back, or ").arg(kind) + take)};
     const auto movies = moviesIn(movieFolder(*entry), longestOpening);
     if (!movies)
         return {
@@ -59,7 +61,7 @@ Findings openFolder(const QString& name, const std::optional<FolderEntry>& entry
 Findings openEntry(const QUrl& entry)
 {
     const QString name = shownURL(entry);
-    if (isFolderEntry(entry)) return openFolder(name, folderEntry(entry));
+    if (isFolderEntry(entry) || isListEntry(entry)) return openFolder(name, folderEntry(entry));
     if (namesWebContent(entry) && entry.isLocalFile() && !isFileThere(entry.toLocalFile()))
         return {
             broken(name + QStringLiteral(": no such file"), remedyOf({.kind = MovieFault::Kind::NoFile}))};

@@ -31,7 +31,9 @@ inline constexpr int pictureMegabytes = 512; ///< of a picture while it is decod
 
 // Playlists.
 inline constexpr qsizetype playlistEntries = 500'000; ///< that are played, automatic entries expanded
-inline constexpr std::size_t watchedFolders = 32;     ///< of the entries that are folders
+inline constexpr std::size_t watchedFolders = 32;     ///< of the entries that are folders or lists
+inline constexpr qint64 listFileBytes = 1024LL * 1024;
+inline constexpr qsizetype listFileMovies = 10'000; ///< of one list
 
 // The log.
 inline constexpr qsizetype shownURLCharacters = 200;   ///< of a URL that people see; the middle is left out

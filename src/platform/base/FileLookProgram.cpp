@@ -2,7 +2,7 @@
 //
 // usage: kestro-file-look PATH
 //        kestro-file-look --below PATH...
-//        kestro-file-look --movies PATH [recursive] [newest] [hurried] [once]
+//        kestro-file-look --movies PATH [recursive] [newest] [hurried] [once] [list]
 //
 // Of a PATH it answers by its exit status: 0 when it is there, 1 when it is not. A file of the usual kind, or
 // a folder, is opened and read as well, so that whoever does that next need not wait for a disk that answers
@@ -12,8 +12,8 @@
 // that are hidden or behind a link to a folder. A zero byte follows each of them, and another one those of
 // each PATH.
 //
-// After --movies it follows what a folder holds: see FolderFollow.h. Tested by FileLookTest, FileWalkTest and
-// FolderWatchTest.
+// After --movies it follows what a folder holds, or a list: see FolderFollow.h. Tested by FileLookTest,
+// FileWalkTest and FolderWatchTest.
 
 #include "platform/base/FolderFollow.h"
 
@@ -71,7 +71,7 @@ kestro::FolderQuestion questionIn(int argc, char** argv)
         return std::any_of(argv + 3, argv + argc,
                            [word](const char* each) { return std::strcmp(each, word) == 0; });
     };
-    return {argv[2], has("recursive"), has("newest"), has("hurried"), has("once")};
+    return {argv[2], has("recursive"), has("newest"), has("hurried"), has("once"), has("list")};
 }
 
 } // namespace

@@ -1,15 +1,19 @@
 #include "platform/base/FolderFollow.h"
 
+#include "platform/base/Descriptor.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <chrono>
+#include <fcntl.h>
 #include <filesystem>
 #include <optional>
 #include <poll.h>
 #include <string>
 #include <string_view>
 #include <sys/inotify.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <unordered_set>
 #include <vector>
@@ -20,13 +24,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int mostNames = 100'000; ///< that are looked at
-constexpr int firstNames = 256;    ///< that are told of at once
-constexpr int mostFolders = 4'096; ///< that are watched
-constexpr int leisure = 3'000;     ///< milliseconds before all of a large folder is read
-constexpr int quiet = 1'000;       ///< milliseconds without a change before it is read again
-constexpr int mostBatches = 30;    ///< of changes that are waited for
-constexpr int absence = 5'000;     ///< milliseconds between two looks for a folder that is not there
+constexpr int mostNames = 100'000;                ///< that are looked at
+constexpr int firstNames = 256;                   ///< that are told of at once
+constexpr int mostFolders = 4'096;                ///< that are watched
+constexpr std::size_t mostText = 1024 * 1024 + 1; ///< of a list: a byte more tells that it is too long
+constexpr int leisure = 3'000;                    ///< milliseconds before all of a large folder is read
+constexpr int quiet = 1'000;                      ///< milliseconds without a change before it is read again
+constexpr int mostBatches = 30;                   ///< of changes that are waited for
+constexpr int absence = 5'000; ///< milliseconds between two looks for a folder that is not there
 constexpr std::uint32_t changes = IN_CREATE | IN_DELETE | IN_MOVE | IN_CLOSE_WRITE | IN_DELETE_SELF |
                                   IN_MOVE_SELF | IN_ONLYDIR | IN_EXCL_UNLINK;
 
@@ -63,6 +68,25 @@ bool holds(const std::array<std::string_view, N>& extensions, const std::string&
     return std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
 }
 
+/// The text of a usual file; nothing where there is none that can be read.
+std::optional<std::string> textIn(const fs::path& path)
+{
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat facts {};
+    if (file.number() < 0 || fstat(file.number(), &facts) != 0 || !S_ISREG(facts.st_mode))
+        return std::nullopt;
+    std::string text(mostText, '\0');
+    std::size_t done = 0;
+    while (done < mostText) {
+        const ssize_t count = ::read(file.number(), text.data() + done, mostText - done);
+        if (count < 0) return std::nullopt;
+        if (count == 0) break;
+        done += static_cast<std::size_t>(count);
+    }
+    text.resize(done);
+    return text;
+}
+
 /// Reads folders, and has them watched from when there is something to watch with.
 class Reader final {
 public:
@@ -76,6 +100,7 @@ public:
 
     Listing read(int most)
     {
+        if (m_question.isList) return readList();
         m_left = most;
         m_folders = 0;
         m_listing = {};
@@ -88,6 +113,16 @@ public:
     }
 
 private:
+    // The folder is watched: who writes a file anew may put another one in its place.
+    [[nodiscard]] Listing readList() const
+    {
+        if (m_watch >= 0) inotify_add_watch(m_watch, m_root.parent_path().c_str(), changes);
+        auto text = textIn(m_root);
+        if (!text) return {.movies = {}, .isWhole = true, .isThere = false};
+        std::replace(text->begin(), text->end(), '\0', '\n');
+        return {.movies = {{text->insert(0, 1, '\n'), {}}}, .isWhole = true, .isThere = true};
+    }
+
     // Watched before it is read: what comes in between is heard of.
     void readFolder(const fs::path& folder, bool isRoot)
     {

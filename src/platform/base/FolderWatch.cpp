@@ -70,7 +70,7 @@ void FolderWatch::hear()
 void FolderWatch::take(const QByteArray& name)
 {
     if (name != "." && name != "..")
-        m_movies.append(movieIn(m_folder, name));
+        addMovies(m_movies, m_folder, name);
     else
         m_told(std::exchange(m_movies, {}), name == "..");
 }

@@ -26,6 +26,7 @@ ChildProgram programFor(const MovieFolder& folder, int said)
     if (folder.isNewestFirst) words.append(QStringLiteral("newest"));
     if (folder.isHurried) words.append(QStringLiteral("hurried"));
     if (folder.isOnce) words.append(QStringLiteral("once"));
+    if (folder.list != nullptr) words.append(QStringLiteral("list"));
     return {.file = packageLibraries() + QStringLiteral("/kestro-file-look"),
             .arguments = words,
             .environment = QStringList(),
@@ -33,10 +34,11 @@ ChildProgram programFor(const MovieFolder& folder, int said)
             .group = ChildProgram::Group::OwnSession};
 }
 
-QUrl movieIn(const MovieFolder& folder, const QByteArray& name)
+void addMovies(QList<QUrl>& movies, const MovieFolder& folder, const QByteArray& name)
 {
+    if (folder.list != nullptr) return movies.append(folder.list(folder.path, name.mid(1)));
     const QString slash = folder.path.endsWith(u'/') ? QString() : QStringLiteral("/");
-    return QUrl::fromLocalFile(folder.path + slash + QFile::decodeName(name));
+    movies.append(QUrl::fromLocalFile(folder.path + slash + QFile::decodeName(name)));
 }
 
 std::optional<QList<QUrl>> moviesIn(MovieFolder folder, milliseconds longest, const std::stop_token& stop)
@@ -54,7 +56,7 @@ std::optional<QList<QUrl>> moviesIn(MovieFolder folder, milliseconds longest, co
     QList<QUrl> movies;
     movies.reserve(names.size());
     for (const QByteArray& name : names)
-        movies.append(movieIn(folder, name));
+        addMovies(movies, folder, name);
     return movies;
 }
 
