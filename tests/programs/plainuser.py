@@ -47,7 +47,8 @@ class PlainUser:
 
     def environment(self, **more):
         kept = {name: value for name, value in os.environ.items() if name.startswith(("LC_", "ASAN_", "LSAN_", "UBSAN_"))}
-        return {**kept, "HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.runtime),
+        # Tests run side by side, on machines of any speed: a saver that is ended may take its time to store where it was.
+        return {**kept, "HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.runtime), "KESTRO_PATIENCE": "5000",
                 "PATH": f"{self.prefix / 'bin'}:/usr/bin:/bin", **more}
 
     @staticmethod
