@@ -8,6 +8,7 @@ import unittest
 
 from harness import BLUE, RED, ProgramTest, movie, player_threads, wait_until
 from inputclient import InputClient
+from test_screens import red_and_blue
 from wayland import Listening, OddCompositor, Pointer, Session
 from xserver import XServer
 
@@ -187,6 +188,30 @@ class OutputsThatGo(SessionTest):
         self.until(process, lambda: self.is_red("X11-3"), "the movie there")
         self.press("-s", "200", "-P", "a", "-s", "200", "-p", "a", "-s", "200")
         self.assertEndsWell(process)
+
+    def test_the_movie_that_outputs_mirror_goes_on_when_one_goes_and_another_comes(self):
+        self.check_shared("--mirror", (RED, BLUE), (RED, BLUE))
+
+    def test_the_movie_that_spans_outputs_goes_on_when_one_goes_and_another_comes(self):
+        self.check_shared("--span", (RED, RED), (BLUE, BLUE))
+
+    def check_shared(self, word, left, right):
+        """The output that goes is the first, which the movie was opened for."""
+        self.home.play([red_and_blue()], FullScreenMode="1", PlayMode="1")
+        process = self.start_kestro(word, WAYLAND_DISPLAY=self.session.display)
+        self.until(process, lambda: self.shown("X11-1", "X11-2") == [left, right], f"{left}, {right}")
+        self.unplug(process, 0)
+        self.until(process, lambda: self.shown("X11-2") == [(RED, BLUE)], "all of it on the output that is left")
+        self.session.tell("create_output")
+        self.until(process, lambda: self.shown("X11-2", "X11-3") == [left, right], f"{left}, {right} again")
+        process.terminate()
+        self.assertEndsWell(process)
+
+    def shown(self, *outputs):
+        """The colours in the middles of each output's halves."""
+        pictures = [self.session.picture("-o", output) for output in outputs]
+        return [tuple(next((colour for colour in (RED, BLUE) if picture.is_near(x, 384, colour)), None) for x in (256, 768))
+                for picture in pictures]
 
 
 class OddCompositors(OverlayTest):
