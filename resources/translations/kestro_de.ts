@@ -185,6 +185,142 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>MoreOptions</name>
+    <message>
+        <source>&amp;Remember what was shown</source>
+        <translation>&amp;Merken, was gezeigt wurde</translation>
+    </message>
+    <message>
+        <source>In random order no movie comes twice before all were seen.</source>
+        <translation>In zufälliger Reihenfolge kommt kein Film zweimal, bevor alle zu sehen waren.</translation>
+    </message>
+    <message>
+        <source>C&amp;hange movies:</source>
+        <translation>Filme &amp;wechseln:</translation>
+    </message>
+    <message>
+        <source>A longer movie gives way to the next one then.</source>
+        <translation>Ein längerer Film macht dann dem nächsten Platz.</translation>
+    </message>
+    <message>
+        <source>At their end</source>
+        <translation>Am Ende</translation>
+    </message>
+    <message>
+        <source>Begin any&amp;where in a movie</source>
+        <translation>Irgendw&amp;o im Film beginnen</translation>
+    </message>
+    <message>
+        <source>And not at its beginning, so that long ones are seen whole in time.</source>
+        <translation>Und nicht am Anfang: So sind lange Filme mit der Zeit ganz zu sehen.</translation>
+    </message>
+    <message>
+        <source>&amp;Dissolve:</source>
+        <translation>Ü&amp;berblenden:</translation>
+    </message>
+    <message>
+        <source>One movie becomes the next one so slowly.</source>
+        <translation>So langsam geht ein Film in den nächsten über.</translation>
+    </message>
+    <message>
+        <source>&amp;Keep movies of sites:</source>
+        <translation>Filme von Seiten be&amp;halten:</translation>
+    </message>
+    <message>
+        <source>They play from the disk the next time; the newest are fetched ahead.</source>
+        <translation>Sie laufen das nächste Mal von der Platte; die neuesten werden vorab geholt.</translation>
+    </message>
+    <message>
+        <source>L&amp;atitude:</source>
+        <translation>B&amp;reite:</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the south. Tells when it is day, for what plays by day.</source>
+        <translation>In Grad, im Süden kleiner als null. Sagt, wann Tag ist, für das, was am Tag läuft.</translation>
+    </message>
+    <message>
+        <source>L&amp;ongitude:</source>
+        <translation>&amp;Länge:</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the west. Without both day is from 7 to 19.</source>
+        <translation>In Grad, im Westen kleiner als null. Ohne beide ist Tag von 7 bis 19 Uhr.</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>Filme</translation>
+    </message>
+    <message>
+        <source>On the Picture</source>
+        <translation>Auf dem Bild</translation>
+    </message>
+    <message>
+        <source>Show the &amp;title</source>
+        <translation>&amp;Titel zeigen</translation>
+    </message>
+    <message>
+        <source>In a corner that changes, with the folder or the site it is from.</source>
+        <translation>In wechselnden Ecken, mit dem Ordner oder der Seite, woher er ist.</translation>
+    </message>
+    <message>
+        <source>Show the ti&amp;me</source>
+        <translation>&amp;Uhrzeit zeigen</translation>
+    </message>
+    <message>
+        <source>As the clock of this desktop has it.</source>
+        <translation>So, wie die Uhr dieser Arbeitsfläche sie zeigt.</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Bedienung</translation>
+    </message>
+    <message>
+        <source>Ke&amp;ys for the movie</source>
+        <translation>Tasten für den &amp;Film</translation>
+    </message>
+    <message>
+        <source>Arrows change movie and volume, i shows the title, d never plays a movie again, u takes that back.</source>
+        <translation>Pfeile wechseln Film und Lautstärke, i zeigt den Titel, d spielt einen Film nie wieder, u nimmt das zurück.</translation>
+    </message>
+    <message>
+        <source>&amp;Programs may control it</source>
+        <translation>&amp;Programme dürfen ihn bedienen</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s media controls, and &quot;kestro next&quot; and its like.</source>
+        <translation>Die Mediensteuerung der Arbeitsfläche, „kestro next“ und seinesgleichen.</translation>
+    </message>
+    <message>
+        <source>Where You Are</source>
+        <translation>Ihr Ort</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <comment>degrees of latitude or longitude</comment>
+        <translation>nicht bekannt</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <comment>seconds</comment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <comment>minutes</comment>
+        <translation>%1 Min.</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no dissolve</comment>
+        <translation>Nicht</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no movie is kept</comment>
+        <translation>Keine</translation>
+    </message>
+</context>
+<context>
     <name>MovieFault</name>
     <message>
         <source>no such file</source>
@@ -760,6 +896,17 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::MoreWindow</name>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -843,6 +990,10 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>Something &amp;Wrong?</source>
         <translation>Stimmt etwas &amp;nicht?</translation>
+    </message>
+    <message>
+        <source>&amp;More…</source>
+        <translation>&amp;Mehr…</translation>
     </message>
 </context>
 <context>

@@ -185,6 +185,142 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>MoreOptions</name>
+    <message>
+        <source>&amp;Remember what was shown</source>
+        <translation>&amp;Recordar lo que se ha mostrado</translation>
+    </message>
+    <message>
+        <source>In random order no movie comes twice before all were seen.</source>
+        <translation>En orden aleatorio ninguna película se repite antes de que se hayan visto todas.</translation>
+    </message>
+    <message>
+        <source>C&amp;hange movies:</source>
+        <translation>Ca&amp;mbiar de película:</translation>
+    </message>
+    <message>
+        <source>A longer movie gives way to the next one then.</source>
+        <translation>Una película más larga deja entonces su sitio a la siguiente.</translation>
+    </message>
+    <message>
+        <source>At their end</source>
+        <translation>Al final</translation>
+    </message>
+    <message>
+        <source>Begin any&amp;where in a movie</source>
+        <translation>Empezar en &amp;cualquier punto</translation>
+    </message>
+    <message>
+        <source>And not at its beginning, so that long ones are seen whole in time.</source>
+        <translation>Y no al principio: así las largas se ven enteras con el tiempo.</translation>
+    </message>
+    <message>
+        <source>&amp;Dissolve:</source>
+        <translation>&amp;Fundido:</translation>
+    </message>
+    <message>
+        <source>One movie becomes the next one so slowly.</source>
+        <translation>Tan despacio se convierte una película en la siguiente.</translation>
+    </message>
+    <message>
+        <source>&amp;Keep movies of sites:</source>
+        <translation>&amp;Guardar películas de sitios:</translation>
+    </message>
+    <message>
+        <source>They play from the disk the next time; the newest are fetched ahead.</source>
+        <translation>La próxima vez se reproducen desde el disco; las más nuevas se descargan antes.</translation>
+    </message>
+    <message>
+        <source>L&amp;atitude:</source>
+        <translation>&amp;Latitud:</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the south. Tells when it is day, for what plays by day.</source>
+        <translation>En grados, menos de cero en el sur. Dice cuándo es de día, para lo que se ve de día.</translation>
+    </message>
+    <message>
+        <source>L&amp;ongitude:</source>
+        <translation>L&amp;ongitud:</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the west. Without both day is from 7 to 19.</source>
+        <translation>En grados, menos de cero en el oeste. Sin ambas el día es de 7 a 19.</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>Películas</translation>
+    </message>
+    <message>
+        <source>On the Picture</source>
+        <translation>Sobre la imagen</translation>
+    </message>
+    <message>
+        <source>Show the &amp;title</source>
+        <translation>Mostrar el &amp;título</translation>
+    </message>
+    <message>
+        <source>In a corner that changes, with the folder or the site it is from.</source>
+        <translation>En una esquina que cambia, con la carpeta o el sitio del que viene.</translation>
+    </message>
+    <message>
+        <source>Show the ti&amp;me</source>
+        <translation>Mostrar la &amp;hora</translation>
+    </message>
+    <message>
+        <source>As the clock of this desktop has it.</source>
+        <translation>Como la da el reloj de este escritorio.</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Control</translation>
+    </message>
+    <message>
+        <source>Ke&amp;ys for the movie</source>
+        <translation>Tecla&amp;s para la película</translation>
+    </message>
+    <message>
+        <source>Arrows change movie and volume, i shows the title, d never plays a movie again, u takes that back.</source>
+        <translation>Las flechas cambian de película y de volumen, i muestra el título, d no vuelve a reproducirla nunca, u lo deshace.</translation>
+    </message>
+    <message>
+        <source>&amp;Programs may control it</source>
+        <translation>Los &amp;programas pueden controlarlo</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s media controls, and &quot;kestro next&quot; and its like.</source>
+        <translation>Los controles multimedia del escritorio, y «kestro next» y similares.</translation>
+    </message>
+    <message>
+        <source>Where You Are</source>
+        <translation>Dónde está</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <comment>degrees of latitude or longitude</comment>
+        <translation>no se sabe</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <comment>seconds</comment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <comment>minutes</comment>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no dissolve</comment>
+        <translation>Ninguno</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no movie is kept</comment>
+        <translation>Nada</translation>
+    </message>
+</context>
+<context>
     <name>MovieFault</name>
     <message>
         <source>no such file</source>
@@ -760,6 +896,17 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::MoreWindow</name>
+    <message>
+        <source>More</source>
+        <translation>Más</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>C&amp;errar</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -843,6 +990,10 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>Something &amp;Wrong?</source>
         <translation>¿Algo va &amp;mal?</translation>
+    </message>
+    <message>
+        <source>&amp;More…</source>
+        <translation>Má&amp;s…</translation>
     </message>
 </context>
 <context>

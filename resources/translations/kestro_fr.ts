@@ -185,6 +185,142 @@ Veuillez réessayer.</translation>
     </message>
 </context>
 <context>
+    <name>MoreOptions</name>
+    <message>
+        <source>&amp;Remember what was shown</source>
+        <translation>&amp;Retenir ce qui a été montré</translation>
+    </message>
+    <message>
+        <source>In random order no movie comes twice before all were seen.</source>
+        <translation>Dans l’ordre aléatoire, aucun film ne revient avant que tous aient été vus.</translation>
+    </message>
+    <message>
+        <source>C&amp;hange movies:</source>
+        <translation>C&amp;hanger de film :</translation>
+    </message>
+    <message>
+        <source>A longer movie gives way to the next one then.</source>
+        <translation>Un film plus long laisse alors la place au suivant.</translation>
+    </message>
+    <message>
+        <source>At their end</source>
+        <translation>À la fin</translation>
+    </message>
+    <message>
+        <source>Begin any&amp;where in a movie</source>
+        <translation>Comm&amp;encer n’importe où</translation>
+    </message>
+    <message>
+        <source>And not at its beginning, so that long ones are seen whole in time.</source>
+        <translation>Et non au début : les longs films sont ainsi vus en entier avec le temps.</translation>
+    </message>
+    <message>
+        <source>&amp;Dissolve:</source>
+        <translation>Fond&amp;u :</translation>
+    </message>
+    <message>
+        <source>One movie becomes the next one so slowly.</source>
+        <translation>Un film devient le suivant aussi lentement.</translation>
+    </message>
+    <message>
+        <source>&amp;Keep movies of sites:</source>
+        <translation>&amp;Garder les films des sites :</translation>
+    </message>
+    <message>
+        <source>They play from the disk the next time; the newest are fetched ahead.</source>
+        <translation>Ils sont lus depuis le disque la fois suivante ; les plus récents sont chargés d’avance.</translation>
+    </message>
+    <message>
+        <source>L&amp;atitude:</source>
+        <translation>L&amp;atitude :</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the south. Tells when it is day, for what plays by day.</source>
+        <translation>En degrés, négative au sud. Dit quand il fait jour, pour ce qui passe le jour.</translation>
+    </message>
+    <message>
+        <source>L&amp;ongitude:</source>
+        <translation>L&amp;ongitude :</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the west. Without both day is from 7 to 19.</source>
+        <translation>En degrés, négative à l’ouest. Sans les deux, le jour va de 7 à 19 heures.</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>Films</translation>
+    </message>
+    <message>
+        <source>On the Picture</source>
+        <translation>Sur l’image</translation>
+    </message>
+    <message>
+        <source>Show the &amp;title</source>
+        <translation>Montrer le &amp;titre</translation>
+    </message>
+    <message>
+        <source>In a corner that changes, with the folder or the site it is from.</source>
+        <translation>Dans un coin qui change, avec le dossier ou le site d’où il vient.</translation>
+    </message>
+    <message>
+        <source>Show the ti&amp;me</source>
+        <translation>&amp;Montrer l’heure</translation>
+    </message>
+    <message>
+        <source>As the clock of this desktop has it.</source>
+        <translation>Comme la donne l’horloge de ce bureau.</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Commande</translation>
+    </message>
+    <message>
+        <source>Ke&amp;ys for the movie</source>
+        <translation>Tou&amp;ches pour le film</translation>
+    </message>
+    <message>
+        <source>Arrows change movie and volume, i shows the title, d never plays a movie again, u takes that back.</source>
+        <translation>Les flèches changent le film et le volume, i montre le titre, d ne joue plus jamais un film, u revient là-dessus.</translation>
+    </message>
+    <message>
+        <source>&amp;Programs may control it</source>
+        <translation>Des &amp;programmes peuvent le commander</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s media controls, and &quot;kestro next&quot; and its like.</source>
+        <translation>Les commandes multimédia du bureau, et « kestro next » et semblables.</translation>
+    </message>
+    <message>
+        <source>Where You Are</source>
+        <translation>Où vous êtes</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <comment>degrees of latitude or longitude</comment>
+        <translation>inconnue</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <comment>seconds</comment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <comment>minutes</comment>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no dissolve</comment>
+        <translation>Aucun</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no movie is kept</comment>
+        <translation>Rien</translation>
+    </message>
+</context>
+<context>
     <name>MovieFault</name>
     <message>
         <source>no such file</source>
@@ -760,6 +896,17 @@ Veuillez réessayer.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::MoreWindow</name>
+    <message>
+        <source>More</source>
+        <translation>Plus</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -843,6 +990,10 @@ Veuillez réessayer.</translation>
     <message>
         <source>Something &amp;Wrong?</source>
         <translation>Un &amp;problème ?</translation>
+    </message>
+    <message>
+        <source>&amp;More…</source>
+        <translation>Pl&amp;us…</translation>
     </message>
 </context>
 <context>

@@ -185,6 +185,142 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>MoreOptions</name>
+    <message>
+        <source>&amp;Remember what was shown</source>
+        <translation>表示したものを記憶する(&amp;R)</translation>
+    </message>
+    <message>
+        <source>In random order no movie comes twice before all were seen.</source>
+        <translation>ランダム順で、すべて見るまで同じムービーは再生しません。</translation>
+    </message>
+    <message>
+        <source>C&amp;hange movies:</source>
+        <translation>ムービーの切り替え(&amp;H):</translation>
+    </message>
+    <message>
+        <source>A longer movie gives way to the next one then.</source>
+        <translation>それより長いムービーは次のムービーに替わります。</translation>
+    </message>
+    <message>
+        <source>At their end</source>
+        <translation>終わったとき</translation>
+    </message>
+    <message>
+        <source>Begin any&amp;where in a movie</source>
+        <translation>ムービーの途中から始める(&amp;W)</translation>
+    </message>
+    <message>
+        <source>And not at its beginning, so that long ones are seen whole in time.</source>
+        <translation>冒頭からではないので、長いムービーもいずれ全部見られます。</translation>
+    </message>
+    <message>
+        <source>&amp;Dissolve:</source>
+        <translation>ディゾルブ(&amp;D):</translation>
+    </message>
+    <message>
+        <source>One movie becomes the next one so slowly.</source>
+        <translation>この時間をかけて次のムービーに移ります。</translation>
+    </message>
+    <message>
+        <source>&amp;Keep movies of sites:</source>
+        <translation>サイトのムービーを保存(&amp;K):</translation>
+    </message>
+    <message>
+        <source>They play from the disk the next time; the newest are fetched ahead.</source>
+        <translation>次回はディスクから再生し、最新のものは先に取得します。</translation>
+    </message>
+    <message>
+        <source>L&amp;atitude:</source>
+        <translation>緯度(&amp;A):</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the south. Tells when it is day, for what plays by day.</source>
+        <translation>度数、南は負の数。昼に再生するもののために、昼の時間がわかります。</translation>
+    </message>
+    <message>
+        <source>L&amp;ongitude:</source>
+        <translation>経度(&amp;O):</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the west. Without both day is from 7 to 19.</source>
+        <translation>度数、西は負の数。両方がないと、昼は7時から19時です。</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>ムービー</translation>
+    </message>
+    <message>
+        <source>On the Picture</source>
+        <translation>画面の上</translation>
+    </message>
+    <message>
+        <source>Show the &amp;title</source>
+        <translation>タイトルを表示(&amp;T)</translation>
+    </message>
+    <message>
+        <source>In a corner that changes, with the folder or the site it is from.</source>
+        <translation>隅を移りながら、フォルダやサイトとともに。</translation>
+    </message>
+    <message>
+        <source>Show the ti&amp;me</source>
+        <translation>時刻を表示(&amp;M)</translation>
+    </message>
+    <message>
+        <source>As the clock of this desktop has it.</source>
+        <translation>このデスクトップの時計の形式で。</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Ke&amp;ys for the movie</source>
+        <translation>ムービーのキー操作(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Arrows change movie and volume, i shows the title, d never plays a movie again, u takes that back.</source>
+        <translation>矢印はムービーと音量、i はタイトル、d はそのムービーを二度と再生しない、u はその取り消し。</translation>
+    </message>
+    <message>
+        <source>&amp;Programs may control it</source>
+        <translation>プログラムからの操作を許可(&amp;P)</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s media controls, and &quot;kestro next&quot; and its like.</source>
+        <translation>デスクトップのメディア操作や「kestro next」など。</translation>
+    </message>
+    <message>
+        <source>Where You Are</source>
+        <translation>現在地</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <comment>degrees of latitude or longitude</comment>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <comment>seconds</comment>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <comment>minutes</comment>
+        <translation>%1 分</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no dissolve</comment>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no movie is kept</comment>
+        <translation>なし</translation>
+    </message>
+</context>
+<context>
     <name>MovieFault</name>
     <message>
         <source>no such file</source>
@@ -760,6 +896,17 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::MoreWindow</name>
+    <message>
+        <source>More</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -843,6 +990,10 @@ Please try again.</source>
     <message>
         <source>Something &amp;Wrong?</source>
         <translation>問題がありますか(&amp;W)？</translation>
+    </message>
+    <message>
+        <source>&amp;More…</source>
+        <translation>その他(&amp;M)…</translation>
     </message>
 </context>
 <context>

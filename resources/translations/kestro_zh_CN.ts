@@ -185,6 +185,142 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>MoreOptions</name>
+    <message>
+        <source>&amp;Remember what was shown</source>
+        <translation>记住已播放的影片(&amp;R)</translation>
+    </message>
+    <message>
+        <source>In random order no movie comes twice before all were seen.</source>
+        <translation>随机播放时，全部看过之前不会重复任何影片。</translation>
+    </message>
+    <message>
+        <source>C&amp;hange movies:</source>
+        <translation>切换影片(&amp;H)：</translation>
+    </message>
+    <message>
+        <source>A longer movie gives way to the next one then.</source>
+        <translation>更长的影片届时让位给下一部。</translation>
+    </message>
+    <message>
+        <source>At their end</source>
+        <translation>播完时</translation>
+    </message>
+    <message>
+        <source>Begin any&amp;where in a movie</source>
+        <translation>从影片任意处开始(&amp;W)</translation>
+    </message>
+    <message>
+        <source>And not at its beginning, so that long ones are seen whole in time.</source>
+        <translation>而不是从头开始，这样长片久而久之也能看全。</translation>
+    </message>
+    <message>
+        <source>&amp;Dissolve:</source>
+        <translation>叠化(&amp;D)：</translation>
+    </message>
+    <message>
+        <source>One movie becomes the next one so slowly.</source>
+        <translation>一部影片以此时长过渡到下一部。</translation>
+    </message>
+    <message>
+        <source>&amp;Keep movies of sites:</source>
+        <translation>保留网站的影片(&amp;K)：</translation>
+    </message>
+    <message>
+        <source>They play from the disk the next time; the newest are fetched ahead.</source>
+        <translation>下次从磁盘播放；最新的会提前下载。</translation>
+    </message>
+    <message>
+        <source>L&amp;atitude:</source>
+        <translation>纬度(&amp;A)：</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the south. Tells when it is day, for what plays by day.</source>
+        <translation>以度为单位，南纬为负。用于判断白天，供白天播放的影片使用。</translation>
+    </message>
+    <message>
+        <source>L&amp;ongitude:</source>
+        <translation>经度(&amp;O)：</translation>
+    </message>
+    <message>
+        <source>In degrees, less than nought in the west. Without both day is from 7 to 19.</source>
+        <translation>以度为单位，西经为负。两者缺一则白天为 7 点到 19 点。</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>影片</translation>
+    </message>
+    <message>
+        <source>On the Picture</source>
+        <translation>画面上</translation>
+    </message>
+    <message>
+        <source>Show the &amp;title</source>
+        <translation>显示标题(&amp;T)</translation>
+    </message>
+    <message>
+        <source>In a corner that changes, with the folder or the site it is from.</source>
+        <translation>在变换的角落，附其文件夹或网站。</translation>
+    </message>
+    <message>
+        <source>Show the ti&amp;me</source>
+        <translation>显示时间(&amp;M)</translation>
+    </message>
+    <message>
+        <source>As the clock of this desktop has it.</source>
+        <translation>按此桌面时钟的格式。</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>控制</translation>
+    </message>
+    <message>
+        <source>Ke&amp;ys for the movie</source>
+        <translation>影片按键(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Arrows change movie and volume, i shows the title, d never plays a movie again, u takes that back.</source>
+        <translation>方向键切换影片和音量，i 显示标题，d 不再播放该影片，u 撤销。</translation>
+    </message>
+    <message>
+        <source>&amp;Programs may control it</source>
+        <translation>允许程序控制(&amp;P)</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s media controls, and &quot;kestro next&quot; and its like.</source>
+        <translation>桌面的媒体控制，以及“kestro next”等命令。</translation>
+    </message>
+    <message>
+        <source>Where You Are</source>
+        <translation>所在位置</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <comment>degrees of latitude or longitude</comment>
+        <translation>未知</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <comment>seconds</comment>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <comment>minutes</comment>
+        <translation>%1 分钟</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no dissolve</comment>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <comment>no movie is kept</comment>
+        <translation>不保留</translation>
+    </message>
+</context>
+<context>
     <name>MovieFault</name>
     <message>
         <source>no such file</source>
@@ -760,6 +896,17 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::MoreWindow</name>
+    <message>
+        <source>More</source>
+        <translation>更多</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+</context>
+<context>
     <name>kestro::PanelWindow</name>
     <message>
         <source>Sort by &amp;URL</source>
@@ -843,6 +990,10 @@ Please try again.</source>
     <message>
         <source>Something &amp;Wrong?</source>
         <translation>有问题吗(&amp;W)？</translation>
+    </message>
+    <message>
+        <source>&amp;More…</source>
+        <translation>更多(&amp;M)…</translation>
     </message>
 </context>
 <context>

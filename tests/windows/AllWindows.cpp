@@ -54,6 +54,8 @@ AllWindows::AllWindows(const QString& language)
     m_preferences = std::make_unique<PreferencesWindow>(parts());
     m_doctor = std::make_unique<DoctorWindow>(QStringLiteral("/usr/bin/env"), nullptr);
     m_doctor->setAttribute(Qt::WA_DeleteOnClose, false);
+    m_more = std::make_unique<MoreWindow>(m_home.filePath(QStringLiteral("kestro.conf")), nullptr);
+    m_more->setAttribute(Qt::WA_DeleteOnClose, false);
     m_latestPanel = std::make_unique<LatestPanel>();
     m_trailerPanel = std::make_unique<TrailerPanel>(m_trailers, m_movies, m_services);
     m_sheet = std::make_unique<ConfigSheet>(m_saver, m_trailerPanel.get(), nothingKnown, nullptr, &m_state);
@@ -106,9 +108,15 @@ QStringList AllWindows::languages()
 
 QList<QWidget*> AllWindows::windows() const
 {
-    return {
-        m_preferences.get(), m_doctor.get(),           m_sheet.get(),       m_sheet->findChild<URLPanel*>(),
-        m_themePanel.get(),  &m_trailerPanel->panel(), m_latestPanel.get(), &m_trailerPanel->previewWin()};
+    return {m_preferences.get(),
+            m_doctor.get(),
+            m_more.get(),
+            m_sheet.get(),
+            m_sheet->findChild<URLPanel*>(),
+            m_themePanel.get(),
+            &m_trailerPanel->panel(),
+            m_latestPanel.get(),
+            &m_trailerPanel->previewWin()};
 }
 
 QList<QWidget*> AllWindows::seenIn(const QWidget& window)

@@ -7,6 +7,7 @@
 #include "config_ui/URLPanel.h"
 #include "host/preferences/DoctorWindow.h"
 #include "host/preferences/FakePreview.h"
+#include "host/preferences/MoreWindow.h"
 #include "host/preferences/PreferencesWindow.h"
 #include "platform/base/Random.h"
 #include "platform/base/Translations.h"
@@ -59,6 +60,7 @@ private:
     std::unique_ptr<PreferencesWindow> m_preferences;
     std::unique_ptr<TrailerPanel> m_trailerPanel;
     std::unique_ptr<DoctorWindow> m_doctor;
+    std::unique_ptr<MoreWindow> m_more;
     std::unique_ptr<LatestPanel> m_latestPanel;
     std::unique_ptr<ConfigSheet> m_sheet;
     std::unique_ptr<ThemePanel> m_themePanel;

@@ -3,6 +3,7 @@
 #include "host/preferences/AspectBox.h"
 #include "host/preferences/DoctorWindow.h"
 #include "host/preferences/IdlePanel.h"
+#include "host/preferences/MoreWindow.h"
 #include "host/preferences/ScreensPanel.h"
 #include "host/preferences/XscreensaverPanel.h"
 
@@ -10,6 +11,7 @@
 #include <QDialogButtonBox>
 #include <QFrame>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
@@ -41,6 +43,7 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     , m_screens(new ScreensPanel(parts.idle.configuration, ScreensPanel::namesInSession, this))
     , m_idle(new IdlePanel(parts.idle, this))
     , m_xscreensaver(new XscreensaverPanel(parts.xscreensaver, this))
+    , m_more(new QPushButton(tr("&More…"), this))
     , m_buttons(new QDialogButtonBox(QDialogButtonBox::Close, this))
     , m_options(m_buttons->addButton(tr("&Options…"), QDialogButtonBox::ActionRole))
     , m_tryIt(m_buttons->addButton(tr("&Try It"), QDialogButtonBox::ActionRole))
@@ -52,6 +55,7 @@ PreferencesWindow::PreferencesWindow(const Parts& parts)
     takeShapeOfScreen();
     restorePlace();
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &PreferencesWindow::takeShapeOfScreen);
+    connect(m_more, &QPushButton::clicked, this, &PreferencesWindow::openMore);
     connect(m_options, &QPushButton::clicked, this, &PreferencesWindow::openOptions);
     connect(m_tryIt, &QPushButton::clicked, this, &PreferencesWindow::tryIt);
     connect(m_buttons, &QDialogButtonBox::helpRequested, this, &PreferencesWindow::askDoctor);
@@ -70,7 +74,10 @@ void PreferencesWindow::layOut()
     column->addWidget(m_box, 1);
     column->addWidget(m_screens);
     column->addWidget(m_idle);
-    column->addWidget(m_xscreensaver);
+    auto* last = new QHBoxLayout;
+    last->addWidget(m_xscreensaver, 1);
+    last->addWidget(m_more);
+    column->addLayout(last);
     column->addWidget(line(this));
     column->addWidget(m_buttons);
     m_buttons->button(QDialogButtonBox::Close)->setText(tr("&Close"));
@@ -164,6 +171,13 @@ void PreferencesWindow::tryIt()
     pausePreview(Preview::OtherRuns, true);
     m_tryIt->setEnabled(false);
     m_trial.start();
+}
+
+void PreferencesWindow::openMore()
+{
+    auto* more = new MoreWindow(m_parts.idle.configuration, this);
+    connect(more, &MoreWindow::failed, this, &PreferencesWindow::alert);
+    more->open();
 }
 
 void PreferencesWindow::askDoctor()

@@ -45,6 +45,8 @@ public:
     void openOptions();
     /// Runs the saver full screen; the preview stands still meanwhile.
     void tryIt();
+    /// Opens the window of the options that most people never need.
+    void openMore();
     void askDoctor();
     /// Stops what runs, the trial included, and keeps the window's place. For good.
     void end();
@@ -77,6 +79,7 @@ private:
     ScreensPanel* m_screens;
     IdlePanel* m_idle;
     XscreensaverPanel* m_xscreensaver;
+    QPushButton* m_more;
     QDialogButtonBox* m_buttons; ///< after the others: Tab goes through them in this order
     QPushButton* m_options;
     QPushButton* m_tryIt;

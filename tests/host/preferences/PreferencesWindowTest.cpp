@@ -1,6 +1,7 @@
 #include "host/preferences/PreferencesWindow.h"
 
 #include "host/preferences/FakePreview.h"
+#include "host/preferences/MoreWindow.h"
 #include "host/preferences/PreferencesTest.h"
 
 #include <QEvent>
@@ -128,6 +129,16 @@ TEST_F(PreferencesWindowTest, doctor_isAskedInAWindowOfItsOwn)
     EXPECT_TRUE(report->window()->isVisible());
     EXPECT_NE(report->window(), window.get());
     EXPECT_TRUE(waitUntil([report] { return report->toPlainText() == u"looked\n"; }));
+}
+
+TEST_F(PreferencesWindowTest, more_opensAWindowOfItsOwn)
+{
+    const auto window = shownWindow();
+    button(*window, QStringLiteral("&More…")).click();
+    const auto* const more = window->findChild<MoreWindow*>();
+    ASSERT_NE(more, nullptr);
+    EXPECT_TRUE(more->isVisible());
+    EXPECT_TRUE(more->isWindow());
 }
 
 TEST_F(PreferencesWindowTest, options_openOverTheWindow)
@@ -299,7 +310,7 @@ TEST_F(PreferencesWindowTest, buttons_canBeReachedByKeys)
         EXPECT_FALSE(keys.contains(each->shortcut())) << qPrintable(each->text());
         keys.insert(each->shortcut());
     }
-    EXPECT_EQ(keys.size(), 5);
+    EXPECT_EQ(keys.size(), 6);
 }
 
 } // namespace kestro
