@@ -215,10 +215,10 @@ class Rendering:
         return sorted(path.name for path in self.folder.glob("*.png"))
 
     def pictures(self, screen=0):
-        return [Pixels(path) for path in sorted(self.folder.glob(f"screen{screen}-*.png"))]
+        return [Pixels.of_file(path) for path in sorted(self.folder.glob(f"screen{screen}-*.png"))]
 
     def last_picture(self, screen=0):
-        return Pixels(max(self.folder.glob(f"screen{screen}-*.png")))
+        return Pixels.of_file(max(self.folder.glob(f"screen{screen}-*.png")))
 
     def movie_lines(self, screen=0):
         return [line for line in self.trace if line["screen"] == screen and line["movie"]]
@@ -240,11 +240,16 @@ def read_trace(path):
 
 
 class Pixels:
-    """The pixels of a PNG or of a PPM of eight bits; positions count from the top left."""
+    """A picture, three bytes a pixel; positions count from the top left."""
 
-    def __init__(self, path):
+    def __init__(self, width, height, pixels):
+        self.width, self.height, self.bytes = width, height, pixels
+
+    @classmethod
+    def of_file(cls, path):
+        """Of a PNG or of a PPM, of eight bits."""
         path = pathlib.Path(path)
-        self.width, self.height, self.bytes = (_png if path.suffix == ".png" else _ppm)(path)
+        return cls(*(_png if path.suffix == ".png" else _ppm)(path))
 
     def at(self, x, y):
         start = 3 * (y * self.width + x)

@@ -27,7 +27,7 @@ class Pictures(WebTest):
         """One pixel a frame; a busy machine shows fewer frames, and each may come a little late."""
         rendering.wait_for(lambda picture: picture.box_of_red(0, 0, 320, 240))
         rendering.wait_for_more(8)
-        boxes = [(seconds_of(path.name), Pixels(path).box_of_red(0, 0, 320, 240)) for path in rendering.paths()]
+        boxes = [(seconds_of(path.name), Pixels.of_file(path).box_of_red(0, 0, 320, 240)) for path in rendering.paths()]
         places = [(seconds, box[0]) for seconds, box in boxes if box and box[1:] == (0, 60, 60)]
         self.assertGreaterEqual(len({left for _, left in places}), 3, boxes)
         self.assertEqual(places, sorted(places), boxes)
@@ -167,7 +167,7 @@ class Failures(WebTest):
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual(done.stderr.count("No web content: "), 1, done.stderr)
         self.assertIn(f"Failed to load movie:{url(broken)}", done.stderr)
-        self.assertTrue(Pixels(next(out.glob("*.png"))).is_near(32, 24, GREEN))
+        self.assertTrue(Pixels.of_file(next(out.glob("*.png"))).is_near(32, 24, GREEN))
 
 
 class OnAScreen(WebTest):

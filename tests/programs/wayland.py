@@ -90,7 +90,7 @@ class Session:
         """What all outputs show now, with the pointer; of one output its very pixels, with "-o" and its name."""
         path = pathlib.Path(self._holder.name, "picture.ppm")
         subprocess.run(["grim", "-c", "-t", "ppm", *words, str(path)], env=self.environment(), check=True, timeout=BOUND)
-        return Pixels(path)
+        return Pixels.of_file(path)
 
     def typing(self, *words):
         """A process that does at a keyboard what wtype does with those words, by default presses a key again and again. The

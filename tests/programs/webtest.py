@@ -98,7 +98,7 @@ class LiveRendering:
         return sorted(self.folder.glob(f"screen{screen}-*.png"))[:-1]
 
     def pictures(self, screen=0):
-        return [Pixels(path) for path in self.paths(screen)]
+        return [Pixels.of_file(path) for path in self.paths(screen)]
 
     def wait_for(self, condition, screen=0):
         """Waits until a picture is as wanted, and answers it."""
@@ -109,7 +109,7 @@ class LiveRendering:
             if not paths or paths[-1] in seen:
                 return None
             seen.append(paths[-1])
-            picture = Pixels(paths[-1])
+            picture = Pixels.of_file(paths[-1])
             return picture if condition(picture) else None
 
         return wait_until(newest, "the wanted picture")
@@ -118,7 +118,7 @@ class LiveRendering:
         """Waits until some more pictures are there, and answers the newest."""
         least = len(self.paths()) + count
         wait_until(lambda: len(self.paths()) >= least, "more pictures")
-        return Pixels(self.paths()[-1])
+        return Pixels.of_file(self.paths()[-1])
 
     def end(self):
         """Ends it, and answers what it has logged."""
@@ -150,7 +150,7 @@ class PageRun:
 
     def at_centre(self):
         self._wish("picture")
-        return Pixels(self._picture).at(160, 120)
+        return Pixels.of_file(self._picture).at(160, 120)
 
     def wait_for(self, colour):
         wait_until(lambda: self.at_centre() == colour, f"the page to be {colour}")

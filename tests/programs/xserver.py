@@ -10,6 +10,7 @@ import subprocess
 import tempfile
 
 from harness import BOUND, Pixels, wait_until
+from xpicture import picture_of
 
 
 class XServer:
@@ -55,9 +56,7 @@ class XServer:
 
     def picture(self):
         """What the whole desk shows now."""
-        path = pathlib.Path(self._holder.name, "picture.ppm")
-        self.run("import", "-silent", "-window", "root", "-depth", "8", str(path))
-        return Pixels(path)
+        return Pixels(*picture_of(self.display))
 
     def tree(self):
         """All windows as xwininfo lists them. It fails when one goes while it looks, and is asked again then."""
