@@ -33,15 +33,6 @@ Error notASpan(const QString& text)
         QStringLiteral("\"%1\" is no time from 1s to 24h; write 5 for minutes, or 90s, 5m, 1h").arg(text)};
 }
 
-void readEnabled(const ConfigurationFile& file, bool& isEnabled)
-{
-    const auto text = file.value(section, enabledKey);
-    if (!text) return;
-    isEnabled = *text == yes;
-    if (!isEnabled && *text != no)
-        file.warnAbout(section, enabledKey, QStringLiteral("\"%1\" is neither yes nor no").arg(*text));
-}
-
 void readSpan(const ConfigurationFile& file, const QString& key,
               Result<std::chrono::seconds> (*read)(const QString&), std::chrono::seconds& span)
 {
@@ -59,7 +50,7 @@ IdleOptions IdleOptions::from(const ConfigurationFile& file)
 {
     IdleOptions options;
     file.warnAboutUnknown(section, {enabledKey, afterKey, stopAfterKey});
-    readEnabled(file, options.isEnabled);
+    options.isEnabled = file.isYes(section, enabledKey);
     readSpan(file, afterKey, spanFrom, options.after);
     readSpan(file, stopAfterKey, endFrom, options.stopAfter);
     return options;

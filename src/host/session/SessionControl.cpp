@@ -19,10 +19,7 @@ const QString busKey = QStringLiteral("bus");
 bool SessionControl::isWanted(const ConfigurationFile& file)
 {
     file.warnAboutUnknown(section, {busKey});
-    const auto text = file.value(section, busKey);
-    if (text && *text != u"yes" && *text != u"no")
-        file.warnAbout(section, busKey, QStringLiteral("\"%1\" is neither yes nor no").arg(*text));
-    return text == QStringLiteral("yes");
+    return file.isYes(section, busKey);
 }
 
 SessionControl::SessionControl(SaverSession& session, std::function<void()> stop)

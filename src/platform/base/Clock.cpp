@@ -2,6 +2,7 @@
 
 #include <cassert>
 #include <chrono>
+#include <cmath>
 
 namespace kestro {
 
@@ -16,6 +17,7 @@ void ManualClock::advance(double seconds)
 {
     assert(seconds >= 0.0);
     m_now += seconds;
+    m_wallTime = m_wallTime.addMSecs(std::llround(seconds * 1000));
 }
 
 } // namespace kestro

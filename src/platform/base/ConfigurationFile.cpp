@@ -15,6 +15,9 @@ namespace kestro {
 
 namespace {
 
+const QString yes = QStringLiteral("yes");
+const QString no = QStringLiteral("no");
+
 constexpr qint64 largestFile = 1024 * 1024; // bytes
 
 QString unquoted(const QString& value)
@@ -90,6 +93,14 @@ std::optional<QString> ConfigurationFile::value(const QString& section, const QS
     return found == nullptr ? std::nullopt : std::optional(found->value);
 }
 
+bool ConfigurationFile::isYes(const QString& section, const QString& key) const
+{
+    const auto text = value(section, key);
+    if (text && *text != yes && *text != no)
+        warnAbout(section, key, QStringLiteral("\"%1\" is neither yes nor no").arg(*text));
+    return text == yes;
+}
+
 void ConfigurationFile::warnAboutUnknown(const QString& section, const QStringList& known) const
 {
     for (const Entry& entry : m_entries)
@@ -128,6 +139,11 @@ void ConfigurationFile::set(const QString& section, const QString& key, const QS
     }
     if (!m_lines.back().isEmpty()) m_lines.append(QByteArray()); // the file ends with a line end
     read();
+}
+
+void ConfigurationFile::setYes(const QString& section, const QString& key, bool isYes)
+{
+    if (isYes || value(section, key)) set(section, key, isYes ? yes : no);
 }
 
 void ConfigurationFile::warn(qsizetype line, const QString& what) const

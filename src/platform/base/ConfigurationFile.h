@@ -29,6 +29,9 @@ public:
     /// The value of a key without the quotes around it; of one that stands there twice the last. Nothing
     /// where it does not stand there.
     [[nodiscard]] std::optional<QString> value(const QString& section, const QString& key) const;
+    /// Whether the value of a key is "yes": no where it is "no" or does not stand there, and, with a line in
+    /// the log, where it is anything else.
+    [[nodiscard]] bool isYes(const QString& section, const QString& key) const;
     /// Logs each key of `section` that is not among `known`.
     void warnAboutUnknown(const QString& section, const QStringList& known) const;
     /// Logs that the value of a key is not understood, and why.
@@ -37,6 +40,8 @@ public:
     /// Changes the key where it stands, or adds it at the end of its section, which is added where it is
     /// missing.
     void set(const QString& section, const QString& key, const QString& value);
+    /// The same with "yes" or "no"; a "no" is not added where the key does not stand there.
+    void setYes(const QString& section, const QString& key, bool isYes);
     [[nodiscard]] QByteArray text() const { return m_lines.join('\n'); }
 
 private:

@@ -21,6 +21,23 @@ TEST(ManualClock, today_isTheDaySet)
     EXPECT_EQ(clock.today(), QDate(2009, 2, 7));
 }
 
+TEST(ManualClock, wallTime_goesOnWithTheClock_fromTheTimeSet)
+{
+    ManualClock clock;
+    clock.setWallTime(QDateTime(QDate(2009, 2, 7), QTime(23, 59)));
+    clock.advance(90.5);
+    EXPECT_EQ(clock.wallTime(), QDateTime(QDate(2009, 2, 8), QTime(0, 0, 30, 500)));
+    EXPECT_EQ(clock.today(), QDate(2009, 2, 8));
+}
+
+TEST(SystemClock, wallTime_isTheMachines)
+{
+    const QDateTime before = QDateTime::currentDateTime();
+    const QDateTime time = SystemClock().wallTime();
+    EXPECT_GE(time, before);
+    EXPECT_LE(time, QDateTime::currentDateTime());
+}
+
 TEST(SystemClock, today_isTheMachines)
 {
     const QDate before = QDate::currentDate();

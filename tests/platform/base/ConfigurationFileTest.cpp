@@ -97,4 +97,28 @@ TEST(ConfigurationFile, file_isLeftAsItIs_whenItCannotBeRead)
     EXPECT_EQ(changes, 0);
 }
 
+TEST(ConfigurationFile, isYes_isThatAlone_withALineForAnythingElse)
+{
+    QStringList said;
+    const LogCapture capture([&](const QString& line) { said.append(line); });
+    const auto file = fileOf("[a]\non=yes\noff=no\nodd=true\n");
+    EXPECT_TRUE(file.isYes(QStringLiteral("a"), QStringLiteral("on")));
+    EXPECT_FALSE(file.isYes(QStringLiteral("a"), QStringLiteral("off")));
+    EXPECT_FALSE(file.isYes(QStringLiteral("a"), QStringLiteral("missing")));
+    EXPECT_TRUE(said.isEmpty());
+    EXPECT_FALSE(file.isYes(QStringLiteral("a"), QStringLiteral("odd")));
+    EXPECT_EQ(said, QStringList{QStringLiteral("conf, line 4: \"true\" is neither yes nor no.")});
+}
+
+TEST(ConfigurationFile, setYes_addsNoNo_whereNothingStands)
+{
+    auto file = fileOf("[a]\n");
+    file.setYes(QStringLiteral("a"), QStringLiteral("key"), false);
+    EXPECT_EQ(file.text(), "[a]\n");
+    file.setYes(QStringLiteral("a"), QStringLiteral("key"), true);
+    EXPECT_EQ(file.text(), "[a]\nkey=yes\n");
+    file.setYes(QStringLiteral("a"), QStringLiteral("key"), false);
+    EXPECT_EQ(file.text(), "[a]\nkey=no\n");
+}
+
 } // namespace kestro
