@@ -160,6 +160,30 @@ Bitte versuchen Sie es noch einmal.</translation>
         <source>Add Folder</source>
         <translation>Ordner hinzufügen</translation>
     </message>
+    <message>
+        <source>Sound is off</source>
+        <translation>Der Ton ist aus</translation>
+    </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Lautstärke: %1 %</translation>
+    </message>
+    <message>
+        <source>There is no other movie</source>
+        <translation>Es gibt keinen anderen Film</translation>
+    </message>
+    <message>
+        <source>Not played any more (U takes that back)</source>
+        <translation>Wird nicht mehr gespielt (U nimmt das zurück)</translation>
+    </message>
+    <message>
+        <source>Nothing to take back</source>
+        <translation>Nichts zurückzunehmen</translation>
+    </message>
+    <message>
+        <source>Played again from now on</source>
+        <translation>Wird ab jetzt wieder gespielt</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

@@ -160,6 +160,30 @@ Inténtelo de nuevo.</translation>
         <source>Add Folder</source>
         <translation>Añadir carpeta</translation>
     </message>
+    <message>
+        <source>Sound is off</source>
+        <translation>El sonido está desactivado</translation>
+    </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Volumen: %1 %</translation>
+    </message>
+    <message>
+        <source>There is no other movie</source>
+        <translation>No hay otra película</translation>
+    </message>
+    <message>
+        <source>Not played any more (U takes that back)</source>
+        <translation>No se reproducirá más (U lo deshace)</translation>
+    </message>
+    <message>
+        <source>Nothing to take back</source>
+        <translation>No hay nada que deshacer</translation>
+    </message>
+    <message>
+        <source>Played again from now on</source>
+        <translation>Se reproduce de nuevo desde ahora</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

@@ -160,6 +160,30 @@ Veuillez réessayer.</translation>
         <source>Add Folder</source>
         <translation>Ajouter un dossier</translation>
     </message>
+    <message>
+        <source>Sound is off</source>
+        <translation>Le son est désactivé</translation>
+    </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Volume : %1 %</translation>
+    </message>
+    <message>
+        <source>There is no other movie</source>
+        <translation>Il n’y a pas d’autre film</translation>
+    </message>
+    <message>
+        <source>Not played any more (U takes that back)</source>
+        <translation>Ne sera plus lu (U annule)</translation>
+    </message>
+    <message>
+        <source>Nothing to take back</source>
+        <translation>Rien à annuler</translation>
+    </message>
+    <message>
+        <source>Played again from now on</source>
+        <translation>Lu de nouveau à partir de maintenant</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

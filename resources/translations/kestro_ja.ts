@@ -160,6 +160,30 @@ Please try again.</source>
         <source>Add Folder</source>
         <translation>フォルダーを追加</translation>
     </message>
+    <message>
+        <source>Sound is off</source>
+        <translation>サウンドはオフです</translation>
+    </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>音量: %1%</translation>
+    </message>
+    <message>
+        <source>There is no other movie</source>
+        <translation>ほかのムービーはありません</translation>
+    </message>
+    <message>
+        <source>Not played any more (U takes that back)</source>
+        <translation>今後再生しません（U で取り消し）</translation>
+    </message>
+    <message>
+        <source>Nothing to take back</source>
+        <translation>取り消すものはありません</translation>
+    </message>
+    <message>
+        <source>Played again from now on</source>
+        <translation>今後また再生します</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

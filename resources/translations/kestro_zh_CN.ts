@@ -160,6 +160,30 @@ Please try again.</source>
         <source>Add Folder</source>
         <translation>添加文件夹</translation>
     </message>
+    <message>
+        <source>Sound is off</source>
+        <translation>声音已关闭</translation>
+    </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>音量：%1%</translation>
+    </message>
+    <message>
+        <source>There is no other movie</source>
+        <translation>没有其他影片</translation>
+    </message>
+    <message>
+        <source>Not played any more (U takes that back)</source>
+        <translation>不再播放（按 U 撤销）</translation>
+    </message>
+    <message>
+        <source>Nothing to take back</source>
+        <translation>没有可撤销的操作</translation>
+    </message>
+    <message>
+        <source>Played again from now on</source>
+        <translation>从现在起重新播放</translation>
+    </message>
 </context>
 <context>
     <name>LatestPanel</name>

@@ -1,5 +1,6 @@
 #include "engine/EntryOpener.h"
 
+#include "engine/NeverList.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
 #include "platform/base/ShownURL.h"
@@ -67,6 +68,7 @@ void EntryOpener::recordLateFailure(const QUrl& url)
 
 bool EntryOpener::passesOver(const QUrl& url)
 {
+    if (m_sources.never && m_sources.never->holds(url)) return true;
     const auto failed = m_failedAt.constFind(url);
     if (failed == m_failedAt.constEnd()) return false;
     const double endOfRest = *failed + restAfterFailure;

@@ -14,6 +14,7 @@ namespace kestro {
 
 class Clock;
 class MovieLibrary;
+class NeverList;
 class Playlist;
 class QTMovie;
 class Random;
@@ -31,6 +32,7 @@ struct EntrySources {
     bool isPreview = false;
     std::function<bool()> playsWebContent; ///< whether "SWF" entries can be shown now
     ShuffleRecord* shuffle = nullptr;      ///< of random order that remembers; null for one that does not
+    const NeverList* never = nullptr;      ///< movies that are passed over; null for none
 };
 
 /// Opens entries of the playlist one by one, and knows which of them failed. A remote entry that failed

@@ -2,6 +2,9 @@
 
 #include "settings/Playlist.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kestro {
 
 namespace {
@@ -46,12 +49,24 @@ private:
 
 void MovieSteps::ask(MovieStep step)
 {
-    if (step == MovieStep::Next || m_shown.size() > 1) m_asked = step;
+    const qsizetype before = m_shown.size() - 1 + m_underWay + m_asked;
+    if (step == MovieStep::Next)
+        m_asked = std::min<int>(m_asked + 1, longestWay);
+    else if (before > 0)
+        --m_asked;
+}
+
+std::optional<MovieStep> MovieSteps::take()
+{
+    if (m_asked == 0) return {};
+    m_underWay = m_asked > 0 ? 1 : -1;
+    m_asked -= m_underWay;
+    return m_underWay > 0 ? MovieStep::Next : MovieStep::Previous;
 }
 
 void MovieSteps::shows(const QUrl& entry)
 {
-    m_asked.reset();
+    if (std::exchange(m_underWay, 0) == 0) m_asked = 0;
     if (!m_shown.isEmpty() && m_shown.last() == entry) return;
     m_shown.append(entry);
     if (m_shown.size() > longestWay + 1) m_shown.removeFirst();

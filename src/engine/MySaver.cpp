@@ -14,6 +14,7 @@
 #include "presentation/KTMovieView.h"
 #include "presentation/KTMovieWindow.h"
 #include "settings/BackSaverMenu.h"
+#include "settings/LatestTrailers.h"
 #include "settings/MovieURL.h"
 
 #include <utility>
@@ -38,7 +39,8 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     , m_playlist(m_settings, services.trailers, isPreview, services.folders)
     , m_sequencer({m_settings, m_playlist, services.movies, services.desktop.random(),
                    services.desktop.clock(), isPreview,
-                   [web = services.webEngine] { return web && web->isAvailable(); }, services.shuffle})
+                   [web = services.webEngine] { return web && web->isAvailable(); }, services.shuffle,
+                   services.never})
     , m_geometry(*this, m_settings, services.desktop.random())
     , m_bounce(services.desktop.random())
     , m_fadeOut(services.desktop.timers())
@@ -48,6 +50,7 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     , m_piggyBack(services.desktop)
     , m_resumePoint(m_settings, services.store)
     , m_turn(services.options, services.desktop.random(), services.desktop.clock())
+    , m_acts(m_settings, m_playlist, services, isPreview)
 {
     m_bounce.assignRndValuesWithSign();
     m_windowMode = !isPreview && m_settings.isBounceMode();
@@ -101,8 +104,7 @@ std::unique_ptr<MovieFrame> MySaver::createMovieFrame(const Rect& rect)
 {
     const MovieFramePlatform platform{m_services.desktop, m_services.webEngine};
     if (!m_windowMode) return std::make_unique<KTMovieView>(rect, platform);
-    auto* screen = window() ? window()->screen() : nullptr;
-    return screen ? std::make_unique<KTMovieWindow>(rect, *screen, platform) : nullptr;
+    return screen() ? std::make_unique<KTMovieWindow>(rect, *screen(), platform) : nullptr;
 }
 
 bool MySaver::makeMovieFrame()
@@ -133,9 +135,9 @@ void MySaver::dropMovieFrame()
 void MySaver::openFadeOut()
 {
     if (m_windowMode || !leavesPictures()) return;
-    auto* screen = window() ? window()->screen() : nullptr;
-    if (!screen) logLine(QStringLiteral("Cannot find curScreen from startAnimation."));
-    m_fadeOut.open(screen);
+    if (!screen()) logLine(QStringLiteral("Cannot find curScreen from startAnimation."));
+    m_fadeOut.open(screen());
+    m_acts.raise();
 }
 
 void MySaver::stopAnimation()
@@ -153,6 +155,7 @@ void MySaver::stopAnimation()
         m_movieView->hide();
     }
     m_fadeOut.close();
+    m_acts.hide();
     const auto self = m_piggyBack.close();
     m_services.backSavers.restoreSlideFolder();
     ScreenSaverView::stopAnimation();
@@ -208,16 +211,21 @@ void MySaver::placeInTime(QTMovie& movie)
     m_turn.place(movie, isResumed);
 }
 
+Screen* MySaver::screen() const
+{
+    return window() ? window()->screen() : nullptr;
+}
+
 // The screen that plays sound and whose movie the next run begins with.
 bool MySaver::isFirstScreen() const
 {
-    const auto* screen = window() ? window()->screen() : nullptr;
-    return screen && m_services.desktop.isFirst(*screen);
+    return screen() && m_services.desktop.isFirst(*screen());
 }
 
 void MySaver::applySound()
 {
     m_movieView->setMuted(!isFirstScreen() || isPreview() || !m_settings.isSoundOn());
+    m_acts.applyVolume(*m_movieView);
 }
 
 void MySaver::resetMovieViewFrame()
@@ -259,6 +267,7 @@ void MySaver::fitToFrame()
 void MySaver::showSign(const Picture& sign)
 {
     m_sign.setSignImage(sign);
+    m_acts.showMovie({});
     placeSign();
     setAnimationTimeInterval(signInterval);
     setNeedsDisplay(true);

@@ -14,11 +14,11 @@
 #include "engine/RestState.h"
 #include "engine/ResumePoint.h"
 #include "engine/RetrySchedule.h"
+#include "engine/SaverActs.h"
 #include "engine/SaverServices.h"
 #include "engine/StillAhead.h"
 #include "platform/saver/ScreenSaverView.h"
 #include "settings/ConfigurableSaver.h"
-#include "settings/LatestTrailers.h"
 #include "settings/Playlist.h"
 #include "settings/Settings.h"
 
@@ -60,6 +60,7 @@ public:
 
     void rest(Rest how) override;
     void changeMovie(MovieStep step) override;
+    void act(SaverAct what) override;
     [[nodiscard]] SaverSnapshot snapshot() const override;
     [[nodiscard]] ConfigurableSaver* options() override { return this; }
 
@@ -115,10 +116,8 @@ private:
     [[nodiscard]] bool replaceBrokenMovie();
     void startMovie();
 
-    // drawing
+    // the sign picture and what it is drawn on
     void drawGround(Painter& painter, const Rect& rect, const Rect& hidden);
-
-    // the sign picture
     void showSign(const Picture& sign);
     void placeSign();
     void hideSign();
@@ -147,6 +146,7 @@ private:
     void setMovieFrame(const Rect& rect);
     void fitToFrame();
     void applySound();
+    [[nodiscard]] Screen* screen() const;
 
     // what is left behind
     [[nodiscard]] bool hasEffects() const;
@@ -185,6 +185,7 @@ private:
     MovieTurn m_turn;
     RetrySchedule m_retries;
     MovieSteps m_steps;
+    SaverActs m_acts;
     std::unique_ptr<MovieFrame> m_movieView;
     std::unique_ptr<MovieSearch> m_search; ///< null while nothing is looked for
     std::optional<double> m_endOfLoneLoop; ///< nothing where it goes on for ever

@@ -37,7 +37,10 @@ void MySaver::rest(Rest how)
     if (before == how) return;
     if (before == Rest::None) standStill();
     if (how == Rest::None) return goOn();
-    if (how == Rest::Off) letGo();
+    if (how == Rest::Off) {
+        letGo();
+        m_acts.hide();
+    }
     if (how == Rest::Still)
         beStill();
     else

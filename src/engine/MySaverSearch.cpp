@@ -27,7 +27,10 @@ void MySaver::beginSearch(Purpose purpose)
 {
     auto& entries = m_sequencer.entries();
     const bool isStart = purpose == Purpose::Start || purpose == Purpose::Restart;
-    if (isStart) entries.forgetFailures();
+    if (isStart) {
+        entries.forgetFailures();
+        m_steps.giveUp();
+    }
     if (purpose == Purpose::Retry) entries.beginRetry();
     m_search = std::make_unique<MovieSearch>(
         purpose, m_services.desktop.clock().now(),
@@ -63,6 +66,7 @@ void MySaver::advanceSearch()
     const MovieContent content = search->takeContent();
     if (state != MoviePick::State::Found || !_resetMovie(content)) return foundNothing(search->purpose());
     m_steps.shows(addressOf(content));
+    m_acts.showMovie(m_steps.now());
     found(search->purpose());
 }
 
@@ -87,6 +91,7 @@ void MySaver::beginAnew()
 void MySaver::foundNothing(Purpose purpose)
 {
     m_saverInited = true;
+    m_steps.giveUp();
     switch (purpose) {
     case Purpose::Next:
         loopWhatIsAlone();

@@ -19,6 +19,7 @@ constexpr int lastStepBeforeCapture = 9;
 void MySaver::animateOneFrame()
 {
     m_piggyBack.watchForClose();
+    if (m_rest.how == Rest::None || m_rest.how == Rest::Still) m_acts.tick(screen());
     if (m_rest.how == Rest::Still) return tickWhileStill();
     if (isHeldUp()) return;
     const bool hasNews = !m_search && takeNews();
@@ -106,8 +107,16 @@ bool MySaver::isTimeToFly()
 // What it does is done by the next tick.
 void MySaver::changeMovie(MovieStep step)
 {
-    const bool isPlayed = m_movieView && !m_search && m_rest.how == Rest::None;
+    const bool isPlayed = m_movieView && (!m_search || m_steps.isUnderWay()) && m_rest.how == Rest::None;
     if (isPlayed && m_playlist.fileList().size() > 1) m_steps.ask(step);
+}
+
+// One that is never to be played again is over as if the next one had been asked for.
+void MySaver::act(SaverAct what)
+{
+    if (!m_movieView || !screen() || m_rest.how != Rest::None) return;
+    if (m_acts.act(what, {*m_movieView, m_steps.now(), *screen(), isFirstScreen()}))
+        changeMovie(MovieStep::Next);
 }
 
 // It has played long enough, and there is another one to play, or that one is asked for.

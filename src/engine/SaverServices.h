@@ -1,5 +1,6 @@
 #pragma once
 
+#include "settings/CaptionOptions.h"
 #include "settings/MovieOptions.h"
 
 namespace kestro {
@@ -9,6 +10,7 @@ class Desktop;
 class LatestTrailers;
 class MovieFolders;
 class MovieLibrary;
+class NeverList;
 class SettingsStore;
 class ShuffleRecord;
 class SignPictures;
@@ -26,6 +28,8 @@ struct SaverServices {
     MovieOptions options = {};
     MovieFolders* folders = nullptr;  ///< null: folders among the entries hold nothing
     ShuffleRecord* shuffle = nullptr; ///< of random order that remembers; null for one that does not
+    NeverList* never = nullptr;       ///< movies that are not played; null where none can be told
+    CaptionOptions caption = {};
 };
 
 } // namespace kestro

@@ -2,6 +2,7 @@
 
 #include "engine/BackSaverHost.h"
 #include "engine/MySaver.h"
+#include "engine/NeverList.h"
 #include "engine/ShuffleRecord.h"
 #include "platform/base/ConfigurationFile.h"
 #include "platform/base/Paths.h"
@@ -12,6 +13,7 @@
 #include "platform/display/gl/OpenGL.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/web/HelperEngine.h"
+#include "settings/CaptionOptions.h"
 #include "settings/MovieOptions.h"
 #include "settings/SettingsStore.h"
 #include "settings/WatchedFolders.h"
@@ -33,6 +35,7 @@ struct Shared {
     SystemRandom random;
     WatchedFolders folders{random};
     std::optional<ShuffleRecord> shuffle;
+    NeverList never{stateFolder() + QStringLiteral("/never")};
     BackSaverHost backSavers{homeFolder()};
     SignPictures signs{packageLibraries() + QStringLiteral("/Kestro.saver/Contents/Resources")};
 };
@@ -73,14 +76,16 @@ std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QStr
     if (!isScreenSaverView(className)) return nullptr;
     auto& common = shared();
     common.movies.setOpenGL(desktop.openGL());
-    const MovieOptions options = movieOptionsFrom(ConfigurationFile::ofUser());
+    const ConfigurationFile file = ConfigurationFile::ofUser();
+    const MovieOptions options = movieOptionsFrom(file);
     if (options.remembersShuffle && !common.shuffle && !isPreview)
         common.shuffle.emplace(stateFolder() + QStringLiteral("/shuffle"));
     stopThreadsAtTheEnd(desktop.notifications());
     return MySaver::initWithFrameIsPreview(frame, isPreview,
                                            {desktop, common.movies, common.store, common.trailers,
                                             common.signs, common.backSavers, &common.web, options,
-                                            &common.folders, common.shuffle ? &*common.shuffle : nullptr});
+                                            &common.folders, common.shuffle ? &*common.shuffle : nullptr,
+                                            &common.never, CaptionOptions::from(file)});
 }
 
 } // namespace kestro

@@ -10,6 +10,7 @@ namespace kestro {
 class SharedTrailers final : public LatestTrailers {
 public:
     [[nodiscard]] QList<QUrl> lastTrailers(int count, int width, const QSet<QString>& excluded) override;
+    [[nodiscard]] std::optional<int> yearOf(const QUrl& url) override;
     void scanLatest() override;
     void stopThreading() override;
 };

@@ -73,6 +73,7 @@ public:
     void clear();
 
     [[nodiscard]] TrailerList& list() { return m_list; }
+    [[nodiscard]] const TrailerList& list() const { return m_list; }
     /// Where the next crawl begins: what the address field shows.
     [[nodiscard]] const TrailerSite& site() const { return m_site; }
     void setSite(TrailerSite site) { m_site = std::move(site); }

@@ -58,7 +58,8 @@ MySaver& EngineTest::makeSaver(bool isPreview, int screen, Size size)
 
 SaverServices EngineTest::services()
 {
-    return {desktop, movies, store, trailers, signs, backSavers, nullptr, movieOptions, &folders, shuffle};
+    return {desktop, movies,       store,    trailers, signs, backSavers,
+            nullptr, movieOptions, &folders, shuffle,  never, caption};
 }
 
 void EngineTest::tick(MySaver& saver, int times)
@@ -86,6 +87,14 @@ QString EngineTest::playing(const MySaver& saver)
 int EngineTest::logged(const QString& line) const
 {
     return static_cast<int>(std::count(log.begin(), log.end(), line));
+}
+
+const Window* EngineTest::windowOf(const QString& kind, int screen) const
+{
+    const auto& windows = desktop.screens().at(screen)->windows();
+    const auto found =
+        std::ranges::find_if(windows, [&kind](const Window* window) { return window->kind() == kind; });
+    return found == windows.end() ? nullptr : *found;
 }
 
 QColor EngineTest::pixelAt(int x, int y)

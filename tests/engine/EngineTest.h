@@ -2,6 +2,7 @@
 
 #include "engine/BackSaverHost.h"
 #include "engine/MySaver.h"
+#include "engine/NeverList.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
 #include "platform/base/Random.h"
@@ -11,6 +12,7 @@
 #include "platform/display/view/Window.h"
 #include "platform/movie/MemoryMovie.h"
 #include "settings/FoldersDouble.h"
+#include "settings/LatestTrailers.h"
 #include "settings/SettingsStore.h"
 #include "support/WaitUntil.h"
 
@@ -34,7 +36,12 @@ public:
     }
     void scanLatest() override { ++scans; }
     void stopThreading() override { ++stops; }
+    std::optional<int> yearOf(const QUrl& url) override
+    {
+        return trailers.contains(url) ? std::optional(year) : std::nullopt;
+    }
 
+    int year = 2026;
     QList<QUrl> trailers;
     int scans = 0;
     int stops = 0;
@@ -74,6 +81,8 @@ protected:
     static QString playing(const MySaver& saver);
     /// How often a line was logged.
     [[nodiscard]] int logged(const QString& line) const;
+    /// The window of that kind on a screen; null where there is none.
+    [[nodiscard]] const Window* windowOf(const QString& kind, int screen = 0) const;
     /// The pixel of the first screen's picture, counted from its lower left corner.
     QColor pixelAt(int x, int y);
 
@@ -90,7 +99,9 @@ protected:
     SignPictures signs{QStringLiteral(KESTRO_RESOURCES)};
     BackSaverHost backSavers{home.path()};
     std::vector<QString> log;
-    MovieOptions movieOptions; ///< of the savers made from then on
+    MovieOptions movieOptions;  ///< of the savers made from then on
+    CaptionOptions caption;     ///< likewise
+    NeverList* never = nullptr; ///< likewise
 
 private:
     struct Hosted {

@@ -58,6 +58,30 @@ TEST_F(MovieStepsTest, next_playsTheFollowingMovie_roundThePlaylist)
     EXPECT_EQ(next(saver), "a.mov");
 }
 
+TEST_F(MovieStepsTest, stepsAtOnce_areDoneOneAfterTheOther)
+{
+    auto& saver = started();
+    saver.changeMovie(MovieStep::Next);
+    EXPECT_EQ(next(saver), "c.mov");
+    saver.changeMovie(MovieStep::Previous);
+    EXPECT_EQ(previous(saver), "a.mov");
+    saver.changeMovie(MovieStep::Next);
+    EXPECT_EQ(previous(saver), "a.mov");
+}
+
+TEST_F(MovieStepsTest, stepWhileAnotherIsUnderWay_isDoneAfterwards)
+{
+    setPlaylist({"a.mov", "file:///b.mov", "c.mov"});
+    movies.describe(QStringLiteral("file:///b.mov"), {.seconds = 120, .loadsAfter = 1});
+    auto& saver = started();
+    saver.changeMovie(MovieStep::Next);
+    tick(saver);
+    ASSERT_EQ(playing(saver), "a.mov"); // the next one is looked into
+    saver.changeMovie(MovieStep::Next);
+    tickFor(saver, 1.2);
+    EXPECT_EQ(playing(saver), "c.mov");
+}
+
 TEST_F(MovieStepsTest, previous_goesBackThroughWhatWasShown)
 {
     auto& saver = started();

@@ -40,6 +40,15 @@ enum class Rest {
 /// To which movie a saver changes.
 enum class MovieStep { Next, Previous };
 
+/// What a person asks of a saver by a key.
+enum class SaverAct {
+    ShowTitle, ///< says what plays and where it is from, for a few seconds
+    Louder,    ///< each a step, where there is sound, until the saver ends
+    Quieter,
+    NeverAgain, ///< the movie is not played any more, in this run and in all others
+    TakeBack,   ///< the last movie of which that was said is played again
+};
+
 /// What a host may do with a saver besides running its view. The view that a bundle makes is this as well
 /// where the bundle has any of it to give; a host runs one that is not, and asks no more of it. Main thread.
 class SaverControl {
@@ -57,6 +66,9 @@ public:
     /// Has it change to another movie as if the one that plays had ended. Nothing where it rests, changes
     /// already, or has no other movie to play; the previous one is the one that it showed before.
     virtual void changeMovie(MovieStep) {}
+    /// Has it do that. Nothing where it rests. Of several screens' savers the first alone has sound, and a
+    /// movie that is not to be played again.
+    virtual void act(SaverAct) {}
     /// What shows now.
     [[nodiscard]] virtual SaverSnapshot snapshot() const { return {}; }
     /// The saver as the sheet that edits its options knows it; null where there are none to edit.

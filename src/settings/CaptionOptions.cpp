@@ -1,0 +1,27 @@
+#include "settings/CaptionOptions.h"
+
+#include "platform/base/ConfigurationFile.h"
+
+namespace kestro {
+
+namespace {
+
+const QString section = QStringLiteral("caption");
+const QString titleKey = QStringLiteral("title");
+const QString clockKey = QStringLiteral("clock");
+
+} // namespace
+
+CaptionOptions CaptionOptions::from(const ConfigurationFile& file)
+{
+    file.warnAboutUnknown(section, {clockKey, titleKey});
+    return {.showsTitle = file.isYes(section, titleKey), .showsClock = file.isYes(section, clockKey)};
+}
+
+void CaptionOptions::putInto(ConfigurationFile& file) const
+{
+    file.setYes(section, titleKey, showsTitle);
+    file.setYes(section, clockKey, showsClock);
+}
+
+} // namespace kestro
