@@ -61,6 +61,12 @@ void IdleMachine::personActive()
     if (!m_isRunning) m_state = State::Active;
 }
 
+void IdleMachine::personStirred()
+{
+    if (m_state != State::Showing) return personActive();
+    m_isAway = false;
+}
+
 void IdleMachine::answered(const QList<Hindrance>& hindrances)
 {
     if (m_state != State::Asked) return;

@@ -40,6 +40,9 @@ public:
 
     void personIdle();
     void personActive();
+    /// The same, told by input that a saver which shows hears of as well: it ends by itself where that is
+    /// meant to end it.
+    void personStirred();
     /// What is against showing, asked for by `ask`. Not heard in another state than Asked.
     void answered(const QList<Hindrance>& hindrances);
     /// What is known without having been asked for has changed.

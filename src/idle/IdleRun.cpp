@@ -6,6 +6,7 @@
 #include "idle/IdleControl.h"
 #include "idle/IdleOptions.h"
 #include "idle/IdleService.h"
+#include "idle/KeyOptions.h"
 #include "idle/PowerOptions.h"
 #include "idle/RivalFact.h"
 #include "idle/SaverChild.h"
@@ -85,7 +86,9 @@ void SessionRun::serve(std::unique_ptr<IdleSource> source)
                                               [this](const std::optional<IdleRival>& rival) { seen(rival); });
     IdleService::Parts parts{std::move(source), std::move(m_facts.all), std::move(rivals),
                              std::make_unique<SaverChild>(kestroProgram(), m_saverWords)};
-    m_service = std::make_unique<IdleService>(m_clock, std::move(parts), after(ConfigurationFile::ofUser()));
+    const ConfigurationFile file = ConfigurationFile::ofUser();
+    m_service = std::make_unique<IdleService>(m_clock, std::move(parts), after(file));
+    m_service->leaveInputToSaver(KeyOptions::from(file).isEnabled);
     logLine(QStringLiteral("Waiting until you are away; %1 tells.").arg(m_service->status().source));
     connectService();
     m_service->lookForRival();
@@ -135,6 +138,7 @@ void SessionRun::reload()
     const ConfigurationFile file = ConfigurationFile::ofUser();
     m_facts.power->setRule(powerRuleFrom(file));
     m_service->setAfter(after(file));
+    m_service->leaveInputToSaver(KeyOptions::from(file).isEnabled);
 }
 
 std::chrono::seconds SessionRun::after(const ConfigurationFile& file) const

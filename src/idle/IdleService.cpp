@@ -27,7 +27,7 @@ IdleService::~IdleService() = default;
 
 void IdleService::watch()
 {
-    m_parts.source->watch(m_after, {[this] { personIdle(); }, [this] { personActive(); },
+    m_parts.source->watch(m_after, {[this] { personIdle(); }, [this] { inputHeard(); },
                                     [this] {
                                         if (m_onLost) m_onLost();
                                     }});
@@ -45,6 +45,14 @@ void IdleService::personActive()
     m_awaySince.reset();
     if (m_onBack) m_onBack();
     after([this] { m_machine.personActive(); });
+}
+
+void IdleService::inputHeard()
+{
+    if (!m_isInputLeft) return personActive();
+    m_awaySince.reset();
+    if (m_onBack) m_onBack();
+    after([this] { m_machine.personStirred(); });
 }
 
 void IdleService::standAsideFor(const QString& rival)

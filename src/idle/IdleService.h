@@ -41,6 +41,8 @@ public:
     /// Called when nothing tells any more that the person is away. It may destroy this.
     void setLostHandler(std::function<void()> handler) { m_onLost = std::move(handler); }
 
+    /// Whether input leaves a saver that shows to itself, from now on: some of it is not to end it.
+    void leaveInputToSaver(bool isLeft) { m_isInputLeft = isLeft; }
     /// Leaves the session to the service of that name; an empty one: looks after it again.
     void standAsideFor(const QString& rival);
     /// Another time without input, from now on.
@@ -63,6 +65,7 @@ private:
     void watch();
     void personIdle();
     void personActive();
+    void inputHeard();
     void ask();
     void startSaver();
     void after(const std::function<void()>& step);
@@ -73,6 +76,7 @@ private:
     std::chrono::seconds m_after;
     std::optional<double> m_awaySince; ///< when the person was told to be away
     QString m_rival;
+    bool m_isInputLeft = false; ///< to a saver that shows
     std::function<void()> m_onChange;
     std::function<void()> m_onBack;
     std::function<void()> m_onLost;

@@ -53,6 +53,11 @@ public:
         m_journal.append(m_name +
                          (step == MovieStep::Next ? QStringLiteral(" next") : QStringLiteral(" previous")));
     }
+    void act(SaverAct what) override
+    {
+        static const QStringList names{"title", "louder", "quieter", "never", "back"};
+        m_journal.append(m_name + u' ' + names.at(static_cast<int>(what)));
+    }
     [[nodiscard]] SaverSnapshot snapshot() const override { return shown; }
 
     std::function<void()> onFit;

@@ -348,4 +348,22 @@ TEST(IdleMachineWeek, neverShowsWhileLocked_andFindsAWayOutOfEveryState)
     EXPECT_GT(week.shows(), 500);
 }
 
+TEST_F(IdleMachineTest, inputThatTheSaverHears_leavesTheEndToIt)
+{
+    showBecauseIdle();
+    m_machine.personStirred();
+    EXPECT_EQ(m_machine.state(), State::Showing);
+    EXPECT_EQ(m_stopped, 0);
+    m_machine.saverEnded(false);
+    EXPECT_EQ(m_machine.state(), State::Active);
+}
+
+TEST_F(IdleMachineTest, inputThatTheSaverHears_countsAsEver_whileNoneShows)
+{
+    m_machine.personIdle();
+    m_machine.answered({film});
+    m_machine.personStirred();
+    EXPECT_EQ(m_machine.state(), State::Active);
+}
+
 } // namespace kestro

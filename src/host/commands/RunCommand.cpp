@@ -7,12 +7,14 @@
 #include "host/session/RestSchedule.h"
 #include "host/session/SaverSession.h"
 #include "host/session/SessionControl.h"
+#include "host/session/SessionKeys.h"
 #include "host/start/Confinement.h"
 #include "host/start/DisplayLoss.h"
 #include "host/start/GuiStart.h"
 #include "host/start/StopSignals.h"
 #include "host/start/StopThread.h"
 #include "idle/IdleOptions.h"
+#include "idle/KeyOptions.h"
 #include "idle/PowerOptions.h"
 #include "idle/ScreensOptions.h"
 #include "platform/base/Clock.h"
@@ -34,6 +36,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 namespace kestro {
 
@@ -111,6 +114,12 @@ std::unique_ptr<PowerAdvice> powerFor(RestSchedule& rests, const ConfigurationFi
         [&rests](PowerChoice choice, const QString& reason) { rests.setPower(choice, reason); });
 }
 
+void takeKeys(std::optional<SessionKeys>& keys, SaverSession& session, QtDesktop& desktop)
+{
+    desktop.tellKeys();
+    keys.emplace(session);
+}
+
 int runFullScreen(const RunOptions& options)
 {
     if (rendererWish() != RendererWish::Software) prepareDrivers();
@@ -136,6 +145,8 @@ int runFullScreen(const RunOptions& options)
         SessionControl::isWanted(file)
             ? std::make_unique<SessionControl>(session, [&] { leaveDesktop(session, desktop); })
             : nullptr;
+    std::optional<SessionKeys> keys;
+    if (KeyOptions::from(file).isEnabled) takeKeys(keys, session, desktop);
     session.setWakeHandler([&] { wake(session, desktop); });
     play(session, [&] {
         desktop.showSurfaces();

@@ -63,6 +63,12 @@ void SaverSession::changeMovie(MovieStep step)
         if (auto* const control = saver->control()) control->changeMovie(step);
 }
 
+void SaverSession::act(SaverAct what)
+{
+    for (const auto& saver : m_savers)
+        if (auto* const control = saver->control()) control->act(what);
+}
+
 std::shared_ptr<HostedSaver> SaverSession::cover(Screen& screen)
 {
     screen.surface().setInputHandler(
@@ -119,6 +125,7 @@ void SaverSession::screenRemoved(Screen& screen)
 
 void SaverSession::handleInput(const Screen& screen, const InputEvent& event)
 {
+    if (event.kind == InputEvent::Kind::Key && m_onWake && m_onKey && m_onKey(event)) return;
     const Rect frame = screen.frame();
     const Point position{frame.left() + static_cast<float>(event.position.x()),
                          frame.top() - static_cast<float>(event.position.y())};

@@ -31,6 +31,9 @@ public:
 
     /// Called once, when a person does something that is meant to end the saver. It is not stopped by that.
     void setWakeHandler(std::function<void()> handler) { m_onWake = std::move(handler); }
+    /// Asked of each key before it counts as meant to end the saver, until something else was: whether it was
+    /// meant for something else, which is done then.
+    void setKeyHandler(std::function<bool(const InputEvent&)> handler) { m_onKey = std::move(handler); }
     /// Called after each tick of each screen's view.
     void setTickHandler(TickHandler handler) { m_onTick = std::move(handler); }
 
@@ -48,6 +51,9 @@ public:
     /// Has every saver change to another movie, as far as each can.
     void changeMovie(MovieStep step);
 
+    /// Has every saver do that, as far as each can.
+    void act(SaverAct what);
+
     /// First screen first.
     [[nodiscard]] const std::vector<std::shared_ptr<HostedSaver>>& savers() const { return m_savers; }
 
@@ -63,6 +69,7 @@ private:
     Desktop& m_desktop;
     ViewFactory m_factory;
     std::function<void()> m_onWake;
+    std::function<bool(const InputEvent&)> m_onKey;
     TickHandler m_onTick;
     WakeWatch m_watch;
     std::vector<std::shared_ptr<HostedSaver>> m_savers;

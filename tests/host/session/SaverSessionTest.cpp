@@ -188,4 +188,20 @@ TEST_F(SaverSessionTest, saver_isHeld_whileItsOwnScreenIsNotSeen)
     EXPECT_EQ(desk.count(QStringLiteral("b rest 0")), 1);
 }
 
+TEST_F(SaverSessionTest, keyThatIsMeantForSomethingElse_wakesNobody)
+{
+    QList<InputEvent::Key> asked;
+    session.setKeyHandler([&asked](const InputEvent& input) {
+        asked.append(input.key);
+        return input.key == InputEvent::Key::I;
+    });
+    countWakes();
+    send(1, {InputEvent::Kind::Key, {}, InputEvent::Key::I});
+    EXPECT_EQ(wakes, 0);
+    send(1, {InputEvent::Kind::Key, {}, InputEvent::Key::Other});
+    EXPECT_EQ(wakes, 1);
+    send(1, {InputEvent::Kind::Key, {}, InputEvent::Key::I});
+    EXPECT_EQ(asked, (QList{InputEvent::Key::I, InputEvent::Key::Other})); // none once it ends
+}
+
 } // namespace kestro

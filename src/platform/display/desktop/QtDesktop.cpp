@@ -49,7 +49,8 @@ void QtDesktop::showSurfaces()
     m_isShown = true;
     for (const Monitor& monitor : m_monitors)
         monitor.surface->show();
-    m_input = SessionInput::create([this](InputEvent::Kind kind) { inputHeard(kind); });
+    m_input = SessionInput::create(
+        [this](InputEvent::Kind kind, InputEvent::Key key) { inputHeard(kind, key); }, m_tellsKeys);
 }
 
 void QtDesktop::hideSurfaces()
@@ -76,11 +77,11 @@ void QtDesktop::giveBackFocus()
 }
 
 /// Heard wherever it went: any monitor may tell of it, as every place can be counted from any.
-void QtDesktop::inputHeard(InputEvent::Kind kind)
+void QtDesktop::inputHeard(InputEvent::Kind kind, InputEvent::Key key)
 {
     if (m_monitors.empty() || !m_isShown) return;
     const Monitor& first = m_monitors.front();
-    first.surface->tell({kind, QCursor::pos() - first.qtScreen->geometry().topLeft()});
+    first.surface->tell({kind, QCursor::pos() - first.qtScreen->geometry().topLeft(), key});
 }
 
 std::vector<Screen*> QtDesktop::screens() const

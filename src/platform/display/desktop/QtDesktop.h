@@ -28,6 +28,9 @@ public:
     /// Shows the surfaces, now and of monitors that come later. Until then nothing is on the screen.
     /// The input focus of an X11 session goes to this process with them.
     void showSurfaces();
+    /// Has keys told by their names, which costs questions to an X server at each; before the surfaces are
+    /// shown.
+    void tellKeys() { m_tellsKeys = true; }
     /// Takes the surfaces from the screens. What a person does still reaches no other program.
     void hideSurfaces();
     /// Calls `done` once nothing is down any more that a person pressed while the surfaces were shown, at the
@@ -60,7 +63,7 @@ private:
     void followMonitor(Monitor& monitor);
     void surfaceGone();
     void claimKeyboard();
-    void inputHeard(InputEvent::Kind kind);
+    void inputHeard(InputEvent::Kind kind, InputEvent::Key key);
 
     const Clock& m_clock;
     Random& m_random;
@@ -71,6 +74,7 @@ private:
     std::unique_ptr<Overlay> m_overlay; ///< null where the desktop has none
     std::vector<Monitor> m_monitors;
     bool m_isShown = false;
+    bool m_tellsKeys = false;
     std::unique_ptr<SessionInput> m_input; ///< once shown; null where the desktop is not X11
     QObject m_listener;                    ///< receives the application's signals; goes first
 };

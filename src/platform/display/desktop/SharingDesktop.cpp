@@ -179,7 +179,9 @@ void SharingDesktop::tell(const Screen& monitor, const InputEvent& event) const
     const Screen& first = *m_shown.front().screen;
     const QPointF by(monitor.frame().left() - first.frame().left(),
                      first.frame().top() - monitor.frame().top());
-    m_shown.front().surface->tell({event.kind, event.position + by});
+    InputEvent moved = event;
+    moved.position += by;
+    m_shown.front().surface->tell(moved);
 }
 
 } // namespace kestro

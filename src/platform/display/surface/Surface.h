@@ -17,8 +17,12 @@ namespace kestro {
 /// What a person did at a surface. Positions are points from its top left corner.
 struct InputEvent {
     enum class Kind { Key, Button, Motion, CloseRequest };
+    /// Keys that a saver may act on, as they are pressed alone: with Control, Alt or Super each is another.
+    enum class Key { Other, Left, Right, Up, Down, D, I, U };
     Kind kind;
     QPointF position;
+    Key key = Key::Other;
+    bool isRepeat = false; ///< the key has been down for a while
 };
 
 /// A native window that OpenGL shows a picture in. Pixels of the window from the top left.

@@ -1,11 +1,22 @@
 #include "platform/display/surface/SurfaceWindow.h"
 
+#include "platform/display/surface/KeySymbols.h"
+
 #include <QCursor>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTouchEvent>
 #include <QWheelEvent>
 
 namespace kestro {
+
+namespace {
+
+/// Held with a key they make another of it; so does the block of digits.
+constexpr Qt::KeyboardModifiers others =
+    Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::GroupSwitchModifier | Qt::KeypadModifier;
+
+} // namespace
 
 SurfaceWindow::SurfaceWindow(Qt::WindowFlags flags)
 {
@@ -39,9 +50,12 @@ void SurfaceWindow::exposeEvent(QExposeEvent*)
     if (isExposed() && m_onExpose) m_onExpose();
 }
 
-void SurfaceWindow::keyPressEvent(QKeyEvent*)
+void SurfaceWindow::keyPressEvent(QKeyEvent* event)
 {
-    tell(InputEvent::Kind::Key, mapFromGlobal(QCursor::pos()));
+    const bool isAlone = (event->modifiers() & others) == Qt::NoModifier;
+    const auto key =
+        isAlone ? keyOfSymbol(event->nativeVirtualKey(), event->nativeScanCode()) : InputEvent::Key::Other;
+    tell({InputEvent::Kind::Key, mapFromGlobal(QCursor::pos()), key, event->isAutoRepeat()});
 }
 
 void SurfaceWindow::mousePressEvent(QMouseEvent* event)
@@ -65,11 +79,11 @@ void SurfaceWindow::touchEvent(QTouchEvent* event)
         tell(InputEvent::Kind::Button, event->points().front().position());
 }
 
-void SurfaceWindow::tell(InputEvent::Kind kind, QPointF position) const
+void SurfaceWindow::tell(const InputEvent& event) const
 {
     // Copied: what is told may put another handler in place.
     const auto handler = m_onInput;
-    if (handler) handler({kind, position});
+    if (handler) handler(event);
 }
 
 } // namespace kestro

@@ -33,7 +33,8 @@ protected:
 
 private:
     void hideCursorAgain();
-    void tell(InputEvent::Kind kind, QPointF position) const;
+    void tell(InputEvent::Kind kind, QPointF position) const { tell({kind, position}); }
+    void tell(const InputEvent& event) const;
 
     std::function<void(const InputEvent&)> m_onInput;
     std::function<void()> m_onExpose;

@@ -141,6 +141,7 @@ bool FocusHold::nativeEventFilter(const QByteArray& eventType, void* message, qi
 
 void FocusHold::focusMoved(std::uint8_t mode, bool isOurs)
 {
+    m_hasKeyboard = isOurs && mode != XCB_NOTIFY_MODE_WHILE_GRABBED;
     if (isOurs) return noteOwner();
     // What goes because of a grab, or while there is one, is a locker's now, or back at once.
     if (mode == XCB_NOTIFY_MODE_NORMAL) m_takeBack.ask();

@@ -36,6 +36,10 @@ public:
     /// Gives the focus to who had it last, if it is still held.
     void giveBack();
 
+    /// Whether what is pressed now comes to the window and to nobody else: it has the focus, and no other
+    /// program has grabbed the keyboard.
+    [[nodiscard]] bool hasKeyboard() const { return m_hasKeyboard; }
+
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
@@ -58,6 +62,7 @@ private:
     std::optional<unsigned> m_question; ///< after the first owner, not answered yet
     Owner m_owner{};
     bool m_isContent = false;
+    bool m_hasKeyboard = false;
     PacedCall m_takeBack;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/display/desktop/x11/SessionInput.h"
 
+#include "platform/display/desktop/x11/PressedKey.h"
 #include "platform/display/surface/x11/RootStack.h"
 #include "platform/display/surface/x11/X11Connection.h"
 
@@ -32,16 +33,17 @@ SessionInput::Codes keysDown(xcb_connection_t* connection)
 
 } // namespace
 
-std::unique_ptr<SessionInput> SessionInput::create(Handler handler)
+std::unique_ptr<SessionInput> SessionInput::create(Handler handler, bool tellsKeys)
 {
     xcb_connection_t* const connection = x11Connection();
     if (!connection) return nullptr;
-    return std::unique_ptr<SessionInput>(new SessionInput(connection, std::move(handler)));
+    return std::unique_ptr<SessionInput>(new SessionInput(connection, std::move(handler), tellsKeys));
 }
 
-SessionInput::SessionInput(xcb_connection_t* connection, Handler handler)
+SessionInput::SessionInput(xcb_connection_t* connection, Handler handler, bool tellsKeys)
     : m_connection(connection)
     , m_handler(std::move(handler))
+    , m_tellsKeys(tellsKeys)
     , m_focus(connection, {[this](std::uint8_t code) {
                                if (!m_raw) keyPressed(code);
                            },
@@ -66,20 +68,27 @@ void SessionInput::hear(const RawInput::Event& event)
     case Kind::ButtonRelease:
         return buttonReleased(event.code);
     case Kind::Motion:
-        return m_handler(InputEvent::Kind::Motion);
+        return m_handler(InputEvent::Kind::Motion, {});
     }
 }
 
 void SessionInput::keyPressed(std::uint32_t code)
 {
     m_pressedKeys.set(code % m_pressedKeys.size());
-    m_handler(InputEvent::Kind::Key);
+    m_handler(InputEvent::Kind::Key, m_tellsKeys ? nameOf(code) : InputEvent::Key::Other);
+}
+
+// What a person types into a locker is heard here as well.
+InputEvent::Key SessionInput::nameOf(std::uint32_t code) const
+{
+    const bool isOurs = m_focus.hasKeyboard() && RootStack::read(m_connection).locker() == 0;
+    return isOurs ? pressedKey(m_connection, code) : InputEvent::Key::Other;
 }
 
 void SessionInput::buttonPressed(std::uint32_t code)
 {
     m_buttons.set(code % m_buttons.size());
-    m_handler(InputEvent::Kind::Button);
+    m_handler(InputEvent::Kind::Button, {});
 }
 
 void SessionInput::buttonReleased(std::uint32_t code)

@@ -21,11 +21,12 @@ namespace kestro {
 /// thread. Tested by test_session.
 class SessionInput final {
 public:
-    using Handler = std::function<void(InputEvent::Kind)>;
+    using Handler = std::function<void(InputEvent::Kind, InputEvent::Key)>;
     using Codes = std::bitset<256>; ///< keys or buttons by their numbers
 
-    /// Takes the focus; null where the desktop is not X11. The surfaces are shown already.
-    [[nodiscard]] static std::unique_ptr<SessionInput> create(Handler handler);
+    /// Takes the focus; null where the desktop is not X11. The surfaces are shown already. With `tellsKeys` a
+    /// key is told by its name where it reached nobody else; every other key is Key::Other.
+    [[nodiscard]] static std::unique_ptr<SessionInput> create(Handler handler, bool tellsKeys);
 
     /// From now on whatever a person does reaches nobody, on any monitor, unless a locker has it: the
     /// surfaces may go.
@@ -38,10 +39,11 @@ public:
     void giveBack() { m_focus.giveBack(); }
 
 private:
-    SessionInput(xcb_connection_t* connection, Handler handler);
+    SessionInput(xcb_connection_t* connection, Handler handler, bool tellsKeys);
 
     void hear(const RawInput::Event& event);
     void keyPressed(std::uint32_t code);
+    [[nodiscard]] InputEvent::Key nameOf(std::uint32_t code) const;
     void buttonPressed(std::uint32_t code);
     void buttonReleased(std::uint32_t code);
     void look();
@@ -50,6 +52,7 @@ private:
 
     xcb_connection_t* m_connection;
     Handler m_handler;
+    bool m_tellsKeys;
     FocusHold m_focus;
     std::unique_ptr<RawInput> m_raw; ///< null where the X server has none: what the focus brings has to do
     Codes m_pressedKeys;             ///< since the focus was taken

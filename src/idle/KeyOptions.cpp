@@ -1,0 +1,25 @@
+#include "idle/KeyOptions.h"
+
+#include "platform/base/ConfigurationFile.h"
+
+namespace kestro {
+
+namespace {
+
+const QString section = QStringLiteral("keys");
+const QString enabledKey = QStringLiteral("enabled");
+
+} // namespace
+
+KeyOptions KeyOptions::from(const ConfigurationFile& file)
+{
+    file.warnAboutUnknown(section, {enabledKey});
+    return {.isEnabled = file.isYes(section, enabledKey)};
+}
+
+void KeyOptions::putInto(ConfigurationFile& file) const
+{
+    file.setYes(section, enabledKey, isEnabled);
+}
+
+} // namespace kestro
