@@ -84,6 +84,16 @@ class OtherEntries(DeadDiskTest):
         self.others_play(run)
         run.end()
 
+    def test_they_play_where_a_list_before_them_does_not_answer(self):
+        for question in QUESTIONS:
+            with self.subTest(question):
+                disk = DeadDisk({"silent.m3u": self.good[0]}, f"silent.m3u={question}")
+                self.addCleanup(disk.close)
+                run = self.watch(disk, [disk.url("silent.m3u"), url(self.good[0]), url(self.good[1])])
+                disk.await_question("silent.m3u", question)
+                self.others_play(run)
+                run.end()
+
     def test_the_sign_moves_while_the_first_entry_does_not_answer(self):
         self.check_runs(lambda run: run.until_it_plays(url(self.good[0]), since=run.until_the_sign_moves()),
                         lambda silent: [silent, *self.good])
