@@ -109,6 +109,46 @@ TEST_F(MovieStepsTest, next_goesOnBehindTheMovieThatPreviousWentBackTo)
     EXPECT_EQ(next(saver), "c.mov");
 }
 
+TEST_F(MovieStepsTest, next_goesOnAtTheBeginning_behindTheLastMovieThatPreviousWentBackTo)
+{
+    auto& saver = started();
+    for (int i = 0; i < 3; ++i)
+        next(saver);
+    ASSERT_EQ(previous(saver), "c.mov");
+    EXPECT_EQ(next(saver), "a.mov");
+}
+
+TEST_F(MovieStepsTest, wayBack_leavesOutWhatThePlaylistHoldsNoMore)
+{
+    Settings settings(store, {});
+    Playlist playlist(settings, trailers, false);
+    const QList<QUrl> listed = playlist.fileList();
+    MovieSteps steps;
+    for (const QUrl& shown : {listed[0], QUrl(QStringLiteral("file:///gone.mov")), listed[2]})
+        steps.shows(shown);
+    EXPECT_EQ(steps.wayBack(playlist, true)->next(), listed[0]);
+}
+
+TEST(MovieSteps, steps_areNoMoreThanTheWayBackIsLong)
+{
+    MovieSteps steps;
+    for (int i = 0; i < MovieSteps::longestWay + 50; ++i)
+        steps.ask(MovieStep::Next);
+    int taken = 0;
+    while (steps.take())
+        ++taken;
+    EXPECT_EQ(taken, MovieSteps::longestWay);
+}
+
+TEST(MovieSteps, stepThatWasAskedFor_isLeft_whenAnotherMovieComesByItself)
+{
+    MovieSteps steps;
+    steps.shows(QUrl(QStringLiteral("file:///a.mov")));
+    steps.ask(MovieStep::Next);
+    steps.shows(QUrl(QStringLiteral("file:///b.mov")));
+    EXPECT_FALSE(steps.isAsked());
+}
+
 TEST_F(MovieStepsTest, previous_findsWhatCameByChance)
 {
     set("Random", "1");
