@@ -190,6 +190,18 @@ TEST_F(IdleServiceTest, endsIt_whenThePersonIsBackOrTheSessionIsLocked)
     EXPECT_EQ(m_session.stops, 2);
 }
 
+TEST_F(IdleServiceTest, leavesInputToIt_whereThatWasChosen_butNotWhatProgramsSay)
+{
+    m_service->leaveInputToSaver(true);
+    goAway();
+    m_session.handlers.onActive();
+    EXPECT_EQ(m_session.stops, 0);
+    EXPECT_EQ(state(), State::Showing);
+    EXPECT_EQ(m_service->idleSeconds(), 0);
+    m_service->simulateActivity();
+    EXPECT_EQ(m_session.stops, 1);
+}
+
 TEST_F(IdleServiceTest, startsItAgain_whenItBreaksOff)
 {
     goAway();

@@ -57,11 +57,14 @@ class Doctor(ProgramTest):
 
     def test_faults_of_the_settings_files_are_told(self):
         self.home.play([movie("plain")])
-        self.home.configure("[movies]\ndissolve=much\n[idle]\nafter=later\n[control]\nbus=maybe\n")
+        self.home.configure("[movies]\ndissolve=much\n[idle]\nafter=later\n[control]\nbus=maybe\n"
+                            "[keys]\nenabled=often\n[caption]\ntitle=big\n")
         settings = self.report(status=1)["Settings"]
         self.assertFound(settings, BROKEN, "line 2", "much", "mend the file")
         self.assertFound(settings, BROKEN, "line 4", "later", "mend the file")
         self.assertFound(settings, BROKEN, "line 6", "maybe", "mend the file")
+        self.assertFound(settings, BROKEN, "line 8", "often", "mend the file")
+        self.assertFound(settings, BROKEN, "line 10", "big", "mend the file")
 
     def test_a_settings_file_that_cannot_be_read_is_told(self):
         for name in ("Kestro.plist", "Kestro.def.plist"):

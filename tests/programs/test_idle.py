@@ -8,7 +8,7 @@ import subprocess
 import tempfile
 import unittest
 
-from harness import BLACK, BOUND, KESTRO, RED, wait_until
+from harness import BLACK, BOUND, GREEN, KESTRO, RED, movie, wait_until
 from idletest import IdleTest
 from xserver import XServer
 
@@ -74,6 +74,17 @@ class Idle(IdleTest):
 
     def press_key(self):
         self.server.run("xdotool", "key", "shift")
+
+    def test_keys_that_act_on_the_saver_do_not_end_it(self):
+        self.home.play([movie("idle-red", "red", seconds=60), movie("idle-green", "green", seconds=60)], FullScreenMode="1",
+                       PlayMode="1")
+        self.home.configure("[keys]\nenabled=yes\n")
+        self.serve("--after", "2s")
+        self.wait_for_saver()
+        self.server.run("xdotool", "key", "Right")
+        wait_until(lambda: self.server.picture().is_near(320, 240, GREEN), "the next movie")
+        self.press_key()
+        self.wait_for_empty_screen()
 
     def test_the_saver_comes_when_nobody_is_there_and_goes_with_a_key(self):
         service = self.serve("--after", "2s")

@@ -46,6 +46,18 @@ class Pictures(ProgramTest):
                 self.assertEqual(bool(mixed), dissolves)
                 self.assertTrue(pictures[-1].is_near(160, 120, BLUE))
 
+    def test_title_and_clock_stand_over_the_movie_where_they_were_chosen(self):
+        self.home.play([movie("red", seconds=9)], FullScreenMode="1")
+        for text, is_there in (("", False), ("[caption]\ntitle=yes\n", True), ("[caption]\nclock=yes\n", True)):
+            with self.subTest(text):
+                self.home.configure(text)
+                done = Rendering(self, size="640x480")
+                picture = done.last_picture()
+                white = any(picture.is_near(x, y, (255, 255, 255), 60) for x in range(640) for y in range(480))
+                self.assertEqual(white, is_there)
+                kinds = {window["kind"] for line in done.trace for window in line["windows"]}
+                self.assertEqual("caption" in kinds, is_there, kinds)
+
     def test_the_defaults_are_one_full_hd_screen_for_ten_seconds(self):
         text = self.run_kestro("render", "--help").stdout
         for default in ["(10)", "(1920x1080)", "(1)"]:

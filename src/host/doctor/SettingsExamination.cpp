@@ -1,6 +1,7 @@
 #include "host/doctor/Examinations.h"
 #include "host/session/SessionControl.h"
 #include "idle/IdleOptions.h"
+#include "idle/KeyOptions.h"
 #include "idle/PowerOptions.h"
 #include "idle/ScreensOptions.h"
 #include "platform/base/ConfigurationFile.h"
@@ -8,6 +9,7 @@
 #include "platform/base/Paths.h"
 #include "platform/plist/PropertyList.h"
 #include "platform/plist/PropertyListFile.h"
+#include "settings/CaptionOptions.h"
 #include "settings/MovieOptions.h"
 #include "settings/SettingsStore.h"
 #include "trailers/TrailerSite.h"
@@ -62,6 +64,8 @@ void readConfiguration()
     (void)powerRuleFrom(file);
     (void)screenChoiceFrom(file);
     (void)movieOptionsFrom(file);
+    (void)CaptionOptions::from(file);
+    (void)KeyOptions::from(file);
     (void)SessionControl::isWanted(file);
     (void)configuredTrailerSite();
 }

@@ -125,7 +125,8 @@ void SaverSession::screenRemoved(Screen& screen)
 
 void SaverSession::handleInput(const Screen& screen, const InputEvent& event)
 {
-    if (event.kind == InputEvent::Kind::Key && m_onWake && m_onKey && m_onKey(event)) return;
+    const bool mayAct = m_onWake && m_onKey && m_rest == Rest::None;
+    if (mayAct && event.kind == InputEvent::Kind::Key && m_onKey(event)) return;
     const Rect frame = screen.frame();
     const Point position{frame.left() + static_cast<float>(event.position.x()),
                          frame.top() - static_cast<float>(event.position.y())};

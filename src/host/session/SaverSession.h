@@ -31,8 +31,8 @@ public:
 
     /// Called once, when a person does something that is meant to end the saver. It is not stopped by that.
     void setWakeHandler(std::function<void()> handler) { m_onWake = std::move(handler); }
-    /// Asked of each key before it counts as meant to end the saver, until something else was: whether it was
-    /// meant for something else, which is done then.
+    /// Asked of each key before it counts as meant to end the saver, until something did: whether it was
+    /// meant for something else, which is done then. Not while the savers rest.
     void setKeyHandler(std::function<bool(const InputEvent&)> handler) { m_onKey = std::move(handler); }
     /// Called after each tick of each screen's view.
     void setTickHandler(TickHandler handler) { m_onTick = std::move(handler); }

@@ -188,6 +188,15 @@ TEST_F(SaverSessionTest, saver_isHeld_whileItsOwnScreenIsNotSeen)
     EXPECT_EQ(desk.count(QStringLiteral("b rest 0")), 1);
 }
 
+TEST_F(SaverSessionTest, everyKeyWakes_whileTheSaversRest)
+{
+    session.setKeyHandler([](const InputEvent&) { return true; });
+    countWakes();
+    session.rest(Rest::Off);
+    send(0, {InputEvent::Kind::Key, {}, InputEvent::Key::I});
+    EXPECT_EQ(wakes, 1);
+}
+
 TEST_F(SaverSessionTest, keyThatIsMeantForSomethingElse_wakesNobody)
 {
     QList<InputEvent::Key> asked;
