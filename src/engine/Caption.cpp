@@ -61,12 +61,7 @@ void Caption::tick(Screen* screen)
 {
     if (m_options.isNone()) return;
     if (!screen) return hide();
-    const QDateTime now = m_clock.wallTime();
-    const std::int64_t minute = now.toSecsSinceEpoch() / 60;
-    const bool isNewMinute = std::exchange(m_minute, minute) != minute;
-    if (m_options.showsClock && (isNewMinute || m_lines.clock.isEmpty()))
-        m_lines.clock = timeOfDay(now.time());
-
+    const bool isNewMinute = lookAtClock();
     const CaptionSize size = sizeFor(*screen);
     const bool isDrawn = m_window.screen() == screen || m_lines.isEmpty();
     if (!isDrawn || m_lines != m_drawn || size != m_drawnSize) {
@@ -78,6 +73,19 @@ void Caption::tick(Screen* screen)
     } else if (isNewMinute) {
         m_window.moveTo(place(screen->frame().size));
     }
+}
+
+/// Whether another minute has begun since the last look. One look a second will do: each costs more than all
+/// else that a tick does here.
+bool Caption::lookAtClock()
+{
+    if (m_clock.now() < m_nextLook) return false;
+    m_nextLook = m_clock.now() + 1;
+    const QDateTime now = m_clock.wallTime();
+    const std::int64_t minute = now.toSecsSinceEpoch() / 60;
+    if (std::exchange(m_minute, minute) == minute) return false;
+    if (m_options.showsClock) m_lines.clock = timeOfDay(now.time());
+    return true;
 }
 
 /// Where its lower left corner is, on a screen of that size.

@@ -32,6 +32,7 @@ public:
     [[nodiscard]] const Window* window() const { return m_window.window(); }
 
 private:
+    [[nodiscard]] bool lookAtClock();
     [[nodiscard]] Point place(Size screen) const;
 
     CaptionOptions m_options;
@@ -41,6 +42,7 @@ private:
     CaptionSize m_drawnSize;
     Size m_size; ///< of the picture
     std::int64_t m_minute = 0;
+    double m_nextLook = 0; ///< at the time of day
     WordsWindow m_window;
 };
 
