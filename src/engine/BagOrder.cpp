@@ -9,16 +9,18 @@
 namespace kestro {
 
 BagOrder::BagOrder(Playlist& playlist, Random& random, ShuffleRecord& record,
-                   const std::optional<QString>& resumed, std::optional<int> played)
+                   const std::optional<QString>& resumed, std::optional<int> played, MoviesInTime inTime)
     : m_playlist(playlist)
     , m_random(random)
     , m_record(record)
     , m_list(playlist.fileList())
+    , m_inTime(std::move(inTime))
     , m_marks(record.marksOf(m_list))
     , m_resumed(indexOfName(m_list, resumed))
     , m_played(played)
     , m_isTried(static_cast<std::size_t>(m_list.size()))
 {
+    if (m_resumed && !m_inTime.has(*m_resumed)) m_resumed.reset();
 }
 
 BagOrder::~BagOrder()
@@ -39,7 +41,7 @@ ShuffleRecord::Mark BagOrder::mark(qsizetype index) const
 
 BagOrder::Rank BagOrder::rankOf(qsizetype index) const
 {
-    if (m_isTried[static_cast<std::size_t>(index)]) return Tried;
+    if (m_isTried[static_cast<std::size_t>(index)] || !m_inTime.has(index)) return Tried;
     if (index == m_played) return Played;
     const bool isHopeless = m_record.isHopeless(mark(index));
     if (m_record.contents().seen.contains(mark(index))) return isHopeless ? SeenHopeless : Seen;
@@ -83,12 +85,21 @@ bool BagOrder::claim(ShuffleRecord::Contents& contents, bool isResumed) const
     const auto claimed = mark(*m_drawn);
     contents.seen.insert(m_passed.begin(), m_passed.end());
     contents.failures.erase(claimed);
-    const auto isSeen = [&contents](auto each) { return contents.seen.contains(each); };
-    if (isSeen(claimed) && !isResumed) {
-        if (!std::all_of(m_marks->begin(), m_marks->end(), isSeen)) return false;
-        contents.seen.clear();
-    }
+    if (contents.seen.contains(claimed) && !isResumed && !beginAnew(contents)) return false;
     contents.seen.insert(claimed);
+    return true;
+}
+
+// False where somebody else has begun anew meanwhile. What is in no list any more is forgotten with the rest.
+bool BagOrder::beginAnew(ShuffleRecord::Contents& contents) const
+{
+    std::unordered_set<ShuffleRecord::Mark> kept;
+    for (qsizetype index = 0; index < m_list.size(); ++index) {
+        const bool isSeen = contents.seen.contains(mark(index));
+        if (m_inTime.has(index) && !isSeen) return false;
+        if (!m_inTime.has(index) && isSeen) kept.insert(mark(index));
+    }
+    contents.seen = std::move(kept);
     return true;
 }
 

@@ -10,12 +10,13 @@ namespace kestro {
 
 /// Draws among the entries that nobody has seen yet, in whichever run and on whichever monitor, until there
 /// are none: then all are unseen again. What could not be played three runs in a row comes after all others.
+/// Only what is in its time is drawn, and unseen again; what is not stays as it was.
 class BagOrder final : public EntryOrder {
 public:
     /// `record` outlives this. An entry of the name `resumed` is drawn first. `played` is the index of the
     /// entry that played last, which does not come next while there is any other.
     BagOrder(Playlist& playlist, Random& random, ShuffleRecord& record, const std::optional<QString>& resumed,
-             std::optional<int> played);
+             std::optional<int> played, MoviesInTime inTime = {});
     ~BagOrder() override;
 
     [[nodiscard]] std::optional<QUrl> next() override;
@@ -30,12 +31,14 @@ private:
     [[nodiscard]] Rank rankOf(qsizetype index) const;
     [[nodiscard]] std::optional<qsizetype> draw();
     [[nodiscard]] bool claim(ShuffleRecord::Contents& contents, bool isResumed) const;
+    [[nodiscard]] bool beginAnew(ShuffleRecord::Contents& contents) const;
     void leave();
 
     Playlist& m_playlist;
     Random& m_random;
     ShuffleRecord& m_record;
     const QList<QUrl> m_list;
+    const MoviesInTime m_inTime;
     std::shared_ptr<const std::vector<ShuffleRecord::Mark>> m_marks; ///< of the list; the record's
     std::optional<qsizetype> m_resumed;
     std::optional<int> m_played;

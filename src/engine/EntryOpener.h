@@ -1,6 +1,7 @@
 #pragma once
 
 #include "presentation/MovieContent.h"
+#include "settings/DayClock.h"
 
 #include <QHash>
 #include <QSet>
@@ -33,6 +34,7 @@ struct EntrySources {
     std::function<bool()> playsWebContent; ///< whether "SWF" entries can be shown now
     ShuffleRecord* shuffle = nullptr;      ///< of random order that remembers; null for one that does not
     const NeverList* never = nullptr;      ///< movies that are passed over; null for none
+    DayClock day = DayClock();             ///< when it is time for what plays at times of the day
 };
 
 /// Opens entries of the playlist one by one, and knows which of them failed. A remote entry that failed

@@ -5,6 +5,9 @@
 #include "settings/MovieURL.h"
 #include "settings/Playlist.h"
 
+#include <QSet>
+
+#include <algorithm>
 #include <utility>
 
 namespace kestro {
@@ -27,9 +30,11 @@ std::optional<qsizetype> indexOfName(const QList<QUrl>& list, const std::optiona
     return std::nullopt;
 }
 
-SequentialOrder::SequentialOrder(Playlist& playlist, const std::optional<QString>& resumed)
+SequentialOrder::SequentialOrder(Playlist& playlist, const std::optional<QString>& resumed,
+                                 MoviesInTime inTime)
     : m_playlist(playlist)
     , m_list(playlist.fileList())
+    , m_inTime(std::move(inTime))
     , m_start(indexOfName(m_list, resumed).value_or(playlist.curIdx()))
     , m_isOver(m_list.isEmpty())
 {
@@ -39,6 +44,8 @@ SequentialOrder::SequentialOrder(Playlist& playlist, const std::optional<QString
 
 std::optional<QUrl> SequentialOrder::next()
 {
+    while (!m_isOver && !m_inTime.has(m_next))
+        advance();
     if (m_isOver) return std::nullopt;
     return m_list[m_next];
 }
@@ -61,21 +68,23 @@ void SequentialOrder::advance()
 }
 
 RandomOrder::RandomOrder(Playlist& playlist, Random& random, QList<QUrl>& bag, std::optional<QString> resumed,
-                         std::optional<int> refused)
+                         std::optional<int> refused, MoviesInTime inTime)
     : m_playlist(playlist)
     , m_random(random)
     , m_bag(bag)
     , m_list(playlist.fileList())
+    , m_inTime(std::move(inTime))
     , m_resumed(std::move(resumed))
     , m_refused(refused)
 {
-    if (m_bag.isEmpty()) refill();
+    sort();
+    if (isUsedUp()) refill();
 }
 
 std::optional<QUrl> RandomOrder::next()
 {
     if (m_drawn) return m_bag[*m_drawn];
-    if (m_bag.isEmpty()) {
+    if (isUsedUp()) {
         if (isOver()) return std::nullopt;
         refill();
     }
@@ -86,21 +95,53 @@ std::optional<QUrl> RandomOrder::next()
 void RandomOrder::refill()
 {
     m_bag = m_list;
+    sort();
     m_isWholeCycle = true;
     m_openedAny = false;
+}
+
+// A movie that is in the list more than once is in its time where one of its entries is.
+void RandomOrder::sort()
+{
+    if (m_inTime.areAll()) return;
+    QSet<QUrl> later;
+    for (qsizetype i = 0; i < m_list.size(); ++i)
+        if (!m_inTime.has(i)) later.insert(m_list[i]);
+    for (qsizetype i = 0; i < m_list.size(); ++i)
+        if (m_inTime.has(i)) later.remove(m_list[i]);
+    m_isLater.clear();
+    for (const QUrl& entry : m_bag)
+        m_isLater.push_back(later.contains(entry));
+    m_later = std::count(m_isLater.begin(), m_isLater.end(), true);
+}
+
+bool RandomOrder::isLater(qsizetype index) const
+{
+    return m_later > 0 && m_isLater[static_cast<std::size_t>(index)];
 }
 
 void RandomOrder::draw()
 {
     m_drawn = indexOfName(m_bag, m_resumed);
-    if (!m_drawn) m_drawn = SSRandomIntBetween(m_random, 0, static_cast<int>(m_bag.size()) - 1);
+    if (!m_drawn || isLater(*m_drawn)) m_drawn = drawInTime();
+}
+
+qsizetype RandomOrder::drawInTime()
+{
+    int left = SSRandomIntBetween(m_random, 0, static_cast<int>(m_bag.size() - m_later) - 1);
+    if (m_later == 0) return left;
+    qsizetype index = 0;
+    while (isLater(index) || left-- > 0)
+        ++index;
+    return index;
 }
 
 void RandomOrder::advance()
 {
     m_bag.removeAt(*m_drawn);
+    if (!m_isLater.empty()) m_isLater.erase(m_isLater.begin() + *m_drawn);
     m_drawn.reset();
-    if (m_bag.isEmpty()) endCycle(m_playlist);
+    if (isUsedUp()) endCycle(m_playlist);
 }
 
 bool RandomOrder::take()

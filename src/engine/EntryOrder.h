@@ -1,10 +1,13 @@
 #pragma once
 
+#include "settings/ListMarks.h"
+
 #include <QList>
 #include <QString>
 #include <QUrl>
 
 #include <optional>
+#include <vector>
 
 namespace kestro {
 
@@ -30,11 +33,11 @@ public:
 [[nodiscard]] std::optional<qsizetype> indexOfName(const QList<QUrl>& list,
                                                    const std::optional<QString>& name);
 
-/// One circle through the list from the playlist's index on.
+/// One circle through the list from the playlist's index on, past what is not in its time.
 class SequentialOrder final : public EntryOrder {
 public:
     /// `resumed` is the name of the movie to begin with, where the list has it.
-    SequentialOrder(Playlist& playlist, const std::optional<QString>& resumed);
+    SequentialOrder(Playlist& playlist, const std::optional<QString>& resumed, MoviesInTime inTime = {});
 
     [[nodiscard]] std::optional<QUrl> next() override;
     void pass() override { advance(); }
@@ -45,19 +48,21 @@ private:
 
     Playlist& m_playlist;
     const QList<QUrl> m_list;
+    const MoviesInTime m_inTime;
     qsizetype m_start;
     qsizetype m_next;
     bool m_isOver;
 };
 
 /// Draws from a bag that is filled with the whole list whenever it is empty. The entry that played last is
-/// refused once, so that it only comes again where the random numbers insist.
+/// refused once, so that it only comes again where the random numbers insist. What is not in its time stays
+/// in the bag.
 class RandomOrder final : public EntryOrder {
 public:
     /// `bag` is kept from pick to pick, and outlives this. Movies of the name `resumed` are drawn first.
     /// `refused` is the index of the entry that played last; nothing where any may be taken.
     RandomOrder(Playlist& playlist, Random& random, QList<QUrl>& bag, std::optional<QString> resumed,
-                std::optional<int> refused);
+                std::optional<int> refused, MoviesInTime inTime = {});
 
     [[nodiscard]] std::optional<QUrl> next() override;
     void pass() override { advance(); }
@@ -65,14 +70,21 @@ public:
 
 private:
     [[nodiscard]] bool isOver() const { return m_list.isEmpty() || (m_isWholeCycle && !m_openedAny); }
+    [[nodiscard]] bool isUsedUp() const { return m_later == m_bag.size(); }
+    [[nodiscard]] bool isLater(qsizetype index) const;
     void refill();
+    void sort();
     void draw();
+    [[nodiscard]] qsizetype drawInTime();
     void advance();
 
     Playlist& m_playlist;
     Random& m_random;
     QList<QUrl>& m_bag;
     const QList<QUrl> m_list;
+    const MoviesInTime m_inTime;
+    std::vector<bool> m_isLater; ///< of each in the bag, whether it is not in its time; empty where all are
+    qsizetype m_later = 0;       ///< how many
     std::optional<QString> m_resumed;
     std::optional<qsizetype> m_drawn; ///< in the bag
     std::optional<int> m_refused;

@@ -45,6 +45,10 @@ MoviePick::State MoviePick::step()
 bool MoviePick::tryNext()
 {
     m_tried = m_order->next();
+    if (!m_tried && m_options.makeSecondOrder) {
+        m_order = std::exchange(m_options.makeSecondOrder, {})();
+        m_tried = m_order->next();
+    }
     if (!m_tried) {
         m_state = State::Nothing;
         return false;

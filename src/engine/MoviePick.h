@@ -22,6 +22,8 @@ public:
         bool waitsForServers = false;
         /// Called on the event loop when another step() would get further; without it, step now and then.
         std::function<void()> wake;
+        /// Makes the order to go on with where none of the entries of the first one opens.
+        std::function<std::unique_ptr<EntryOrder>()> makeSecondOrder = {};
     };
 
     MoviePick(std::unique_ptr<EntryOrder> order, EntryOpener& opener, Options options);

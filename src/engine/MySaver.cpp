@@ -21,6 +21,15 @@
 
 namespace kestro {
 
+namespace {
+
+DayClock dayClock(const SaverServices& services)
+{
+    return DayClock(services.place, [&clock = services.desktop.clock()] { return clock.wallTime(); });
+}
+
+} // namespace
+
 std::shared_ptr<ScreenSaverView> MySaver::initWithFrameIsPreview(const Rect& frame, bool isPreview,
                                                                  const SaverServices& services)
 {
@@ -36,11 +45,11 @@ MySaver::MySaver(const Rect& frame, bool isPreview, const SaverServices& service
     : ScreenSaverView(frame, isPreview)
     , m_services(services)
     , m_settings(services.store, {isPreview, false})
-    , m_playlist(m_settings, services.trailers, isPreview, services.folders)
+    , m_playlist(m_settings, services.trailers, isPreview, services.folders, services.marks)
     , m_sequencer({m_settings, m_playlist, services.movies, services.desktop.random(),
                    services.desktop.clock(), isPreview,
                    [web = services.webEngine] { return web && web->isAvailable(); }, services.shuffle,
-                   services.never})
+                   services.never, dayClock(services)})
     , m_geometry(*this, m_settings, services.desktop.random())
     , m_bounce(services.desktop.random())
     , m_fadeOut(services.desktop.timers())

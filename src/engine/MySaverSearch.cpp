@@ -122,15 +122,21 @@ void MySaver::loopWhatIsAlone()
     const auto mode = m_settings.loopMode(1);
     if (!mode) return;
     m_movieView->setLoopMode(*mode);
-    m_endOfLoneLoop = m_sequencer.entries().endOfRests();
+    m_endOfLoneLoop = m_sequencer.nextLook();
 }
 
 // It plays to its end, and then the entries that were passed over are tried.
 void MySaver::endLoneLoopInTime()
 {
-    if (!m_endOfLoneLoop || m_services.desktop.clock().now() < *m_endOfLoneLoop) return;
+    const double now = m_services.desktop.clock().now();
+    if (!m_endOfLoneLoop || now < *m_endOfLoneLoop) return;
+    const auto endOfRests = m_sequencer.entries().endOfRests();
+    const bool areOthersRested = endOfRests && now >= *endOfRests;
     m_endOfLoneLoop.reset();
-    applyLoopMode();
+    if (areOthersRested || m_sequencer.isTimeForOthers())
+        applyLoopMode();
+    else
+        m_endOfLoneLoop = m_sequencer.nextLook();
 }
 
 // Folders hold something else. A movie that was alone, or is from now on, loops no more, or begins to.

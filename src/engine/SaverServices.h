@@ -2,11 +2,13 @@
 
 #include "settings/CaptionOptions.h"
 #include "settings/MovieOptions.h"
+#include "settings/Sunlight.h"
 
 namespace kestro {
 
 class BackSaverHost;
 class Desktop;
+class EntryMarks;
 class LatestTrailers;
 class MovieFolders;
 class MovieLibrary;
@@ -30,6 +32,8 @@ struct SaverServices {
     ShuffleRecord* shuffle = nullptr; ///< of random order that remembers; null for one that does not
     NeverList* never = nullptr;       ///< movies that are not played; null where none can be told
     CaptionOptions caption = {};
+    EntryMarks* marks = nullptr;     ///< null: nothing is said of entries that are no folders
+    std::optional<Place> place = {}; ///< where the person is; nothing where that is not known
 };
 
 } // namespace kestro

@@ -14,6 +14,7 @@
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/web/HelperEngine.h"
 #include "settings/CaptionOptions.h"
+#include "settings/EntryMarks.h"
 #include "settings/MovieOptions.h"
 #include "settings/SettingsStore.h"
 #include "settings/WatchedFolders.h"
@@ -36,6 +37,7 @@ struct Shared {
     WatchedFolders folders{random};
     std::optional<ShuffleRecord> shuffle;
     NeverList never{stateFolder() + QStringLiteral("/never")};
+    EntryMarks marks;
     BackSaverHost backSavers{homeFolder()};
     SignPictures signs{packageLibraries() + QStringLiteral("/Kestro.saver/Contents/Resources")};
 };
@@ -78,14 +80,15 @@ std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QStr
     common.movies.setOpenGL(desktop.openGL());
     const ConfigurationFile file = ConfigurationFile::ofUser();
     const MovieOptions options = movieOptionsFrom(file);
+    common.marks = EntryMarks(file, configurationFile());
     if (options.remembersShuffle && !common.shuffle && !isPreview)
         common.shuffle.emplace(stateFolder() + QStringLiteral("/shuffle"));
     stopThreadsAtTheEnd(desktop.notifications());
-    return MySaver::initWithFrameIsPreview(frame, isPreview,
-                                           {desktop, common.movies, common.store, common.trailers,
-                                            common.signs, common.backSavers, &common.web, options,
-                                            &common.folders, common.shuffle ? &*common.shuffle : nullptr,
-                                            &common.never, CaptionOptions::from(file)});
+    return MySaver::initWithFrameIsPreview(
+        frame, isPreview,
+        {desktop, common.movies, common.store, common.trailers, common.signs, common.backSavers, &common.web,
+         options, &common.folders, common.shuffle ? &*common.shuffle : nullptr, &common.never,
+         CaptionOptions::from(file), &common.marks, placeFrom(file)});
 }
 
 } // namespace kestro

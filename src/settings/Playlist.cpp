@@ -5,6 +5,7 @@
 #include "platform/base/Paths.h"
 #include "platform/base/ShownURL.h"
 #include "platform/base/URLKind.h"
+#include "settings/EntryMarks.h"
 #include "settings/FolderEntry.h"
 #include "settings/LatestTrailers.h"
 #include "settings/ListMovies.h"
@@ -77,17 +78,20 @@ QString textOf(const QVariant& stored)
 
 } // namespace
 
-/// Where a movie is, and the text that says so in the file; null where none does.
+/// Where a movie is, the text that says so in the file, null where none does, and what was said of it.
 struct Playlist::Entry {
     QUrl url;
     QString storedText;
+    EntryMark mark = {};
 };
 
-Playlist::Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview, MovieFolders* folders)
+Playlist::Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview, MovieFolders* folders,
+                   EntryMarks* marks)
     : m_settings(settings)
     , m_trailers(trailers)
     , m_isPreview(isPreview)
     , m_folders(folders)
+    , m_entryMarks(marks)
 {
     followFolders();
 }
@@ -106,12 +110,22 @@ void Playlist::followFolders()
 
 QList<QUrl> Playlist::movieFileList(bool expand)
 {
-    QList<Entry> found = entries(expand);
+    return urlsOf(entries(expand));
+}
+
+QList<QUrl> Playlist::urlsOf(QList<Entry> entries)
+{
     QList<QUrl> urls;
-    urls.reserve(found.size());
-    for (Entry& entry : found)
+    urls.reserve(entries.size());
+    for (Entry& entry : entries)
         urls.append(std::move(entry.url));
     return urls;
+}
+
+EntryMark Playlist::markOf(const QUrl& entry) const
+{
+    if (isFolderEntry(entry)) return markOfFolder(entry);
+    return m_entryMarks != nullptr ? m_entryMarks->of(entry) : EntryMark();
 }
 
 QStringList Playlist::movieFileStrings(bool expand)
@@ -139,7 +153,7 @@ bool Playlist::isDefault() const
 }
 
 // An older release's empty list never expands: its user has not asked for trailers yet.
-QList<Playlist::Entry> Playlist::storedPaths(const QVariantList& stored)
+QList<Playlist::Entry> Playlist::storedPaths(const QVariantList& stored) const
 {
     if (stored.isEmpty()) return {{defaultMovie(), {}}, {QUrl(defaultAutomaticEntry), {}}};
     if (isOldDefault(stored) && isInstalled(idvdFishMoviePath))
@@ -147,7 +161,9 @@ QList<Playlist::Entry> Playlist::storedPaths(const QVariantList& stored)
     QList<Entry> found;
     for (const QVariant& entry : stored) {
         const QString path = textOf(entry);
-        if (!path.isEmpty()) found.append({QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()), {}});
+        if (path.isEmpty()) continue;
+        const QUrl url = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
+        found.append({url, {}, markOf(url)});
     }
     return found;
 }
@@ -161,15 +177,16 @@ QList<Playlist::Entry> Playlist::storedURLs(const QVariantList& stored, bool exp
         const QString text = textOf(entry);
         const QUrl url(text);
         if (!url.isValid() || url.isRelative()) continue;
+        const EntryMark mark = markOf(url);
         const bool isFolder = isFolderEntry(url) || isListEntry(url);
         if (!expand || !(isAutomaticEntry(url) || isFolder)) {
-            found.append({url, text});
+            found.append({url, text, mark});
             continue;
         }
         const QList<QUrl> movies = isFolder ? m_folders.moviesOf(url) : latestTrailers(url);
         found.reserve(found.size() + movies.size());
         for (const QUrl& movie : movies)
-            found.append({movie, {}});
+            found.append({movie, {}, mark});
     }
     if (expand) cut(found);
     return found;
@@ -202,8 +219,23 @@ void Playlist::scanOnce()
 
 const QList<QUrl>& Playlist::fileList()
 {
-    if (!m_urlList) m_urlList = movieFileList(true);
+    if (!m_urlList) build();
     return *m_urlList;
+}
+
+const ListMarks& Playlist::marks()
+{
+    static_cast<void>(fileList());
+    return m_marks;
+}
+
+void Playlist::build()
+{
+    QList<Entry> found = entries(true);
+    m_marks = ListMarks();
+    for (const Entry& entry : found)
+        m_marks.append(entry.mark);
+    m_urlList = urlsOf(std::move(found));
 }
 
 void Playlist::dropFileList()
@@ -215,7 +247,8 @@ void Playlist::dropFileList()
 std::optional<QList<QUrl>> Playlist::takeNews()
 {
     if (!m_urlList || !m_folders.hasNews()) return {};
-    const QList<QUrl> before = *std::exchange(m_urlList, movieFileList(true));
+    const QList<QUrl> before = *std::move(m_urlList);
+    build();
     const bool isAtPlayed = m_settings.isRandomMode();
     if (m_curIdx >= 0 && m_curIdx < before.size() && !m_urlList->isEmpty()) {
         const qsizetype played = isAtPlayed ? m_curIdx : (m_curIdx + before.size() - 1) % before.size();

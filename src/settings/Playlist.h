@@ -1,5 +1,6 @@
 #pragma once
 
+#include "settings/ListMarks.h"
 #include "settings/PlaylistFolders.h"
 
 #include <QList>
@@ -12,6 +13,7 @@
 
 namespace kestro {
 
+class EntryMarks;
 class LatestTrailers;
 class Settings;
 
@@ -26,8 +28,10 @@ class Playlist final {
 public:
     /// `trailers` serves automatic entries. With `isPreview`, and in a run that leaves nothing behind, no
     /// crawl is ever started. `folders` serves entries that are folders or playlist files, which hold nothing
-    /// without it; they are followed from now on.
-    Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview, MovieFolders* folders = nullptr);
+    /// without it; they are followed from now on. `marks` has what was said of entries that are no folders;
+    /// nothing without it.
+    Playlist(Settings& settings, LatestTrailers& trailers, bool isPreview, MovieFolders* folders = nullptr,
+             EntryMarks* marks = nullptr);
 
     /// The stored list as URLs, by the rules of its version; with `expand` each automatic entry is replaced
     /// by the trailers it stands for now, and the first one starts a crawl in the background; each folder
@@ -43,6 +47,10 @@ public:
     [[nodiscard]] QList<QUrl> plistFileList() { return movieFileList(false); }
     /// The list that is played; kept until dropFileList().
     [[nodiscard]] const QList<QUrl>& fileList();
+    /// What was said of the movies of that list.
+    [[nodiscard]] const ListMarks& marks();
+    /// Those of the entries that are no folders; null where nothing can be said of them.
+    [[nodiscard]] EntryMarks* entryMarks() const { return m_entryMarks; }
     /// Forgets the kept list, so that the next fileList() is built anew.
     void dropFileList();
 
@@ -70,7 +78,10 @@ private:
     struct Entry;
 
     [[nodiscard]] QList<Entry> entries(bool expand);
-    [[nodiscard]] static QList<Entry> storedPaths(const QVariantList& stored);
+    [[nodiscard]] EntryMark markOf(const QUrl& entry) const;
+    [[nodiscard]] static QList<QUrl> urlsOf(QList<Entry> entries);
+    void build();
+    [[nodiscard]] QList<Entry> storedPaths(const QVariantList& stored) const;
     [[nodiscard]] QList<Entry> storedURLs(const QVariantList& stored, bool expand);
     static void cut(QList<Entry>& entries);
     [[nodiscard]] QList<QUrl> latestTrailers(const QUrl& entry);
@@ -82,7 +93,9 @@ private:
     LatestTrailers& m_trailers;
     bool m_isPreview;
     PlaylistFolders m_folders;
+    EntryMarks* m_entryMarks;
     std::optional<QList<QUrl>> m_urlList;
+    ListMarks m_marks; ///< of that list
     QSet<QString> m_failedURLList;
     int m_curIdx = -1;
     bool m_hasAutoTrailers = false;

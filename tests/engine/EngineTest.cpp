@@ -43,6 +43,14 @@ void EngineTest::setGoodPlaylist(const QStringList& names, double seconds)
         describe(name, {.seconds = seconds});
 }
 
+void EngineTest::mark(const QString& words, const QStringList& names)
+{
+    EntryMarks::Wishes wishes;
+    for (const QString& name : names)
+        wishes.append({name.contains(u':') ? QUrl(name) : urlOf(name), entryMarkFrom(words).value()});
+    EXPECT_TRUE(marks.change(wishes).isOk());
+}
+
 MySaver& EngineTest::makeSaver(bool isPreview, int screen, Size size)
 {
     auto* place = desktop.screens().at(screen);
@@ -58,8 +66,8 @@ MySaver& EngineTest::makeSaver(bool isPreview, int screen, Size size)
 
 SaverServices EngineTest::services()
 {
-    return {desktop, movies,       store,    trailers, signs, backSavers,
-            nullptr, movieOptions, &folders, shuffle,  never, caption};
+    return {desktop,      movies,   store,   trailers, signs,   backSavers, nullptr,
+            movieOptions, &folders, shuffle, never,    caption, &marks};
 }
 
 void EngineTest::tick(MySaver& saver, int times)

@@ -11,6 +11,7 @@
 #include "platform/display/desktop/Screen.h"
 #include "platform/display/view/Window.h"
 #include "platform/movie/MemoryMovie.h"
+#include "settings/EntryMarks.h"
 #include "settings/FoldersDouble.h"
 #include "settings/LatestTrailers.h"
 #include "settings/SettingsStore.h"
@@ -69,6 +70,9 @@ protected:
     void setGoodPlaylist(const QStringList& names, double seconds = 10);
     static QUrl urlOf(const QString& name) { return QUrl(QStringLiteral("http://m/") + name); }
 
+    /// Says of the movies of these names what the words say, as in "star night".
+    void mark(const QString& words, const QStringList& names);
+
     /// A saver that fills a host window on a screen; lives until the test ends.
     MySaver& makeSaver(bool isPreview = false, int screen = 0, Size size = {1920, 1080});
     /// What the savers of the test share.
@@ -96,6 +100,7 @@ protected:
     TrailersDouble trailers;
     FoldersDouble folders;
     ShuffleRecord* shuffle = nullptr; ///< of the savers made from then on
+    EntryMarks marks;
     SignPictures signs{QStringLiteral(KESTRO_RESOURCES)};
     BackSaverHost backSavers{home.path()};
     std::vector<QString> log;

@@ -10,8 +10,10 @@
 #include "platform/plist/PropertyList.h"
 #include "platform/plist/PropertyListFile.h"
 #include "settings/CaptionOptions.h"
+#include "settings/EntryMarks.h"
 #include "settings/MovieOptions.h"
 #include "settings/SettingsStore.h"
+#include "settings/Sunlight.h"
 #include "trailers/TrailerSite.h"
 
 #include <QFileInfo>
@@ -66,6 +68,8 @@ void readConfiguration()
     (void)movieOptionsFrom(file);
     (void)CaptionOptions::from(file);
     (void)KeyOptions::from(file);
+    (void)placeFrom(file);
+    (void)EntryMarks(file, configurationFile());
     (void)SessionControl::isWanted(file);
     (void)configuredTrailerSite();
 }

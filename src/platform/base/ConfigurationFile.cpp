@@ -101,6 +101,14 @@ bool ConfigurationFile::isYes(const QString& section, const QString& key) const
     return text == yes;
 }
 
+QStringList ConfigurationFile::keys(const QString& section) const
+{
+    QStringList keys;
+    for (const Entry& entry : m_entries)
+        if (entry.section == section && !keys.contains(entry.key)) keys.append(entry.key);
+    return keys;
+}
+
 void ConfigurationFile::warnAboutUnknown(const QString& section, const QStringList& known) const
 {
     for (const Entry& entry : m_entries)
@@ -144,6 +152,13 @@ void ConfigurationFile::set(const QString& section, const QString& key, const QS
 void ConfigurationFile::setYes(const QString& section, const QString& key, bool isYes)
 {
     if (isYes || value(section, key)) set(section, key, isYes ? yes : no);
+}
+
+void ConfigurationFile::remove(const QString& section, const QString& key)
+{
+    for (auto entry = m_entries.crbegin(); entry != m_entries.crend(); ++entry)
+        if (entry->section == section && entry->key == key) m_lines.removeAt(entry->line);
+    read();
 }
 
 void ConfigurationFile::warn(qsizetype line, const QString& what) const

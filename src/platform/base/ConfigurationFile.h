@@ -32,6 +32,8 @@ public:
     /// Whether the value of a key is "yes": no where it is "no" or does not stand there, and, with a line in
     /// the log, where it is anything else.
     [[nodiscard]] bool isYes(const QString& section, const QString& key) const;
+    /// The keys of a section in the order of their lines, each once.
+    [[nodiscard]] QStringList keys(const QString& section) const;
     /// Logs each key of `section` that is not among `known`.
     void warnAboutUnknown(const QString& section, const QStringList& known) const;
     /// Logs that the value of a key is not understood, and why.
@@ -42,6 +44,8 @@ public:
     void set(const QString& section, const QString& key, const QString& value);
     /// The same with "yes" or "no"; a "no" is not added where the key does not stand there.
     void setYes(const QString& section, const QString& key, bool isYes);
+    /// Removes every line of the key.
+    void remove(const QString& section, const QString& key);
     [[nodiscard]] QByteArray text() const { return m_lines.join('\n'); }
 
 private:

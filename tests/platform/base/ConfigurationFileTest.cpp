@@ -54,6 +54,21 @@ TEST(ConfigurationFile, set_addsTheSection_whereItIsMissing)
     EXPECT_EQ(after("[b]\ny=2", "a", "x", "1"), "[b]\ny=2\n\n[a]\nx=1\n");
 }
 
+TEST(ConfigurationFile, keys_areThoseOfTheSection_eachOnce)
+{
+    const auto file = fileOf("[a]\nx=1\n[b]\nz=1\n[a]\ny=2\nx=3\n");
+    EXPECT_EQ(file.keys(QStringLiteral("a")), (QStringList{QStringLiteral("x"), QStringLiteral("y")}));
+    EXPECT_TRUE(file.keys(QStringLiteral("c")).isEmpty());
+}
+
+TEST(ConfigurationFile, remove_takesEveryLineOfTheKey_andKeepsEveryOtherByte)
+{
+    auto file = fileOf("; c\n[a]\n x = 1\ny=2\n[b]\nx=1\n[a]\nx=3");
+    file.remove(QStringLiteral("a"), QStringLiteral("x"));
+    EXPECT_EQ(file.text(), "; c\n[a]\ny=2\n[b]\nx=1\n[a]");
+    EXPECT_FALSE(file.value(QStringLiteral("a"), QStringLiteral("x")));
+}
+
 TEST(ConfigurationFile, set_isReadBack)
 {
     ConfigurationFile file = fileOf("[b]\ny=2\n");
