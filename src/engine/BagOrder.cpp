@@ -14,6 +14,7 @@ BagOrder::BagOrder(Playlist& playlist, Random& random, ShuffleRecord& record,
     , m_random(random)
     , m_record(record)
     , m_list(playlist.fileList())
+    , m_said(playlist.marks())
     , m_inTime(std::move(inTime))
     , m_marks(record.marksOf(m_list))
     , m_resumed(indexOfName(m_list, resumed))
@@ -34,9 +35,20 @@ std::optional<QUrl> BagOrder::next()
     return m_drawn ? std::optional(m_list[*m_drawn]) : std::nullopt;
 }
 
-ShuffleRecord::Mark BagOrder::mark(qsizetype index) const
+// Of the first or the second time that it comes in a cycle.
+ShuffleRecord::Mark BagOrder::mark(qsizetype index, int time) const
 {
-    return (*m_marks)[static_cast<std::size_t>(index)];
+    const auto first = (*m_marks)[static_cast<std::size_t>(index)];
+    return time == 0 ? first : ShuffleRecord::secondOf(first);
+}
+
+// How often it is still to come.
+int BagOrder::unseen(qsizetype index, const ShuffleRecord::Contents& contents) const
+{
+    int left = 0;
+    for (int time = 0; time < times(index); ++time)
+        left += contents.seen.contains(mark(index, time)) ? 0 : 1;
+    return left;
 }
 
 BagOrder::Rank BagOrder::rankOf(qsizetype index) const
@@ -44,28 +56,38 @@ BagOrder::Rank BagOrder::rankOf(qsizetype index) const
     if (m_isTried[static_cast<std::size_t>(index)] || !m_inTime.has(index)) return Tried;
     if (index == m_played) return Played;
     const bool isHopeless = m_record.isHopeless(mark(index));
-    if (m_record.contents().seen.contains(mark(index))) return isHopeless ? SeenHopeless : Seen;
+    if (unseen(index, m_record.contents()) == 0) return isHopeless ? SeenHopeless : Seen;
     return isHopeless ? UnseenHopeless : Unseen;
+}
+
+// What was seen is to come in the cycle that begins with it.
+int BagOrder::weightOf(qsizetype index) const
+{
+    const int left = unseen(index, m_record.contents());
+    return left > 0 ? left : times(index);
 }
 
 std::optional<qsizetype> BagOrder::draw()
 {
-    std::array<int, ranks> counts{};
+    std::array<int, ranks> weights{};
     for (qsizetype index = 0; index < m_list.size(); ++index)
-        ++counts[rankOf(index)];
-    const auto best = std::find_if(counts.begin(), counts.end(), [](int count) { return count > 0; });
-    const auto rank = static_cast<Rank>(best - counts.begin());
+        weights[rankOf(index)] += weightOf(index);
+    const auto best = std::find_if(weights.begin(), weights.end(), [](int weight) { return weight > 0; });
+    const auto rank = static_cast<Rank>(best - weights.begin());
     if (rank >= Tried) return {};
     int left = SSRandomIntBetween(m_random, 0, *best - 1);
-    qsizetype index = 0;
-    while (rankOf(index) != rank || left-- > 0)
-        ++index;
-    return index;
+    for (qsizetype index = 0; index < m_list.size(); ++index) {
+        if (rankOf(index) != rank) continue;
+        left -= weightOf(index);
+        if (left < 0) return index;
+    }
+    return {};
 }
 
 void BagOrder::pass()
 {
-    m_passed.insert(mark(*m_drawn));
+    for (int time = 0; time < times(*m_drawn); ++time)
+        m_passed.insert(mark(*m_drawn, time));
     m_record.addFailure(mark(*m_drawn));
     leave();
 }
@@ -82,11 +104,11 @@ bool BagOrder::take()
 // False where somebody else has taken it meanwhile, while there are others to take.
 bool BagOrder::claim(ShuffleRecord::Contents& contents, bool isResumed) const
 {
-    const auto claimed = mark(*m_drawn);
     contents.seen.insert(m_passed.begin(), m_passed.end());
-    contents.failures.erase(claimed);
-    if (contents.seen.contains(claimed) && !isResumed && !beginAnew(contents)) return false;
-    contents.seen.insert(claimed);
+    contents.failures.erase(mark(*m_drawn));
+    if (unseen(*m_drawn, contents) == 0 && !isResumed && !beginAnew(contents)) return false;
+    const int time = contents.seen.contains(mark(*m_drawn)) ? times(*m_drawn) - 1 : 0;
+    contents.seen.insert(mark(*m_drawn, time));
     return true;
 }
 
@@ -95,9 +117,11 @@ bool BagOrder::beginAnew(ShuffleRecord::Contents& contents) const
 {
     std::unordered_set<ShuffleRecord::Mark> kept;
     for (qsizetype index = 0; index < m_list.size(); ++index) {
-        const bool isSeen = contents.seen.contains(mark(index));
+        const bool isSeen =
+            index == m_played ? contents.seen.contains(mark(index)) : unseen(index, contents) == 0;
         if (m_inTime.has(index) && !isSeen) return false;
-        if (!m_inTime.has(index) && isSeen) kept.insert(mark(index));
+        for (int time = 0; time < times(index) && !m_inTime.has(index); ++time)
+            if (contents.seen.contains(mark(index, time))) kept.insert(mark(index, time));
     }
     contents.seen = std::move(kept);
     return true;

@@ -10,7 +10,9 @@ namespace kestro {
 
 /// Draws among the entries that nobody has seen yet, in whichever run and on whichever monitor, until there
 /// are none: then all are unseen again. What could not be played three runs in a row comes after all others.
-/// Only what is in its time is drawn, and unseen again; what is not stays as it was.
+/// Only what is in its time is drawn, and unseen again; what is not stays as it was. A starred movie is to be
+/// seen twice before all are unseen again, though never twice in a row where there is any other: its second
+/// time falls away where nothing else is left.
 class BagOrder final : public EntryOrder {
 public:
     /// `record` outlives this. An entry of the name `resumed` is drawn first. `played` is the index of the
@@ -27,8 +29,11 @@ private:
     /// Those of a better one are drawn first.
     enum Rank : int { Unseen, UnseenHopeless, Seen, SeenHopeless, Played, Tried, ranks };
 
-    [[nodiscard]] ShuffleRecord::Mark mark(qsizetype index) const;
+    [[nodiscard]] ShuffleRecord::Mark mark(qsizetype index, int time = 0) const;
+    [[nodiscard]] int times(qsizetype index) const { return m_said.isStarred(index) ? 2 : 1; }
+    [[nodiscard]] int unseen(qsizetype index, const ShuffleRecord::Contents& contents) const;
     [[nodiscard]] Rank rankOf(qsizetype index) const;
+    [[nodiscard]] int weightOf(qsizetype index) const;
     [[nodiscard]] std::optional<qsizetype> draw();
     [[nodiscard]] bool claim(ShuffleRecord::Contents& contents, bool isResumed) const;
     [[nodiscard]] bool beginAnew(ShuffleRecord::Contents& contents) const;
@@ -38,6 +43,7 @@ private:
     Random& m_random;
     ShuffleRecord& m_record;
     const QList<QUrl> m_list;
+    const ListMarks m_said;
     const MoviesInTime m_inTime;
     std::shared_ptr<const std::vector<ShuffleRecord::Mark>> m_marks; ///< of the list; the record's
     std::optional<qsizetype> m_resumed;

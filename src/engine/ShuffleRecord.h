@@ -33,6 +33,8 @@ public:
     explicit ShuffleRecord(QString path);
 
     [[nodiscard]] static Mark markOf(const QUrl& movie);
+    /// Stands for the second time that a movie comes which comes twice.
+    [[nodiscard]] static Mark secondOf(Mark movie) { return ~movie; }
     /// Those of a list, in its order.
     [[nodiscard]] std::shared_ptr<const std::vector<Mark>> marksOf(const QList<QUrl>& list);
     /// What is known now; of other processes, as of the last change.

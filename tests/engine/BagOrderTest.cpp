@@ -54,8 +54,14 @@ protected:
 
     QTemporaryDir folder;
     QString path = folder.filePath("shuffle");
+    void star(int number)
+    {
+        mark("star", {QStringLiteral("%1.mov").arg(number)});
+        playlist.dropFileList();
+    }
+
     Settings settings{store, {}};
-    Playlist playlist{settings, trailers, false};
+    Playlist playlist{settings, trailers, false, nullptr, &marks};
     QSet<QUrl> broken;
 };
 
@@ -219,6 +225,79 @@ TEST_F(BagOrderTest, aWeekOfShuffles_isEven)
         }
     EXPECT_LT(chiSquared, 182);
     EXPECT_GT(chiSquared, 60) << "too even to be drawn";
+}
+
+TEST_F(BagOrderTest, starredMovie_comesTwice_beforeAllWereSeen)
+{
+    useMovies(6);
+    star(2);
+    ShuffleRecord record(path);
+    const auto first = picks(record, 7);
+    EXPECT_EQ(sorted(first), (std::vector<int>{0, 1, 2, 2, 3, 4, 5}));
+}
+
+TEST_F(BagOrderTest, starredMovie_comesTwice_inSeveralRuns)
+{
+    useMovies(6);
+    star(2);
+    std::vector<int> seen;
+    for (int run = 0; run < 7; ++run) {
+        ShuffleRecord record(path);
+        seen.push_back(pick(record, seen.empty() ? std::nullopt : std::optional(seen.back())));
+    }
+    EXPECT_EQ(sorted(seen), (std::vector<int>{0, 1, 2, 2, 3, 4, 5}));
+}
+
+TEST_F(BagOrderTest, starredMovie_neverComesTwiceInARow_andTwiceAsOften)
+{
+    useMovies(6);
+    star(2);
+    ShuffleRecord record(path);
+    const auto found = picks(record, 700);
+    EXPECT_EQ(std::adjacent_find(found.begin(), found.end()), found.end());
+    std::map<int, int> counts;
+    for (const int number : found)
+        ++counts[number];
+    for (const int other : {0, 1, 3, 4, 5}) {
+        EXPECT_NEAR(counts[other], counts[0], 1);
+        EXPECT_GT(counts[2], counts[other] * 1.8);
+        EXPECT_LE(counts[2], counts[other] * 2 + 2);
+    }
+}
+
+TEST_F(BagOrderTest, starredMovieThatIsAlone_comesAgainAndAgain)
+{
+    useMovies(1);
+    star(0);
+    ShuffleRecord record(path);
+    EXPECT_EQ(picks(record, 5), (std::vector<int>{0, 0, 0, 0, 0}));
+}
+
+TEST_F(BagOrderTest, starredMovieThatCannotBeOpened_isTriedOnceACycle)
+{
+    useMovies(4);
+    star(1);
+    broken.insert(urlOf(QStringLiteral("1.mov")));
+    ShuffleRecord record(path);
+    EXPECT_EQ(sorted(picks(record, 3)), (std::vector<int>{0, 2, 3}));
+    EXPECT_EQ(sorted(picks(record, 3)), (std::vector<int>{0, 2, 3}));
+}
+
+TEST_F(BagOrderTest, star_countsForNothing_inRandomOrderThatForgets)
+{
+    set("RandomMode", "1");
+    setGoodPlaylist({"a.mov", "b.mov", "c.mov"}, 2);
+    mark("star", {"b.mov"});
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    tick(saver, 2);
+    QStringList played{playing(saver)};
+    while (played.size() < 9) {
+        tickFor(saver, 2.15);
+        played.append(playing(saver));
+    }
+    for (const char* name : {"a.mov", "b.mov", "c.mov"})
+        EXPECT_EQ(played.count(QString::fromLatin1(name)), 3) << played.join(u' ').toStdString();
 }
 
 TEST_F(BagOrderTest, saver_remembersWhatItPlayed_inRandomOrder)
