@@ -79,6 +79,22 @@
         <source>List with %L1 movies, %2</source>
         <translation>Liste mit %L1 Filmen, %2</translation>
     </message>
+    <message>
+        <source>Starred</source>
+        <translation>Mit Stern</translation>
+    </message>
+    <message>
+        <source>Plays by day</source>
+        <translation>Spielt tagsüber</translation>
+    </message>
+    <message>
+        <source>Plays at night</source>
+        <translation>Spielt nachts</translation>
+    </message>
+    <message>
+        <source>Plays from %1 until %2</source>
+        <translation>Spielt von %1 bis %2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -818,6 +834,21 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::HoursPanel</name>
+    <message>
+        <source>Play Between</source>
+        <translation>Spielen zwischen</translation>
+    </message>
+    <message>
+        <source>&amp;From:</source>
+        <translation>&amp;Von:</translation>
+    </message>
+    <message>
+        <source>&amp;Until:</source>
+        <translation>&amp;Bis:</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -973,6 +1004,30 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>&amp;Look Again</source>
         <translation>Noch einmal an&amp;sehen</translation>
+    </message>
+    <message>
+        <source>&amp;Star</source>
+        <translation>Ste&amp;rn</translation>
+    </message>
+    <message>
+        <source>&amp;Plays</source>
+        <translation>S&amp;pielt</translation>
+    </message>
+    <message>
+        <source>&amp;Always</source>
+        <translation>&amp;Immer</translation>
+    </message>
+    <message>
+        <source>By &amp;Day</source>
+        <translation>Am &amp;Tag</translation>
+    </message>
+    <message>
+        <source>At &amp;Night</source>
+        <translation>&amp;Nachts</translation>
+    </message>
+    <message>
+        <source>&amp;Between…</source>
+        <translation>&amp;Zwischen…</translation>
     </message>
 </context>
 <context>

@@ -79,6 +79,22 @@
         <source>List with %L1 movies, %2</source>
         <translation>Lista con %L1 películas, %2</translation>
     </message>
+    <message>
+        <source>Starred</source>
+        <translation>Con estrella</translation>
+    </message>
+    <message>
+        <source>Plays by day</source>
+        <translation>Se reproduce de día</translation>
+    </message>
+    <message>
+        <source>Plays at night</source>
+        <translation>Se reproduce de noche</translation>
+    </message>
+    <message>
+        <source>Plays from %1 until %2</source>
+        <translation>Se reproduce de %1 a %2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -818,6 +834,21 @@ Inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::HoursPanel</name>
+    <message>
+        <source>Play Between</source>
+        <translation>Reproducir entre</translation>
+    </message>
+    <message>
+        <source>&amp;From:</source>
+        <translation>&amp;Desde:</translation>
+    </message>
+    <message>
+        <source>&amp;Until:</source>
+        <translation>&amp;Hasta:</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -973,6 +1004,30 @@ Inténtelo de nuevo.</translation>
     <message>
         <source>&amp;Look Again</source>
         <translation>&amp;Volver a comprobar</translation>
+    </message>
+    <message>
+        <source>&amp;Star</source>
+        <translation>Estrell&amp;a</translation>
+    </message>
+    <message>
+        <source>&amp;Plays</source>
+        <translation>Se rep&amp;roduce</translation>
+    </message>
+    <message>
+        <source>&amp;Always</source>
+        <translation>&amp;Siempre</translation>
+    </message>
+    <message>
+        <source>By &amp;Day</source>
+        <translation>De &amp;día</translation>
+    </message>
+    <message>
+        <source>At &amp;Night</source>
+        <translation>De &amp;noche</translation>
+    </message>
+    <message>
+        <source>&amp;Between…</source>
+        <translation>&amp;Entre…</translation>
     </message>
 </context>
 <context>

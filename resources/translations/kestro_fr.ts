@@ -79,6 +79,22 @@
         <source>List with %L1 movies, %2</source>
         <translation>Liste avec %L1 films, %2</translation>
     </message>
+    <message>
+        <source>Starred</source>
+        <translation>Avec étoile</translation>
+    </message>
+    <message>
+        <source>Plays by day</source>
+        <translation>Lu le jour</translation>
+    </message>
+    <message>
+        <source>Plays at night</source>
+        <translation>Lu la nuit</translation>
+    </message>
+    <message>
+        <source>Plays from %1 until %2</source>
+        <translation>Lu de %1 à %2</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -818,6 +834,21 @@ Veuillez réessayer.</translation>
     </message>
 </context>
 <context>
+    <name>kestro::HoursPanel</name>
+    <message>
+        <source>Play Between</source>
+        <translation>Lire entre</translation>
+    </message>
+    <message>
+        <source>&amp;From:</source>
+        <translation>&amp;De :</translation>
+    </message>
+    <message>
+        <source>&amp;Until:</source>
+        <translation>&amp;Jusqu’à :</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -973,6 +1004,30 @@ Veuillez réessayer.</translation>
     <message>
         <source>&amp;Look Again</source>
         <translation>&amp;Vérifier de nouveau</translation>
+    </message>
+    <message>
+        <source>&amp;Star</source>
+        <translation>Étoi&amp;le</translation>
+    </message>
+    <message>
+        <source>&amp;Plays</source>
+        <translation>Le&amp;cture</translation>
+    </message>
+    <message>
+        <source>&amp;Always</source>
+        <translation>&amp;Toujours</translation>
+    </message>
+    <message>
+        <source>By &amp;Day</source>
+        <translation>Le &amp;jour</translation>
+    </message>
+    <message>
+        <source>At &amp;Night</source>
+        <translation>La &amp;nuit</translation>
+    </message>
+    <message>
+        <source>&amp;Between…</source>
+        <translation>&amp;Entre…</translation>
     </message>
 </context>
 <context>

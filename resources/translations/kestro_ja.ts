@@ -79,6 +79,22 @@
         <source>List with %L1 movies, %2</source>
         <translation>ムービーが%L1本のリスト、%2</translation>
     </message>
+    <message>
+        <source>Starred</source>
+        <translation>星付き</translation>
+    </message>
+    <message>
+        <source>Plays by day</source>
+        <translation>昼間に再生</translation>
+    </message>
+    <message>
+        <source>Plays at night</source>
+        <translation>夜間に再生</translation>
+    </message>
+    <message>
+        <source>Plays from %1 until %2</source>
+        <translation>%1から%2まで再生</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -818,6 +834,21 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::HoursPanel</name>
+    <message>
+        <source>Play Between</source>
+        <translation>再生する時間帯</translation>
+    </message>
+    <message>
+        <source>&amp;From:</source>
+        <translation>開始(&amp;F):</translation>
+    </message>
+    <message>
+        <source>&amp;Until:</source>
+        <translation>終了(&amp;U):</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -973,6 +1004,30 @@ Please try again.</source>
     <message>
         <source>&amp;Look Again</source>
         <translation>もう一度調べる(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Star</source>
+        <translation>星(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Plays</source>
+        <translation>再生する時間(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Always</source>
+        <translation>常に(&amp;A)</translation>
+    </message>
+    <message>
+        <source>By &amp;Day</source>
+        <translation>昼間(&amp;D)</translation>
+    </message>
+    <message>
+        <source>At &amp;Night</source>
+        <translation>夜間(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Between…</source>
+        <translation>時間帯を指定(&amp;B)…</translation>
     </message>
 </context>
 <context>

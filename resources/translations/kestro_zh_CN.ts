@@ -79,6 +79,22 @@
         <source>List with %L1 movies, %2</source>
         <translation>有 %L1 部影片的列表，%2</translation>
     </message>
+    <message>
+        <source>Starred</source>
+        <translation>已加星标</translation>
+    </message>
+    <message>
+        <source>Plays by day</source>
+        <translation>白天播放</translation>
+    </message>
+    <message>
+        <source>Plays at night</source>
+        <translation>夜间播放</translation>
+    </message>
+    <message>
+        <source>Plays from %1 until %2</source>
+        <translation>%1 至 %2 播放</translation>
+    </message>
 </context>
 <context>
     <name>Kestro</name>
@@ -818,6 +834,21 @@ Please try again.</source>
     </message>
 </context>
 <context>
+    <name>kestro::HoursPanel</name>
+    <message>
+        <source>Play Between</source>
+        <translation>播放时间段</translation>
+    </message>
+    <message>
+        <source>&amp;From:</source>
+        <translation>从(&amp;F)：</translation>
+    </message>
+    <message>
+        <source>&amp;Until:</source>
+        <translation>到(&amp;U)：</translation>
+    </message>
+</context>
+<context>
     <name>kestro::IdlePanel</name>
     <message>
         <source>&amp;Start by itself when away for</source>
@@ -973,6 +1004,30 @@ Please try again.</source>
     <message>
         <source>&amp;Look Again</source>
         <translation>重新检查(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Star</source>
+        <translation>星标(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Plays</source>
+        <translation>播放时间(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Always</source>
+        <translation>始终(&amp;A)</translation>
+    </message>
+    <message>
+        <source>By &amp;Day</source>
+        <translation>白天(&amp;D)</translation>
+    </message>
+    <message>
+        <source>At &amp;Night</source>
+        <translation>夜间(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Between…</source>
+        <translation>时间段(&amp;B)…</translation>
     </message>
 </context>
 <context>

@@ -31,6 +31,7 @@ const QString slideShowExtension = QStringLiteral("slideSaver");
 ConfigModel::ConfigModel(const Sources& sources)
     : m_sources(sources)
     , m_dropped(sources.panels, [this](const QStringList& files) { addMovieFiles(files); })
+    , m_marks(m_playList, sources.saver.playlist().entryMarks())
 {
     resetInterfaces();
 }
@@ -77,6 +78,7 @@ void ConfigModel::reloadPlayList()
         entries.append({urls[i], texts[i]});
     m_default = playlist.isDefault() ? entries : QList<PlaylistEntry>();
     m_playList.reset(entries);
+    m_marks.reset();
 }
 
 bool ConfigModel::isNothingChosen() const
@@ -138,6 +140,7 @@ void ConfigModel::save()
     SettingsStore& store = saver.settings().store();
     store.setPlist(settingsToSave());
     m_default.clear();
+    const auto areMarksWritten = m_marks.save();
     saver.playlist().dropFileList();
     alertOfSlideSaver();
     const bool isWritten = store.writePlist();
@@ -146,6 +149,7 @@ void ConfigModel::save()
     saver.settings().resetContinue();
     saver.resetMovie();
     alertOfFile(isWritten, store);
+    if (!areMarksWritten) alertOfLoss(saver.playlist().entryMarks()->path());
 }
 
 // Options of older releases, which the controls do not show, end here.
@@ -191,15 +195,19 @@ void ConfigModel::alertOfSlideSaver()
 void ConfigModel::alertOfFile(bool isWritten, const SettingsStore& store)
 {
     if (!isWritten)
-        m_sources.panels.runAlert(
-            QCoreApplication::translate("Kestro",
-                                        "The settings could not be saved in %1. They are lost when this "
-                                        "window closes.")
-                .arg(store.plistPath()));
+        alertOfLoss(store.plistPath());
     else if (!store.keptPlist().isEmpty() && !std::exchange(m_toldOfKeptFile, true))
         m_sources.panels.runAlert(
             QCoreApplication::translate("Kestro", "The settings file could not be read. It was kept as %1.")
                 .arg(store.keptPlist()));
+}
+
+void ConfigModel::alertOfLoss(const QString& path)
+{
+    m_sources.panels.runAlert(QCoreApplication::translate(
+                                  "Kestro", "The settings could not be saved in %1. They are lost when this "
+                                            "window closes.")
+                                  .arg(path));
 }
 
 void ConfigModel::alertOfURL()
@@ -273,7 +281,19 @@ void ConfigModel::append(const QList<PlaylistEntry>& entries)
 
 bool ConfigModel::editEntry(int row, const QString& text)
 {
-    return m_playList.replace(row, text);
+    if (row < 0 || row >= m_playList.entries().size()) return false;
+    const EntryMark mark = m_marks.of(m_playList.entries()[row]);
+    const bool isReplaced = m_playList.replace(row, text);
+    if (isReplaced) m_marks.carry(mark, row);
+    return isReplaced;
+}
+
+void ConfigModel::askForHours(const QList<int>& rows)
+{
+    if (rows.isEmpty()) return;
+    const PlayTime before = m_marks.of(m_playList.entries()[rows.first()]).time;
+    const auto hours = m_sources.panels.runHoursPanel(before);
+    if (hours) m_marks.mark(rows, [&hours](EntryMark& mark) { mark.time = *hours; });
 }
 
 } // namespace kestro

@@ -2,6 +2,7 @@
 
 #include "config_ui/ConfigControls.h"
 #include "config_ui/DroppedMovies.h"
+#include "config_ui/EditedMarks.h"
 #include "config_ui/EditedPlaylist.h"
 #include "settings/URLListReceiver.h"
 
@@ -39,6 +40,8 @@ public:
     [[nodiscard]] ConfigControls& controls() { return m_controls; }
     [[nodiscard]] const ConfigEnabling& enabling() const { return m_enabling; }
     [[nodiscard]] EditedPlaylist& playList() { return m_playList; }
+    /// What is said of its entries.
+    [[nodiscard]] EditedMarks& marks() { return m_marks; }
     /// Whether nobody has chosen what plays: the playlist is empty, or as it is without any settings.
     [[nodiscard]] bool isNothingChosen() const;
     /// Full paths of the savers that may run behind the movies, and the items of their pop-up menu.
@@ -73,7 +76,10 @@ public:
     [[nodiscard]] bool closeURLPanel(int tag, const QString& urlField);
     void openTrailerPanel();
     void addURLList(const QList<QUrl>& urls) override;
-    /// Puts the URL that was typed into a row there; text that is no URL is ignored.
+    /// Has hours of the day asked for, and the entries at these rows play between them.
+    void askForHours(const QList<int>& rows);
+    /// Puts the URL that was typed into a row there; text that is no URL is ignored. What was said of the
+    /// entry is said of the new one.
     bool editEntry(int row, const QString& text);
 
 Q_SIGNALS:
@@ -91,6 +97,7 @@ private:
     [[nodiscard]] QString chosenBackSaver() const;
     void alertOfSlideSaver();
     void alertOfFile(bool isWritten, const SettingsStore& store);
+    void alertOfLoss(const QString& path);
     void alertOfURL();
 
     Sources m_sources;
@@ -98,6 +105,7 @@ private:
     ConfigControls m_controls;
     ConfigEnabling m_enabling;
     EditedPlaylist m_playList;
+    EditedMarks m_marks;
     QList<PlaylistEntry> m_default; ///< the playlist that was there without any settings; empty with some
     QStringList m_backSaverList;
     QStringList m_backSaverItems;

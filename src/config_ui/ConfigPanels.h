@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/PlayTime.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -36,6 +38,8 @@ public:
     /// Lets a folder be chosen, starting in `folder` likewise; its absolute path, or nothing when that was
     /// cancelled.
     [[nodiscard]] virtual std::optional<QString> runFolderPanel(const QString& folder) = 0;
+    /// Asks for hours of the day, those of `time` to begin with; nothing when that was cancelled.
+    [[nodiscard]] virtual std::optional<PlayTime> runHoursPanel(const PlayTime& time) = 0;
 };
 
 } // namespace kestro

@@ -161,7 +161,7 @@ void ConfigSheet::setUpButtons(bool hasTrailers)
     for (QPushButton* const arrow : {m_ui->moveUpBtn, m_ui->moveDownBtn})
         arrow->setMaximumWidth(arrow->sizeHint().height() * 3 / 2);
     m_playlistMenu = std::make_unique<PlaylistMenu>(
-        *m_ui->playListView, *m_playlist, *m_panels,
+        *m_ui->playListView, *m_playlist, *m_model, *m_panels,
         QList<QAbstractButton*>{m_ui->addMovieBtn, m_ui->addFolderBtn, m_ui->addURLBtn, m_ui->trailersBtn,
                                 m_ui->idvdBtn, nullptr, m_ui->moveUpBtn, m_ui->moveDownBtn, m_ui->deleteBtn});
 }

@@ -4,11 +4,14 @@
 #include "platform/base/DurationText.h"
 #include "platform/base/FileURL.h"
 #include "platform/base/URLKind.h"
+#include "settings/EntryMark.h"
 #include "settings/FolderEntry.h"
 #include "settings/MovieURL.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
+#include <QTime>
 
 #include <algorithm>
 #include <cmath>
@@ -117,6 +120,31 @@ QString EntryText::duration(const EntryFacts* facts)
 {
     if (facts == nullptr || !(facts->seconds > 0)) return {};
     return durationText(std::llround(std::max(facts->seconds, 1.0)));
+}
+
+QString EntryText::mark(const EntryMark& mark)
+{
+    QStringList parts{mark.isStarred ? tr("Starred") : QString(), timeText(mark.time)};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
+}
+
+QString EntryText::timeText(const PlayTime& time)
+{
+    const auto clock = [](int minute) {
+        return QLocale().toString(QTime(minute / 60, minute % 60), QLocale::ShortFormat);
+    };
+    switch (time.kind) {
+    case PlayTime::Kind::Always:
+        return {};
+    case PlayTime::Kind::Day:
+        return tr("Plays by day");
+    case PlayTime::Kind::Night:
+        return tr("Plays at night");
+    case PlayTime::Kind::Hours:
+        break;
+    }
+    return tr("Plays from %1 until %2").arg(clock(time.from), clock(time.to));
 }
 
 QString EntryText::toolTip(const PlaylistEntry& entry, const EntryFacts* facts)

@@ -7,7 +7,9 @@
 namespace kestro {
 
 struct EntryFacts;
+struct EntryMark;
 struct MovieFault;
+struct PlayTime;
 
 /// What a row of the playlist says of its entry. Any thread.
 class EntryText final {
@@ -26,12 +28,15 @@ public:
     [[nodiscard]] static bool isFault(const PlaylistEntry& entry, const EntryFacts* facts);
     /// How long it is: "1:05", "1:02:03"; empty when that is unknown.
     [[nodiscard]] static QString duration(const EntryFacts* facts);
+    /// What was said of it, in words; empty where nothing was.
+    [[nodiscard]] static QString mark(const EntryMark& mark);
     /// The whole of it, for a tool tip: the URL, why it does not play, and what can be done about it.
     [[nodiscard]] static QString toolTip(const PlaylistEntry& entry, const EntryFacts* facts);
 
 private:
     [[nodiscard]] static QString folderDetail(const QUrl& url, const EntryFacts* facts);
     [[nodiscard]] static QString listDetail(const QUrl& url, const EntryFacts* facts);
+    [[nodiscard]] static QString timeText(const PlayTime& time);
     [[nodiscard]] static QString faultText(const QUrl& url, const MovieFault& fault);
 };
 

@@ -1,5 +1,6 @@
 #include "config_ui/PlaylistDelegate.h"
 
+#include "config_ui/MarkSigns.h"
 #include "config_ui/PlaylistTable.h"
 
 #include <QApplication>
@@ -130,7 +131,10 @@ void PlaylistDelegate::paintTexts(QPainter& painter, const QStyleOptionViewItem&
 {
     const QFontMetrics& font = option.fontMetrics;
     const QString duration = index.data(PlaylistTable::DurationRole).toString();
-    const int end = duration.isEmpty() ? 0 : font.horizontalAdvance(duration) + textMargin;
+    const auto mark = index.data(PlaylistTable::MarkRole).value<EntryMark>();
+    const int signs = widthOfMarkSigns(mark, font.ascent());
+    const int durationEnd = duration.isEmpty() ? 0 : font.horizontalAdvance(duration) + textMargin;
+    const int end = durationEnd + (signs == 0 ? 0 : signs + textMargin);
     const QRect lines(place.left(), place.center().y() - font.lineSpacing(), place.width(),
                       font.lineSpacing() * 2);
     const QRect first = lines.adjusted(0, 0, 0, -font.lineSpacing());
@@ -145,6 +149,9 @@ void PlaylistDelegate::paintTexts(QPainter& painter, const QStyleOptionViewItem&
     painter.setPen(fainter(textColour(option)));
     const auto atEnd = QStyle::visualAlignment(option.direction, Qt::AlignRight | Qt::AlignVCenter);
     painter.drawText(first, int(atEnd | Qt::TextSingleLine), duration);
+    const QRect signPlace(first.right() + 1 - durationEnd - signs, first.center().y() - font.ascent() / 2,
+                          signs, font.ascent());
+    paintMarkSigns(painter, mark, QStyle::visualRect(option.direction, first, signPlace), textColour(option));
     const QString detail = index.data(PlaylistTable::DetailRole).toString();
     const auto elided = index.data(PlaylistTable::FaultRole).toBool() ? Qt::ElideRight : Qt::ElideMiddle;
     painter.drawText(second, int(start | Qt::TextSingleLine),

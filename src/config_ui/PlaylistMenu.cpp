@@ -1,5 +1,6 @@
 #include "config_ui/PlaylistMenu.h"
 
+#include "config_ui/ConfigModel.h"
 #include "config_ui/ConfigPanels.h"
 #include "config_ui/PlaylistPane.h"
 #include "config_ui/RQTableViewRowMove.h"
@@ -8,14 +9,16 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 
+#include <algorithm>
 #include <utility>
 
 namespace kestro {
 
-PlaylistMenu::PlaylistMenu(RQTableViewRowMove& table, PlaylistPane& pane, ConfigPanels& panels,
-                           QList<QAbstractButton*> buttons)
+PlaylistMenu::PlaylistMenu(RQTableViewRowMove& table, PlaylistPane& pane, ConfigModel& model,
+                           ConfigPanels& panels, QList<QAbstractButton*> buttons)
     : m_table(table)
     , m_pane(pane)
+    , m_model(model)
     , m_panels(panels)
     , m_buttons(std::move(buttons))
 {
@@ -42,6 +45,9 @@ void PlaylistMenu::show(const QPoint& place)
     for (QAbstractButton* const button : m_buttons)
         addButton(*menu, button);
     menu->addSeparator();
+    addStar(*menu);
+    addTimes(*menu);
+    menu->addSeparator();
     addOfRows(*menu);
     menu->popup(place);
 }
@@ -56,6 +62,58 @@ void PlaylistMenu::addButton(QMenu& menu, QAbstractButton* button)
     QAction* const entry = menu.addAction(name.isEmpty() ? button->text() : name);
     entry->setEnabled(button->isEnabled());
     connect(entry, &QAction::triggered, button, &QAbstractButton::click);
+}
+
+QList<EntryMark> PlaylistMenu::marksOfSelected() const
+{
+    QList<EntryMark> marks;
+    for (const int row : m_pane.selectedRows())
+        marks.append(m_model.marks().of(m_model.playList().entries()[row]));
+    return marks;
+}
+
+std::optional<PlayTime> PlaylistMenu::timeOfSelected() const
+{
+    const QList<EntryMark> marks = marksOfSelected();
+    const auto isAsFirst = [&marks](const EntryMark& mark) { return mark.time == marks.first().time; };
+    if (marks.isEmpty() || !std::all_of(marks.begin(), marks.end(), isAsFirst)) return {};
+    return marks.first().time;
+}
+
+void PlaylistMenu::addStar(QMenu& menu)
+{
+    QAction* const star = menu.addAction(tr("&Star"));
+    star->setCheckable(true);
+    const QList<EntryMark> marks = marksOfSelected();
+    star->setChecked(
+        std::all_of(marks.begin(), marks.end(), [](const auto& each) { return each.isStarred; }));
+    star->setEnabled(!marks.isEmpty());
+    connect(star, &QAction::toggled, this, [this](bool isOn) {
+        m_model.marks().mark(m_pane.selectedRows(), [isOn](EntryMark& mark) { mark.isStarred = isOn; });
+    });
+}
+
+void PlaylistMenu::addTimes(QMenu& menu)
+{
+    QMenu* const times = menu.addMenu(tr("&Plays"));
+    times->setEnabled(!m_pane.selectedRows().isEmpty());
+    addTime(*times, tr("&Always"), {});
+    addTime(*times, tr("By &Day"), {.kind = PlayTime::Kind::Day});
+    addTime(*times, tr("At &Night"), {.kind = PlayTime::Kind::Night});
+    QAction* const between = times->addAction(tr("&Between…"));
+    between->setCheckable(true);
+    between->setChecked(timeOfSelected().value_or(PlayTime()).kind == PlayTime::Kind::Hours);
+    connect(between, &QAction::triggered, this, [this] { m_model.askForHours(m_pane.selectedRows()); });
+}
+
+void PlaylistMenu::addTime(QMenu& menu, const QString& text, const PlayTime& time)
+{
+    QAction* const action = menu.addAction(text);
+    action->setCheckable(true);
+    action->setChecked(timeOfSelected() == time);
+    connect(action, &QAction::triggered, this, [this, time] {
+        m_model.marks().mark(m_pane.selectedRows(), [&time](EntryMark& mark) { mark.time = time; });
+    });
 }
 
 void PlaylistMenu::addOfRows(QMenu& menu)

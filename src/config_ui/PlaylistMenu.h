@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/EntryMark.h"
+
 #include <QList>
 #include <QObject>
 
@@ -9,6 +11,7 @@ class QMenu;
 namespace kestro {
 
 class ConfigPanels;
+class ConfigModel;
 class PlaylistPane;
 class RQTableViewRowMove;
 
@@ -20,7 +23,7 @@ class PlaylistMenu final : public QObject {
 
 public:
     /// All of them outlive the menu. A null among the buttons stands for a line between two groups.
-    PlaylistMenu(RQTableViewRowMove& table, PlaylistPane& pane, ConfigPanels& panels,
+    PlaylistMenu(RQTableViewRowMove& table, PlaylistPane& pane, ConfigModel& model, ConfigPanels& panels,
                  QList<QAbstractButton*> buttons);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -29,9 +32,16 @@ private:
     void show(const QPoint& place);
     void addButton(QMenu& menu, QAbstractButton* button);
     void addOfRows(QMenu& menu);
+    void addStar(QMenu& menu);
+    void addTimes(QMenu& menu);
+    void addTime(QMenu& menu, const QString& text, const PlayTime& time);
+    [[nodiscard]] QList<EntryMark> marksOfSelected() const;
+    /// When all selected entries play; nothing where that is not the same of all.
+    [[nodiscard]] std::optional<PlayTime> timeOfSelected() const;
 
     RQTableViewRowMove& m_table;
     PlaylistPane& m_pane;
+    ConfigModel& m_model;
     ConfigPanels& m_panels;
     QList<QAbstractButton*> m_buttons;
 };

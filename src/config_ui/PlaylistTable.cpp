@@ -18,6 +18,7 @@ PlaylistTable::PlaylistTable(ConfigModel& model, const EntryReader& reader, QObj
     , m_places(tellingPlaces(m_entries))
 {
     connect(&model.playList(), &EditedPlaylist::changed, this, &PlaylistTable::follow);
+    connect(&model.marks(), &EditedMarks::changed, this, &PlaylistTable::showFacts);
     connect(&reader, &EntryReader::learned, this, &PlaylistTable::showFacts);
 }
 
@@ -42,7 +43,7 @@ QVariant PlaylistTable::data(const QModelIndex& index, int role) const
     case Qt::EditRole:
         return row.text;
     case Qt::ToolTipRole:
-        return EntryText::toolTip(row, known);
+        return toolTip(index.row());
     case Qt::DecorationRole:
         return known != nullptr ? QVariant(known->picture) : QVariant();
     case Qt::AccessibleTextRole:
@@ -55,6 +56,8 @@ QVariant PlaylistTable::data(const QModelIndex& index, int role) const
         return EntryText::isFault(row, known);
     case WaitingRole:
         return EntryText::hasMovie(row.url) && known == nullptr;
+    case MarkRole:
+        return QVariant::fromValue(m_model.marks().of(row));
     default:
         return {};
     }
@@ -76,9 +79,18 @@ QString PlaylistTable::spokenText(int row) const
 {
     const PlaylistEntry& entry = m_entries[row];
     const EntryFacts* const known = facts(entry);
-    QStringList parts{name(row), EntryText::duration(known), EntryText::detail(entry, known)};
+    QStringList parts{name(row), EntryText::duration(known), EntryText::detail(entry, known),
+                      EntryText::mark(m_model.marks().of(entry))};
     parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));
+}
+
+QString PlaylistTable::toolTip(int row) const
+{
+    const PlaylistEntry& entry = m_entries[row];
+    const QString said = EntryText::mark(m_model.marks().of(entry));
+    const QString text = EntryText::toolTip(entry, facts(entry));
+    return said.isEmpty() ? text : text + u'\n' + said;
 }
 
 Qt::ItemFlags PlaylistTable::flags(const QModelIndex& index) const

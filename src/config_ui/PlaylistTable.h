@@ -22,6 +22,7 @@ public:
         DurationRole,
         FaultRole,   ///< whether the second line says why it does not play
         WaitingRole, ///< whether the movie is still to be looked into
+        MarkRole,    ///< an EntryMark: what was said of the entry
     };
 
     PlaylistTable(ConfigModel& model, const EntryReader& reader, QObject* parent);
@@ -46,6 +47,7 @@ private:
     [[nodiscard]] const EntryFacts* facts(const PlaylistEntry& entry) const;
     [[nodiscard]] QString name(int row) const;
     [[nodiscard]] QString spokenText(int row) const;
+    [[nodiscard]] QString toolTip(int row) const;
     void showPlaces();
 
     ConfigModel& m_model;

@@ -1,5 +1,6 @@
 #include "config_ui/SheetPanels.h"
 
+#include "config_ui/HoursPanel.h"
 #include "platform/base/ChildProcess.h"
 #include "platform/base/Log.h"
 #include "widgets/StartFolder.h"
@@ -92,6 +93,12 @@ std::optional<QString> SheetPanels::runFolderPanel(const QString& folder)
     panel.setOption(QFileDialog::ShowDirsOnly);
     if (panel.exec() != QDialog::Accepted) return {};
     return panel.selectedFiles().value(0);
+}
+
+std::optional<PlayTime> SheetPanels::runHoursPanel(const PlayTime& time)
+{
+    HoursPanel panel(time, &m_sheet);
+    return panel.exec() == QDialog::Accepted ? std::optional(panel.hours()) : std::nullopt;
 }
 
 } // namespace kestro

@@ -25,6 +25,7 @@ public:
     void endWait() override;
     [[nodiscard]] std::optional<Choice> runOpenPanel(const QString& folder) override;
     [[nodiscard]] std::optional<QString> runFolderPanel(const QString& folder) override;
+    [[nodiscard]] std::optional<PlayTime> runHoursPanel(const PlayTime& time) override;
 
 private:
     QWidget& m_sheet;

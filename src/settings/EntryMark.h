@@ -2,6 +2,8 @@
 
 #include "settings/PlayTime.h"
 
+#include <QMetaType>
+
 #include <optional>
 
 class QUrl;
@@ -31,3 +33,5 @@ struct EntryMark {
 [[nodiscard]] QUrl folderWithMark(const QUrl& entry, const EntryMark& mark);
 
 } // namespace kestro
+
+Q_DECLARE_METATYPE(kestro::EntryMark)

@@ -25,6 +25,8 @@ public:
     /// What the file at `path` says; a line that is not understood is logged and counts for nothing.
     EntryMarks(const ConfigurationFile& file, QString path);
 
+    /// The file's; empty where nothing can be kept.
+    [[nodiscard]] const QString& path() const { return m_path; }
     /// What was said of an entry, whatever it is.
     [[nodiscard]] EntryMark of(const QUrl& entry) const;
 

@@ -2,8 +2,10 @@
 
 #include "config_ui/ConfigPanels.h"
 #include "platform/base/Clock.h"
+#include "platform/base/ConfigurationFile.h"
 #include "platform/movie/MemoryMovie.h"
 #include "settings/ConfigurableSaver.h"
+#include "settings/EntryMarks.h"
 #include "settings/Playlist.h"
 #include "settings/RecordingTrailers.h"
 #include "settings/Settings.h"
@@ -45,6 +47,7 @@ public:
     }
 
     [[nodiscard]] SettingsStore& store() { return m_store; }
+    [[nodiscard]] EntryMarks& marks() { return m_marks; }
 
     QStringList backSavers;
 
@@ -56,7 +59,9 @@ private:
     RecordingTrailers m_trailers;
     ManualClock m_clock;
     MemoryMovieLibrary m_movies{m_clock};
-    Playlist m_playlist{m_settings, m_trailers, true};
+    QString m_configuration = m_home.filePath(QStringLiteral("kestro.conf"));
+    EntryMarks m_marks{ConfigurationFile({}, m_configuration), m_configuration};
+    Playlist m_playlist{m_settings, m_trailers, true, nullptr, &m_marks};
 };
 
 /// A person who answers as the test says.
@@ -93,6 +98,14 @@ public:
         return chosenFolder;
     }
 
+    std::optional<PlayTime> runHoursPanel(const PlayTime& time) override
+    {
+        askedHours.push_back(time);
+        return hours;
+    }
+
+    std::optional<PlayTime> hours;
+    std::vector<PlayTime> askedHours; ///< that the panel of hours was to begin with
     std::optional<Choice> choice;
     std::optional<QString> chosenFolder;
     std::function<void()> duringAlert;

@@ -16,6 +16,7 @@ protected:
     /// The menu that opens on a row, as the mouse asks for it.
     QMenu& menuOn(int row)
     {
+        qDeleteAll(table().findChildren<QMenu*>(Qt::FindDirectChildrenOnly)); // of another time
         const QPoint at = table().visualRect(table().model()->index(row, 0)).center();
         QContextMenuEvent wish(QContextMenuEvent::Mouse, at, table().viewport()->mapToGlobal(at));
         QApplication::sendEvent(table().viewport(), &wish);
@@ -35,6 +36,11 @@ protected:
             if (action->text().remove(u'&') == QString::fromUtf8(text)) return *action;
         throw std::runtime_error(text);
     }
+    static QAction& times(const QMenu& menu, const char* text)
+    {
+        return entry(*entry(menu, "Plays").menu(), text);
+    }
+    EntryMark markAt(int row) { return sheet->model().marks().of(sheet->model().playList().entries()[row]); }
 };
 
 } // namespace
@@ -167,6 +173,35 @@ TEST_F(ConfigSheetRowsTest, menu_doesWhatTheButtonsDo)
     EXPECT_EQ(listed(), (QStringList{movie("1"), movie("0")}));
     entry(menu, "Delete").trigger();
     EXPECT_EQ(listed(), QStringList{movie("1")});
+}
+
+TEST_F(ConfigSheetRowsTest, menu_givesAndTakesStars)
+{
+    open({movie("0"), movie("1")});
+    select({0, 1});
+    entry(menuOn(0), "Star").trigger();
+    EXPECT_TRUE(markAt(0).isStarred && markAt(1).isStarred);
+    select({1});
+    QAction& star = entry(menuOn(1), "Star");
+    EXPECT_TRUE(star.isChecked());
+    star.trigger();
+    EXPECT_TRUE(markAt(0).isStarred);
+    EXPECT_FALSE(markAt(1).isStarred);
+    select({0, 1});
+    EXPECT_FALSE(entry(menuOn(0), "Star").isChecked());
+}
+
+TEST_F(ConfigSheetRowsTest, menu_saysWhenEntriesPlay)
+{
+    open({movie("0"), "folder:///movies"});
+    select({0, 1});
+    times(menuOn(0), "At Night").trigger();
+    EXPECT_EQ(markAt(0).time.kind, PlayTime::Kind::Night);
+    EXPECT_EQ(listed()[1], "folder:///movies?when=night");
+    EXPECT_TRUE(times(menuOn(0), "At Night").isChecked());
+    EXPECT_FALSE(times(menuOn(0), "Always").isChecked());
+    times(menuOn(0), "Always").trigger();
+    EXPECT_EQ(listed()[1], "folder:///movies");
 }
 
 TEST_F(ConfigSheetRowsTest, menu_opensWithItsKey_atTheRowThatTheKeysAreOn)

@@ -3,6 +3,7 @@
 #include "config_ui/PlaylistDelegate.h"
 
 #include "config_ui/PlaylistTable.h"
+#include "settings/EntryMark.h"
 
 #include <QLineEdit>
 #include <QPainter>
@@ -113,6 +114,22 @@ TEST_F(PlaylistDelegateTest, sign_standsForAMissingPicture_butNotWhileItIsAwaite
     EXPECT_EQ(awaited.pixelColor(middleOfPicture()), QColor(Qt::yellow));
     item->setData(true, PlaylistTable::FaultRole);
     EXPECT_NE(draw(), awaited);
+}
+
+TEST_F(PlaylistDelegateTest, mark_standsBeforeTheDuration)
+{
+    item->setData(QStringLiteral("1:02"), PlaylistTable::DurationRole);
+    const QImage plain = draw();
+    const EntryMark starred{true, {}};
+    item->setData(QVariant::fromValue(starred), PlaylistTable::MarkRole);
+    const QImage marked = draw();
+    const int duration = option.fontMetrics.horizontalAdvance(QStringLiteral("1:02"));
+    const int end = option.rect.right() - option.fontMetrics.height() / 3 - duration;
+    const QRect before(end - 40, 0, 40, option.rect.height());
+    EXPECT_EQ(darkness(plain, before), 0);
+    EXPECT_GT(darkness(marked, before), 20);
+    const QRect atEnd(end + 1, 0, option.rect.right() - end, option.rect.height());
+    EXPECT_EQ(marked.copy(atEnd), plain.copy(atEnd));
 }
 
 TEST_F(PlaylistDelegateTest, duration_isAtTheEndOfTheFirstLine)

@@ -60,6 +60,7 @@ AllWindows::AllWindows(const QString& language)
     m_trailerPanel = std::make_unique<TrailerPanel>(m_trailers, m_movies, m_services);
     m_sheet = std::make_unique<ConfigSheet>(m_saver, m_trailerPanel.get(), nothingKnown, nullptr, &m_state);
     m_themePanel = std::make_unique<ThemePanel>(m_sheet->model(), m_movies, m_sheet.get(), m_services);
+    m_hoursPanel = std::make_unique<HoursPanel>(PlayTime(), m_sheet.get());
     m_trailerPanel->showPanel(m_sheet->model());
     m_themePanel->showIDVDThemes();
     for (QWidget* const window : windows())
@@ -116,7 +117,8 @@ QList<QWidget*> AllWindows::windows() const
             m_themePanel.get(),
             &m_trailerPanel->panel(),
             m_latestPanel.get(),
-            &m_trailerPanel->previewWin()};
+            &m_trailerPanel->previewWin(),
+            m_hoursPanel.get()};
 }
 
 QList<QWidget*> AllWindows::seenIn(const QWidget& window)

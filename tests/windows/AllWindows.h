@@ -3,6 +3,7 @@
 #include "config_ui/BareMachine.h"
 #include "config_ui/ConfigDoubles.h"
 #include "config_ui/ConfigSheet.h"
+#include "config_ui/HoursPanel.h"
 #include "config_ui/ThemePanel.h"
 #include "config_ui/URLPanel.h"
 #include "host/preferences/DoctorWindow.h"
@@ -64,6 +65,7 @@ private:
     std::unique_ptr<LatestPanel> m_latestPanel;
     std::unique_ptr<ConfigSheet> m_sheet;
     std::unique_ptr<ThemePanel> m_themePanel;
+    std::unique_ptr<HoursPanel> m_hoursPanel;
 };
 
 } // namespace kestro

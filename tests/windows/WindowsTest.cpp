@@ -330,7 +330,7 @@ TEST_P(WindowsTest, windows_endInARowOfButtons_oneOfWhichLeavesThem)
                         widget->geometry().bottom() < row->geometry().top())
                 << placeOf(*widget);
     }
-    EXPECT_EQ(rows, 8);
+    EXPECT_EQ(rows, 9);
 }
 
 TEST_P(WindowsTest, windows_fitOnASmallScreenAtTwiceTheScale)
