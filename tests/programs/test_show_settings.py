@@ -128,6 +128,39 @@ class ShowSettings(ProgramTest):
         self.shown()
         self.assertEqual(list(self.home.preferences.iterdir()), [])
 
+    def conf(self, text=None):
+        path = self.home.path / ".config/kestro/kestro.conf"
+        if text is not None:
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_text(text, encoding="utf-8")
+        done = self.run_kestro("show-settings", "--all")
+        return json.loads(done.stdout), done.stderr, path
+
+    def test_all_adds_the_usual_of_kestro_conf(self):
+        shown, said, _ = self.conf()
+        self.assertEqual(said, "")
+        added = shown.pop("kestro.conf")
+        self.assertEqual(shown, NOTHING_SET)
+        self.assertEqual(added["movies"]["shuffle"], {"value": "random", "from": "default"})
+        self.assertEqual(added["idle"]["after"], {"value": "5", "from": "default"})
+        self.assertNotIn("marks", added)
+
+    def test_all_says_what_counts_and_where_it_is_from(self):
+        shown, said, path = self.conf('# mine\n[movies]\nlongest=5\nlongest="90s"\nshuffle=soon\n[marks]\n'
+                                      '3=star night https://m.example/a.mp4\n4=moon x\n')
+        added = shown["kestro.conf"]
+        self.assertEqual(added["movies"]["longest"], {"value": "90s", "from": f"{path}:4"})
+        self.assertEqual(added["movies"]["shuffle"], {"value": "random", "from": "default"})
+        self.assertEqual(added["marks"], {"3": {"value": "star night https://m.example/a.mp4", "from": f"{path}:7"}})
+        self.assertIn("line 5", said)
+        self.assertIn("line 8", said)
+
+    def test_all_comes_after_the_settings_one_key_a_line(self):
+        text = self.run_kestro("show-settings", "--all").stdout
+        plain = self.run_kestro("show-settings").stdout
+        self.assertTrue(text.startswith(plain.removesuffix("\n}\n") + ',\n    "kestro.conf": {\n'), text)
+        self.assertIn('            "dissolve": {"value": "0", "from": "default"},\n', text)
+
     def test_a_full_disk_is_a_failure(self):
         with open("/dev/full", "w") as full:
             done = subprocess.run([KESTRO, "show-settings"], env=self.home.environment(), stdout=full,

@@ -90,7 +90,7 @@ class Usage(ProgramTest):
             self.assertIn(f"kestro {command}", text)
 
     def test_each_command_has_help_with_its_options(self):
-        options = {"show-settings": [], "playlist": ["--expanded"], "inspect-page": ["FILE", "--base URL"],
+        options = {"show-settings": ["--all"], "playlist": ["--expanded"], "inspect-page": ["FILE", "--base URL"],
                    "scan": ["--start URL", "--host NAME", "--forget", "--verbose"], "latest": ["N ", "W "],
                    "publish": ["MOVIES", "SITE", "--base-url URL", "--copy"],
                    "install-xscreensaver": ["--remove"],

@@ -59,7 +59,7 @@ struct Command;
 /// loads widgets.
 [[nodiscard]] Command settingsCommand();
 
-/// `kestro show-settings`: prints what the settings files come to, as JSON. Needs no display.
+/// `kestro show-settings [--all]`: prints what the settings files come to, as JSON. Needs no display.
 [[nodiscard]] Command showSettingsCommand();
 
 /// `kestro stop`: ends the saver that runs.

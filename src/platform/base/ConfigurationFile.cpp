@@ -65,6 +65,7 @@ void ConfigurationFile::read()
 {
     m_entries.clear();
     m_sections.clear();
+    m_doubted.clear();
     QString section;
     for (qsizetype number = 0; number < m_lines.size(); ++number) {
         const QString line = QString::fromUtf8(m_lines[number]).trimmed();
@@ -118,7 +119,22 @@ void ConfigurationFile::warnAboutUnknown(const QString& section, const QStringLi
 
 void ConfigurationFile::warnAbout(const QString& section, const QString& key, const QString& what) const
 {
-    if (const Entry* const found = find(section, key)) warn(found->line, what);
+    const Entry* const found = find(section, key);
+    if (found == nullptr) return;
+    m_doubted.insert(found->line);
+    warn(found->line, what);
+}
+
+bool ConfigurationFile::isDoubted(const QString& section, const QString& key) const
+{
+    const Entry* const found = find(section, key);
+    return found != nullptr && m_doubted.contains(found->line);
+}
+
+QString ConfigurationFile::placeOf(const QString& section, const QString& key) const
+{
+    const Entry* const found = find(section, key);
+    return found == nullptr ? QString() : QStringLiteral("%1:%2").arg(m_path).arg(found->line + 1);
 }
 
 /// The line after the last one of a section that says something; nothing stands there that belongs to the

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -38,6 +39,10 @@ public:
     void warnAboutUnknown(const QString& section, const QStringList& known) const;
     /// Logs that the value of a key is not understood, and why.
     void warnAbout(const QString& section, const QString& key, const QString& what) const;
+    /// Whether somebody has logged that of this key.
+    [[nodiscard]] bool isDoubted(const QString& section, const QString& key) const;
+    /// Where the value of a key stands, as "path:12"; empty where it does not.
+    [[nodiscard]] QString placeOf(const QString& section, const QString& key) const;
 
     /// Changes the key where it stands, or adds it at the end of its section, which is added where it is
     /// missing.
@@ -65,7 +70,8 @@ private:
     bool m_isKnown = true;
     QList<QByteArray> m_lines;
     QList<Entry> m_entries;
-    QList<Entry> m_sections; ///< their headers
+    QList<Entry> m_sections;           ///< their headers
+    mutable QSet<qsizetype> m_doubted; ///< lines whose values are not understood
 };
 
 /// Has the file at `path` changed, and writes it, whole or not at all; its folder is made where it is

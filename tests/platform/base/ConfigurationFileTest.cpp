@@ -90,6 +90,22 @@ TEST(ConfigurationFile, warns_withTheNumberOfTheLine)
                                  QStringLiteral("conf, line 4: no number.")}));
 }
 
+TEST(ConfigurationFile, place_isTheLineThatCounts)
+{
+    const auto file = fileOf("[a]\nx=1\n[b]\nx=2\n[a]\nx=3\n");
+    EXPECT_EQ(file.placeOf(QStringLiteral("a"), QStringLiteral("x")), QStringLiteral("conf:6"));
+    EXPECT_TRUE(file.placeOf(QStringLiteral("a"), QStringLiteral("y")).isEmpty());
+}
+
+TEST(ConfigurationFile, value_isDoubted_onceSomebodyHasSaidSo)
+{
+    const LogCapture capture([](const QString&) {});
+    const auto file = fileOf("[a]\nx=1\ny=2\n");
+    file.warnAbout(QStringLiteral("a"), QStringLiteral("x"), QStringLiteral("no number"));
+    EXPECT_TRUE(file.isDoubted(QStringLiteral("a"), QStringLiteral("x")));
+    EXPECT_FALSE(file.isDoubted(QStringLiteral("a"), QStringLiteral("y")));
+}
+
 TEST(ConfigurationFile, change_isWritten_inAFolderThatIsMade)
 {
     const QTemporaryDir home;
