@@ -344,8 +344,13 @@ SaverSnapshot MySaver::snapshot() const
     const Point toScreen{-m_geometry.screenFrame().origin.x, -m_geometry.screenFrame().origin.y};
     if (const auto movie = m_movieView ? m_movieView->movie() : nullptr) {
         const Rect frame = m_movieView->frame();
-        shot.movie = {absoluteString(movie->url()), movie->currentTime().timeValue, movie->rate(),
-                      m_windowMode ? frame.movedBy(toScreen) : convertToWindow(frame)};
+        shot.movie = {absoluteString(movie->url()),
+                      movie->currentTime().timeValue,
+                      movie->rate(),
+                      m_windowMode ? frame.movedBy(toScreen) : convertToWindow(frame),
+                      movie->duration().timeValue,
+                      m_rest.how == Rest::None && !m_movieView->isMuted(),
+                      m_movieView->volume()};
     }
     shot.curIdx = m_playlist.curIdx();
     shot.trail = m_trail.count();

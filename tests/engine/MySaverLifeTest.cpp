@@ -258,6 +258,24 @@ TEST_F(MySaverLifeTest, sound_isOff_whenTheOnlyScreenIsNotTheFirstMonitor)
     window.setContentView(nullptr);
 }
 
+TEST_F(MySaverLifeTest, snapshot_saysThatTheMovieIsHeard_whereItIs)
+{
+    setGoodPlaylist({"a.mov"}, 10);
+    auto& silent = makeSaver();
+    silent.startAnimation();
+    tick(silent);
+    EXPECT_FALSE(silent.snapshot().movie->isHeard);
+    set("SoundOn", "1");
+    auto& saver = makeSaver();
+    saver.startAnimation();
+    tick(saver);
+    EXPECT_TRUE(saver.snapshot().movie->isHeard);
+    EXPECT_EQ(saver.snapshot().movie->volume, 1);
+    EXPECT_EQ(saver.snapshot().movie->duration, 10 * SaverSnapshot::Movie::unitsPerSecond);
+    saver.rest(Rest::Held);
+    EXPECT_FALSE(saver.snapshot().movie->isHeard);
+}
+
 TEST_F(MySaverLifeTest, sound_isOff_unlessSwitchedOn)
 {
     setGoodPlaylist({"a.mov"});

@@ -8,6 +8,7 @@ from harness import BLACK, BLUE, BOUND, GREEN, KESTRO, RED, movie, url, wait_unt
 from idletest import IdleTest
 from xserver import XServer
 
+PLAYER = "org.mpris.MediaPlayer2.kestro"
 NAME, PATH = "org.kestro.Saver1", "/org/kestro/Saver1"
 NOBODY = "kestro: No saver runs in this session that listens ([control] bus=yes).\n"
 
@@ -112,6 +113,49 @@ class Control(ControlTest):
         self.assertIsNone(second.poll())
         wait_until(lambda: self.tell("now").returncode == 0, "the second saver on the bus")
         self.assertNotIn(NAME, self.assertEndsByTerm(second))
+
+
+class MediaPlayer(ControlTest):
+    def player(self, interface, name):
+        done = subprocess.run(["busctl", f"--address={self.bus.address}", "--json=short", "get-property", PLAYER,
+                               "/org/mpris/MediaPlayer2", interface, name], capture_output=True, text=True,
+                              timeout=BOUND)
+        return json.loads(done.stdout)["data"] if done.returncode == 0 else None
+
+    def call(self, method, check=True):
+        subprocess.run(["busctl", f"--address={self.bus.address}", "call", PLAYER, "/org/mpris/MediaPlayer2",
+                        "org.mpris.MediaPlayer2.Player", method], capture_output=True, timeout=BOUND, check=check)
+
+    def title(self):
+        data = self.player("org.mpris.MediaPlayer2.Player", "Metadata")
+        return data and data["xesam:title"]["data"]
+
+    def start_with_sound(self):
+        self.home.play(self.movies, FullScreenMode="1", PlayMode="1", SoundOn="1")
+        saver = self.start_heard()
+        wait_until(lambda: PLAYER in self.names(), "the player on the bus")
+        return saver
+
+    def test_the_player_tells_of_the_movie_and_changes_it(self):
+        self.start_with_sound()
+        self.assertEqual(self.title(), "control-red")
+        self.call("Next")
+        self.wait_for(GREEN)
+        wait_until(lambda: self.title() == "control-green", "the other movie's title")
+        self.call("Previous")
+        self.wait_for(RED)
+
+    def test_its_stop_ends_the_saver(self):
+        saver = self.start_with_sound()
+        self.call("Stop", check=False)  # it may end before it has answered
+        self.assertEqual(self.ended(saver)[0], 0)
+        self.assertNotIn(PLAYER, self.names())
+
+    def test_no_player_is_there_without_sound(self):
+        self.start_heard()
+        self.assertDone("next")
+        self.wait_for(GREEN)
+        self.assertNotIn(PLAYER, self.names())
 
 
 class NotOnTheBus(ControlTest):

@@ -53,8 +53,10 @@ void SaverSession::forget(const Screen& screen)
 void SaverSession::rest(Rest how)
 {
     m_rest = how;
-    for (const auto& saver : m_savers)
+    for (const auto& saver : m_savers) {
         saver->rest(how);
+        if (m_onRest) m_onRest(*saver);
+    }
 }
 
 void SaverSession::changeMovie(MovieStep step)
@@ -82,8 +84,11 @@ std::shared_ptr<HostedSaver> SaverSession::cover(Screen& screen)
         if (m_onTick) m_onTick(ticked);
     });
     saver->rest(m_rest);
-    screen.surface().setSeenHandler([hosted = std::weak_ptr(saver)](bool isSeen) {
-        if (const auto it = hosted.lock()) it->setSeen(isSeen);
+    screen.surface().setSeenHandler([this, hosted = std::weak_ptr(saver)](bool isSeen) {
+        const auto it = hosted.lock();
+        if (!it) return;
+        it->setSeen(isSeen);
+        if (m_onRest) m_onRest(*it);
     });
     m_savers.push_back(saver);
     return saver;

@@ -36,6 +36,8 @@ public:
     void setKeyHandler(std::function<bool(const InputEvent&)> handler) { m_onKey = std::move(handler); }
     /// Called after each tick of each screen's view.
     void setTickHandler(TickHandler handler) { m_onTick = std::move(handler); }
+    /// Called with a saver that has been told how to rest, or to go on.
+    void setRestHandler(TickHandler handler) { m_onRest = std::move(handler); }
 
     /// Covers every screen, then starts a saver on each, first screen first. Answers false when there are
     /// screens and none got a view; where there is no screen yet, the first one that comes gets a saver.
@@ -71,6 +73,7 @@ private:
     std::function<void()> m_onWake;
     std::function<bool(const InputEvent&)> m_onKey;
     TickHandler m_onTick;
+    TickHandler m_onRest;
     WakeWatch m_watch;
     std::vector<std::shared_ptr<HostedSaver>> m_savers;
     Rest m_rest = Rest::None;

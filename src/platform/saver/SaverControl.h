@@ -17,10 +17,15 @@ class ScreenSaverView;
 /// screen.
 struct SaverSnapshot {
     struct Movie {
+        static constexpr std::int64_t unitsPerSecond = 600; ///< of movie time
+
         QString url;           ///< absolute string
         std::int64_t time = 0; ///< movie time units
         float rate = 0;
-        Rect frame; ///< of the movie frame
+        Rect frame;                ///< of the movie frame
+        std::int64_t duration = 0; ///< movie time units; 0 while unknown
+        bool isHeard = false;      ///< it plays, and not without its sound
+        float volume = 0;          ///< 0 silent … 1 as recorded
     };
     std::optional<Movie> movie; ///< nothing while the movie frame is empty or there is none
     int curIdx = -1;

@@ -13,15 +13,26 @@ namespace {
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 const QString propertiesChanged = QStringLiteral("PropertiesChanged");
 
+void askDaemon(const QDBusConnection& bus, const QString& method, const QVariantList& arguments)
+{
+    const auto daemon = QStringLiteral("org.freedesktop.DBus");
+    auto message =
+        QDBusMessage::createMethodCall(daemon, QStringLiteral("/org/freedesktop/DBus"), daemon, method);
+    message.setArguments(arguments);
+    bus.send(message);
+}
+
 } // namespace
+
+void requestName(const QDBusConnection& bus, const QString& name)
+{
+    constexpr quint32 inARow = 0;
+    askDaemon(bus, QStringLiteral("RequestName"), {name, inARow});
+}
 
 void releaseName(const QDBusConnection& bus, const QString& name)
 {
-    const auto busName = QStringLiteral("org.freedesktop.DBus");
-    auto release = QDBusMessage::createMethodCall(busName, QStringLiteral("/org/freedesktop/DBus"), busName,
-                                                  QStringLiteral("ReleaseName"));
-    release.setArguments({name});
-    bus.send(release);
+    askDaemon(bus, QStringLiteral("ReleaseName"), {name});
 }
 
 BusObject::BusObject(const QDBusConnection& bus, BusAddress address, Starting starting)

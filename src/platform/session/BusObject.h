@@ -22,6 +22,10 @@ struct BusAddress {
     QString interface;
 };
 
+/// Asks for a name on a bus: it comes once those who asked before have given it back. Does not wait for the
+/// bus, as Qt would.
+void requestName(const QDBusConnection& bus, const QString& name);
+
 /// Gives back a name on a bus. Does not wait for the bus, as Qt would: it may have stopped in the meantime.
 void releaseName(const QDBusConnection& bus, const QString& name);
 

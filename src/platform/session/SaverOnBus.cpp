@@ -53,17 +53,11 @@ std::function<QDBusConnection()> SaverOnBus::sessionBus()
     return [] { return QDBusConnection::sessionBus(); };
 }
 
-// The name is asked for without waiting for the bus, as Qt would.
 void SaverOnBus::serve(const QDBusConnection& bus)
 {
     m_bus = std::make_unique<QDBusConnection>(bus);
     m_bus->registerVirtualObject(objectPath, this);
-    const auto daemon = QStringLiteral("org.freedesktop.DBus");
-    auto request = QDBusMessage::createMethodCall(daemon, QStringLiteral("/org/freedesktop/DBus"), daemon,
-                                                  QStringLiteral("RequestName"));
-    constexpr quint32 inARow = 0;
-    request.setArguments({busName, inARow});
-    m_bus->send(request);
+    requestName(*m_bus, busName);
 }
 
 void SaverOnBus::shows(const QUrl& url)

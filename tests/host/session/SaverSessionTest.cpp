@@ -167,6 +167,17 @@ TEST_F(SaverSessionTest, motion_isOneMovement_whenItCrossesToAScreenThatStandsHi
     EXPECT_EQ(wakes, 1);
 }
 
+TEST_F(SaverSessionTest, rest_isToldOfEachSaver)
+{
+    std::vector<const HostedSaver*> told;
+    session.setRestHandler([&told](const HostedSaver& saver) { told.push_back(&saver); });
+    session.start();
+    EXPECT_TRUE(told.empty());
+    session.rest(Rest::Off);
+    ASSERT_EQ(told.size(), session.savers().size());
+    EXPECT_EQ(told.front(), session.savers().front().get());
+}
+
 TEST_F(SaverSessionTest, rest_isThatOfEverySaver_andOfThoseThatComeLater)
 {
     session.start();
