@@ -1,5 +1,7 @@
 // How the saver looks for the next movie, a step at a time, and what it does with what it finds.
+// Tested by MySaverFailuresTest and MySaverAheadTest.
 
+#include "engine/AheadFetch.h"
 #include "engine/MySaver.h"
 #include "platform/base/Clock.h"
 #include "platform/display/desktop/Desktop.h"
@@ -68,6 +70,7 @@ void MySaver::advanceSearch()
     m_steps.shows(addressOf(content));
     m_acts.showMovie(m_steps.now());
     found(search->purpose());
+    if (m_services.ahead) m_services.ahead->plays(addressOf(content), m_playlist);
 }
 
 void MySaver::found(Purpose purpose)

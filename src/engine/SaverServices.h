@@ -6,6 +6,7 @@
 
 namespace kestro {
 
+class AheadFetch;
 class BackSaverHost;
 class Desktop;
 class EntryMarks;
@@ -34,6 +35,7 @@ struct SaverServices {
     CaptionOptions caption = {};
     EntryMarks* marks = nullptr;     ///< null: nothing is said of entries that are no folders
     std::optional<Place> place = {}; ///< where the person is; nothing where that is not known
+    AheadFetch* ahead = nullptr;     ///< null: nothing is fetched ahead
 };
 
 } // namespace kestro

@@ -1,10 +1,12 @@
 #include "module/KestroPlugin.h"
 
 #include "engine/BackSaverHost.h"
+#include "engine/KeeperProcess.h"
 #include "engine/MySaver.h"
 #include "engine/NeverList.h"
 #include "engine/ShuffleRecord.h"
 #include "platform/base/ConfigurationFile.h"
+#include "platform/base/KeptMovies.h"
 #include "platform/base/Paths.h"
 #include "platform/base/Random.h"
 #include "platform/base/StateFolder.h"
@@ -13,6 +15,7 @@
 #include "platform/display/gl/OpenGL.h"
 #include "platform/movie/MpvMovieLibrary.h"
 #include "platform/web/HelperEngine.h"
+#include "settings/CacheOptions.h"
 #include "settings/CaptionOptions.h"
 #include "settings/EntryMarks.h"
 #include "settings/MovieOptions.h"
@@ -38,6 +41,7 @@ struct Shared {
     std::optional<ShuffleRecord> shuffle;
     NeverList never{stateFolder() + QStringLiteral("/never")};
     EntryMarks marks;
+    std::optional<KeeperProcess> keeper;
     BackSaverHost backSavers{homeFolder()};
     SignPictures signs{packageLibraries() + QStringLiteral("/Kestro.saver/Contents/Resources")};
 };
@@ -46,6 +50,16 @@ Shared& shared()
 {
     static auto& instance = *new Shared;
     return instance;
+}
+
+/// What fetches movies ahead, where a person chose that they are kept; null where nothing is fetched.
+AheadFetch* aheadFetch(const ConfigurationFile& configuration, bool isPreview)
+{
+    const qint64 bytes = cacheOptionsFrom(configuration).bytes;
+    shared().movies.setKeptMovies(bytes > 0 ? keptMoviesFolder() : QString());
+    if (bytes == 0 || isPreview || shared().store.leavesNothing()) return nullptr;
+    if (!shared().keeper) shared().keeper.emplace(keptMoviesFolder(), bytes, shared().never);
+    return &*shared().keeper;
 }
 
 /// A host may leave the process without taking its savers apart. A crawl that runs then is to keep what it
@@ -88,7 +102,7 @@ std::shared_ptr<ScreenSaverView> KestroPlugin::initWithFrameIsPreview(const QStr
         frame, isPreview,
         {desktop, common.movies, common.store, common.trailers, common.signs, common.backSavers, &common.web,
          options, &common.folders, common.shuffle ? &*common.shuffle : nullptr, &common.never,
-         CaptionOptions::from(file), &common.marks, placeFrom(file)});
+         CaptionOptions::from(file), &common.marks, placeFrom(file), aheadFetch(file, isPreview)});
 }
 
 } // namespace kestro

@@ -172,6 +172,7 @@ QList<Playlist::Entry> Playlist::storedURLs(const QVariantList& stored, bool exp
 {
     QList<Entry> found;
     found.reserve(stored.size());
+    if (expand) m_shownTrailers.clear();
     for (const QVariant& entry : stored) {
         if (expand && found.size() > Bounds::playlistEntries) break;
         const QString text = textOf(entry);
@@ -206,7 +207,10 @@ QList<QUrl> Playlist::latestTrailers(const QUrl& entry)
     if (!choice) return {};
     const QList<QUrl> found = m_trailers.lastTrailers(choice->count, choice->width, m_failedURLList);
     scanOnce();
-    return moviesOnWeb(found);
+    const QList<QUrl> movies = moviesOnWeb(found);
+    for (const QUrl& movie : movies)
+        m_shownTrailers.insert(movie);
+    return movies;
 }
 
 // The scan refreshes the record for a later expansion; this one takes the record as it is.

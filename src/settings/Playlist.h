@@ -69,6 +69,9 @@ public:
     /// Whether this view has asked for a crawl, which it does at most once.
     [[nodiscard]] bool hasAutoTrailers() const { return m_hasAutoTrailers; }
 
+    /// Whether an automatic entry stood for it when the list was built last.
+    [[nodiscard]] bool isTrailer(const QUrl& movie) const { return m_shownTrailers.contains(movie); }
+
     /// Absolute URL strings of entries that could not be opened; trailers among them are not expanded again.
     [[nodiscard]] const QSet<QString>& failedURLList() const { return m_failedURLList; }
     void addFailedURL(const QUrl& url);
@@ -95,7 +98,8 @@ private:
     PlaylistFolders m_folders;
     EntryMarks* m_entryMarks;
     std::optional<QList<QUrl>> m_urlList;
-    ListMarks m_marks; ///< of that list
+    ListMarks m_marks;          ///< of that list
+    QSet<QUrl> m_shownTrailers; ///< in the place of automatic entries
     QSet<QString> m_failedURLList;
     int m_curIdx = -1;
     bool m_hasAutoTrailers = false;

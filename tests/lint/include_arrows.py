@@ -28,6 +28,7 @@ ALLOWED = PLATFORM | {
     "publish": {"platform/base", "platform/display", "platform/movie"},
     "launcher": set(),
     "idle": {"platform/base", "platform/session", "host/start"},
+    "keep": {"platform/base", "platform/network", "platform/session", "platform/movie", "host/start"},
     "host/start": {"platform/base"},
     "host/xscreensaver": {"platform/base"},
     "host/publish": {"platform/base", "publish", "host/start"},
@@ -45,7 +46,7 @@ ALLOWED = PLATFORM | {
         "host/publish",
         "idle",
     },
-    "host/doctor": BELOW_ENGINE | {"trailers", "host", "host/start", "host/xscreensaver", "idle"},
+    "host/doctor": BELOW_ENGINE | {"trailers", "host", "host/start", "host/xscreensaver", "idle", "keep"},
     "host/preferences": {"platform/base", "platform/session", "host/start", "host/xscreensaver", "idle"},
     "host/preferences/live": BELOW_ENGINE
     | {"trailers", "trailers/panel", "widgets", "config_ui", "host", "host/preferences"},
@@ -86,7 +87,7 @@ FOREIGN = [
     (r"X11/|GL/|GLES\d/|EGL/|vulkan/", ("platform/display",)),
     # The program that waits for the person to be away has no windows, and loads nothing that makes them.
     (r"xcb/|wayland-", ("platform/display", "platform/session")),
-    (r"QtDBus|QDBus", ("platform/session", "idle")),
+    (r"QtDBus|QDBus", ("platform/session", "idle", "keep")),
     (r"linux/input|libudev|systemd/", ("platform/session",)),
     (r"Q(Svg|BackingStore|OpenGL|RasterWindow)|qpa/|QtGui/(private|qpa)/", ("platform/display",)),
     (r"Q(Window|Screen)\b", ("platform/display", *WIDGET_FOLDERS)),

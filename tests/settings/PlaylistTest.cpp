@@ -106,6 +106,16 @@ TEST_F(PlaylistOfURLs, automaticEntry_becomesItsTrailers_inItsPlace)
     EXPECT_EQ(texts(playlist().fileList()), QStringList(remote) + trailers(640, 2) + QStringList(remote));
 }
 
+TEST_F(PlaylistOfURLs, trailers_areKnownFromOthers)
+{
+    useList("5", QStringList{remote, QStringLiteral("auto://LatestTrailers/2/640")});
+    const QList<QUrl> list = playlist().fileList();
+    ASSERT_EQ(list.size(), 3);
+    EXPECT_FALSE(playlist().isTrailer(list[0]));
+    EXPECT_TRUE(playlist().isTrailer(list[1]));
+    EXPECT_TRUE(playlist().isTrailer(list[2]));
+}
+
 TEST_F(PlaylistOfURLs, automaticEntry_takesItsNumbers_fromTheLastTwoParts)
 {
     struct Case {

@@ -44,6 +44,7 @@ DoctorRun::Examinations allExaminations()
         all.push_back(std::make_unique<EntriesExamination>(entries, longestEntry, openEntry));
     if (auto trailers = trailersExamination(shareOf(automatic, entries.size())))
         all.push_back(std::move(trailers));
+    if (auto kept = keptMoviesExamination()) all.push_back(std::move(kept));
     all.push_back(webExamination());
     all.push_back(saversExamination());
     return all;

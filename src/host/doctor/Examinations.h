@@ -29,6 +29,8 @@ namespace kestro {
 enum class AutomaticEntries { None, Some, All };
 /// The trailer site and what is on record of it; null where neither a site nor an entry asks for trailers.
 [[nodiscard]] std::unique_ptr<Examination> trailersExamination(AutomaticEntries entries);
+/// The copies of movies from the web; null where nobody chose that any are kept.
+[[nodiscard]] std::unique_ptr<Examination> keptMoviesExamination();
 
 /// All of them, with the person's playlist.
 [[nodiscard]] DoctorRun::Examinations allExaminations();

@@ -48,6 +48,8 @@ inline constexpr qint64 pageBytes = 32LL * 1024 * 1024;
 inline constexpr int redirects = 5;
 // The movie of a trailer that is saved; a person waits, and may give up at any time.
 inline constexpr qint64 savedMovieBytes = 2LL * 1024 * 1024 * 1024;
+// The same of one that is fetched ahead, for which nobody waits.
+inline constexpr int keptMovieSeconds = 2 * 60 * 60;
 
 // What is taken out of one page.
 inline constexpr qint64 unpackedPageBytes = 256LL * 1024 * 1024;

@@ -18,13 +18,14 @@ static constexpr double longestPicture = 0.5;
 
 MpvMovie::MpvMovie(const QUrl& url, const MpvMovieOptions& options)
     : m_url(url)
+    , m_source(url)
     , m_options(options)
     , m_layer(std::make_unique<PlayerLayer>(*this))
     , m_shown(std::make_shared<ShownFrame>())
 {
     if (m_url.isLocalFile())
         open();
-    else
+    else if (!openKept())
         static_cast<void>(start(0));
 }
 
@@ -39,7 +40,7 @@ static int threadsFor(const std::optional<MovieFacts>& facts)
 /// Takes a player, which stands there. False, broken, when there is none to be had.
 bool MpvMovie::start(double at)
 {
-    auto player = MpvPlayer::start({.url = m_url,
+    auto player = MpvPlayer::start({.url = m_source,
                                     .options = m_options,
                                     .start = at,
                                     .frameSeconds = m_facts ? m_facts->frameSeconds : 0,
@@ -273,7 +274,7 @@ Layer& MpvMovie::layer()
 
 std::shared_ptr<StillMovie> MpvMovie::copyForStills() const
 {
-    return std::make_shared<MpvStills>(m_shown, m_url, std::chrono::seconds(m_options.networkTimeout));
+    return std::make_shared<MpvStills>(m_shown, m_source, std::chrono::seconds(m_options.networkTimeout));
 }
 
 } // namespace kestro

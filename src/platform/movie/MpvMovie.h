@@ -6,6 +6,7 @@
 #include "platform/display/desktop/QtTimerSource.h"
 #include "platform/display/view/Layer.h"
 #include "platform/movie/BackwardsPlayer.h"
+#include "platform/movie/KeptMovie.h"
 #include "platform/movie/MovieFacts.h"
 #include "platform/movie/MpvMovieOptions.h"
 #include "platform/movie/MpvPlayer.h"
@@ -25,7 +26,8 @@ class ShownFrame;
 
 /// A real movie, played by libmpv, backwards by a BackwardsPlayer, its stills decoded by libavcodec. The file
 /// of a local one is looked into first, on another thread; it starts its player when it is first played or
-/// shown. A remote one starts it at once, to load. Made by MpvMovieLibrary. Main thread.
+/// shown. A remote one starts it at once, to load, unless there is a copy of it on the disk, which is played
+/// as a local one is. Made by MpvMovieLibrary. Main thread.
 class MpvMovie final : public QTMovie, private MpvPlayerListener, private BackwardsListener {
 public:
     MpvMovie(const QUrl& url, const MpvMovieOptions& options);
@@ -88,6 +90,8 @@ private:
     void backwardsFailed(const QString& reason) override;
 
     void open();
+    [[nodiscard]] bool openKept();
+    void takeKept(const std::optional<KeptMovie>& kept);
     void takeFacts(const std::optional<Result<MovieFacts, MovieFault>>& facts);
     void beShown();
     void takePlayerForShow();
@@ -116,6 +120,8 @@ private:
     void playFromEnd();
 
     const QUrl m_url;
+    QUrl m_source;                      ///< what is read: the movie's own address, or its copy
+    std::shared_ptr<Descriptor> m_hold; ///< on that copy; shared with who looked into it
     const MpvMovieOptions m_options;
     std::optional<MovieFacts> m_facts; ///< of a local movie, once it was looked into
     /// What the player of a remote movie knew when it was let go of; nothing before.

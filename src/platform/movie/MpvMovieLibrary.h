@@ -15,6 +15,10 @@ public:
     /// What the screens are drawn with, and movies that are opened from now on; null for software.
     void setOpenGL(const std::shared_ptr<OpenGL>& openGL) { m_options.openGL = openGL; }
 
+    /// Where copies of movies from the web lie, which are played in their place; empty for none. For movies
+    /// that are opened from now on.
+    void setKeptMovies(const QString& folder) { m_options.keptMovies = folder; }
+
     [[nodiscard]] std::shared_ptr<QTMovie> movieWithURL(const QUrl& url) override;
 
 private:

@@ -20,6 +20,7 @@ struct MpvMovieOptions {
     std::function<Result<MovieFacts, MovieFault>(const QString& path)> probe = probeMovieOnAnyDisk;
     std::chrono::milliseconds longestProbe{2000};  ///< until a local movie whose disk does not answer fails
     std::chrono::milliseconds longestStall{15000}; ///< without progress until one that plays fails
+    QString keptMovies = {};             ///< the folder with copies of movies from the web; empty for none
     int cacheBytes = Bounds::cacheBytes; ///< read ahead of a remote movie; half as many are kept behind
     QByteArray audioOutputs =
         "pipewire,pulse,alsa";         ///< tried in order; without any, sound is played to nothing

@@ -62,7 +62,8 @@ void MpvMovie::approachTurn()
 
 void MpvMovie::prepareBackwards(double from)
 {
-    const BackwardsSetup setup{.url = m_url, .longestRead = std::chrono::seconds(m_options.networkTimeout)};
+    const BackwardsSetup setup{.url = m_source,
+                               .longestRead = std::chrono::seconds(m_options.networkTimeout)};
     BackwardsListener& listener = *this;
     if (!m_back) m_back = std::make_unique<BackwardsPlayer>(setup, listener, m_clock, m_timers);
     m_back->setDrawnSize(m_layer->drawnSize());

@@ -17,6 +17,7 @@ struct FetchLimits {
     double seconds = Bounds::pageSeconds;           ///< in all; 0 for no such limit
     qint64 bytes = Bounds::pageBytes;
     int redirects = Bounds::redirects;
+    qint64 bytesPerSecond = 0; ///< so that others have the rest of the line; 0 for as many as come
 };
 
 /// Why a fetch has brought nothing.

@@ -44,6 +44,15 @@ public:
     Handles(const Handles&) = delete;
     Handles& operator=(const Handles&) = delete;
 
+    void useHeaders(const QList<QByteArray>& more)
+    {
+        curl_slist_free_all(headers);
+        headers = curl_slist_append(nullptr, "Accept-Encoding: identity");
+        for (const QByteArray& each : more)
+            headers = curl_slist_append(headers, each.constData());
+        curl_easy_setopt(easy, CURLOPT_HTTPHEADER, headers);
+    }
+
     CURL* easy = startedCurl() ? curl_easy_init() : nullptr;
     CURLM* multi = curl_multi_init();
     curl_slist* knownHosts = nullptr;
@@ -81,11 +90,12 @@ private:
         curl_easy_setopt(easy, CURLOPT_MAXREDIRS, static_cast<long>(limits.redirects));
         curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, milliseconds(limits.connectSeconds));
         curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits.bytes));
-        curl_easy_setopt(easy, CURLOPT_HTTPHEADER, headers);
+        curl_easy_setopt(easy, CURLOPT_MAX_RECV_SPEED_LARGE, static_cast<curl_off_t>(limits.bytesPerSecond));
+        useHeaders({});
         curl_easy_setopt(easy, CURLOPT_USERAGENT, "Kestro");
     }
 
-    curl_slist* headers = curl_slist_append(nullptr, "Accept-Encoding: identity");
+    curl_slist* headers = nullptr;
 };
 
 namespace {
@@ -127,13 +137,13 @@ HttpReader::HttpReader(const FetchLimits& limits, Reach reach)
 
 HttpReader::~HttpReader() = default;
 
-FetchResult HttpReader::read(const QUrl& url, const Cancellation::Watch& watch)
+FetchResult HttpReader::read(const QUrl& url, const Cancellation::Watch& watch, FetchSink* sink)
 {
     if (!m_handles->easy || !m_handles->multi)
         return FetchFault{.message = QStringLiteral("libcurl does not start")};
     m_handles->mayBePrivate = isOwnHost(url.host());
     m_handles->isRefused = false;
-    HttpTransfer transfer(m_handles->easy, m_limits, watch);
+    HttpTransfer transfer(m_handles->easy, m_limits, watch, sink);
     curl_easy_setopt(m_handles->easy, CURLOPT_URL, url.toEncoded(QUrl::RemoveFragment).constData());
     auto result = run(transfer, watch);
     m_received += transfer.received();
@@ -176,6 +186,26 @@ QString HttpReader::type() const
     char* type = nullptr;
     if (m_handles->easy) curl_easy_getinfo(m_handles->easy, CURLINFO_CONTENT_TYPE, &type);
     return QString::fromUtf8(type);
+}
+
+int HttpReader::status() const
+{
+    long status = 0;
+    if (m_handles->easy) curl_easy_getinfo(m_handles->easy, CURLINFO_RESPONSE_CODE, &status);
+    return static_cast<int>(status);
+}
+
+QByteArray HttpReader::header(const char* name) const
+{
+    curl_header* found = nullptr;
+    const bool isThere =
+        m_handles->easy && curl_easy_header(m_handles->easy, name, 0, CURLH_HEADER, -1, &found) == CURLHE_OK;
+    return isThere ? QByteArray(found->value) : QByteArray();
+}
+
+void HttpReader::setConditions(const QList<QByteArray>& headers)
+{
+    if (m_handles->easy) m_handles->useHeaders(headers);
 }
 
 void HttpReader::wake()

@@ -3,6 +3,8 @@
 #include "platform/network/Cancellation.h"
 #include "platform/network/Fetch.h"
 
+#include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QUrl>
 
@@ -10,10 +12,12 @@
 
 namespace kestro {
 
+class FetchSink;
 class HttpTransfer;
 
 /// Reads http and https URLs with libcurl, over connections that stay open while it lives. Owned by
-/// CurlFetch or SiteFetch; read() on one thread at a time, wake() on any. Tested by CurlFetchHttpTest.
+/// CurlFetch, SiteFetch or Download; read() on one thread at a time, wake() on any. Tested by
+/// CurlFetchHttpTest.
 class HttpReader final {
 public:
     /// How far it goes: wherever redirects and names lead, or to the URL alone, without a proxy, and to a
@@ -26,13 +30,21 @@ public:
     HttpReader& operator=(const HttpReader&) = delete;
 
     /// What a server of status 200 to 299 sends; an error for all else, and once `watch` is cancelled.
-    [[nodiscard]] FetchResult read(const QUrl& url, const Cancellation::Watch& watch);
+    /// Where there is a `sink`, that takes it, and nothing is answered.
+    [[nodiscard]] FetchResult read(const QUrl& url, const Cancellation::Watch& watch,
+                                   FetchSink* sink = nullptr);
+    /// Lines of the head of each request from now on, besides those that it always has.
+    void setConditions(const QList<QByteArray>& headers);
     /// Does not look up the name in HOST:PORT:ADDRESS any more.
     void knowHost(const QString& host);
     /// Where the answer before leads to instead; empty where it leads nowhere. With OneSite alone.
     [[nodiscard]] QUrl redirection() const;
     /// The type that the answer before is said to have; empty for none.
     [[nodiscard]] QString type() const;
+    /// Its status; 0 where there was no answer.
+    [[nodiscard]] int status() const;
+    /// The line of that name in its head; empty for none.
+    [[nodiscard]] QByteArray header(const char* name) const;
     /// Has read() look at its watch now.
     void wake();
     /// The bytes that came so far, with all heads and redirects.

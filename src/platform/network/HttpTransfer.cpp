@@ -1,8 +1,10 @@
 #include "platform/network/HttpTransfer.h"
 
 #include "platform/base/Reasons.h"
+#include "platform/network/FetchSink.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kestro {
 
@@ -22,10 +24,12 @@ FetchFault overLimit(const QString& message)
     return {FetchFault::Kind::OverLimit, message};
 }
 
-HttpTransfer::HttpTransfer(CURL* easy, const FetchLimits& limits, const Cancellation::Watch& watch)
+HttpTransfer::HttpTransfer(CURL* easy, const FetchLimits& limits, const Cancellation::Watch& watch,
+                           FetchSink* sink)
     : m_easy(easy)
     , m_limits(limits)
     , m_watch(watch)
+    , m_sink(sink)
 {
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_words.data());
     curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &onBody);
@@ -49,10 +53,23 @@ size_t HttpTransfer::onBody(char* bytes, size_t size, size_t count, void* self)
 {
     HttpTransfer& transfer = transferOf(self);
     const auto length = static_cast<qsizetype>(size) * static_cast<qsizetype>(count);
-    transfer.m_isTooLarge = transfer.m_body.size() + length > transfer.m_limits.bytes;
-    if (transfer.m_isTooLarge) return CURL_WRITEFUNC_ERROR;
-    transfer.m_body.append(bytes, length);
+    transfer.m_bodyBytes += length;
+    transfer.m_isTooLarge = transfer.m_bodyBytes > transfer.m_limits.bytes;
+    if (transfer.m_isTooLarge || !transfer.handOn({bytes, length})) return CURL_WRITEFUNC_ERROR;
     return size * count;
+}
+
+// A sink gets nothing of what a server says of an error.
+bool HttpTransfer::handOn(QByteArrayView bytes)
+{
+    if (!m_sink) {
+        m_body.append(bytes);
+        return true;
+    }
+    curl_off_t length = -1;
+    curl_easy_getinfo(m_easy, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+    if (!hasGoodStatus() || (!std::exchange(m_hasBegun, true) && !m_sink->begin(length))) return false;
+    return m_sink->take(bytes);
 }
 
 size_t HttpTransfer::onHeader(char*, size_t size, size_t count, void* self)
@@ -93,7 +110,7 @@ bool HttpTransfer::isTooLong() const
 
 qint64 HttpTransfer::received() const
 {
-    return m_headerBytes + std::max<qint64>(m_downloaded, m_body.size());
+    return m_headerBytes + std::max<qint64>(m_downloaded, m_bodyBytes);
 }
 
 int HttpTransfer::patience() const
@@ -101,24 +118,28 @@ int HttpTransfer::patience() const
     return static_cast<int>(std::clamp(m_limits.silenceSeconds * 250, 1.0, double(longestWait)));
 }
 
-bool HttpTransfer::hasGoodStatus() const
+int HttpTransfer::status() const
 {
     long status = 0;
     curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
-    return status >= 200 && status < 300;
+    return static_cast<int>(status);
+}
+
+bool HttpTransfer::hasGoodStatus() const
+{
+    return status() >= 200 && status() < 300;
 }
 
 FetchResult HttpTransfer::result(CURLcode code)
 {
     if (m_isTooLarge || code == CURLE_FILESIZE_EXCEEDED) return overLimit(tooLarge(m_limits.bytes));
-    if (code != CURLE_OK) {
+    const bool isErrorPage = code == CURLE_WRITE_ERROR && !hasGoodStatus();
+    if (code != CURLE_OK && !isErrorPage) {
         const auto words = QString::fromUtf8(m_words[0] != '\0' ? m_words.data() : curl_easy_strerror(code));
         return code == CURLE_TOO_MANY_REDIRECTS ? overLimit(words) : FetchFault{.message = words};
     }
     if (hasGoodStatus()) return m_body;
-    long status = 0;
-    curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
-    return FetchFault{.message = QStringLiteral("the server answers with status %1").arg(status)};
+    return FetchFault{.message = QStringLiteral("the server answers with status %1").arg(status())};
 }
 
 } // namespace kestro

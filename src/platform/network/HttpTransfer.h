@@ -10,6 +10,8 @@
 
 namespace kestro {
 
+class FetchSink;
+
 /// It would cost more than a fetch may.
 [[nodiscard]] FetchFault overLimit(const QString& message);
 
@@ -17,8 +19,9 @@ namespace kestro {
 /// HttpReader::read, on its thread. Tested by CurlFetchHttpTest.
 class HttpTransfer final {
 public:
-    /// Has `easy` report here, until this one's end.
-    HttpTransfer(CURL* easy, const FetchLimits& limits, const Cancellation::Watch& watch);
+    /// Has `easy` report here, until this one's end. What comes goes to `sink`, where there is one.
+    HttpTransfer(CURL* easy, const FetchLimits& limits, const Cancellation::Watch& watch,
+                 FetchSink* sink = nullptr);
     ~HttpTransfer();
     HttpTransfer(const HttpTransfer&) = delete;
     HttpTransfer& operator=(const HttpTransfer&) = delete;
@@ -41,12 +44,17 @@ private:
     static size_t onHeader(char* bytes, size_t size, size_t count, void* self);
     static int onConnected(void* self, char*, char*, int, int);
     static int onProgress(void* self, curl_off_t, curl_off_t downloaded, curl_off_t, curl_off_t);
+    [[nodiscard]] bool handOn(QByteArrayView bytes);
+    [[nodiscard]] int status() const;
     [[nodiscard]] bool hasGoodStatus() const;
 
     CURL* m_easy;
     const FetchLimits& m_limits;
     const Cancellation::Watch& m_watch;
+    FetchSink* m_sink;
+    bool m_hasBegun = false; ///< the sink was told
     QByteArray m_body;
+    qint64 m_bodyBytes = 0;
     qint64 m_headerBytes = 0;
     curl_off_t m_downloaded = 0;
     const Clock::time_point m_begun = Clock::now();
