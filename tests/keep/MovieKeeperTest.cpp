@@ -32,8 +32,10 @@ protected:
     /// Has all of them seen to.
     void keepAll(const QList<QUrl>& wanted)
     {
-        while (m_keeper.keepOne(wanted)) {
-        }
+        int rounds = 0;
+        while (rounds < 20 && m_keeper.keepOne(wanted))
+            ++rounds;
+        EXPECT_LT(rounds, 20) << "no end";
     }
     [[nodiscard]] FetchLimits limits() const
     {
