@@ -58,22 +58,16 @@ class Doctor(ProgramTest):
     def test_faults_of_the_settings_files_are_told(self):
         self.home.play([movie("plain")])
         self.home.configure("[movies]\ndissolve=much\n[idle]\nafter=later\n[control]\nbus=maybe\n"
-<<<<<<< HEAD
-                            "[keys]\nenabled=often\n[caption]\ntitle=big\n")
-=======
+                            "[keys]\nenabled=often\n[caption]\ntitle=big\n"
                             "[place]\nlatitude=north\n[marks]\n1=moon file:///a\n")
->>>>>>> 8e743aa (fixup! playlist: Play entries at times of the day)
         settings = self.report(status=1)["Settings"]
         self.assertFound(settings, BROKEN, "line 2", "much", "mend the file")
         self.assertFound(settings, BROKEN, "line 4", "later", "mend the file")
         self.assertFound(settings, BROKEN, "line 6", "maybe", "mend the file")
-<<<<<<< HEAD
         self.assertFound(settings, BROKEN, "line 8", "often", "mend the file")
         self.assertFound(settings, BROKEN, "line 10", "big", "mend the file")
-=======
-        self.assertFound(settings, BROKEN, "line 8", "north", "mend the file")
-        self.assertFound(settings, BROKEN, "line 10", "moon", "mend the file")
->>>>>>> 8e743aa (fixup! playlist: Play entries at times of the day)
+        self.assertFound(settings, BROKEN, "line 12", "north", "mend the file")
+        self.assertFound(settings, BROKEN, "line 14", "moon", "mend the file")
 
     def test_a_settings_file_that_cannot_be_read_is_told(self):
         for name in ("Kestro.plist", "Kestro.def.plist"):
