@@ -6,6 +6,7 @@
 #include "idle/PowerOptions.h"
 #include "idle/ScreensOptions.h"
 #include "platform/base/ConfigurationFile.h"
+#include "settings/CacheOptions.h"
 #include "settings/CaptionOptions.h"
 #include "settings/EntryMarks.h"
 #include "settings/MovieOptions.h"
@@ -45,6 +46,7 @@ constexpr std::array rows{
     Row{"caption", "title", "no"},
     Row{"caption", "clock", "no"},
     Row{"keys", "enabled", "no"},
+    Row{"cache", "size", "0"},
     Row{"place", "latitude", ""},
     Row{"place", "longitude", ""},
     Row{"control", "bus", "no"},
@@ -61,6 +63,7 @@ void doubt(const ConfigurationFile& file, const QString& path)
     static_cast<void>(powerRuleFrom(file));
     static_cast<void>(screenChoiceFrom(file));
     static_cast<void>(movieOptionsFrom(file));
+    static_cast<void>(cacheOptionsFrom(file));
     static_cast<void>(CaptionOptions::from(file));
     static_cast<void>(KeyOptions::from(file));
     static_cast<void>(placeFrom(file));

@@ -7,6 +7,7 @@
 #include "idle/ScreensOptions.h"
 #include "platform/base/ConfigurationFile.h"
 #include "platform/base/Log.h"
+#include "settings/CacheOptions.h"
 #include "settings/CaptionOptions.h"
 #include "settings/MovieOptions.h"
 #include "settings/Sunlight.h"
@@ -57,6 +58,7 @@ TEST(ConfigurationReport, usualOfEachKey_isWhatCountsWithoutIt)
     EXPECT_EQ(movies.longestSeconds, MovieOptions().longestSeconds);
     EXPECT_EQ(movies.remembersShuffle, MovieOptions().remembersShuffle);
     EXPECT_EQ(movies.startsAnywhere, MovieOptions().startsAnywhere);
+    EXPECT_EQ(cacheOptionsFrom(usual).bytes, cacheOptionsFrom(none).bytes);
     EXPECT_TRUE(CaptionOptions::from(usual).isNone());
     EXPECT_EQ(KeyOptions::from(usual).isEnabled, KeyOptions::from(none).isEnabled);
     EXPECT_EQ(placeFrom(usual), placeFrom(none));
