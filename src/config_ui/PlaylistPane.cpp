@@ -152,11 +152,7 @@ void PlaylistPane::showFrom(int first)
 {
     const int last = m_table.rowCount() - 1;
     if (first > last) return;
-    const QItemSelection rows(m_table.index(first, 0), m_table.index(last, 0));
-    m_view.selectRowAlone(first); // Shift extends from there
-    m_view.selectionModel()->setCurrentIndex(m_table.index(last, 0), QItemSelectionModel::NoUpdate);
-    m_view.selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    m_view.scrollTo(m_table.index(last, 0));
+    m_view.selectRows(first, last);
     m_view.setFocus();
 }
 

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <qdrawutil.h>
@@ -145,19 +146,35 @@ void RQTableViewRowMove::selectRowAlone(int row)
 {
     const QModelIndex index = model()->index(row, std::max(currentIndex().column(), 0), rootIndex());
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    pressAt(index);
+    pressAt(index, Qt::NoModifier);
+}
+
+void RQTableViewRowMove::selectRows(int first, int last)
+{
+    selectRowAlone(first);
+    const QModelIndex index = model()->index(last, currentIndex().column(), rootIndex());
+    pressAt(index, Qt::ShiftModifier);
+    scrollTo(index);
 }
 
 // The base table takes the row that Shift extends from out of presses and keys, and has no other way to say
 // it.
-void RQTableViewRowMove::pressAt(const QModelIndex& index)
+void RQTableViewRowMove::pressAt(const QModelIndex& index, Qt::KeyboardModifiers modifiers)
 {
     if (!index.isValid()) return;
     const QSignalBlocker quiet(this);
     const QPointF at = visualRect(index).center();
     QMouseEvent press(QEvent::MouseButtonPress, at, viewport()->mapToGlobal(at), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
+                      Qt::LeftButton, modifiers);
+    const QScopedValueRollback<const QEvent*> sent(m_sentPress, &press);
     handlePress(press);
+}
+
+// From Qt 6.8 on the table asks what a new current row means to the selection, and believes the keyboard.
+QItemSelectionModel::SelectionFlags RQTableViewRowMove::selectionCommand(const QModelIndex& index,
+                                                                         const QEvent* event) const
+{
+    return QTableView::selectionCommand(index, event ? event : m_sentPress);
 }
 
 // One pass of a move: the row goes where the mouse is; where that is partly out of view, the table scrolls to

@@ -74,6 +74,9 @@ public:
 
     /// Selects a row and no other, makes it the current one, shows it, and has Shift extend from there.
     void selectRowAlone(int row);
+    /// Selects the rows from one to a later one and no other, makes the last the current one, shows it, and
+    /// has Shift extend from the first.
+    void selectRows(int first, int last);
 
     /// The picture of a row, from the screen: as wide as the row or, in free mode, as the visible part.
     [[nodiscard]] const QPixmap& imageForRow(int row);
@@ -135,6 +138,8 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags
+    selectionCommand(const QModelIndex& index, const QEvent* event = nullptr) const override;
 
 private:
     /// A move inside the table that is under way.
@@ -153,7 +158,7 @@ private:
     void dragImage(const QPixmap& image, const QPoint& at, const QPoint& mouse,
                    std::unique_ptr<QMimeData> pasteboard);
     void takeRow(int row);
-    void pressAt(const QModelIndex& index);
+    void pressAt(const QModelIndex& index, Qt::KeyboardModifiers modifiers);
     void followEvent(const RowMoveEvent& event);
     void depositAt(const QPoint& release);
     void endMove();
@@ -176,7 +181,8 @@ private:
     TimerSource* m_timers = &m_eventLoopTimers;
     std::unique_ptr<QMouseEvent> m_press; ///< while what follows it is awaited
     std::unique_ptr<Timer> m_lookAhead;
-    bool m_hasTakenPress = false; ///< the last press started a move, even if that is over
+    const QEvent* m_sentPress = nullptr; ///< the press of nobody's that the base is told of just now
+    bool m_hasTakenPress = false;        ///< the last press started a move, even if that is over
     std::optional<Move> m_move;
     std::unique_ptr<Timer> m_periodicEvents;
     bool m_isGrabbing = false;

@@ -119,6 +119,18 @@ TEST_F(ConfigSheetRowsTest, shift_extendsFromTheRowsThatWereAdded)
     EXPECT_EQ(listed(), QStringList{movie("0")});
 }
 
+TEST_F(ConfigSheetRowsTest, rowsThatWereAdded_areSelected_whenTheyAreMoreThanTheTableShows)
+{
+    QStringList movies;
+    for (int number = 0; number < 200; ++number)
+        movies.append(movie(QString::number(number)));
+    open(movies);
+    sheet->playlist().showFrom(50);
+    EXPECT_EQ(sheet->playlist().selectedRows().size(), 150);
+    EXPECT_EQ(sheet->playlist().selectedRows().first(), 50);
+    EXPECT_EQ(table().currentIndex().row(), 199);
+}
+
 TEST_F(ConfigSheetRowsTest, shift_extendsFromTheRowThatIsSelectedAfterADeletion)
 {
     open({movie("0"), movie("1"), movie("2"), movie("3")});
