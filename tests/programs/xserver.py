@@ -51,8 +51,12 @@ class XServer:
     def run(self, *command):
         """Runs an X program on this display; answers what it printed."""
         environment = {**os.environ, "DISPLAY": self.display}
-        return subprocess.run(command, env=environment, check=True, capture_output=True, text=True, timeout=BOUND,
-                              stdin=subprocess.DEVNULL).stdout
+        try:
+            return subprocess.run(command, env=environment, check=True, capture_output=True, text=True, timeout=BOUND,
+                                  stdin=subprocess.DEVNULL).stdout
+        except subprocess.CalledProcessError as failed:
+            failed.add_note(failed.stderr)
+            raise
 
     def picture(self):
         """What the whole desk shows now."""
