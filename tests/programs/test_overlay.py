@@ -339,6 +339,17 @@ class OddCompositors(OverlayTest):
                 self.terminate(process)
                 self.compositor.close()
 
+    def test_an_output_that_comes_later_asks_for_the_keyboard_again_while_nobody_has_it(self):
+        process = self.start("400 300 1")
+        self.compositor.tell("configure 1 400 300")
+        self.hears(process, "shown 1 400 300 1")
+        self.assertNotIn("claims 1", self.compositor.lines())
+        self.compositor.tell("plug 320 240 1")
+        self.hears(process, "layer 2 output 2 overlay edges 15 zone -1 keyboard 1")
+        self.compositor.tell("configure 2 320 240")
+        self.hears(process, "claims 2")
+        self.terminate(process)
+
     def test_a_compositor_without_layers_gets_a_full_screen_window_for_each_output(self):
         self.compositor = OddCompositor("--no-layers")
         self.addCleanup(self.compositor.close)

@@ -108,6 +108,7 @@ void QtDesktop::plugIn(QScreen* qtScreen)
 {
     add(qtScreen);
     Screen& screen = *m_monitors.back().screen;
+    m_monitors.back().surface->insistOnKeyboard();
     if (m_isShown) m_monitors.back().surface->show();
     rearrange();
     m_cursor.refresh();

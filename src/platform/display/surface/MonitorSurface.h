@@ -31,6 +31,9 @@ public:
     void setGoneHandler(std::function<void()> handler) { m_onGone = std::move(handler); }
     /// Asks for the keyboard again, which may have gone elsewhere with another surface.
     virtual void claimKeyboard() {}
+    /// Has it ask whenever it is shown and no window of this program has the keyboard: for one that came when
+    /// others had gone.
+    virtual void insistOnKeyboard() {}
 
     /// A person did something at a place of the monitor that its window may not have heard of.
     void tell(const InputEvent& event) const

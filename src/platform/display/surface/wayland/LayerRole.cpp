@@ -67,6 +67,14 @@ void LayerRole::claimKeyboard()
     wl_surface_commit(m_surface);
 }
 
+void LayerRole::claimKeyboardAnew()
+{
+    zwlr_layer_surface_v1_set_keyboard_interactivity(m_layer,
+                                                     ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_NONE);
+    wl_surface_commit(m_surface);
+    claimKeyboard();
+}
+
 void LayerRole::settle()
 {
     m_isToSettle = false;

@@ -35,6 +35,8 @@ public:
 
     /// Asks for the keyboard once more: a compositor that gave it elsewhere looks again who is to have it.
     void claimKeyboard();
+    /// Wants it no more for a moment, and then again: for a compositor that believes it is there.
+    void claimKeyboardAnew();
 
 private:
     struct Listener; ///< what the library calls

@@ -8,6 +8,7 @@
 #include "platform/display/surface/wayland/SyncCall.h"
 #include "platform/display/surface/wayland/WaylandObjects.h"
 
+#include <QGuiApplication>
 #include <QScreen>
 
 #include <wayland-client.h>
@@ -100,6 +101,17 @@ void OverlaySurface::exposed()
 {
     if (pixelSize() != wantedPixels()) tellChange();
     repair();
+    if (m_insistsOnKeyboard) m_shownCall = std::make_unique<SyncCall>([this] { lookForKeyboard(); });
+}
+
+// Sway 1.10 may take a surface for the one that had the keyboard and went with its output. Looked for in a
+// turn of its own, when Qt has told who has it.
+void OverlaySurface::lookForKeyboard()
+{
+    const auto look = [this] {
+        if (m_role && !QGuiApplication::focusWindow()) m_role->claimKeyboardAnew();
+    };
+    QMetaObject::invokeMethod(&m_window, look, Qt::QueuedConnection);
 }
 
 // A compositor may have shown the pointer again, with a new output, and Qt tells it nothing twice.

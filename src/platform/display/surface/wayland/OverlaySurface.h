@@ -28,6 +28,7 @@ public:
     void hide() override;
     void setCursorHidden(bool hidden) override;
     void claimKeyboard() override;
+    void insistOnKeyboard() override { m_insistsOnKeyboard = true; }
     [[nodiscard]] bool isGone() const override { return m_isGone; }
     [[nodiscard]] QWindow* openGLWindow() override;
     void leaveOpenGL() override;
@@ -36,15 +37,18 @@ private:
     void configured(QSize size);
     void closed();
     void exposed();
+    void lookForKeyboard();
     void watchPower();
     void settleSeen();
 
     const LayerShell& m_shell;
-    QSize m_size;                         ///< as the compositor says; empty for the monitor's
-    std::unique_ptr<LayerRole> m_role;    ///< while it is shown, or waits for that
-    std::unique_ptr<ClearBuffer> m_clear; ///< once hidden
-    std::unique_ptr<SyncCall> m_goneCall; ///< once closed
-    std::unique_ptr<OutputPower> m_power; ///< while it is shown, where the compositor tells of it
+    QSize m_size;                          ///< as the compositor says; empty for the monitor's
+    std::unique_ptr<LayerRole> m_role;     ///< while it is shown, or waits for that
+    std::unique_ptr<ClearBuffer> m_clear;  ///< once hidden
+    std::unique_ptr<SyncCall> m_goneCall;  ///< once closed
+    std::unique_ptr<OutputPower> m_power;  ///< while it is shown, where the compositor tells of it
+    std::unique_ptr<SyncCall> m_shownCall; ///< once the compositor has heard what is shown
+    bool m_insistsOnKeyboard = false;
     bool m_isExposed = true;
     bool m_isLit = true; ///< the output is on
     bool m_isGone = false;
