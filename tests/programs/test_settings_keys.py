@@ -78,8 +78,15 @@ class Keys(SettingsTest):
 
     def test_anEntryIsMoved_fromTheMenu(self):
         self.open_sheet()
-        self.press_slowly("Menu", "Up", "Up", "Up", "Up", "Return")  # upwards to "Move Down"
+        self.press_slowly("Menu", *6 * ["Up"], "Return")  # upwards to "Move Down"
         self.assertEqual(self.ok()["FileList"], self.urls[::-1])
+
+    def test_anEntryIsMarked_fromTheMenu(self):
+        self.open_sheet()
+        self.press_slowly("Menu", "s", "Menu", "p", "n")  # "Star", "Plays", "At Night"
+        self.ok()
+        stored = (self.home.path / ".config/kestro/kestro.conf").read_text()
+        self.assertIn(f"[marks]\n1=star night {self.urls[0]}\n", stored)
 
     def test_everyOptionChanges(self):
         self.open_sheet(FullScreenMode="1", PlayMode="0", Scale="1.0", Interval="4", Reposition="0", PartialMode="0")
