@@ -46,18 +46,13 @@ class SettingsTest(ProgramTest):
         return wait_until(lambda: self._focused(title), f'the window "{title}"')
 
     def _focused(self, title):
-        active = self._active()
-        if not active or self.title(active) != title:
+        active = re.search(r"# (0x[0-9a-f]+)", self.server.run("xprop", "-root", "_NET_ACTIVE_WINDOW"))
+        if not active or self.title(active[1]) != title:
             return None
         # The window manager says so before it is so: what is pressed until then goes elsewhere.
         focus = subprocess.run(["xdotool", "getwindowfocus"], env=self.display(), capture_output=True, text=True,
                                timeout=BOUND, check=False).stdout.strip()
-        return active if focus == str(int(active, 16)) else None
-
-    def _active(self):
-        """The number of the window that the window manager says is active."""
-        active = re.search(r"# (0x[0-9a-f]+)", self.server.run("xprop", "-root", "_NET_ACTIVE_WINDOW"))
-        return active and active[1]
+        return active[1] if focus == str(int(active[1], 16)) else None
 
     def title(self, window):
         shown = subprocess.run(["xprop", "-id", window, "_NET_WM_NAME"], env=self.display(), capture_output=True, text=True,
@@ -105,14 +100,19 @@ class SettingsTest(ProgramTest):
 
     def drop(self, paths, x, y):
         """Drags files and folders from another program, and drops them there."""
-        before = self._active()
         source = subprocess.Popen([os.environ["DRAG_SOURCE"], *map(str, paths)], env=self.display(), stdin=subprocess.DEVNULL)
         self.addCleanup(end_process, source)
         self.server.run("xdotool", "search", "--sync", "--onlyvisible", "--name", "^drag source$")
-        steps = ("mousemove 20 20", "mousedown 1", "mousemove 60 60", f"mousemove {x} {y}", f"mousemove {x + 1} {y}", "mouseup 1")
-        # A drop counts where the window below has answered to what is over it, which may take a moment.
-        wait_until(lambda: source.poll() is not None or self.point(*steps), "the end of the drag")
-        self.server.run("xdotool", "windowactivate", before)  # the last step may have clicked at the desk where the source was
+        wait_until(lambda: source.poll() is not None or self._drag(x, y), "the end of the drag")
+
+    def _drag(self, x, y):
+        """A drop counts where the window below has answered to what is over it, which may take a moment."""
+        self.point("mousemove 20 20", "mousedown 1", "mousemove 60 60", f"mousemove {x} {y}")
+        self.settle()
+        self.point(f"mousemove {x + 1} {y}")
+        self.settle()
+        self.point("mouseup 1")
+        self.settle()
 
     def middle_of_preview(self, window):
         """A place well inside the preview, which is the upper part of the window."""

@@ -234,6 +234,7 @@ class Sheet(SettingsTest):
         self.open_sheet()
         self.drop_folder()
         wait_until(self.shows_blue_row, "the row of the movie")
+        self.server.run("xdotool", "windowactivate", self.sheet)
         self.window(SHEET)
         self.press("Return")
         # A slow sheet is dragged to again until it has taken the folder, and may have it twice.
