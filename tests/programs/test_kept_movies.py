@@ -76,10 +76,13 @@ class Playing(KeptTest):
     def test_the_keeper_stands_back(self):
         saver = self.start()
         number = wait_until(lambda: keepers_of(self.folder), "the keeper")[0]
-        self.assertEqual(os.getpriority(os.PRIO_PROCESS, number), 19)
-        shown = subprocess.run(["ionice", "-p", str(number)], capture_output=True, text=True, check=True, timeout=BOUND)
-        self.assertEqual(shown.stdout.strip(), "idle")
+        wait_until(lambda: os.getpriority(os.PRIO_PROCESS, number) == 19, "the least priority on the processor")
+        wait_until(lambda: self.disk_priority(number) == "idle", "the least priority on the disk")
         self.end(saver)
+
+    def disk_priority(self, number):
+        shown = subprocess.run(["ionice", "-p", str(number)], capture_output=True, text=True, check=True, timeout=BOUND)
+        return shown.stdout.strip()
 
     def test_a_movie_that_comes_in_part_is_not_played(self):
         self.serve("/green.mp4", movie("kept-green", "green", seconds=30), up_to(1000))
