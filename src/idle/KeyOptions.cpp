@@ -17,9 +17,4 @@ KeyOptions KeyOptions::from(const ConfigurationFile& file)
     return {.isEnabled = file.isYes(section, enabledKey)};
 }
 
-void KeyOptions::putInto(ConfigurationFile& file) const
-{
-    file.setYes(section, enabledKey, isEnabled);
-}
-
 } // namespace kestro

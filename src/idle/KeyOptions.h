@@ -10,8 +10,6 @@ struct KeyOptions {
 
     /// What the file says; the usual, with a line in the log, where that is not understood.
     [[nodiscard]] static KeyOptions from(const ConfigurationFile& file);
-    /// Puts them into the file.
-    void putInto(ConfigurationFile& file) const;
 };
 
 } // namespace kestro

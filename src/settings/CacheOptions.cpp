@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace kestro {
 
@@ -22,8 +23,7 @@ struct Unit {
 };
 constexpr std::array units{Unit{"MB", megabyte}, Unit{"GB", gigabyte}, Unit{"TB", 1e12}};
 
-} // namespace
-
+/// A size as it is written: "0", "500 MB", "1.5 GB"; nothing for any other text, and beyond 100 TB.
 std::optional<qint64> cacheSizeFrom(const QString& text)
 {
     if (text == u'0') return 0;
@@ -36,14 +36,7 @@ std::optional<qint64> cacheSizeFrom(const QString& text)
     return {};
 }
 
-QString textOfCacheSize(qint64 bytes)
-{
-    if (bytes == 0) return QStringLiteral("0");
-    const auto size = static_cast<double>(bytes);
-    const bool isInGigabytes = size >= gigabyte && std::fmod(size, gigabyte / 10) == 0;
-    if (isInGigabytes) return QString::number(size / gigabyte) + QStringLiteral(" GB");
-    return QString::number(std::llround(size / megabyte)) + QStringLiteral(" MB");
-}
+} // namespace
 
 CacheOptions cacheOptionsFrom(const ConfigurationFile& file)
 {
@@ -57,11 +50,6 @@ CacheOptions cacheOptionsFrom(const ConfigurationFile& file)
         file.warnAbout(section, sizeKey,
                        QStringLiteral("\"%1\" is neither 0 nor a size as in 500 MB or 2 GB").arg(*text));
     return options;
-}
-
-void putCacheOptions(const CacheOptions& options, ConfigurationFile& file)
-{
-    file.set(section, sizeKey, textOfCacheSize(options.bytes));
 }
 
 } // namespace kestro

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QString>
-
-#include <optional>
+#include <QtGlobal>
 
 namespace kestro {
 
@@ -15,13 +13,5 @@ struct CacheOptions {
 
 /// What is wrong in it is said in the log and counts as not written.
 [[nodiscard]] CacheOptions cacheOptionsFrom(const ConfigurationFile& file);
-
-/// Puts them into the file.
-void putCacheOptions(const CacheOptions& options, ConfigurationFile& file);
-
-/// A size as it is written: "0", "500 MB", "1.5 GB"; nothing for any other text, and beyond 100 TB.
-[[nodiscard]] std::optional<qint64> cacheSizeFrom(const QString& text);
-/// The text of a size, in whole megabytes at the finest.
-[[nodiscard]] QString textOfCacheSize(qint64 bytes);
 
 } // namespace kestro

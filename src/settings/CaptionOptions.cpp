@@ -18,10 +18,4 @@ CaptionOptions CaptionOptions::from(const ConfigurationFile& file)
     return {.showsTitle = file.isYes(section, titleKey), .showsClock = file.isYes(section, clockKey)};
 }
 
-void CaptionOptions::putInto(ConfigurationFile& file) const
-{
-    file.setYes(section, titleKey, showsTitle);
-    file.setYes(section, clockKey, showsClock);
-}
-
 } // namespace kestro

@@ -13,8 +13,6 @@ struct CaptionOptions {
 
     /// What the file says; the usual, with a line in the log, where that is not understood.
     [[nodiscard]] static CaptionOptions from(const ConfigurationFile& file);
-    /// Puts them into the file.
-    void putInto(ConfigurationFile& file) const;
 };
 
 } // namespace kestro

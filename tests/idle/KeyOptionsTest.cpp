@@ -27,13 +27,4 @@ TEST(KeyOptions, keyThatIsUnknown_isLogged)
     EXPECT_EQ(said, QStringList{QStringLiteral("conf, line 2: unknown key \"next\".")});
 }
 
-TEST(KeyOptions, areReadAsTheyWerePut)
-{
-    ConfigurationFile file({}, QStringLiteral("conf"));
-    KeyOptions().putInto(file);
-    EXPECT_EQ(file.text(), "");
-    KeyOptions{.isEnabled = true}.putInto(file);
-    EXPECT_TRUE(KeyOptions::from(file).isEnabled);
-}
-
 } // namespace kestro

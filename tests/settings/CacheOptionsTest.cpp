@@ -43,17 +43,4 @@ TEST(CacheOptions, unknownKey_isTold)
     EXPECT_EQ(said.size(), 1);
 }
 
-TEST(CacheOptions, size_isReadAsItWasWritten)
-{
-    for (const auto& [bytes, text] :
-         {std::pair{0LL, "0"}, std::pair{500'000'000LL, "500 MB"}, std::pair{2'000'000'000LL, "2 GB"},
-          std::pair{1'500'000'000LL, "1.5 GB"}, std::pair{1'230'000'000LL, "1230 MB"},
-          std::pair{50'000'000'000'000LL, "50000 GB"}}) {
-        ConfigurationFile file({}, QStringLiteral("conf"));
-        putCacheOptions({.bytes = bytes}, file);
-        EXPECT_EQ(file.text(), QByteArray("[cache]\nsize=") + text + "\n");
-        EXPECT_EQ(cacheOptionsFrom(file).bytes, bytes);
-    }
-}
-
 } // namespace kestro

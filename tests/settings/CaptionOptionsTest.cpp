@@ -36,14 +36,4 @@ TEST(CaptionOptions, keyThatIsUnknown_isLogged)
     EXPECT_EQ(said, QStringList{QStringLiteral("conf, line 2: unknown key \"date\".")});
 }
 
-TEST(CaptionOptions, areReadAsTheyWerePut)
-{
-    ConfigurationFile file({}, QStringLiteral("conf"));
-    CaptionOptions().putInto(file);
-    EXPECT_EQ(file.text(), "");
-    CaptionOptions{.showsTitle = true, .showsClock = false}.putInto(file);
-    EXPECT_TRUE(CaptionOptions::from(file).showsTitle);
-    EXPECT_FALSE(CaptionOptions::from(file).showsClock);
-}
-
 } // namespace kestro

@@ -165,11 +165,6 @@ void ConfigurationFile::set(const QString& section, const QString& key, const QS
     read();
 }
 
-void ConfigurationFile::setYes(const QString& section, const QString& key, bool isYes)
-{
-    if (isYes || value(section, key)) set(section, key, isYes ? yes : no);
-}
-
 void ConfigurationFile::remove(const QString& section, const QString& key)
 {
     for (auto entry = m_entries.crbegin(); entry != m_entries.crend(); ++entry)

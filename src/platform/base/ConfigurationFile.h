@@ -47,8 +47,6 @@ public:
     /// Changes the key where it stands, or adds it at the end of its section, which is added where it is
     /// missing.
     void set(const QString& section, const QString& key, const QString& value);
-    /// The same with "yes" or "no"; a "no" is not added where the key does not stand there.
-    void setYes(const QString& section, const QString& key, bool isYes);
     /// Removes every line of the key.
     void remove(const QString& section, const QString& key);
     [[nodiscard]] QByteArray text() const { return m_lines.join('\n'); }

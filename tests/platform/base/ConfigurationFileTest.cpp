@@ -141,15 +141,4 @@ TEST(ConfigurationFile, isYes_isThatAlone_withALineForAnythingElse)
     EXPECT_EQ(said, QStringList{QStringLiteral("conf, line 4: \"true\" is neither yes nor no.")});
 }
 
-TEST(ConfigurationFile, setYes_addsNoNo_whereNothingStands)
-{
-    auto file = fileOf("[a]\n");
-    file.setYes(QStringLiteral("a"), QStringLiteral("key"), false);
-    EXPECT_EQ(file.text(), "[a]\n");
-    file.setYes(QStringLiteral("a"), QStringLiteral("key"), true);
-    EXPECT_EQ(file.text(), "[a]\nkey=yes\n");
-    file.setYes(QStringLiteral("a"), QStringLiteral("key"), false);
-    EXPECT_EQ(file.text(), "[a]\nkey=no\n");
-}
-
 } // namespace kestro
