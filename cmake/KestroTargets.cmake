@@ -23,6 +23,7 @@ add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
 # A library calls its own functions directly: the loader has fewer names to look up, and a call no table to go through.
 add_link_options(LINKER:--exclude-libs,ALL LINKER:-Bsymbolic-functions)
 include(Hardening)
+include(PrecompiledHeaders)
 if(KESTRO_SANITIZE)
     add_compile_options(-fsanitize=${KESTRO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${KESTRO_SANITIZE})
@@ -47,6 +48,7 @@ function(kestro_library name)
     add_library(${name} ${kind} ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE ${ARG_LINK_PRIVATE})
+    kestro_precompile(${name})
     if(ARG_SDK)
         set_target_properties(${name} PROPERTIES SOVERSION ${KESTRO_SAVER_INTERFACE} LINK_DEPENDS ${KESTRO_SDK_SYMBOLS})
         target_link_options(${name} PRIVATE LINKER:--version-script=${KESTRO_SDK_SYMBOLS})
@@ -71,7 +73,7 @@ add_custom_target(foreign_tests)
 # One test program per folder of tests/; each of its suites is one ctest entry, so that a process is started for each suite
 # and not for each test. With GUI the tests run inside a Qt application without a display (tests/support/GuiMain.cpp), with
 # WIDGETS in one that has widgets (WidgetMain.cpp). FOREIGN is for those whose subjects read what others wrote: their tests
-# have the label "foreign". WAITS is for those that wait for the most part, for movies to play: they count as a quarter of a
+# have the label "foreign". WAITS is for those that wait for the most part, for movies to play: they count as a sixth of a
 # core, others as a whole one (tests/run).
 function(kestro_test name)
     cmake_parse_arguments(ARG "GUI;WIDGETS;FOREIGN;WAITS" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
