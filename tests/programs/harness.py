@@ -17,6 +17,7 @@ import unittest
 
 KESTRO = os.environ["KESTRO"]
 BOUND = 180  # seconds that anything here may take before it counts as hung
+SHORTEST_PAUSE, LONGEST_PAUSE = 0.01, 0.08  # seconds between two looks
 
 RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 128, 0), (0, 0, 255), (0, 0, 0)
 IS_HALF = bytes(value >= 128 for value in range(256))  # tells bright bytes from dark ones
@@ -27,16 +28,18 @@ _ends = selectors.DefaultSelector()  # of the processes that were started
 
 def wait_until(condition, what, bound=BOUND):
     """Turns the event loop until `condition` is true, and answers what it answers; fails when that takes longer than the
-    bound."""
+    bound. The longer it takes, the less often it looks: a look may cost as much as what it waits for."""
     deadline = time.monotonic() + bound
+    pause = SHORTEST_PAUSE
     while not (answer := condition()):
         if time.monotonic() > deadline:
             raise AssertionError(f"waited {bound} s in vain for {what}")
-        turn_event_loop()
+        turn_event_loop(pause)
+        pause = min(1.2 * pause, LONGEST_PAUSE)
     return answer
 
 
-def turn_event_loop(longest=0.02):
+def turn_event_loop(longest):
     """Until a process has ended, or nothing is heard for so long."""
     for ended, _ in _ends.select(longest):
         _ends.unregister(ended.fileobj)

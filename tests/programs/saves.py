@@ -24,10 +24,14 @@ class Kind:
 
     def start(self):
         """The state number 0."""
+        first = self.folder.with_name("first")
+        if not first.exists():
+            self.folder.mkdir()
+            self.prepare()
+            self.save(0).check_returncode()
+            self.folder.rename(first)
         shutil.rmtree(self.folder, ignore_errors=True)
-        self.folder.mkdir()
-        self.prepare()
-        self.save(0).check_returncode()
+        shutil.copytree(first, self.folder)
 
     def prepare(self):
         """What the user had before."""

@@ -22,7 +22,7 @@ def page(*parts):
 
 def packed(text):
     """A page as a gzip member without flags."""
-    return gzip.compress(text.encode("latin-1"), mtime=0)
+    return gzip.compress(text.encode("latin-1"), compresslevel=1, mtime=0)
 
 
 class TrailerSite:
