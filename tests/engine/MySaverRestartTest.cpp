@@ -111,7 +111,7 @@ TEST_F(MySaverRestartTest, search_showsTheMovingSignAndGivesWayToTheMovie)
         saver.startAnimation();
         const auto sign = saver.snapshot().sign;
         ASSERT_TRUE(sign);
-        tickFor(saver, 200);
+        tickFor(saver, 40);
         ASSERT_TRUE(saver.snapshot().sign);
         EXPECT_NE(saver.snapshot().sign->origin, sign->origin);
         describe("y.mov");
