@@ -94,6 +94,15 @@ class Doctor(ProgramTest):
         graphics = self.report(status=0, DISPLAY=server.display)["Graphics"]
         self.assertTrue(any("drawn" in finding["words"] for finding in graphics), graphics)
 
+    def test_movies_are_drawn_with_the_opengl_that_is_wished_for(self):
+        self.home.play([movie("plain")])
+        server = xserver.XServer()
+        self.addCleanup(server.close)
+        graphics = self.report(status=0, DISPLAY=server.display, KESTRO_RENDERER="opengl")["Graphics"]
+        words = [finding["words"] for finding in graphics]
+        self.assertIn("drawn with OpenGL by the processor, as KESTRO_RENDERER says", words)
+        self.assertFalse([found for found in words if "movies are drawn in software" in found], words)
+
     def test_a_display_that_cannot_be_reached_is_told(self):
         self.home.play([movie("plain")])
         self.assertFound(self.report(status=1, DISPLAY=":987")["Graphics"], BROKEN, "display cannot be reached")

@@ -3,6 +3,7 @@
 #include "platform/display/gl/RendererChoice.h"
 #include "platform/display/surface/wayland/LayerShell.h"
 #include "platform/movie/CardDecoding.h"
+#include "platform/movie/CardDrawing.h"
 
 #include <QGuiApplication>
 
@@ -10,23 +11,37 @@ namespace kestro {
 
 namespace {
 
-Finding renderer()
+Findings drawnWith(OpenGL& openGL, const QString& words)
+{
+    Findings findings{fine(words)};
+    if (!drawsMovies(openGL))
+        findings +=
+            better(QStringLiteral("movies are drawn in software: libmpv refuses this OpenGL"),
+                   QStringLiteral("nothing but the processor's time is lost; a newer libmpv may take it"));
+    return findings;
+}
+
+Findings renderer()
 {
     const RendererWish wish = rendererWish();
     if (wish == RendererWish::Software)
-        return fine(QStringLiteral("drawn in software, as KESTRO_RENDERER says"));
+        return {fine(QStringLiteral("drawn in software, as KESTRO_RENDERER says"))};
     const OpenGLProbe probe = systemProbe();
     const bool isForced = wish == RendererWish::OpenGL;
     if (!isForced && !probe.hasDevice())
-        return fine(QStringLiteral("drawn in software: there is no graphics card"));
+        return {fine(QStringLiteral("drawn in software: there is no graphics card"))};
     const auto openGL = probe.open();
     if (!openGL)
-        return better(QStringLiteral("drawn in software: OpenGL cannot be used, ") + openGL.error(),
-                      QStringLiteral("install the driver of the graphics card"));
-    if (openGL.value()->isHardware()) return fine(QStringLiteral("drawn by the graphics card, with OpenGL"));
-    if (isForced) return fine(QStringLiteral("drawn with OpenGL by the processor, as KESTRO_RENDERER says"));
-    return better(QStringLiteral("drawn in software: there is a graphics card, and OpenGL does not use it"),
-                  QStringLiteral("install the driver of the graphics card"));
+        return {better(QStringLiteral("drawn in software: OpenGL cannot be used, ") + openGL.error(),
+                       QStringLiteral("install the driver of the graphics card"))};
+    OpenGL& found = *openGL.value();
+    if (found.isHardware())
+        return drawnWith(found, QStringLiteral("drawn by the graphics card, with OpenGL"));
+    if (isForced)
+        return drawnWith(found,
+                         QStringLiteral("drawn with OpenGL by the processor, as KESTRO_RENDERER says"));
+    return {better(QStringLiteral("drawn in software: there is a graphics card, and OpenGL does not use it"),
+                   QStringLiteral("install the driver of the graphics card"))};
 }
 
 Findings decoding()
@@ -55,7 +70,7 @@ Findings display()
 
 Findings lookAtGraphics()
 {
-    return Findings{renderer()} + decoding() + display();
+    return renderer() + decoding() + display();
 }
 
 } // namespace kestro

@@ -54,7 +54,9 @@ void MpvHandle::startOpenGL(std::shared_ptr<OpenGL> openGL)
 {
     if (!openGL->makeCurrent()) return;
     m_renderer = makeOpenGLRenderer(m_handle, *openGL);
-    if (m_renderer) m_openGL = std::move(openGL);
+    if (!m_renderer)
+        return logLine(QStringLiteral("libmpv refuses this OpenGL: movies are drawn in software."));
+    m_openGL = std::move(openGL);
 }
 
 bool MpvHandle::startSoftware()

@@ -87,6 +87,17 @@ static MpvHandle::Options pictureOptions()
     };
 }
 
+/// The card scales by itself. The other scalers of mpv's look weights up in a table whose rows they may not
+/// fill, and what is left of a row is never written: where a NaN lies there, the whole picture is black. How
+/// many weights there are depends on the sizes of movie and screen, so that no other scaler is safe.
+static MpvHandle::Options cardScalers()
+{
+    return {
+        {"scale", "bilinear"},         {"dscale", "bilinear"},       {"cscale", "bilinear"},
+        {"correct-downscaling", "no"}, {"linear-downscaling", "no"}, {"sigmoid-upscaling", "no"},
+    };
+}
+
 static MpvHandle::Options sourceOptions(bool local, const MpvMovieOptions& options)
 {
     const QByteArray protocols = "protocol_whitelist=" + quoted(movieProtocols(local));
@@ -121,8 +132,8 @@ static MpvHandle::Options decoderOptions(const MpvPlayerSetup& setup)
 MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup)
 {
     MpvHandle::Options options = plainOptions();
-    for (auto&& group :
-         {pictureOptions(), decoderOptions(setup), sourceOptions(setup.url.isLocalFile(), setup.options)})
+    for (auto&& group : {pictureOptions(), cardScalers(), decoderOptions(setup),
+                         sourceOptions(setup.url.isLocalFile(), setup.options)})
         options.insert(options.end(), group.begin(), group.end());
     options.emplace_back("vd-lavc-threads", QByteArray::number(setup.decoderThreads));
     options.emplace_back("vd-lavc-o", decoderBound(setup.mostFramePixels));

@@ -9,7 +9,7 @@ namespace kestro {
 struct MpvPlayerSetup;
 
 /// The options that make mpv a player of one movie with nothing around it.
-/// Tested by DecoderMemoryTest and DecoderThreadsTest.
+/// Tested by DecoderMemoryTest, DecoderThreadsTest and CardDrawingTest.
 [[nodiscard]] MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup);
 
 /// mpv's video filters that turn a frame by `rotation` degrees clockwise and, where it is to be drawn in

@@ -19,10 +19,17 @@ struct Functions {
     bool hasFences;
 };
 
+/// Releases that refuse OpenGL without this function go on without the fence that it does not make.
+void* makeNoFence(unsigned /*condition*/, unsigned /*flags*/)
+{
+    return nullptr;
+}
+
 void* findFunction(void* context, const char* name)
 {
     const auto& functions = *static_cast<const Functions*>(context);
-    if (!functions.hasFences && std::strcmp(name, "glFenceSync") == 0) return nullptr;
+    if (!functions.hasFences && std::strcmp(name, "glFenceSync") == 0)
+        return reinterpret_cast<void*>(makeNoFence);
     return functions.openGL.function(name);
 }
 
@@ -57,6 +64,8 @@ std::vector<mpv_render_param> openGLParameters(mpv_opengl_init_params& init, con
 mpv_render_context* makeOpenGLRenderer(mpv_handle* handle, OpenGL& openGL)
 {
     Functions functions{openGL, !leaksFences(versionOf(handle))};
+    // Only a fence would keep the processor from decoding into memory that the card still reads.
+    if (!functions.hasFences) mpv_set_property_string(handle, "vd-lavc-dr", "no");
     mpv_opengl_init_params init{findFunction, &functions};
     std::vector<mpv_render_param> params = openGLParameters(init, openGL.display());
     mpv_render_context* renderer = nullptr;

@@ -12,6 +12,7 @@
 #include "platform/display/surface/image/ImageSurface.h"
 #include "platform/display/view/Layer.h"
 #include "platform/display/view/Window.h"
+#include "platform/movie/CardOpenGL.h"
 #include "platform/movie/MovieTeardown.h"
 #include "platform/movie/MovieTest.h"
 #include "platform/movie/MpvMovieLibrary.h"
@@ -24,36 +25,6 @@
 #include <gtest/gtest.h>
 
 using namespace kestro;
-
-namespace {
-
-/// Draws as another does, and says that a graphics card does it.
-class CardOpenGL final : public OpenGL {
-public:
-    explicit CardOpenGL(std::shared_ptr<OpenGL> openGL)
-        : m_openGL(std::move(openGL))
-    {
-    }
-    [[nodiscard]] bool isHardware() const override { return true; }
-    [[nodiscard]] bool isLost() const override { return m_openGL->isLost(); }
-    bool makeCurrent() override { return m_openGL->makeCurrent(); }
-    [[nodiscard]] void* function(const char* name) const override { return m_openGL->function(name); }
-    [[nodiscard]] DisplayConnection display() const override { return m_openGL->display(); }
-    bool renderToMemory(const PixelTarget& target, const Draw& draw) override
-    {
-        return m_openGL->renderToMemory(target, draw);
-    }
-    void prepare(QWindow& window) override { m_openGL->prepare(window); }
-    [[nodiscard]] std::unique_ptr<Renderer> makeRenderer(Surface& surface) override
-    {
-        return m_openGL->makeRenderer(surface);
-    }
-
-private:
-    std::shared_ptr<OpenGL> m_openGL;
-};
-
-} // namespace
 
 static std::shared_ptr<QTMovie> openWith(const std::shared_ptr<OpenGL>& openGL, const char* name)
 {
