@@ -82,6 +82,7 @@ TEST(CardDrawing, isDrawnInSoftwareAndSaysSo_whereTheOpenGLIsRefused)
     });
     const auto empty = std::make_shared<EmptyOpenGL>(testOpenGL());
     const auto movie = openedWith(empty);
+    movie->play();
     EXPECT_FALSE(movie->layer().drawsWithOpenGL());
     EXPECT_EQ(lines.size(), 1U);
     EXPECT_FALSE(drawsMovies(*empty));
@@ -107,9 +108,9 @@ TEST(CardDrawing, leavesNoFenceBehindForEachFrame)
 {
     const auto fenced = std::make_shared<FencedOpenGL>(testOpenGL());
     const auto movie = openedWith(fenced);
+    movie->play();
     ASSERT_TRUE(movie->layer().drawsWithOpenGL());
     std::vector<int> numbers;
-    movie->play();
     ASSERT_TRUE(watch(*movie, numbers, [&numbers] { return numbers.size() > 20; }));
     EXPECT_LT(FencedOpenGL::fencesThere(), 5);
 }
