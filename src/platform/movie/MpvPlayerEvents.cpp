@@ -232,6 +232,10 @@ void MpvPlayer::handleRestart()
     const bool beginsAnew = m_state.isGoing() && !m_state.isUnderway();
     if (!m_state.restarted()) return;
     if (beginsAnew && goesRoundInVain()) return fail();
+    // mpv waits a fifth of a second for its frame to be drawn, then goes on without a notice. Where this
+    // thread was busy for longer, nothing would tell of the frame that stands here; while it plays, the next
+    // one does.
+    if (!m_state.isGoing()) m_picture = Showing::Waiting;
     if (!m_numbers) {
         m_handle->ask(Width, "dwidth", MPV_FORMAT_DOUBLE);
         m_handle->ask(Height, "dheight", MPV_FORMAT_DOUBLE);

@@ -125,7 +125,8 @@ TEST(OpenGLMovie, fadesWithItsWindow_asInSoftware)
     Show plainShow(nullptr, plain);
     fast->setCurrentTime({42 * 20, 600});
     plain->setCurrentTime({42 * 20, 600});
-    ASSERT_TRUE(waitUntil([&] { return fastShow.number() == 42 && plainShow.number() == 42; }));
+    ASSERT_TRUE(waitUntil([&] { return fastShow.number() == 42 && plainShow.number() == 42; }))
+        << fastShow.number() << ' ' << plainShow.number();
     const QImage bright = fastShow.picture().copy();
     fastShow.window().setAlphaValue(0.5F);
     plainShow.window().setAlphaValue(0.5F);
