@@ -14,8 +14,10 @@ struct PlayTime;
 /// there, or from 7 to 19 o'clock where the place is not known. A value. Main thread.
 class DayClock final {
 public:
-    explicit DayClock(std::optional<Place> place = {},
-                      std::function<QDateTime()> now = QDateTime::currentDateTime)
+    // Newer releases of Qt have two functions of that name.
+    explicit DayClock(
+        std::optional<Place> place = {},
+        std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); })
         : m_place(place)
         , m_now(std::move(now))
     {
