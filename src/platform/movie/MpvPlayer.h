@@ -147,6 +147,8 @@ private:
     void dropUnwatched();
     void orderSeek();
     void arrive();
+    void awaitStandingFrame();
+    void showAwaited();
     void watchProgress();
     void handleReadAhead(bool isDone);
     void noteProgress();

@@ -214,6 +214,16 @@ void MpvPlayer::takeNumbers()
     m_numbers = m_asked;
     m_loadTimer.stop();
     m_listener.playerIsLoaded();
+    if (m_picture == Showing::Nothing) awaitStandingFrame();
+    if (!m_state.isUnderway()) showAwaited();
+}
+
+/// mpv waits a fifth of a second for its frame to be drawn, then goes on without a notice. Where this thread
+/// was busy for longer, nothing would tell of the frame that stands where it stopped; while it plays, the
+/// next one does. It has the numbers only once it has had a frame.
+void MpvPlayer::awaitStandingFrame()
+{
+    if (!m_state.isGoing() && !m_state.hasFailed()) m_picture = Showing::Waiting;
 }
 
 /// A movie that does not say how long it is grows with what is read of it.
@@ -232,11 +242,9 @@ void MpvPlayer::handleRestart()
     const bool beginsAnew = m_state.isGoing() && !m_state.isUnderway();
     if (!m_state.restarted()) return;
     if (beginsAnew && goesRoundInVain()) return fail();
-    // mpv waits a fifth of a second for its frame to be drawn, then goes on without a notice. Where this
-    // thread was busy for longer, nothing would tell of the frame that stands here; while it plays, the next
-    // one does.
-    if (!m_state.isGoing()) m_picture = Showing::Waiting;
-    if (!m_numbers) {
+    if (m_numbers) {
+        awaitStandingFrame();
+    } else {
         m_handle->ask(Width, "dwidth", MPV_FORMAT_DOUBLE);
         m_handle->ask(Height, "dheight", MPV_FORMAT_DOUBLE);
         m_handle->ask(Duration, "duration", MPV_FORMAT_DOUBLE);
@@ -249,6 +257,11 @@ void MpvPlayer::arrive()
     m_moveTimer.stop();
     watchProgress();
     askWhetherEnded();
+    showAwaited();
+}
+
+void MpvPlayer::showAwaited()
+{
     if (m_picture != Showing::Waiting) return;
     m_picture = Showing::Frame;
     m_listener.playerHasFrame();
