@@ -73,7 +73,7 @@ add_custom_target(foreign_tests)
 # One test program per folder of tests/; each of its suites is one ctest entry, so that a process is started for each suite
 # and not for each test. With GUI the tests run inside a Qt application without a display (tests/support/GuiMain.cpp), with
 # WIDGETS in one that has widgets (WidgetMain.cpp). FOREIGN is for those whose subjects read what others wrote: their tests
-# have the label "foreign". WAITS is for those that wait for the most part, for movies to play: they count as a tenth of a
+# have the label "foreign". WAITS is for those that wait for the most part, for movies to play: they count as a sixth of a
 # core, others as a whole one (tests/run).
 function(kestro_test name)
     cmake_parse_arguments(ARG "GUI;WIDGETS;FOREIGN;WAITS" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
@@ -96,7 +96,7 @@ function(kestro_test name)
     list(PREPEND ARG_ENVIRONMENT QT_QPA_PLATFORM=offscreen)
     set(properties "TIMEOUT 1200 ENVIRONMENT [=[${ARG_ENVIRONMENT}]=]")
     if(NOT ARG_WAITS)
-        string(APPEND properties " PROCESSORS 10")
+        string(APPEND properties " PROCESSORS 6")
     endif()
     if(ARG_FOREIGN)
         add_dependencies(foreign_tests ${name})
