@@ -123,6 +123,10 @@ class Home:
         path = self.preferences / "Kestro.def.plist"
         return plistlib.loads(path.read_bytes()) if path.exists() else {}
 
+    def forget_resume_point(self):
+        """What is stored afterwards was stored after this, even where it is the same."""
+        (self.preferences / "Kestro.def.plist").unlink()
+
     def environment(self, **more):
         kept = {key: value for key, value in os.environ.items() if key not in ("DISPLAY", "WAYLAND_DISPLAY")}
         kept.pop("QT_QPA_PLATFORM", None)

@@ -229,7 +229,7 @@ class Sign(ProgramTest):
         self.assertGreater(len(set(places)), 5)
         self.assertEqual(len({place[2:] for place in places}), 1)
         for x, y, width, height in places:
-            self.assertTrue(-8 <= x <= 800 - width + 8 and -8 <= y <= 600 - height + 8, (x, y))
+            self.assertTrue(-16 <= x <= 800 - width + 16 and -16 <= y <= 600 - height + 16, (x, y))  # two steps, in a corner
         self.assertFalse(done.last_picture().is_blank())
         gaps = sorted(b["t"] - a["t"] for a, b in zip(done.trace, done.trace[1:]))
         self.assertAlmostEqual(gaps[len(gaps) // 2], 0.1, delta=0.03)

@@ -18,6 +18,13 @@ class XServer:
 
     def __init__(self, size="640x480"):
         self._holder = tempfile.TemporaryDirectory(prefix="kestro-x-")
+        number = next(filter(None, (self._start(size) for _ in range(5))), None)
+        if number is None:
+            raise AssertionError("Xvfb did not come up")
+        self.display = f":{number}"
+
+    def _start(self, size):
+        """The display's number, empty where the server has ended, as it does where another has that number."""
         reading, writing = os.pipe()
         # A server that looks for a free number itself can take away the socket of one that runs beside it.
         number = random.randrange(1000, 50000)
@@ -26,7 +33,7 @@ class XServer:
             self._process = subprocess.Popen(command, pass_fds=[writing], start_new_session=True,
                                              stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         os.close(writing)
-        self.display = f":{self._read_number(reading)}"
+        return self._read_number(reading)
 
     def _read_number(self, descriptor):
         with os.fdopen(descriptor) as stream:

@@ -32,20 +32,28 @@ static void leaveScriptsOut(mpv_handle* handle)
         mpv_set_option_string(handle, script, "no");
 }
 
-bool MpvHandle::start(const Options& options, std::shared_ptr<OpenGL> openGL)
+mpv_handle* MpvHandle::createRaw(const Options& options)
 {
     setlocale(LC_NUMERIC,
               "C"); // mpv refuses to be made under another; the application object sets the user's
     prepareLibav();
-    m_handle = mpv_create();
-    if (!m_handle) return false;
+    mpv_handle* const handle = mpv_create();
+    if (!handle) return nullptr;
     for (const auto& [name, value] : options) {
-        if (mpv_set_option_string(m_handle, name, value.constData()) < 0)
+        if (mpv_set_option_string(handle, name, value.constData()) < 0)
             logLine(
                 QStringLiteral("mpv does not take %1=%2").arg(QLatin1String(name), QString::fromUtf8(value)));
     }
-    leaveScriptsOut(m_handle);
-    if (mpv_initialize(m_handle) < 0) return false;
+    leaveScriptsOut(handle);
+    if (mpv_initialize(handle) >= 0) return handle;
+    mpv_terminate_destroy(handle);
+    return nullptr;
+}
+
+bool MpvHandle::start(const Options& options, std::shared_ptr<OpenGL> openGL)
+{
+    m_handle = createRaw(options);
+    if (!m_handle) return false;
     if (openGL) startOpenGL(std::move(openGL));
     return m_renderer || startSoftware();
 }

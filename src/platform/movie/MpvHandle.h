@@ -30,6 +30,8 @@ public:
     /// to. What it draws in software can be had of `shown` as well.
     [[nodiscard]] static std::unique_ptr<MpvHandle>
     create(const Options& options, std::shared_ptr<OpenGL> openGL, std::shared_ptr<ShownFrame> shown);
+    /// mpv without a renderer; null when it cannot be had. Whoever asks frees it.
+    [[nodiscard]] static mpv_handle* createRaw(const Options& options);
     ~MpvHandle();
     MpvHandle(const MpvHandle&) = delete;
     MpvHandle& operator=(const MpvHandle&) = delete;

@@ -50,8 +50,7 @@ QByteArray mpvVolume(double volume)
     return QByteArray::number(100 * std::cbrt(std::clamp(volume, 0.0, 1.0)), 'f', 3);
 }
 
-/// Nothing of the user's mpv, no window, no subtitles, no files beside the movie.
-static MpvHandle::Options plainOptions()
+MpvHandle::Options plainOptions()
 {
     return {
         {"vo", "libmpv"},

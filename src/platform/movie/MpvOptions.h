@@ -8,6 +8,9 @@ namespace kestro {
 
 struct MpvPlayerSetup;
 
+/// Nothing of the user's mpv, no window, no subtitles, no files beside the movie.
+[[nodiscard]] MpvHandle::Options plainOptions();
+
 /// The options that make mpv a player of one movie with nothing around it.
 /// Tested by DecoderMemoryTest, DecoderThreadsTest and CardDrawingTest.
 [[nodiscard]] MpvHandle::Options mpvOptions(const MpvPlayerSetup& setup);

@@ -84,8 +84,15 @@ int numberIn(const QImage& picture)
 
 int threadCount()
 {
-    const QDir threads(QStringLiteral("/proc/self/task"));
-    return static_cast<int>(threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
+    return static_cast<int>(threadsBeside({}).size());
+}
+
+QStringList threadsBeside(const QStringList& known)
+{
+    QStringList threads =
+        QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    threads.removeIf([&known](const QString& thread) { return known.contains(thread); });
+    return threads;
 }
 
 QStringList threadNames()

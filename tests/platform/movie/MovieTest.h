@@ -37,6 +37,9 @@ class QTMovie;
 /// Threads of this process.
 [[nodiscard]] int threadCount();
 
+/// Threads of this process that are not among those, by their numbers.
+[[nodiscard]] QStringList threadsBeside(const QStringList& known);
+
 /// What they are called; without those that end while they are looked at.
 [[nodiscard]] QStringList threadNames();
 

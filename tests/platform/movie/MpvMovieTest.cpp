@@ -49,9 +49,10 @@ TEST(MpvMovie, takesNoPlayer_untilItIsPlayed)
     movie->setAttribute(MovieAttribute::LoopsBackAndForth, true);
     movie->setMuted(true);
     EXPECT_TRUE(waitUntil([before] { return threadCount() <= before; })); // the look into the file is over
-    const int lying = threadCount(); // fewer than before, where threads of earlier movies were still ending
+    const QStringList lying =
+        threadsBeside({}); // fewer than before, where threads of earlier movies were still ending
     movie->play();
-    EXPECT_TRUE(waitUntil([lying] { return threadCount() > lying; }));
+    EXPECT_TRUE(waitUntil([&lying] { return !threadsBeside(lying).isEmpty(); }));
 }
 
 TEST(MpvMovie, runsNoScripts_whenItPlays)
