@@ -58,7 +58,7 @@ QByteArray fromPython(const char* expression)
                        "sys.stdout.buffer.write(plistlib.dumps(%1, fmt=plistlib.FMT_BINARY))")
             .arg(QString::fromUtf8(expression));
     QProcess python;
-    python.start(QStringLiteral("python3"), {QStringLiteral("-c"), script});
+    python.start(QStringLiteral("/usr/bin/python3"), {QStringLiteral("-c"), script});
     EXPECT_TRUE(python.waitForFinished()) << python.errorString().toStdString();
     EXPECT_EQ(python.exitCode(), 0) << python.readAllStandardError().toStdString();
     return python.readAllStandardOutput();

@@ -18,7 +18,8 @@ protected:
     static QByteArray python(const char* script, const QString& file)
     {
         QProcess process;
-        process.start(QStringLiteral("python3"), {QStringLiteral("-c"), QString::fromUtf8(script), file});
+        process.start(QStringLiteral("/usr/bin/python3"),
+                      {QStringLiteral("-c"), QString::fromUtf8(script), file});
         EXPECT_TRUE(process.waitForFinished()) << process.errorString().toStdString();
         EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
         return process.readAllStandardOutput();
