@@ -1,5 +1,5 @@
 # What most sources include of the standard library and of Qt, compiled once: a build takes half of the time so. Builds with tests
-# do without it, and show that each source includes what it needs.
+# do without it, and show that each source includes what it needs; those with sanitizers need not show it again.
 
 set(precompile ON)
 if(BUILD_TESTING)
