@@ -2,6 +2,8 @@
 
 #include "settings/PlayTime.h"
 
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 namespace kestro {
@@ -29,8 +31,8 @@ TEST(DayClock, day_isFromSevenToNineteen_withoutAPlace)
 TEST(DayClock, day_isWhileTheSunIsUp_whereThePlaceIsKnown)
 {
     const DayClock clock(Place{52.52, 13.405});
-    const QDateTime early(QDate(2024, 6, 21), QTime(3, 0), Qt::UTC);
-    const QDateTime late(QDate(2024, 12, 21), QTime(15, 30), Qt::UTC);
+    const QDateTime early(QDate(2024, 6, 21), QTime(3, 0), QTimeZone::utc());
+    const QDateTime late(QDate(2024, 12, 21), QTime(15, 30), QTimeZone::utc());
     EXPECT_TRUE(clock.isTimeFor(timeOf("day"), early));
     EXPECT_TRUE(clock.isTimeFor(timeOf("night"), late));
     EXPECT_FALSE(clock.isTimeFor(timeOf("day"), late));
