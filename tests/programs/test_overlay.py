@@ -198,14 +198,20 @@ class OutputsThatGo(SessionTest):
     def check_shared(self, word, left, right):
         """The output that goes is the first, which the movie was opened for."""
         self.home.play([red_and_blue()], FullScreenMode="1", PlayMode="1")
+        self.place("X11-1", 0)  # sway's releases begin from either end
+        self.place("X11-2", 1024)
         process = self.start_kestro(word, WAYLAND_DISPLAY=self.session.display)
         self.until(process, lambda: self.shown("X11-1", "X11-2") == [left, right], f"{left}, {right}")
         self.unplug(process, 0)
         self.until(process, lambda: self.shown("X11-2") == [(RED, BLUE)], "all of it on the output that is left")
         self.session.tell("create_output")
+        self.place("X11-3", 2048)
         self.until(process, lambda: self.shown("X11-2", "X11-3") == [left, right], f"{left}, {right} again")
         process.terminate()
         self.assertEndsWell(process)
+
+    def place(self, output, left):
+        self.session.tell("output", output, "position", str(left), "0")
 
     def shown(self, *outputs):
         """The colours in the middles of each output's halves."""
