@@ -2,7 +2,7 @@
 # do without it, and show that each source includes what it needs; those with sanitizers need not show it again.
 
 set(precompile ON)
-if(BUILD_TESTING)
+if(BUILD_TESTING AND NOT KESTRO_SANITIZE)
     set(precompile OFF)
 endif()
 option(KESTRO_PRECOMPILE "Compile what most sources include once" ${precompile})

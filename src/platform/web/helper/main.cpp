@@ -45,7 +45,7 @@ void silenceOutput()
 void setBrowserFlags()
 {
     // No name is looked up and no address connected to, which would not lead anywhere either. Of the Flash
-    // player only what it calls is compiled: that takes a sixth off what a page costs till it shows.
+    // player only what it calls is compiled: that takes a sixth off what a Flash movie costs till it shows.
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS",
             "--disable-gpu --disable-gpu-compositing --disable-logging --log-level=3 --disable-breakpad "
             "--disable-background-networking --disable-component-update --disable-domain-reliability "
