@@ -77,7 +77,7 @@ class Pictures(WebTest):
         self.home.play([self.file("a.swf", swf.still((255, 0, 0))), movie("green", "green")], **FULL_SCREEN)
         rendering = LiveRendering(self)
         rendering.wait_for(lambda picture: picture.at(160, 120) == RED)
-        self.assertEqual(rendering.wait_for_more(8).at(160, 120), RED)
+        self.assertEqual(rendering.wait_for_more(20).at(160, 120), RED)
 
     def test_each_screen_shows_it(self):
         rendering = self.render(self.file("a.swf", swf.still((255, 0, 0))), "--screens", "2")
@@ -109,7 +109,7 @@ class Failures(WebTest):
             self.assertTrue(line, "it has ended")
             logged += line
         rendering.wait_for(lambda picture: picture.is_blank())
-        self.assertTrue(rendering.wait_for_more(3).is_blank())
+        self.assertTrue(rendering.wait_for_more(8).is_blank())
         logged += rendering.end()
         self.assertEqual(logged.count("Web content: "), 1, logged)
         self.assertIn(fragment, logged)
@@ -151,7 +151,7 @@ class Failures(WebTest):
         rendering = LiveRendering(self, "--screens", "2")
         helper = self.helper_of(rendering.process)
         wait_until(lambda: len(members_of(helper)) > 3, "the page's process")
-        rendering.wait_for_more(10)
+        rendering.wait_for_more(20)
         self.assertEqual(rendering.end().count("Web content: the helper"), 0)
 
     def test_without_the_helper_it_counts_as_a_movie_that_did_not_open(self):

@@ -65,7 +65,7 @@ class WebContentTest(WebTest):
         else:
             rendering.wait_for(lambda picture: picture.at(160, 120) == BLUE)
             wait_until(until or (lambda: True), "what the movie tries")
-            self.assertEqual(rendering.wait_for_more(5).at(160, 120), BLUE)
+            self.assertEqual(rendering.wait_for_more(10).at(160, 120), BLUE)
         rendering.end()
 
 

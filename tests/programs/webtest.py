@@ -91,7 +91,7 @@ class LiveRendering:
         self._test = test
         self.folder = pathlib.Path(tempfile.mkdtemp(dir=test.home.path))
         self.process = test.start_kestro("render", "--out", str(self.folder), "--size", "320x240", "--seconds", "600",
-                                         "--every", "0.5", *words)
+                                         "--every", "0.1", *words)
 
     def paths(self, screen=0):
         """The pictures but for the newest, which may be half written."""
@@ -132,7 +132,7 @@ class PageRun:
 
     def __init__(self, test, address, **environment):
         folder = pathlib.Path(tempfile.mkdtemp(dir=test.home.path))
-        self._picture, self._log = folder / "page.png", folder / "log"
+        self._picture, self._log = folder / "page.ppm", folder / "log"
         with self._log.open("wb") as log:
             self._process = subprocess.Popen([os.environ["WEB_PROBE"], address, str(self._picture)], text=True, bufsize=1,
                                              env=test.home.environment(QT_QPA_PLATFORM="offscreen", **environment),
