@@ -1,25 +1,24 @@
 """Every header compiles without anything before it.
 
 A header that comes first in something that is compiled is shown to by the build: that which a source of ours or of the
-tests includes first, and that which such a header includes first in turn. Every other one is compiled here, with the flags
-that its folder's sources are built with.
+tests includes first, and that which such a header includes first in turn. For every other one a source is made that
+includes nothing else, and the build compiles those too.
 
-usage: headers_alone.py ROOT BUILD | headers_alone.py --self-check
+usage: headers_alone.py ROOT FOLDER          whether the folder has these sources, and no others
+       headers_alone.py --make ROOT FOLDER   makes them, and prints their paths
+       headers_alone.py --self-check
 """
 
-import concurrent.futures
-import json
 import os
 import re
-import shlex
-import subprocess
 import sys
 import tempfile
 
 import lint
 
 FIRST_INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(["<][^">]+[">])', re.M)
-JOBS = 2
+# These are compiled by a build of their own.
+ELSEWHERE = "tests/fuzz/"
 
 
 def included_first(root, path):
@@ -34,87 +33,77 @@ def included_first(root, path):
     return None
 
 
-def shown_by_the_build(root, sources):
-    """The headers that come first in one of these sources, by way of others that do."""
+def shown_by_the_build(root):
+    """The headers that come first in one of the sources, by way of others that do."""
     shown = set()
-    for source in sources:
-        header = included_first(root, source)
+    for source in lint.files(root, [".cpp"], "src") + lint.files(root, [".cpp"], "tests"):
+        header = None if source.startswith(ELSEWHERE) else included_first(root, source)
         while header is not None and header not in shown:
             shown.add(header)
             header = included_first(root, header)
     return shown
 
 
-def compiled_sources(root, build):
-    """Those of the root that the build compiles, from the root."""
-    with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
-        paths = [os.path.relpath(entry["file"], root) for entry in json.load(file)]
-    return sorted({path for path in paths if path.startswith(("src/", "tests/"))})
+def sources_of_others(root):
+    """What compiles the other headers alone: the source's name to its text."""
+    headers = sorted(set(lint.files(root, [".h"], "src")) - shown_by_the_build(root))
+    names = [header.removeprefix("src/") for header in headers]
+    return {name.replace("/", "_").removesuffix(".h") + ".cpp": f'#include "{name}"\n' for name in names}
 
 
-def flags_by_folder(build):
-    """The most compile flags that a source of each folder has, by its absolute path; without file names."""
-    with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
-        entries = json.load(file)
-    flags = {}
-    for entry in entries:
-        words = shlex.split(entry["command"])
-        kept = [word for word in words if re.match(r"-(std|D|I|W|f|pthread)", word)]
-        for index, word in enumerate(words):
-            if word == "-isystem":
-                kept += words[index : index + 2]
-        folder = os.path.dirname(entry["file"])
-        flags[folder] = max(flags.get(folder, []), kept, key=len)
-    return flags
+def sources_in(folder):
+    return {name: lint.read(folder, name) for name in (os.listdir(folder) if os.path.isdir(folder) else ())}
 
 
-def compile_alone(compiler, flags, header):
-    """What the compiler complains about; nothing where it is content."""
-    command = [compiler, *flags, "-fsyntax-only", "-include", header, "-x", "c++", os.devnull]
-    done = subprocess.run(command, capture_output=True, text=True, check=False)
-    return None if done.returncode == 0 else done.stderr
+def make(root, folder):
+    """Leaves alone what is as it should be, which needs not be compiled again."""
+    wanted, found = sources_of_others(root), sources_in(folder)
+    os.makedirs(folder, exist_ok=True)
+    for name in found.keys() - wanted.keys():
+        os.remove(os.path.join(folder, name))
+    for name, text in wanted.items() - found.items():
+        with open(os.path.join(folder, name), "w", encoding="utf-8") as file:
+            file.write(text)
+    return [os.path.join(folder, name) for name in sorted(wanted)]
 
 
-def check_tree(root, build, compiler):
-    shown = shown_by_the_build(root, compiled_sources(root, build))
-    headers = [header for header in lint.files(root, [".h"], "src") if header not in shown]
-    flags = flags_by_folder(build)
-    fallback = max(flags.values(), key=len)
-
-    def check(header):
-        path = os.path.join(root, header)
-        return compile_alone(compiler, flags.get(os.path.dirname(path), fallback), path)
-
-    with concurrent.futures.ThreadPoolExecutor(JOBS) as pool:
-        faults = [fault for fault in pool.map(check, headers) if fault]
-    print("".join(faults) + f"{len(headers)} headers compiled, {len(faults)} do not stand alone")
-    return 1 if faults else 0
+def check(root, folder):
+    wanted, found = sources_of_others(root), sources_in(folder)
+    for name, _ in sorted(wanted.items() ^ found.items()):
+        print(f"{name}: is not what this tree needs to have each header compiled alone; configure the build again")
+    return 0 if wanted == found else 1
 
 
-def self_check(compiler):
+def self_check():
     with tempfile.TemporaryDirectory() as root:
         os.mkdir(os.path.join(root, "src"))
+        os.mkdir(os.path.join(root, "tests"))
+        made = os.path.join(root, "made")
 
-        def write(name, text):
-            path = os.path.join(root, "src", name)
-            with open(path, "w", encoding="utf-8") as file:
+        def write(path, text):
+            with open(os.path.join(root, path), "w", encoding="utf-8") as file:
                 file.write(text)
-            return path
 
-        good = write("Good.h", "#pragma once\n#include <string>\nstd::string a();\n")
-        bad = write("Bad.h", "#pragma once\nstd::string a();\n")
-        write("First.h", '#pragma once\n#include "Good.h"\n#include "Bad.h"\n')
-        write("First.cpp", '// "why"\n#include "First.h"\n#include <vector>\n')
-        write("Bad.cpp", '#include <string>\n#include "Bad.h"\n')
-        right = (
-            compile_alone(compiler, ["-std=c++20"], good) is None,
-            compile_alone(compiler, ["-std=c++20"], bad) is not None,
-            shown_by_the_build(root, ["src/First.cpp", "src/Bad.cpp"]) == {"src/First.h", "src/Good.h"},
-        )
+        for name, text in (("Good", ""), ("Bad", ""), ("First", '#include "Good.h"\n#include "Bad.h"\n')):
+            write(f"src/{name}.h", "#pragma once\n" + text)
+        write("src/First.cpp", '// "why"\n#include "First.h"\n#include <vector>\n')
+        write("src/Bad.cpp", '#include <string>\n#include "Bad.h"\n')
+        right = [shown_by_the_build(root) == {"src/First.h", "src/Good.h"}, check(root, made) == 1]
+        right += [make(root, made) == [os.path.join(made, "Bad.cpp")], check(root, made) == 0]
+        write("tests/BadTest.cpp", '#include "Bad.h"\n')
+        right += [check(root, made) == 1, make(root, made) == [], check(root, made) == 0, os.listdir(made) == []]
     print(f"self-check: {right}")
     return 0 if all(right) else 1
 
 
+def main(words):
+    if words == ["--self-check"]:
+        return self_check()
+    if words[0] == "--make":
+        print("\n".join(make(*words[1:])))
+        return 0
+    return check(*words)
+
+
 if __name__ == "__main__":
-    cxx = os.environ.get("CXX", "c++")
-    sys.exit(self_check(cxx) if sys.argv[1:] == ["--self-check"] else check_tree(sys.argv[1], sys.argv[2], cxx))
+    sys.exit(main(sys.argv[1:]))
