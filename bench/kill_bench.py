@@ -1,6 +1,6 @@
 """Kills a process that saves again and again, at random moments, for each kind of save, and looks whether every file is whole.
 
-usage: SAVE_PROBE=build/dev/tests/save_probe bench/kill_bench.py [KILLS]
+usage: SAVE_PROBE=build/dev/tests/save_probe SITE_PROBE=build/dev/tests/site_probe bench/kill_bench.py [KILLS]
 """
 
 import pathlib

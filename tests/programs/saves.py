@@ -1,4 +1,4 @@
-"""The files that Kestro keeps, saved by SAVE_PROBE, and what must hold of each whenever that is killed."""
+"""The files that Kestro keeps, saved by SAVE_PROBE and SITE_PROBE, and what must hold of each whenever that is killed."""
 
 import json
 import os
@@ -8,7 +8,7 @@ import shutil
 import subprocess
 import tempfile
 
-PROBE = os.environ["SAVE_PROBE"]
+PROBE, SITE_PROBE = os.environ["SAVE_PROBE"], os.environ["SITE_PROBE"]
 BOUND = 180
 XSCREENSAVER = "timeout:\t0:10:00\nprograms:\t\\\n\tmaze --root\t\\n\\\n" + "\tother --root\t\\n\\\n" * 2000 + "\n"
 
@@ -16,8 +16,9 @@ XSCREENSAVER = "timeout:\t0:10:00\nprograms:\t\\\n\tmaze --root\t\\n\\\n" + "\to
 class Kind:
     """One kind of save, in a folder of its own. Each state of the file has a number, that of the saving."""
 
-    def __init__(self, name, files):
+    def __init__(self, name, files, program=PROBE):
         self.name = name
+        self.program = program
         self.files = files
         self.holder = tempfile.TemporaryDirectory(prefix="kestro-saves-")
         self.folder = pathlib.Path(self.holder.name) / "home"
@@ -37,7 +38,7 @@ class Kind:
         """What the user had before."""
 
     def command(self, number):
-        return [PROBE, self.name, str(self.folder), str(number)]
+        return [self.program, self.name, str(self.folder), str(number)]
 
     def save(self, number, **environment):
         return subprocess.run(self.command(number), env={**os.environ, **environment}, timeout=BOUND, check=False)
@@ -109,7 +110,7 @@ class Xscreensaver(Kind):
 
 class Site(Kind):
     def __init__(self):
-        super().__init__("site", [".kestro-site.json", "page.html"])
+        super().__init__("site", [".kestro-site.json", "page.html"], SITE_PROBE)
 
     def state(self):
         text = (self.folder / "page.html").read_text()
