@@ -3,9 +3,8 @@
 import os
 import pathlib
 import plistlib
-import subprocess
 
-from harness import BOUND
+from PIL import Image
 
 PICTURES_SAVER = pathlib.Path("System/Library/Frameworks/ScreenSaver.framework/Versions/A/Resources/Pictures Folder.saver")
 FLY = {"FullScreenMode": "0", "PartialMode": "0", "Scale": "1"}
@@ -35,8 +34,7 @@ def draw_pictures(folder, colours, size="64x48"):
     """A picture of each colour."""
     folder.mkdir(parents=True)
     for colour in colours:
-        subprocess.run(["convert", "-size", size, f"xc:{'#008000' if colour == 'green' else colour}",
-                        str(folder / f"{colour}.png")], check=True, timeout=BOUND)
+        Image.new("RGB", tuple(map(int, size.split("x"))), colour).save(folder / f"{colour}.png")
 
 
 class SlidePreferences:

@@ -2,12 +2,14 @@
 
 import contextlib
 import functools
+import hashlib
 import json
 import os
 import pathlib
 import plistlib
 import re
 import selectors
+import shutil
 import signal
 import subprocess
 import tempfile
@@ -62,14 +64,26 @@ def movie_folder():
 @functools.cache
 def movie(name, colour="red", seconds=2, size="160x120", rate=10, is_blinking=False):
     """A movie of one colour, every other second black if it blinks; `name` tells movies of the same looks apart."""
-    path = movie_folder() / f"{name}.mp4"
     source = f"color=c={colour}:s={size}:r={rate}:d={seconds}"
     if is_blinking:
         source += ",drawbox=color=black:t=fill:enable='lt(mod(t,2),1)'"
-    command = ["ffmpeg", "-nostdin", "-v", "error", "-y", "-f", "lavfi", "-i", source]
-    command += ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-g", "10", str(path)]
-    subprocess.run(command, check=True, timeout=BOUND, stdin=subprocess.DEVNULL)
+    path = movie_folder() / f"{name}.mp4"
+    shutil.copyfile(drawn_movie(source), path)
     return path
+
+
+def drawn_movie(source):
+    """A movie of what ffmpeg's filters draw, made once for all programs of tests that share a folder of movies."""
+    shared = pathlib.Path(os.environ.get("SHARED_MOVIES", movie_folder() / "drawn"))
+    drawn = shared / f"{hashlib.sha256(source.encode()).hexdigest()}.mp4"
+    if not drawn.exists():
+        shared.mkdir(exist_ok=True)
+        with tempfile.TemporaryDirectory(dir=shared) as holder:
+            command = ["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", source, "-c:v", "libx264", "-preset", "ultrafast"]
+            command += ["-pix_fmt", "yuv420p", "-g", "10", f"{holder}/new.mp4"]
+            subprocess.run(command, check=True, timeout=BOUND, stdin=subprocess.DEVNULL)
+            pathlib.Path(holder, "new.mp4").rename(drawn)
+    return drawn
 
 
 def url(path):

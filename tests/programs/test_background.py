@@ -43,7 +43,7 @@ class BackgroundTest(ProgramTest):
         self.movie = movie("above", "red", seconds=60, size="336x252")
 
     def use_server(self):
-        self.server = XServer(f"{WIDTH}x{HEIGHT}")
+        self.server = XServer(f"{WIDTH}x{HEIGHT}", with_opengl=True)
         self.addCleanup(self.server.close)
         self.server.move_pointer(WIDTH - 1, HEIGHT - 1)
 

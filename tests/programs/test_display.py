@@ -16,7 +16,7 @@ class DisplayTest(ProgramTest):
 
     def setUp(self):
         super().setUp()
-        self.server = XServer(self.size)
+        self.server = XServer(self.size, with_opengl=True)
         self.addCleanup(self.server.close)
         self.server.move_pointer(100, 100)
         self.home.play([movie("long-red", "red", seconds=60)], **PLAY_RED)

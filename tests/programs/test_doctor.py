@@ -89,14 +89,14 @@ class Doctor(ProgramTest):
 
     def test_graphics_are_looked_at_on_a_display(self):
         self.home.play([movie("plain")])
-        server = xserver.XServer()
+        server = xserver.XServer(with_opengl=True)
         self.addCleanup(server.close)
         graphics = self.report(status=0, DISPLAY=server.display)["Graphics"]
         self.assertTrue(any("drawn" in finding["words"] for finding in graphics), graphics)
 
     def test_movies_are_drawn_with_the_opengl_that_is_wished_for(self):
         self.home.play([movie("plain")])
-        server = xserver.XServer()
+        server = xserver.XServer(with_opengl=True)
         self.addCleanup(server.close)
         graphics = self.report(status=0, DISPLAY=server.display, KESTRO_RENDERER="opengl")["Graphics"]
         words = [finding["words"] for finding in graphics]

@@ -46,7 +46,7 @@ def is_lively(pixels):
 class Hacks(ProgramTest):
     def setUp(self):
         super().setUp()
-        self.server = XServer("800x600")
+        self.server = XServer("800x600", with_opengl=True)
         self.addCleanup(self.server.close)
 
     def bundle(self, program, *arguments, opengl=False):

@@ -48,8 +48,9 @@ constexpr int pictureBytes = 256 * 144;
 QByteArray pictures(const QString& movie)
 {
     return test::outputOf(QStringLiteral("ffmpeg"),
-                          {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-i"), movie,
-                           QStringLiteral("-vf"), QStringLiteral("scale=256:144,format=gray"),
+                          {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-threads"),
+                           QStringLiteral("1"), QStringLiteral("-i"), movie, QStringLiteral("-vf"),
+                           QStringLiteral("scale=256:144:flags=fast_bilinear,format=gray"),
                            QStringLiteral("-fps_mode"), QStringLiteral("passthrough"), QStringLiteral("-f"),
                            QStringLiteral("rawvideo"), QStringLiteral("-")});
 }
