@@ -358,12 +358,14 @@ class Pages(WebTest):
         run.wait_for(BLACK)
 
     def test_a_page_that_hangs_becomes_black_and_is_logged(self):
-        script = """setInterval(() => {
+        script = """const ask = (what, isAsync) => {
             const request = new XMLHttpRequest();
-            request.open('GET', '/word'); request.onload = () => { if (request.responseText === 'hang') for (;;); };
+            request.open('GET', what, isAsync);
+            request.onload = () => { if (request.responseText === 'hang') ask('/never', false); };
             request.send();
-        }, 100);"""
-        site = self.site({"/word": ("text/plain", b"go on")})
+        };
+        setInterval(() => ask('/word', true), 100);"""
+        site = self.site({"/word": ("text/plain", b"go on"), "/never": None})
         site.pages["/page.html"] = ("text/html", SHOWN + f"<script>{script}</script>".encode())
         run = PageRun(self, site.url("/page.html"))
         run.wait_for(RED)
