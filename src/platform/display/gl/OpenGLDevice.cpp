@@ -1,6 +1,7 @@
 #include "platform/display/gl/OpenGLDevice.h"
 
 #include "platform/base/Log.h"
+#include "platform/display/gl/GlxDriver.h"
 #include "platform/display/gl/OpenGLRenderer.h"
 #include "platform/display/gl/OpenGLTexture.h"
 #include "platform/display/gl/QuadProgram.h"
@@ -49,6 +50,7 @@ Result<void> OpenGLDevice::open()
 {
     const Error noContext{QStringLiteral("no context can be made")};
     const Error tooPoor{QStringLiteral("it lacks what is needed")};
+    if (!hasGlxDriver()) return Error{QStringLiteral("the display has no driver for it")};
     m_context.setFormat(wantedFormat());
     m_offScreen.setFormat(wantedFormat());
     if (!m_context.create()) return noContext;
